@@ -1,0 +1,22 @@
+# How our own code is compiled. An interface target, so that nothing of it reaches clients.
+
+add_library(CalculationsCompileOptions INTERFACE)
+
+# Results must not depend on the machine: no fused multiply-add, no fast-math.
+target_compile_options(CalculationsCompileOptions INTERFACE
+  -ffp-contract=off
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+  $<$<BOOL:${CALCULATIONS_WERROR}>:-Werror>)
+
+option(CALCULATIONS_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+if(CALCULATIONS_SANITIZE)
+  set(sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all)
+  add_compile_options(${sanitizers} -fno-omit-frame-pointer)
+  add_link_options(${sanitizers})
+endif()
+
+option(CALCULATIONS_COVERAGE "Instrument for coverage" OFF)
+if(CALCULATIONS_COVERAGE)
+  add_compile_options(--coverage)
+  add_link_options(--coverage)
+endif()

@@ -1,0 +1,22 @@
+set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/${PROJECT_NAME})
+
+install(TARGETS HadrelCommonCalculations2008
+  EXPORT CalculationsTargets
+  FILE_SET HEADERS)
+install(EXPORT CalculationsTargets
+  FILE ${PROJECT_NAME}Targets.cmake
+  NAMESPACE Ruv::
+  DESTINATION ${packageDir})
+
+configure_package_config_file(cmake/Config.cmake.in ${PROJECT_NAME}Config.cmake
+  INSTALL_DESTINATION ${packageDir})
+write_basic_package_version_file(${PROJECT_NAME}ConfigVersion.cmake
+  COMPATIBILITY SameMinorVersion)
+install(FILES
+  ${PROJECT_BINARY_DIR}/${PROJECT_NAME}Config.cmake
+  ${PROJECT_BINARY_DIR}/${PROJECT_NAME}ConfigVersion.cmake
+  DESTINATION ${packageDir})
+
+configure_file(cmake/library.pc.in ${PROJECT_NAME}.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/${PROJECT_NAME}.pc
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

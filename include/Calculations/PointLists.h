@@ -1,0 +1,50 @@
+/// @file
+/// Point-list wrappers for results: open polylines and closed polygons.
+
+#ifndef CALCULATIONS_POINT_LISTS_H
+#define CALCULATIONS_POINT_LISTS_H
+
+#include <Calculations/Export.h>
+#include <Calculations/Points.h>
+
+#include <vector>
+
+namespace Ruv {
+namespace Calculations {
+
+/// An open chain of points.
+class CALCULATIONS_EXPORT Polyline {
+ public:
+  Polyline();
+  explicit Polyline(const std::vector<Point2D>& points);
+  Polyline(const Polyline& other);
+  Polyline& operator=(const Polyline& other);
+  ~Polyline();
+
+  /// A copy of the points, in order.
+  std::vector<Point2D> points() const;
+
+ private:
+  std::vector<Point2D> m_points;
+};
+
+/// A closed ring of points; the last point leads back to the first, which is not repeated.
+class CALCULATIONS_EXPORT Polygon {
+ public:
+  Polygon();
+  explicit Polygon(const std::vector<Point2D>& points);
+  Polygon(const Polygon& other);
+  Polygon& operator=(const Polygon& other);
+  ~Polygon();
+
+  /// A copy of the points, in order.
+  std::vector<Point2D> points() const;
+
+ private:
+  std::vector<Point2D> m_points;
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

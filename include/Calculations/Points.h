@@ -1,0 +1,186 @@
+/// @file
+/// Point and vector value types.
+///
+/// Plain values: two or three doubles in the order listed, nothing else, copied freely.
+/// Lengths are metres, angles radians. Every default constructor gives zeros.
+
+#ifndef CALCULATIONS_POINTS_H
+#define CALCULATIONS_POINTS_H
+
+#include <Calculations/Export.h>
+
+#include <cmath>
+#include <limits>
+
+namespace Ruv {
+namespace Calculations {
+
+/// A point or vector of a plane; in a profile plane x is to the right and y up.
+struct Point2D {
+  double x;
+  double y;
+
+  Point2D() : x(0.0), y(0.0) {}
+  Point2D(double xValue, double yValue) : x(xValue), y(yValue) {}
+
+  Point2D operator-(const Point2D& q) const { return Point2D(x - q.x, y - q.y); }
+  Point2D operator+(const Point2D& q) const { return Point2D(x + q.x, y + q.y); }
+  Point2D operator*(double s) const { return Point2D(x * s, y * s); }
+  /// Divides each component; dividing by zero gives infinities or not-a-number.
+  Point2D operator/(double s) const { return Point2D(x / s, y / s); }
+
+  double length() const { return std::sqrt(x * x + y * y); }
+};
+
+class ENHPoint;
+class XYZPoint;
+
+/// Names and stores the three components of the point type T. Specialised for each type that
+/// derives from PointBase, so that the components are public members with their own names.
+template <class T>
+struct PointComponents;
+
+/// The components of an ENHPoint.
+template <>
+struct PointComponents<ENHPoint> {
+  double east;
+  double north;
+  double height;
+
+ protected:
+  PointComponents(double c0, double c1, double c2) : east(c0), north(c1), height(c2) {}
+  double component0() const { return east; }
+  double component1() const { return north; }
+  double component2() const { return height; }
+};
+
+/// The components of an XYZPoint.
+template <>
+struct PointComponents<XYZPoint> {
+  double x;
+  double y;
+  double z;
+
+ protected:
+  PointComponents(double c0, double c1, double c2) : x(c0), y(c1), z(c2) {}
+  double component0() const { return x; }
+  double component1() const { return y; }
+  double component2() const { return z; }
+};
+
+/// Vector arithmetic of the three-component types. T is the deriving type itself.
+template <class T>
+class PointBase : public PointComponents<T> {
+ public:
+  PointBase() : PointComponents<T>(0.0, 0.0, 0.0) {}
+  PointBase(double c0, double c1, double c2) : PointComponents<T>(c0, c1, c2) {}
+
+  T operator+(const T& q) const { return T(c0() + q.c0(), c1() + q.c1(), c2() + q.c2()); }
+  T operator-(const T& q) const { return T(c0() - q.c0(), c1() - q.c1(), c2() - q.c2()); }
+  T operator*(double s) const { return T(c0() * s, c1() * s, c2() * s); }
+  /// Divides each component; dividing by zero gives infinities or not-a-number.
+  T operator/(double s) const { return T(c0() / s, c1() / s, c2() / s); }
+  T operator-() const { return T(-c0(), -c1(), -c2()); }
+
+  T& operator+=(const T& q) { return assign(*this + q); }
+  T& operator-=(const T& q) { return assign(*this - q); }
+  T& operator*=(double s) { return assign(*this * s); }
+  T& operator/=(double s) { return assign(*this / s); }
+
+  /// True only if all three components are exactly equal; there is no tolerance.
+  bool operator==(const T& q) const { return c0() == q.c0() && c1() == q.c1() && c2() == q.c2(); }
+  bool operator!=(const T& q) const { return !(*this == q); }
+
+  double length() const { return std::sqrt(c0() * c0() + c1() * c1() + c2() * c2()); }
+
+  /// The marker of a missing point: all components positive infinity.
+  static T infinity() {
+    const double inf = std::numeric_limits<double>::infinity();
+    return T(inf, inf, inf);
+  }
+
+ private:
+  double c0() const { return this->component0(); }
+  double c1() const { return this->component1(); }
+  double c2() const { return this->component2(); }
+
+  T& assign(const T& value) {
+    T& self = static_cast<T&>(*this);
+    self = value;
+    return self;
+  }
+};
+
+/// A global position, or the difference of two positions.
+class CALCULATIONS_EXPORT ENHPoint : public PointBase<ENHPoint> {
+ public:
+  ENHPoint() {}
+  ENHPoint(double eastValue, double northValue, double heightValue)
+      : PointBase<ENHPoint>(eastValue, northValue, heightValue) {}
+
+  /// Length of the vector's projection on the horizontal plane.
+  double lengthOfEastNorthProjection() const;
+
+  /// Azimuth of the vector, clockwise from north, in [0, 2 pi). Exactly 0 when the east and north
+  /// components are both below 1 mm in magnitude: such a vector has no direction in plan.
+  double azimuthAngle() const;
+
+  /// Angle of the vector above the horizontal plane, in [-pi, pi). Exactly 0 for vectors below
+  /// 1 mm horizontally and vertically.
+  double elevationAngle() const;
+};
+
+/// A point in a local Cartesian system.
+class XYZPoint : public PointBase<XYZPoint> {
+ public:
+  XYZPoint() {}
+  XYZPoint(double xValue, double yValue, double zValue)
+      : PointBase<XYZPoint>(xValue, yValue, zValue) {}
+};
+
+/// A position relative to an axis, or a direction as (forward, right, up) in the same slots.
+class AxisPoint {
+ public:
+  double stationing;  ///< along the axis
+  double offset;      ///< horizontal, positive to the right looking forward
+  double height;      ///< above the axis
+
+  AxisPoint() : stationing(0.0), offset(0.0), height(0.0) {}
+  AxisPoint(double stationingValue, double offsetValue, double heightValue)
+      : stationing(stationingValue), offset(offsetValue), height(heightValue) {}
+};
+
+/// A total-station measurement.
+class PolarPoint {
+ public:
+  double horizontalAngle;  ///< clockwise, 0 at the instrument's zero direction
+  double verticalAngle;    ///< zenith angle: 0 straight up, pi/2 horizontal
+  double slopeDistance;
+
+  PolarPoint() : horizontalAngle(0.0), verticalAngle(0.0), slopeDistance(0.0) {}
+  PolarPoint(double horizontalAngleValue, double verticalAngleValue, double slopeDistanceValue)
+      : horizontalAngle(horizontalAngleValue),
+        verticalAngle(verticalAngleValue),
+        slopeDistance(slopeDistanceValue) {}
+};
+
+/// Components of a point or direction relative to a guidance vector or an axis.
+struct CALCULATIONS_EXPORT GuidanceOffsets {
+  double forward;     ///< along the vector
+  double horizontal;  ///< to the right
+  double vertical;    ///< upward
+
+  GuidanceOffsets() : forward(0.0), horizontal(0.0), vertical(0.0) {}
+  GuidanceOffsets(double forwardValue, double horizontalValue, double verticalValue)
+      : forward(forwardValue), horizontal(horizontalValue), vertical(verticalValue) {}
+
+  double length() const;
+
+  /// The components divided by length(). A zero vector gives not-a-number components.
+  GuidanceOffsets normalized() const;
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

@@ -1,0 +1,26 @@
+/// @file
+/// The record that profile calculators return for a point.
+
+#ifndef CALCULATIONS_PROFILE_POINT_RESULT_H
+#define CALCULATIONS_PROFILE_POINT_RESULT_H
+
+#include <Calculations/Export.h>
+#include <Calculations/Points.h>
+
+namespace Ruv {
+namespace Calculations {
+
+/// Where a point lies relative to a profile.
+struct CALCULATIONS_EXPORT ProfilePointResult {
+  Point2D profilePoint;  ///< the nearest point of the profile
+  double distance;       ///< of the queried point from the profile
+  double derolment;      ///< developed length along the profile to profilePoint
+
+  ProfilePointResult();
+  ProfilePointResult(const Point2D& p, double distanceValue, double derolmentValue);
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

@@ -1,0 +1,16 @@
+/// @file
+/// Numbers that every subsystem shares.
+
+#ifndef CALCULATIONS_FOUNDATION_MATH_CONSTANTS_H
+#define CALCULATIONS_FOUNDATION_MATH_CONSTANTS_H
+
+namespace Ruv {
+
+/// The double nearest to pi.
+constexpr double kPi = 3.141592653589793;
+constexpr double kHalfPi = kPi / 2.0;
+constexpr double kTwoPi = 2.0 * kPi;
+
+}  // namespace Ruv
+
+#endif

@@ -1,0 +1,50 @@
+#include <Calculations/FittingResult.h>
+#include <Calculations/GeologicalOverProfileMethod.h>
+#include <Calculations/ProfilePointResult.h>
+
+#include <cstddef>
+#include <type_traits>
+
+namespace Ruv {
+namespace Calculations {
+
+static_assert(sizeof(FittingMethod::Method) == 4, "a 32-bit enum");
+static_assert(sizeof(GeologicalOverProfileMethod::Method) == 4, "a 32-bit enum");
+static_assert(std::is_standard_layout<FittingResult>::value && sizeof(FittingResult) == 56,
+              "the method, padded, and six doubles");
+static_assert(offsetof(FittingResult, method) == 0 && offsetof(FittingResult, center) == 8 &&
+                  offsetof(FittingResult, radius) == 24 &&
+                  offsetof(FittingResult, semiAxisA) == 32 &&
+                  offsetof(FittingResult, semiAxisB) == 40 &&
+                  offsetof(FittingResult, rotation) == 48,
+              "storage order");
+static_assert(std::is_standard_layout<ProfilePointResult>::value &&
+                  sizeof(ProfilePointResult) == 4 * sizeof(double),
+              "four doubles");
+static_assert(offsetof(ProfilePointResult, profilePoint) == 0 &&
+                  offsetof(ProfilePointResult, distance) == 16 &&
+                  offsetof(ProfilePointResult, derolment) == 24,
+              "storage order");
+
+FittingResult::FittingResult(FittingMethod::Method m) : FittingResult(m, Point2D(), 0.0) {
+}
+
+FittingResult::FittingResult(FittingMethod::Method m, Point2D centerPoint, double r)
+    : method(m), center(centerPoint), radius(r), semiAxisA(r), semiAxisB(r), rotation(0.0) {
+}
+
+FittingResult::FittingResult(FittingMethod::Method m, Point2D centerPoint, double a, double b,
+                             double angle)
+    : method(m), center(centerPoint), radius(0.0), semiAxisA(a), semiAxisB(b), rotation(angle) {
+}
+
+ProfilePointResult::ProfilePointResult() : distance(0.0), derolment(0.0) {
+}
+
+ProfilePointResult::ProfilePointResult(const Point2D& p, double distanceValue,
+                                       double derolmentValue)
+    : profilePoint(p), distance(distanceValue), derolment(derolmentValue) {
+}
+
+}  // namespace Calculations
+}  // namespace Ruv
