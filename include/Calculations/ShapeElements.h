@@ -1,0 +1,176 @@
+/// @file
+/// The elements of an axis, as AxisDefinition hands them out.
+
+#ifndef CALCULATIONS_SHAPE_ELEMENTS_H
+#define CALCULATIONS_SHAPE_ELEMENTS_H
+
+#include <Calculations/Export.h>
+
+#include <cstdint>
+
+namespace Ruv {
+
+/// Type ids of shape elements.
+struct CShapeType {
+  enum Id : std::int32_t {
+    Untyped = 0,
+    StartPoint = 1,
+    Straight = 2,
+    Arc = 3,
+    Clothoid = 4,
+    Gap = 7,
+    VerticalKink = 8,
+    VerticalArc = 9,
+    VerticalParabola = 10,
+    VerticalParabolaVariant = 11,
+    TransverseSlope = 12
+  };
+};
+
+class CShapeContainer;
+
+/// An element of one of the stationing-ordered lists of an axis.
+///
+/// Elements belong to the axis that hands them out and live until the axis is destroyed or the
+/// list is reset. Setters act on the axis at once, but the list keeps its order until the next
+/// element is added. Not copyable: an element is linked to its neighbours.
+class CALCULATIONS_EXPORT CShapeBase {
+ public:
+  CShapeBase();
+  CShapeBase(const CShapeBase&) = delete;
+  CShapeBase& operator=(const CShapeBase&) = delete;
+  virtual ~CShapeBase();
+
+  /// @name Extension hooks
+  /// Do nothing and return true; they keep the order of the virtual functions.
+  /// @{
+  virtual bool extensionHook1();
+  virtual bool extensionHook2();
+  virtual bool extensionHook3();
+  /// @}
+
+  /// True when other is null or stands at a greater stationing.
+  virtual bool isLess(const CShapeBase* other) const;
+  /// True when other is null or stands at a smaller stationing.
+  virtual bool isGreater(const CShapeBase* other) const;
+
+  /// @name Extension hooks, continued
+  /// @{
+  virtual bool extensionHook4();
+  virtual bool extensionHook5();
+  virtual bool extensionHook6();
+  virtual bool extensionHook7();
+  virtual bool extensionHook8();
+  /// @}
+
+  /// A number that tells the element classes apart: 20 here, more in each derived class. It is
+  /// not the size of the object.
+  virtual int classSize() const;
+
+  /// Plan length along the axis (m); for a horizontal element, where its segment ends.
+  double getStationing() const { return m_stationing; }
+  void setStationing(double stationing);
+  /// One of CShapeType::Id.
+  std::int32_t getTypeId() const { return m_typeId; }
+  void setTypeId(std::int32_t typeId);
+  /// The following element of the same list, or null.
+  CShapeBase* getNext() const { return m_next; }
+  void setNext(CShapeBase* next);
+  /// The preceding element of the same list, or null.
+  CShapeBase* getPrevious() const { return m_previous; }
+  void setPrevious(CShapeBase* previous);
+
+ protected:
+  void noteChange();
+
+ private:
+  friend class CShapeContainer;
+
+  double m_stationing;
+  std::int32_t m_typeId;
+  CShapeBase* m_next;
+  CShapeBase* m_previous;
+  CShapeContainer* m_container;  // the owner, told of every change; null until it takes over
+};
+
+/// The start point of the horizontal alignment, or the end of a straight, arc or clothoid.
+class CALCULATIONS_EXPORT CHoralElement : public CShapeBase {
+ public:
+  CHoralElement();
+  ~CHoralElement() override;
+
+  int classSize() const override;
+
+  /// The end point (m).
+  double getEast() const { return m_east; }
+  double getNorth() const { return m_north; }
+  void setEast(double east);
+  void setNorth(double north);
+  /// A second point kept with the element; no calculation uses it.
+  double getSecondEast() const { return m_secondEast; }
+  double getSecondNorth() const { return m_secondNorth; }
+  void setSecondEast(double east);
+  void setSecondNorth(double north);
+  /// Radii at both ends (m): positive curves to the right, 0 is infinite.
+  double getRadiusStart() const { return m_radiusStart; }
+  double getRadiusEnd() const { return m_radiusEnd; }
+  void setRadiusStart(double radius);
+  void setRadiusEnd(double radius);
+  /// The parameter A of a clothoid (m), else 0. Shown to callers; the geometry follows from the
+  /// radii and the length.
+  double getClothoidParameter() const { return m_clothoidParameter; }
+  void setClothoidParameter(double parameter);
+
+ private:
+  friend class CShapeContainer;
+
+  double m_east;
+  double m_north;
+  double m_secondEast;
+  double m_secondNorth;
+  double m_radiusStart;
+  double m_radiusEnd;
+  double m_clothoidParameter;
+  // The azimuth with which the segment was defined, not-a-number if none is known. It settles the
+  // direction where the end points cannot, as on a full circle.
+  double m_definedAzimuth;
+};
+
+/// A point of the vertical alignment: a kink or a rounded point of intersection.
+class CALCULATIONS_EXPORT CVeralElement : public CShapeBase {
+ public:
+  CVeralElement();
+  ~CVeralElement() override;
+
+  int classSize() const override;
+
+  double getHeight() const { return m_height; }
+  void setHeight(double height);
+  /// Radius of an arc, or the radius R of a parabola of curvature 1/R (m); 0 for a kink.
+  double getRoundingValue() const { return m_roundingValue; }
+  void setRoundingValue(double value);
+
+ private:
+  double m_height;
+  double m_roundingValue;
+};
+
+/// One end of a transverse-slope interval.
+class CALCULATIONS_EXPORT CTransSlopeElement : public CShapeBase {
+ public:
+  CTransSlopeElement();
+  ~CTransSlopeElement() override;
+
+  int classSize() const override;
+
+  /// Percent, positive when the right side is lower.
+  double getSlope() const { return m_slope; }
+  void setSlope(double slope);
+
+ private:
+  double m_slope;
+};
+
+}  // namespace Ruv
+
+#endif

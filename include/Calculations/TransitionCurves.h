@@ -1,0 +1,67 @@
+/// @file
+/// Transition curves evaluated in their own frame.
+
+#ifndef CALCULATIONS_TRANSITION_CURVES_H
+#define CALCULATIONS_TRANSITION_CURVES_H
+
+#include <Calculations/Export.h>
+
+#include <string>
+
+namespace Ruv {
+
+/// A curve whose curvature grows from zero at its origin.
+///
+/// In every operation l is the arc length from the origin (m), R the radius reached after the
+/// length L. Results are written to out and tell magnitudes: the caller applies the signs of l
+/// and of the curve's side.
+class CALCULATIONS_EXPORT CTransitionCurve {
+ public:
+  CTransitionCurve();
+  CTransitionCurve(const CTransitionCurve&);
+  CTransitionCurve& operator=(const CTransitionCurve&);
+  virtual ~CTransitionCurve();
+
+  virtual bool curvature(double l, double R, double L, double& out) const = 0;
+  /// Change of direction since the origin (rad).
+  virtual bool tangentAngle(double l, double R, double L, double& out) const = 0;
+  /// Coordinate to the side of the tangent at the origin.
+  virtual bool localY(double l, double R, double L, double& out) const = 0;
+  /// Coordinate along the tangent at the origin.
+  virtual bool localX(double l, double R, double L, double& out) const = 0;
+  /// The curve kind's name.
+  virtual const std::string& name() const = 0;
+  /// Index of the last series term: 12 unless a derived class says otherwise.
+  virtual int numberOfTerms() const;
+};
+
+/// The clothoid: curvature l / A^2 with A^2 = R L.
+///
+/// The coordinates are power series of numberOfTerms() + 1 terms (at most 86, where the
+/// factorials leave the range of double). They return true when the terms that do not exceed
+/// their predecessor outnumber those that do. That is a sign of convergence, not of accuracy: at
+/// a tangent angle of 5 rad it still holds while x is wrong by 4e-8 of the length unit. A negative
+/// number of terms gives 0 and false.
+/// Source: power series of the Fresnel integrals, Abramowitz and Stegun 7.3.11 and 7.3.13.
+class CALCULATIONS_EXPORT CClothoidCurve : public CTransitionCurve {
+ public:
+  CClothoidCurve();
+  CClothoidCurve(const CClothoidCurve&);
+  CClothoidCurve& operator=(const CClothoidCurve&);
+  ~CClothoidCurve() override;
+
+  /// |l / (R L)|. A product R L of zero gives 0 and false.
+  bool curvature(double l, double R, double L, double& out) const override;
+  /// l^2 / |2 R L|. A product R L of zero gives 0 and true.
+  bool tangentAngle(double l, double R, double L, double& out) const override;
+  /// A product R L of zero gives 0 and true.
+  bool localY(double l, double R, double L, double& out) const override;
+  /// A product R L of zero gives 0 and true.
+  bool localX(double l, double R, double L, double& out) const override;
+  /// "clothoid"
+  const std::string& name() const override;
+};
+
+}  // namespace Ruv
+
+#endif

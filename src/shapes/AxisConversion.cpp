@@ -1,0 +1,178 @@
+#include "shapes/AxisConversion.h"
+
+#include "shapes/PerpendicularFoot.h"
+#include "shapes/ShapeTolerances.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Ruv {
+
+using Calculations::AxisPoint;
+using Calculations::ENHPoint;
+
+namespace {
+
+/// Grades and transverse slopes in percent are rises per this length.
+constexpr double kPercentBase = 100.0;
+
+/// A tunnel meter this far outside the axis, relative to its own size, is at its end.
+constexpr double kTunnelMeterTolerance = 1e-9;
+
+/// A place in the plane square to the axis: to the right and upwards.
+struct CSectionPoint {
+  double right = 0.0;
+  double up = 0.0;
+};
+
+/// Turns the section about the axis: from the frame in which the transverse slope is level to the
+/// horizontal one. A positive slope lowers the right side.
+CSectionPoint rolled(const CSectionPoint& p, double slopePercent) {
+  const double hypotenuse = std::sqrt(slopePercent * slopePercent + kPercentBase * kPercentBase);
+  const double cosine = kPercentBase / hypotenuse;
+  const double sine = slopePercent / hypotenuse;
+  return {p.right * cosine + p.up * sine, p.up * cosine - p.right * sine};
+}
+
+CSectionPoint rolledBack(const CSectionPoint& p, double slopePercent) {
+  return rolled(p, -slopePercent);
+}
+
+double cosineOfGrade(double grade) {
+  return 1.0 / std::sqrt(1.0 + grade * grade);
+}
+
+double transSlopeAt(const CAxisGeometry& axis, double stationing,
+                    const CConversionOptions& options) {
+  switch (options.transSlopeMode) {
+    case CTransSlopeMode::OfAxis:
+      return axis.transSlopes.at(stationing);
+    case CTransSlopeMode::Given:
+      return options.givenTransSlope;
+    default:
+      return 0.0;
+  }
+}
+
+bool isInRange(const CAxisGeometry& axis, double stationing) {
+  return axis.isComplete && stationing >= axis.minimumStationing &&
+         stationing <= axis.maximumStationing;
+}
+
+/// Forgives a stationing that rounding has put just outside the range.
+std::optional<double> forcedIntoRange(const CAxisGeometry& axis, double stationing) {
+  const double forced =
+      std::max(axis.minimumStationing, std::min(stationing, axis.maximumStationing));
+  if (!isInRange(axis, forced) || !(std::abs(forced - stationing) <= kFootTolerance)) {
+    return std::nullopt;
+  }
+  return forced;
+}
+
+ENHPoint laidOff(const CAlignmentPosition& plan, double axisHeight, double forward, double right,
+                 double up) {
+  const Point2D normal = rightNormal(plan.tangent);
+  return {plan.position.x + (right * normal.x + forward * plan.tangent.x),
+          plan.position.y + (right * normal.y + forward * plan.tangent.y), axisHeight + up};
+}
+
+ENHPoint gridPointOf(const CSectionPoint& section, const CAlignmentPosition& plan,
+                     const CHeightAndGrade& profile, const CConversionOptions& options) {
+  const double cosine = cosineOfGrade(profile.grade);
+  if (options.plane == CProfilePlane::Perpendicular) {
+    return laidOff(plan, profile.height, -section.up * profile.grade * cosine, section.right,
+                   section.up * cosine);
+  }
+  const double up = options.heightAlongPlumbLine ? section.up : section.up / cosine;
+  return laidOff(plan, profile.height, 0.0, section.right, up);
+}
+
+/// A foot on the axis and the point's place in the section there.
+struct CSectionFoot {
+  double stationing = 0.0;
+  CSectionPoint section;
+};
+
+std::optional<CSectionFoot> footInVerticalPlane(const CAxisGeometry& axis, const ENHPoint& point,
+                                                const CConversionOptions& options) {
+  const auto foot = axis.horal.project(Point2D(point.east, point.north));
+  if (!foot) return std::nullopt;
+  const auto stationing = forcedIntoRange(axis, foot->stationing);
+  if (!stationing) return std::nullopt;
+  const auto profile = axis.veral.at(*stationing);
+  if (!profile) return std::nullopt;
+  double up = point.height - profile->height;
+  if (!options.heightAlongPlumbLine) up *= cosineOfGrade(profile->grade);
+  return CSectionFoot{*stationing, {foot->offset, up}};
+}
+
+std::optional<CSectionFoot> footInPerpendicularPlane(const CAxisGeometry& axis,
+                                                     const ENHPoint& point) {
+  const auto foot = perpendicularFoot(axis, point);
+  if (!foot) return std::nullopt;
+  return CSectionFoot{foot->stationing, {foot->offset, foot->height}};
+}
+
+}  // namespace
+
+std::optional<CGridPoint> axisToGrid(const CAxisGeometry& axis, const AxisPoint& point,
+                                     const CConversionOptions& options) {
+  if (!isInRange(axis, point.stationing)) return std::nullopt;
+  const auto profile = axis.veral.at(point.stationing);
+  if (!profile) return std::nullopt;
+  const auto plan = axis.horal.positionAt(point.stationing);
+  if (!plan) return std::nullopt;
+  CGridPoint result;
+  result.transSlopePercent = transSlopeAt(axis, point.stationing, options);
+  CSectionPoint section{point.offset, point.height};
+  if (std::abs(result.transSlopePercent) >= kNegligibleTransSlopePercent) {
+    section = rolled(section, result.transSlopePercent);
+  }
+  result.point = gridPointOf(section, *plan, *profile, options);
+  result.azimuth = plan->azimuth;
+  result.radius = plan->radius;
+  result.gradePercent = profile->grade * kPercentBase;
+  return result;
+}
+
+std::optional<AxisPoint> gridToAxis(const CAxisGeometry& axis, const ENHPoint& point,
+                                    const CConversionOptions& options) {
+  if (!axis.isComplete) return std::nullopt;
+  const auto foot = options.plane == CProfilePlane::Perpendicular
+                        ? footInPerpendicularPlane(axis, point)
+                        : footInVerticalPlane(axis, point, options);
+  if (!foot) return std::nullopt;
+  CSectionPoint section = foot->section;
+  const double slope = transSlopeAt(axis, foot->stationing, options);
+  if (std::abs(slope) > kNegligibleTransSlopePercent) section = rolledBack(section, slope);
+  return AxisPoint(foot->stationing, section.right, section.up);
+}
+
+std::optional<double> tunnelMeterAt(const CAxisGeometry& axis, const CStationingMapping& mapping,
+                                    double stationing) {
+  if (!axis.isComplete) return std::nullopt;
+  const double value = mapping.value3dAtOrigin +
+                       (axis.veral.lengthAt(stationing) - axis.veral.lengthAt(mapping.origin2d));
+  if (!std::isfinite(value)) return std::nullopt;
+  return value;
+}
+
+std::optional<double> stationingAt(const CAxisGeometry& axis, const CStationingMapping& mapping,
+                                   double tunnelMeter) {
+  const auto lowest = tunnelMeterAt(axis, mapping, axis.minimumStationing);
+  const auto highest = tunnelMeterAt(axis, mapping, axis.maximumStationing);
+  if (!lowest || !highest || !(axis.minimumStationing <= axis.maximumStationing)) {
+    return std::nullopt;
+  }
+  const double tolerance = kTunnelMeterTolerance * std::max(1.0, std::abs(tunnelMeter));
+  if (!(tunnelMeter >= *lowest - tolerance && tunnelMeter <= *highest + tolerance)) {
+    return std::nullopt;
+  }
+  const double length =
+      tunnelMeter - mapping.value3dAtOrigin + axis.veral.lengthAt(mapping.origin2d);
+  const double stationing = axis.veral.stationingAtLength(length);
+  if (!std::isfinite(stationing)) return std::nullopt;
+  return std::max(axis.minimumStationing, std::min(stationing, axis.maximumStationing));
+}
+
+}  // namespace Ruv

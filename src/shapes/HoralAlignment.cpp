@@ -1,0 +1,141 @@
+#include "shapes/HoralAlignment.h"
+
+#include "foundation/MathConstants.h"
+#include "shapes/Nearest.h"
+#include "shapes/ShapeTolerances.h"
+
+#include <Calculations/Utilities.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace Ruv {
+
+namespace {
+
+/// Curvatures below this (1/m) are those of a straight: radii of more than a light hour.
+constexpr double kNoCurvature = 1e-15;
+
+/// Azimuths this close (rad) below a full turn are north.
+constexpr double kFullTurnNoise = 1e-12;
+
+CAlignmentPosition reported(double stationing, const CCurvePoint& point) {
+  CAlignmentPosition position;
+  position.stationing = stationing;
+  position.azimuth = reportedAzimuth(point.heading);
+  position.radius = std::abs(point.curvature) < kNoCurvature ? 0.0 : 1.0 / point.curvature;
+  position.position = point.position;
+  position.tangent = point.tangent;
+  return position;
+}
+
+CBox boxOf(const CHoralSegment& segment) {
+  if (!segment.isEvaluable) return {};
+  const CPlacedCurve& path = segment.path;
+  CBox box = boxAroundCurve(path.start, path.end().position, path.curve.length() * path.scale);
+  // The stored end point, a rounding error away, is the foot of points just outside.
+  box.include(boxAroundCurve(segment.end, segment.end, 0.0));
+  return box;
+}
+
+CAlignmentFoot footInside(const CHoralSegment& segment, const CCurveFoot& foot) {
+  // Not beyond the end stationing, which start + length may pass by a rounding error.
+  const double stationing = std::min(segment.stationingStart + foot.length, segment.stationingEnd);
+  return {stationing, foot.lateral};
+}
+
+CAlignmentFoot footAtEnd(const CHoralSegment& segment, const CCurveFoot& foot, const Point2D& p) {
+  const bool atStart = foot.report == CFootReport::BeforeStart;
+  const CCurvePoint end = atStart ? segment.path.at(0.0) : segment.path.end();
+  return {atStart ? segment.stationingStart : segment.stationingEnd,
+          rightComponent(p - end.position, end.tangent)};
+}
+
+bool facesCorner(CFootReport before, CFootReport now) {
+  return (before == CFootReport::BeyondEnd && now == CFootReport::BeforeStart) ||
+         (before == CFootReport::BeforeStart && now == CFootReport::BeyondEnd);
+}
+
+}  // namespace
+
+double reportedAzimuth(double bearing) {
+  const double azimuth = Calculations::Utilities::getAngleAsZeroToTwoPi(bearing);
+  return azimuth > kTwoPi - kFullTurnNoise ? 0.0 : azimuth;
+}
+
+CHoralAlignment::CHoralAlignment(double startStationing,
+                                 const std::vector<CHoralSegmentData>& segments)
+    : m_startStationing(startStationing), m_segments(placedSegments(segments)) {
+  std::vector<CBox> boxes;
+  boxes.reserve(m_segments.size());
+  m_endStationings.reserve(m_segments.size());
+  for (const CHoralSegment& segment : m_segments) {
+    boxes.push_back(boxOf(segment));
+    m_endStationings.push_back(segment.stationingEnd);
+  }
+  m_boxes = CBoxTree(std::move(boxes));
+}
+
+std::optional<CAlignmentPosition> CHoralAlignment::positionAt(double stationing) const {
+  if (!(stationing >= m_startStationing)) return std::nullopt;
+  auto found = std::lower_bound(m_endStationings.begin(), m_endStationings.end(), stationing);
+  auto index = static_cast<std::size_t>(found - m_endStationings.begin());
+  // An element of length 0 can only be met at the very start, where the next one begins too.
+  while (index < m_segments.size() && m_segments[index].stationingEnd == stationing &&
+         m_segments[index].stationingStart == stationing) {
+    ++index;
+  }
+  if (index == m_segments.size() || !m_segments[index].isEvaluable) return std::nullopt;
+  const CHoralSegment& segment = m_segments[index];
+  return reported(stationing, segment.path.at(stationing - segment.stationingStart));
+}
+
+std::optional<CAlignmentFoot> CHoralAlignment::project(const Point2D& p) const {
+  if (!isFinite(p)) return std::nullopt;
+  if (const auto foot = nearestFoot(p)) return foot;
+  return nearestCorner(p);
+}
+
+std::optional<CAlignmentFoot> CHoralAlignment::nearestFoot(const Point2D& p) const {
+  CNearestFoot<CAlignmentFoot> nearest;
+  const auto look = [&](std::size_t index) {
+    const CHoralSegment& segment = m_segments[index];
+    if (!segment.isEvaluable) return;
+    const auto order = static_cast<double>(index);
+    const CCurveFoot foot = segment.path.footOf(p);
+    if (foot.report == CFootReport::OnCurve) {
+      nearest.regular.offer(std::abs(foot.lateral), order, footInside(segment, foot));
+    } else if (foot.outside <= kFootTolerance) {
+      const CAlignmentFoot end = footAtEnd(segment, foot, p);
+      nearest.justOutside.offer(std::abs(end.offset), order, end);
+    }
+  };
+  m_boxes.visitNear(
+      p, [&] { return nearest.reach(); }, look);
+  return nearest.chosen();
+}
+
+std::optional<CAlignmentFoot> CHoralAlignment::nearestCorner(const Point2D& p) const {
+  CNearest<CAlignmentFoot> nearest;
+  CFootReport before = CFootReport::Unknown;
+  const CHoralSegment* previous = nullptr;
+  for (const CHoralSegment& segment : m_segments) {
+    if (segment.isGap) continue;
+    const CFootReport now =
+        segment.isEvaluable ? segment.path.footOf(p).report : CFootReport::Unknown;
+    if (facesCorner(before, now)) {
+      const Point2D ray = p - segment.start;
+      const CDirection tangent =
+          directionThrough(previous->path.end().tangent, segment.path.startDirection);
+      const double side = rightComponent(ray, tangent) < 0.0 ? -1.0 : 1.0;
+      nearest.offer(ray.length(), segment.stationingStart,
+                    {segment.stationingStart, side * ray.length()});
+    }
+    before = now;
+    previous = &segment;
+  }
+  return nearest.candidate();
+}
+
+}  // namespace Ruv

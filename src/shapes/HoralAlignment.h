@@ -1,0 +1,67 @@
+/// @file
+/// The horizontal alignment, prepared for evaluation and projection.
+
+#ifndef CALCULATIONS_SHAPES_HORAL_ALIGNMENT_H
+#define CALCULATIONS_SHAPES_HORAL_ALIGNMENT_H
+
+#include "shapes/BoxTree.h"
+#include "shapes/HoralSegment.h"
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace Ruv {
+
+/// Place, direction and curvature of an alignment at one stationing.
+struct CAlignmentPosition {
+  double stationing = 0.0;
+  double azimuth = 0.0;  ///< of the alignment, in [0, 2 pi)
+  double radius = 0.0;   ///< 0 where the curvature is 0
+  Point2D position;      ///< x east, y north
+  CDirection tangent;    ///< the azimuth as a unit vector
+};
+
+/// Foot of a point on an alignment.
+struct CAlignmentFoot {
+  double stationing = 0.0;
+  double offset = 0.0;  ///< of the point, to the right
+};
+
+/// An immutable chain of segments with the tables that make searching it fast.
+class CHoralAlignment {
+ public:
+  CHoralAlignment() = default;
+  /// @param startStationing of the alignment, where the first segment begins
+  CHoralAlignment(double startStationing, const std::vector<CHoralSegmentData>& segments);
+
+  const std::vector<CHoralSegment>& segments() const { return m_segments; }
+  const CBoxTree& boxes() const { return m_boxes; }
+
+  /// Evaluates the first segment whose end stationing is not less than the given one. Nothing
+  /// outside the alignment or when that segment is not evaluable. O(log n).
+  std::optional<CAlignmentPosition> positionAt(double stationing) const;
+
+  /// Nearest foot of a point, the first of equally near ones. Where no segment has a foot, as on
+  /// the outer side of a corner, the nearest corner that faces the point takes its place, with
+  /// the distance as offset. Nothing when there is neither. O(log n) for points that have a foot
+  /// near the alignment, O(n) for those that have none.
+  std::optional<CAlignmentFoot> project(const Point2D& p) const;
+
+ private:
+  std::optional<CAlignmentFoot> nearestFoot(const Point2D& p) const;
+  std::optional<CAlignmentFoot> nearestCorner(const Point2D& p) const;
+
+  double m_startStationing = 0.0;
+  std::vector<double> m_endStationings;
+  std::vector<CHoralSegment> m_segments;
+  CBoxTree m_boxes;
+};
+
+/// Azimuth in [0, 2 pi), with values that only rounding keeps below a full turn given as 0: due
+/// north must not read 6.283.
+double reportedAzimuth(double bearing);
+
+}  // namespace Ruv
+
+#endif

@@ -1,0 +1,56 @@
+/// @file
+/// One segment of a horizontal alignment, placed between its stored end points.
+
+#ifndef CALCULATIONS_SHAPES_HORAL_SEGMENT_H
+#define CALCULATIONS_SHAPES_HORAL_SEGMENT_H
+
+#include "shapes/PlacedCurve.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace Ruv {
+
+/// What an alignment stores of a segment.
+struct CHoralSegmentData {
+  std::int32_t typeId = 0;
+  bool hasStart = false;  ///< false when no element precedes the segment's end
+  double stationingStart = 0.0;
+  double stationingEnd = 0.0;
+  Point2D start;
+  Point2D end;
+  double radiusStart = 0.0;
+  double radiusEnd = 0.0;
+  double definedAzimuth = 0.0;  ///< not-a-number if none is known
+};
+
+/// A segment ready for evaluation.
+struct CHoralSegment {
+  double stationingStart = 0.0;
+  double stationingEnd = 0.0;
+  Point2D start;
+  Point2D end;
+  bool isGap = false;        ///< skipped by the projection
+  bool isEvaluable = false;  ///< only then is the path set
+  CPlacedCurve path;
+};
+
+/// Places all segments of an alignment.
+///
+/// A segment leads exactly from the end point of the element before it to its own end point: the
+/// start azimuth and a scale follow from the two points and the canonical curve. When the azimuth
+/// with which the segment was defined leads from the one to the other anyway, the segment is laid
+/// out rigidly with it, which keeps full circles and short elements in large coordinates exact.
+///
+/// A segment is not evaluable when its type or shape is none, its length is not positive, its end
+/// points coincide although its curve does not close, or when its curve closes and neither its
+/// azimuth nor a neighbour tells the direction.
+std::vector<CHoralSegment> placedSegments(const std::vector<CHoralSegmentData>& data);
+
+/// The curve of a segment type with the given radii. Not defined for other types.
+CPlaneCurve curveOfType(std::int32_t typeId, double radiusStart, double radiusEnd, double length);
+
+}  // namespace Ruv
+
+#endif

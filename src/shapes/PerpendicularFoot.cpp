@@ -1,0 +1,177 @@
+#include "shapes/PerpendicularFoot.h"
+
+#include "shapes/FootSearch.h"
+#include "shapes/Nearest.h"
+#include "shapes/ShapeTolerances.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace Ruv {
+
+namespace {
+
+/// The axis at one place, and where the point lies as seen from there.
+struct CView {
+  CCurvePoint plan;
+  CHeightAndGrade profile;
+  Point2D ray;        // in plan, from the axis to the point
+  double rise = 0.0;  // from the axis to the point
+  CForwardDistance forward;
+
+  double distance() const { return std::sqrt(ray.x * ray.x + ray.y * ray.y + rise * rise); }
+};
+
+/// A stretch of the axis on which plan and profile are one curve each.
+struct CStretch {
+  const CHoralSegment* segment = nullptr;
+  const CVeralPiece* piece = nullptr;
+
+  /// @param length from the start of the segment
+  std::optional<CView> viewFrom(double length, const Calculations::ENHPoint& point) const {
+    CView view;
+    const auto profile = piece->curve.at(segment->stationingStart + length);
+    if (!profile) return std::nullopt;
+    view.profile = *profile;
+    view.plan = segment->path.at(length);
+    view.ray = Point2D(point.east, point.north) - view.plan.position;
+    view.rise = point.height - view.profile.height;
+    const double grade = view.profile.grade;
+    view.forward.value = forwardComponent(view.ray, view.plan.tangent) + grade * view.rise;
+    view.forward.slope = view.plan.curvature * rightComponent(view.ray, view.plan.tangent) -
+                         segment->path.scale + view.profile.gradeChange * view.rise - grade * grade;
+    return view;
+  }
+};
+
+CSpatialFoot squareFoot(double stationing, const CView& view) {
+  const double cosine = 1.0 / std::sqrt(1.0 + view.profile.grade * view.profile.grade);
+  const double ahead = forwardComponent(view.ray, view.plan.tangent);
+  return {stationing, rightComponent(view.ray, view.plan.tangent),
+          cosine * (view.rise - view.profile.grade * ahead)};
+}
+
+/// Place of a point in the wedge at a break. On the outer side of a corner in plan the offset is
+/// the distance in plan.
+CSpatialFoot wedgeFoot(double stationing, const CView& before, const CView& after) {
+  const CDirection tangent = directionThrough(before.plan.tangent, after.plan.tangent);
+  double offset = rightComponent(after.ray, tangent);
+  if (forwardComponent(after.ray, before.plan.tangent) > 0.0 &&
+      forwardComponent(after.ray, after.plan.tangent) < 0.0) {
+    offset = std::copysign(after.ray.length(), offset);
+  }
+  const double distance = after.distance();
+  const double rest = std::sqrt(std::max(0.0, (distance - offset) * (distance + offset)));
+  return {stationing, offset, std::copysign(rest, after.rise)};
+}
+
+class CPerpendicularSearch {
+ public:
+  CPerpendicularSearch(const CAxisGeometry& axis, const Calculations::ENHPoint& point)
+      : m_axis(axis), m_point(point) {}
+
+  std::optional<CSpatialFoot> nearest() {
+    m_axis.horal.boxes().visitNear(
+        Point2D(m_point.east, m_point.north), [&] { return m_nearest.reach(); },
+        [&](std::size_t index) { searchSegment(index); });
+    return m_nearest.chosen();
+  }
+
+ private:
+  void searchSegment(std::size_t index) {
+    const CHoralSegment& segment = m_axis.horal.segments()[index];
+    if (!segment.isEvaluable) return;
+    const double from = std::max(segment.stationingStart, m_axis.minimumStationing);
+    const double to = std::min(segment.stationingEnd, m_axis.maximumStationing);
+    if (!(from < to)) return;
+    CStretch before = stretchBefore(index, from);
+    const std::vector<CVeralPiece>& pieces = m_axis.veral.pieces();
+    for (std::size_t i = m_axis.veral.pieceAt(from); i < pieces.size(); ++i) {
+      const double begin = std::max(from, pieces[i].from);
+      const double end = std::min(to, pieces[i].to);
+      if (!(begin < to)) break;
+      if (!(begin < end)) continue;
+      const CStretch stretch{&segment, &pieces[i]};
+      searchBreak(before, stretch, begin);
+      searchStretch(stretch, begin, end);
+      before = stretch;
+    }
+  }
+
+  /// The stretch that leads to the start of a segment; none at the start of the axis.
+  CStretch stretchBefore(std::size_t index, double stationing) const {
+    if (index == 0 || stationing <= m_axis.minimumStationing) return {};
+    const CHoralSegment& segment = m_axis.horal.segments()[index - 1];
+    if (!segment.isEvaluable) return {};
+    return {&segment, &m_axis.veral.pieces()[m_axis.veral.pieceAt(stationing)]};
+  }
+
+  void searchBreak(const CStretch& before, const CStretch& after, double stationing) {
+    if (before.segment == nullptr) return;
+    const auto into = before.viewFrom(stationing - before.segment->stationingStart, m_point);
+    const auto outOf = after.viewFrom(stationing - after.segment->stationingStart, m_point);
+    if (!into || !outOf) return;
+    if (into->forward.value > 0.0 && outOf->forward.value < 0.0) {
+      m_nearest.regular.offer(outOf->distance(), stationing, wedgeFoot(stationing, *into, *outOf));
+    }
+  }
+
+  void searchStretch(const CStretch& stretch, double fromStationing, double toStationing) {
+    const double from = fromStationing - stretch.segment->stationingStart;
+    const double to = toStationing - stretch.segment->stationingStart;
+    const auto first = stretch.viewFrom(from, m_point);
+    const auto last = stretch.viewFrom(to, m_point);
+    if (!first || !last) return;
+    if (fromStationing == m_axis.minimumStationing && first->forward.value < 0.0) {
+      offerJustOutside(fromStationing, *first);
+    }
+    if (toStationing == m_axis.maximumStationing && last->forward.value > 0.0) {
+      offerJustOutside(toStationing, *last);
+    }
+    std::optional<CView> seen = first;  // from the place looked at last
+    const auto forwardAt = [&](double length) {
+      seen = stretch.viewFrom(length, m_point);
+      return seen ? seen->forward : CForwardDistance{};
+    };
+    const auto found = [&](double length) {
+      if (!seen) return;
+      const double stationing = std::min(stretch.segment->stationingStart + length, toStationing);
+      m_nearest.regular.offer(seen->distance(), stationing, squareFoot(stationing, *seen));
+    };
+    const double sharpest =
+        std::max(std::abs(first->plan.curvature), std::abs(last->plan.curvature));
+    const int parts =
+        std::max(1, static_cast<int>(std::ceil(sharpest * (to - from) / kLargestSearchedTurning)));
+    CSearchNode node{from, first->forward};
+    for (int part = 1; part <= parts; ++part) {
+      const double place = from + (to - from) * part / parts;
+      const CSearchNode next =
+          part == parts ? CSearchNode{to, last->forward} : CSearchNode{place, forwardAt(place)};
+      findFeet(forwardAt, node, next, found);
+      node = next;
+    }
+  }
+
+  void offerJustOutside(double stationing, const CView& view) {
+    const double outside = std::abs(view.forward.value / view.forward.slope);
+    if (!(view.forward.slope < 0.0 && outside <= kFootTolerance)) return;
+    m_nearest.justOutside.offer(view.distance(), stationing, squareFoot(stationing, view));
+  }
+
+  const CAxisGeometry& m_axis;
+  const Calculations::ENHPoint m_point;
+  CNearestFoot<CSpatialFoot> m_nearest;
+};
+
+}  // namespace
+
+std::optional<CSpatialFoot> perpendicularFoot(const CAxisGeometry& axis,
+                                              const Calculations::ENHPoint& point) {
+  if (!axis.isComplete || !std::isfinite(point.east + point.north + point.height)) {
+    return std::nullopt;
+  }
+  return CPerpendicularSearch(axis, point).nearest();
+}
+
+}  // namespace Ruv

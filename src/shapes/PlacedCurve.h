@@ -1,0 +1,47 @@
+/// @file
+/// A plane curve laid out from a point in a direction.
+
+#ifndef CALCULATIONS_SHAPES_PLACED_CURVE_H
+#define CALCULATIONS_SHAPES_PLACED_CURVE_H
+
+#include "shapes/PlaneCurve.h"
+#include "shapes/PlaneGeometry.h"
+
+namespace Ruv {
+
+/// Carries a curve from its own frame to the plane: turned to a start bearing, scaled and shifted.
+///
+/// The scale stretches a curve whose length does not quite fit its end points, as printed
+/// coordinates never do; lengths along the curve stay unscaled. It is 1 for consistent data.
+struct CPlacedCurve {
+  CPlaneCurve curve;
+  Point2D start;
+  double startBearing = 0.0;
+  CDirection startDirection;
+  double scale = 1.0;
+
+  /// Heading is the bearing of the tangent, not normalised.
+  CCurvePoint at(double l) const { return placed(curve.at(l)); }
+
+  CCurvePoint end() const { return placed(curve.end()); }
+
+  /// Foot of p; the lateral is in units of the plane. Coordinates are reduced before anything is
+  /// multiplied, so national grids lose nothing.
+  CCurveFoot footOf(const Point2D& p) const {
+    CCurveFoot foot = curve.footOf(turnedFrom(startDirection, p - start) / scale);
+    foot.lateral *= scale;
+    return foot;
+  }
+
+ private:
+  CCurvePoint placed(CCurvePoint point) const {
+    point.position = start + turnedTo(startDirection, point.position) * scale;
+    point.tangent = turnedTo(startDirection, point.tangent);
+    point.heading += startBearing;
+    return point;
+  }
+};
+
+}  // namespace Ruv
+
+#endif

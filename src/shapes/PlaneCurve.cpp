@@ -1,0 +1,267 @@
+#include "shapes/PlaneCurve.h"
+
+#include "foundation/MathConstants.h"
+#include "shapes/FootSearch.h"
+#include "shapes/ShapeTolerances.h"
+#include "shapes/SpiralSeries.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace Ruv {
+
+namespace {
+
+/// Below this half turning (rad) the chord is its series l (1 - u^2 / 6): the next term is 1e-18.
+constexpr double kSmallHalfTurning = 1e-4;
+
+/// Gauss-Legendre quadrature with 10 points on [-1, 1]: positive half of the symmetric nodes.
+/// Source: Abramowitz and Stegun, table 25.4.
+struct CQuadratureNode {
+  double place;
+  double weight;
+};
+constexpr std::array<CQuadratureNode, 5> kQuadrature = {
+    {{0.14887433898163122, 0.29552422471475287},
+     {0.43339539412924719, 0.26926671930999636},
+     {0.67940956829902441, 0.21908636251598204},
+     {0.86506336668898451, 0.14945134915058059},
+     {0.97390652851717172, 0.06667134430868814}}};
+
+double curvatureOfRadius(double radius) {
+  return std::abs(radius) <= kZeroLength ? 0.0 : 1.0 / radius;
+}
+
+bool hasFinitePlace(const CCurvePoint& point) {
+  return isFinite(point.position) && std::isfinite(point.heading);
+}
+
+CCurveFoot footBeforeStart(double outside) {
+  return {CFootReport::BeforeStart, 0.0, 0.0, outside};
+}
+
+CCurveFoot footBeyondEnd(double length, double outside) {
+  return {CFootReport::BeyondEnd, length, 0.0, outside};
+}
+
+/// How far outside the foot lies when the curve is continued: one Newton step from its end.
+double lengthToFoot(const CForwardDistance& forward) {
+  return forward.slope < 0.0 ? std::abs(forward.value / forward.slope)
+                             : std::numeric_limits<double>::infinity();
+}
+
+}  // namespace
+
+CPlaneCurve CPlaneCurve::straight(double length) {
+  CPlaneCurve curve;
+  curve.m_kind = Kind::Straight;
+  curve.m_length = length;
+  curve.prepare();
+  return curve;
+}
+
+CPlaneCurve CPlaneCurve::arc(double radius, double length) {
+  CPlaneCurve curve;
+  curve.m_kind = Kind::Arc;
+  curve.m_length = length;
+  curve.m_radius = radius;
+  curve.m_curvatureStart = 1.0 / radius;
+  curve.prepare();
+  return curve;
+}
+
+CPlaneCurve CPlaneCurve::clothoid(double radiusStart, double radiusEnd, double length) {
+  const double curvatureStart = curvatureOfRadius(radiusStart);
+  const double curvatureEnd = curvatureOfRadius(radiusEnd);
+  if (curvatureStart == curvatureEnd) {
+    return curvatureStart == 0.0 ? straight(length) : arc(radiusStart, length);
+  }
+  CPlaneCurve curve;
+  curve.m_kind = Kind::Clothoid;
+  curve.m_length = length;
+  curve.m_curvatureStart = curvatureStart;
+  curve.m_curvatureChange = curvatureEnd - curvatureStart;
+  curve.prepare();
+  return curve;
+}
+
+void CPlaneCurve::prepare() {
+  const double sharpest =
+      std::max(std::abs(m_curvatureStart), std::abs(m_curvatureStart + m_curvatureChange));
+  if (m_kind == Kind::Arc) {
+    if (!std::isfinite(m_radius) || m_radius == 0.0) return;
+    if (!(m_length <= kTwoPi * std::abs(m_radius))) return;
+  } else if (!(sharpest * std::abs(m_length) <= kLargestTurning)) {
+    return;
+  }
+  if (m_kind == Kind::Clothoid && placeOnSpiral()) m_kind = Kind::Spiral;
+  m_end = at(m_length);
+  m_isDefined = hasFinitePlace(m_end);
+}
+
+/// Finds the curve on the spiral of its own parameter A^2 = L / |k1 - k0|. Refuses when it lies
+/// too far out for the series: nearly equal radii lie very far out.
+bool CPlaneCurve::placeOnSpiral() {
+  const double square = m_length / std::abs(m_curvatureChange);
+  SpiralFrame frame;
+  frame.side = m_curvatureChange < 0.0 ? -1.0 : 1.0;
+  frame.halfInverseSquare = 1.0 / (2.0 * square);
+  frame.startLength = frame.side * m_curvatureStart * square;
+  const double farthest =
+      std::max(std::abs(frame.startLength), std::abs(frame.startLength + m_length));
+  if (!(m_length > 0.0 && farthest * farthest * frame.halfInverseSquare <= kLargestSeriesAngle)) {
+    return false;
+  }
+  const double startAngle = frame.startLength * frame.startLength * frame.halfInverseSquare;
+  frame.toCurve = directionOfBearing(-frame.side * startAngle);
+  m_spiral = frame;
+  m_spiral.startPoint = spiralPoint(frame.startLength);
+  return true;
+}
+
+double CPlaneCurve::curvatureAt(double l) const {
+  return m_kind == Kind::Arc ? m_curvatureStart
+                             : m_curvatureStart + m_curvatureChange * (l / m_length);
+}
+
+double CPlaneCurve::headingAt(double l) const {
+  return (m_curvatureStart + m_curvatureChange * (l / m_length) / 2.0) * l;
+}
+
+Point2D CPlaneCurve::spiralPoint(double lengthFromOrigin) const {
+  const double angle = lengthFromOrigin * lengthFromOrigin * m_spiral.halfInverseSquare;
+  const CSpiralFactors factors = spiralFactors(angle);
+  return {m_spiral.side * lengthFromOrigin * factors.across, lengthFromOrigin * factors.along};
+}
+
+/// Integrates the direction in panels of at most 1 rad: 1e-13 of the length.
+Point2D CPlaneCurve::positionByQuadrature(double l) const {
+  const double sharpest = std::max(std::abs(m_curvatureStart), std::abs(curvatureAt(l)));
+  const int panels = std::max(1, static_cast<int>(std::ceil(sharpest * std::abs(l))));
+  const double half = l / panels / 2.0;
+  Point2D sum;
+  for (int panel = 0; panel < panels; ++panel) {
+    const double middle = half * (2 * panel + 1);
+    for (const CQuadratureNode& node : kQuadrature) {
+      const CDirection before = directionOfBearing(headingAt(middle - half * node.place));
+      const CDirection after = directionOfBearing(headingAt(middle + half * node.place));
+      sum.x += node.weight * (before.x + after.x);
+      sum.y += node.weight * (before.y + after.y);
+    }
+  }
+  return sum * half;
+}
+
+CCurvePoint CPlaneCurve::at(double l) const {
+  CCurvePoint point;
+  if (m_kind == Kind::Straight) {
+    point.position = Point2D(0.0, l);
+    return point;
+  }
+  point.curvature = curvatureAt(l);
+  if (m_kind == Kind::Arc) {
+    // The chord turns by half the heading, so no centre is needed, whatever the radius.
+    const double halfTurning = l * m_curvatureStart / 2.0;
+    const CDirection chord = directionOfBearing(halfTurning);
+    const double chordLength = std::abs(halfTurning) < kSmallHalfTurning
+                                   ? l * (1.0 - halfTurning * halfTurning / 6.0)
+                                   : 2.0 * m_radius * chord.x;
+    point.position = Point2D(chordLength * chord.x, chordLength * chord.y);
+    point.tangent = turnedTo(chord, chord);
+    point.heading = 2.0 * halfTurning;
+    return point;
+  }
+  point.heading = headingAt(l);
+  point.tangent = directionOfBearing(point.heading);
+  point.position =
+      m_kind == Kind::Spiral
+          ? turnedTo(m_spiral.toCurve, spiralPoint(m_spiral.startLength + l) - m_spiral.startPoint)
+          : positionByQuadrature(l);
+  return point;
+}
+
+CCurveFoot CPlaneCurve::footOf(const Point2D& p) const {
+  switch (m_kind) {
+    case Kind::Straight:
+      return footOnStraight(p);
+    case Kind::Arc:
+      return footOnArc(p);
+    default:
+      return footOnClothoid(p);
+  }
+}
+
+CCurveFoot CPlaneCurve::footOnStraight(const Point2D& p) const {
+  if (p.y < 0.0) return footBeforeStart(-p.y);
+  if (p.y > m_length) return footBeyondEnd(m_length, p.y - m_length);
+  return {CFootReport::OnCurve, p.y, p.x, 0.0};
+}
+
+CCurveFoot CPlaneCurve::footOnArc(const Point2D& p) const {
+  const double radius = std::abs(m_radius);
+  const double turning = m_length / radius;
+  // From the centre, in units of the radius; the start of the arc lies at (0, 1).
+  const double along = p.y / radius;
+  const double inward = p.x / m_radius;
+  const double distance = std::sqrt(along * along + (1.0 - inward) * (1.0 - inward));
+  double angle = std::atan2(along, 1.0 - inward);
+  // Counted about the middle of the arc, so that the gap between its ends is halved.
+  if (angle < turning / 2.0 - kPi) angle += kTwoPi;
+  if (angle < 0.0) return footBeforeStart(-angle * radius);
+  if (angle > turning) return footBeyondEnd(m_length, (angle - turning) * radius);
+  // radius - distance without cancellation, so also for radii of millions of metres.
+  const double lateral = (2.0 * p.x - (p.x * p.x + p.y * p.y) / m_radius) / (1.0 + distance);
+  return {CFootReport::OnCurve, std::min(angle * radius, m_length), lateral, 0.0};
+}
+
+CCurveFoot CPlaneCurve::footOnClothoid(const Point2D& p) const {
+  // The lateral of the place looked at last: after a root is found, that of the root.
+  double lateral = 0.0;
+  const auto forwardFrom = [&](const CCurvePoint& point) {
+    const Point2D ray = p - point.position;
+    lateral = rightComponent(ray, point.tangent);
+    return CForwardDistance{forwardComponent(ray, point.tangent), point.curvature * lateral - 1.0};
+  };
+  const auto forwardAt = [&](double l) { return forwardFrom(at(l)); };
+
+  CCurveFoot best;
+  const auto keepNearest = [&](double l) {
+    if (best.report == CFootReport::OnCurve && !(std::abs(lateral) < std::abs(best.lateral)))
+      return;
+    best = {CFootReport::OnCurve, l, lateral, 0.0};
+  };
+
+  const double inflection = -m_curvatureStart * m_length / m_curvatureChange;
+  const bool turnsBack = inflection > 0.0 && inflection < m_length;
+  CCurvePoint startPoint;
+  startPoint.curvature = m_curvatureStart;
+  const CSearchNode start{0.0, forwardFrom(startPoint)};
+  const CSearchNode end{m_length, forwardFrom(m_end)};
+  CSearchNode from = start;
+  const auto searchTo = [&](double to) {
+    const double sharpest = std::max(std::abs(curvatureAt(from.place)), std::abs(curvatureAt(to)));
+    const double begin = from.place;
+    const int pieces =
+        std::max(1, static_cast<int>(std::ceil(sharpest * (to - begin) / kLargestSearchedTurning)));
+    for (int piece = 1; piece <= pieces; ++piece) {
+      const double place = piece == pieces ? to : begin + (to - begin) * piece / pieces;
+      const CSearchNode next = place == m_length ? end : CSearchNode{place, forwardAt(place)};
+      findFeet(forwardAt, from, next, keepNearest);
+      from = next;
+    }
+  };
+  if (turnsBack) searchTo(inflection);
+  searchTo(m_length);
+  if (best.report == CFootReport::OnCurve) return best;
+
+  const bool isBefore = start.forward.value < 0.0;
+  const bool isBeyond = end.forward.value > 0.0;
+  const bool isNearerStart = p.length() <= (p - m_end.position).length();
+  if (isBefore && (!isBeyond || isNearerStart)) return footBeforeStart(lengthToFoot(start.forward));
+  if (isBeyond) return footBeyondEnd(m_length, lengthToFoot(end.forward));
+  return best;
+}
+
+}  // namespace Ruv

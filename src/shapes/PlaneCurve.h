@@ -1,0 +1,108 @@
+/// @file
+/// Straights, circular arcs and clothoids in their own frame.
+
+#ifndef CALCULATIONS_SHAPES_PLANE_CURVE_H
+#define CALCULATIONS_SHAPES_PLANE_CURVE_H
+
+#include "shapes/PlaneGeometry.h"
+
+namespace Ruv {
+
+/// Where the foot of a point lies relative to a curve. The values are those of the projection of
+/// an alignment, which looks at sequences of them.
+enum class CFootReport { OnCurve = 0, BeforeStart = 1, BeyondEnd = 2, Unknown = 3 };
+
+/// Foot of a point on a curve.
+struct CCurveFoot {
+  CFootReport report = CFootReport::Unknown;
+  double length = 0.0;   ///< along the curve to the foot; the nearer end when there is none
+  double lateral = 0.0;  ///< of the point, to the right of the curve; set for OnCurve only
+  double outside = 0.0;  ///< how far along the continued curve a missing foot lies outside
+};
+
+/// Place, direction and curvature at one length of a curve.
+struct CCurvePoint {
+  Point2D position;
+  CDirection tangent;
+  double heading = 0.0;    ///< bearing of the tangent, counted on from the start without wrapping
+  double curvature = 0.0;  ///< positive to the right
+};
+
+/// No clothoid of an alignment turns more than some sixteen full circles (rad); the time of an
+/// evaluation grows with the turning.
+constexpr double kLargestTurning = 100.0;
+
+/// A curve that starts at the origin in direction +y and whose curvature changes linearly:
+/// curvature(l) = k0 + (k1 - k0) l / L, heading(l) = k0 l + (k1 - k0) l^2 / (2 L).
+///
+/// The linear law covers radii of opposite sign and nearly equal radii, for which no piece of one
+/// clothoid of a given parameter can be told. Positions are exact to 1e-11 m for elements of
+/// several kilometres, whatever the radius.
+/// Source: Bertolazzi and Frego, G1 fitting with clothoids (2015), for the three evaluations.
+class CPlaneCurve {
+ public:
+  /// Not defined.
+  CPlaneCurve() = default;
+
+  static CPlaneCurve straight(double length);
+  /// @param radius not zero
+  static CPlaneCurve arc(double radius, double length);
+  /// A radius up to kZeroLength stands for an infinite one. Equal radii give an arc or a straight.
+  static CPlaneCurve clothoid(double radiusStart, double radiusEnd, double length);
+
+  double length() const { return m_length; }
+
+  /// False for a curve that cannot be evaluated: an arc of radius 0 or of more than a full circle,
+  /// a clothoid that would turn more than kLargestTurning at its sharper curvature, or data that
+  /// are not finite. A negative length is defined and runs backwards.
+  bool isDefined() const { return m_isDefined; }
+
+  CCurvePoint at(double l) const;
+  /// at(length()), computed once.
+  const CCurvePoint& end() const { return m_end; }
+
+  /// Nearest foot of p, the first of equally near ones. An arc or clothoid has a foot only on the
+  /// near side of its centre of curvature. Constant time but for clothoids of several turns.
+  CCurveFoot footOf(const Point2D& p) const;
+
+ private:
+  enum class Kind {
+    Straight,
+    Arc,
+    Spiral,  // a clothoid near enough to its origin for the series
+    Clothoid
+  };
+
+  /// The curve as a piece of the unit-free spiral: the frame in which the series is evaluated.
+  struct SpiralFrame {
+    double side = 1.0;               // +1 when the curvature grows to the right
+    double halfInverseSquare = 0.0;  // 1 / (2 A^2)
+    double startLength = 0.0;        // from the spiral's origin, negative before it
+    Point2D startPoint;
+    CDirection toCurve;  // turns the spiral's frame into the curve's
+  };
+
+  void prepare();
+  bool placeOnSpiral();
+  double curvatureAt(double l) const;
+  double headingAt(double l) const;
+  Point2D spiralPoint(double lengthFromOrigin) const;
+  Point2D positionByQuadrature(double l) const;
+
+  CCurveFoot footOnStraight(const Point2D& p) const;
+  CCurveFoot footOnArc(const Point2D& p) const;
+  CCurveFoot footOnClothoid(const Point2D& p) const;
+
+  Kind m_kind = Kind::Straight;
+  bool m_isDefined = false;
+  double m_length = 0.0;
+  double m_curvatureStart = 0.0;
+  double m_curvatureChange = 0.0;  // over the whole length
+  double m_radius = 0.0;           // of an arc
+  SpiralFrame m_spiral;
+  CCurvePoint m_end;
+};
+
+}  // namespace Ruv
+
+#endif

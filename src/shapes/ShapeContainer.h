@@ -1,0 +1,120 @@
+/// @file
+/// The elements of one axis: three lists by stationing, and the geometry prepared from them.
+
+#ifndef CALCULATIONS_SHAPES_SHAPE_CONTAINER_H
+#define CALCULATIONS_SHAPES_SHAPE_CONTAINER_H
+
+#include "foundation/DerivedOnDemand.h"
+#include "shapes/HoralAlignment.h"
+#include "shapes/TransSlopes.h"
+#include "shapes/VeralAlignment.h"
+
+#include <Calculations/ShapeElements.h>
+
+#include <cstddef>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace Ruv {
+
+/// A list of owned elements in order of stationing.
+template <class Element>
+class CShapeList {
+ public:
+  std::size_t size() const { return m_elements.size(); }
+  /// Null when the index is out of range.
+  Element* at(std::size_t index) const {
+    return index < m_elements.size() ? m_elements[index].get() : nullptr;
+  }
+  void append(std::unique_ptr<Element> element) { m_elements.push_back(std::move(element)); }
+  void reset();
+  /// Sorts by stationing, elements of equal stationing in the order of adding, and links each
+  /// element with its neighbours. Takes O(log n) steps for elements appended since the last call
+  /// (and moves the pointers behind an element that belongs before the end).
+  void sortAndLink();
+  /// Stationings or links may have changed behind the list's back.
+  void distrust() { m_numLinked = 0; }
+
+ private:
+  void insertLinked(std::size_t index);
+  void link(std::size_t index);
+
+  std::vector<std::unique_ptr<Element>> m_elements;
+  std::size_t m_numLinked = 0;  // elements at the front that are sorted and linked
+};
+
+/// The prepared geometry of an axis.
+struct CAxisGeometry {
+  CHoralAlignment horal;
+  CVeralAlignment veral;
+  CTransSlopes transSlopes;
+  double minimumStationing = 0.0;  ///< common range of horizontal and vertical alignment
+  double maximumStationing = 0.0;
+  bool isComplete = false;  ///< at least two horizontal elements and two vertical points
+};
+
+/// Owns the shape elements of an axis.
+class CShapeContainer {
+ public:
+  CShapeContainer() = default;
+  CShapeContainer(const CShapeContainer&) = delete;
+  CShapeContainer& operator=(const CShapeContainer&) = delete;
+
+  std::size_t numHoral() const { return m_horal.size(); }
+  std::size_t numVeral() const { return m_veral.size(); }
+  std::size_t numTransSlope() const { return m_transSlopes.size(); }
+
+  /// Null when the index is out of range.
+  CHoralElement* horalAt(std::size_t index) const { return m_horal.at(index); }
+  CVeralElement* veralAt(std::size_t index) const { return m_veral.at(index); }
+  CTransSlopeElement* transSlopeAt(std::size_t index) const { return m_transSlopes.at(index); }
+
+  void appendHoral(std::unique_ptr<CHoralElement> element);
+  /// @param definedAzimuth with which the segment that ends at the element was defined
+  void appendHoral(std::unique_ptr<CHoralElement> element, double definedAzimuth);
+  void appendVeral(std::unique_ptr<CVeralElement> element);
+  void appendTransSlope(std::unique_ptr<CTransSlopeElement> element);
+
+  void resetHoral();
+  void resetVeral();
+  void resetTransSlope();
+
+  /// Sorts and relinks the lists; to be called after every change.
+  void update();
+
+  /// The common stationing range of the horizontal and vertical lists. (0, 0) without vertical
+  /// points; minimum > maximum when the two do not overlap.
+  void stationingRange(double& minimum, double& maximum) const;
+
+  /// Evaluates the horizontal alignment; false outside it or on an element without geometry.
+  bool positionAt(double stationing, CAlignmentPosition& result) const;
+
+  std::vector<CVeralPoint> veralPoints() const;
+
+  /// The geometry of the elements as they are now, prepared at the first call after a change.
+  /// Threads that only read may call it at the same time.
+  const CAxisGeometry& geometry() const;
+
+  /// Called by elements whose setters were used.
+  void elementChanged();
+
+ private:
+  template <class Element>
+  friend class CShapeList;
+
+  static void join(CShapeBase* before, CShapeBase* after);
+  template <class Element>
+  void take(CShapeList<Element>& list, std::unique_ptr<Element> element);
+  std::vector<CHoralSegmentData> horalSegments() const;
+  CAxisGeometry derivedGeometry() const;
+
+  CShapeList<CHoralElement> m_horal;
+  CShapeList<CVeralElement> m_veral;
+  CShapeList<CTransSlopeElement> m_transSlopes;
+  DerivedOnDemand<CAxisGeometry> m_geometry;
+};
+
+}  // namespace Ruv
+
+#endif

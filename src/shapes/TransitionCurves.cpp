@@ -1,0 +1,127 @@
+#include <Calculations/TransitionCurves.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+
+namespace Ruv {
+
+namespace {
+
+/// Products R L up to this count as zero.
+constexpr double kSmallestProduct = std::numeric_limits<double>::min();
+
+/// Terms whose factorials a double can hold: (2 * 85)! is the last.
+constexpr std::size_t kMostTerms = 86;
+
+using Coefficients = std::array<double, kMostTerms>;
+
+/// (-1)^n / (2n + odd)!
+Coefficients alternatingInverseFactorials(std::int64_t odd) {
+  Coefficients coefficients{};
+  double factorial = 1.0;
+  std::int64_t factor = 0;
+  double sign = 1.0;
+  for (std::size_t n = 0; n < kMostTerms; ++n) {
+    const std::int64_t last = 2 * static_cast<std::int64_t>(n) + odd;
+    while (factor < last) {
+      factorial *= static_cast<double>(++factor);
+    }
+    coefficients[n] = sign / factorial;
+    sign = -sign;
+  }
+  return coefficients;
+}
+
+// One table each for every number of terms: a curve with more terms than another must not meet
+// a shorter table.
+const Coefficients& evenCoefficients() {
+  static const Coefficients kCoefficients = alternatingInverseFactorials(0);
+  return kCoefficients;
+}
+
+const Coefficients& oddCoefficients() {
+  static const Coefficients kCoefficients = alternatingInverseFactorials(1);
+  return kCoefficients;
+}
+
+/// Sums coefficient[n] * power[n] / exponent[n], where the powers grow by a factor and the
+/// exponents by 4. True when the terms that do not exceed their predecessor outnumber the others.
+bool sumSeries(const Coefficients& coefficients, int lastTerm, double power, double factor,
+               double exponent, double& sum) {
+  sum = 0.0;
+  if (lastTerm < 0) return false;
+  const std::size_t terms = std::min(static_cast<std::size_t>(lastTerm) + 1, kMostTerms);
+  int growing = 0;
+  int shrinking = 0;
+  double previous = 0.0;
+  for (std::size_t n = 0; n < terms; ++n) {
+    const double term = coefficients[n] * power / exponent;
+    sum += term;
+    if (n > 0) ++(std::abs(term) > std::abs(previous) ? growing : shrinking);
+    previous = term;
+    power *= factor;
+    exponent += 4.0;
+  }
+  return shrinking > growing;
+}
+
+bool isZeroProduct(double R, double L) {
+  return std::abs(R * L) <= kSmallestProduct;
+}
+
+}  // namespace
+
+CTransitionCurve::CTransitionCurve() = default;
+CTransitionCurve::CTransitionCurve(const CTransitionCurve&) = default;
+CTransitionCurve& CTransitionCurve::operator=(const CTransitionCurve&) = default;
+CTransitionCurve::~CTransitionCurve() = default;
+
+int CTransitionCurve::numberOfTerms() const {
+  return 12;
+}
+
+CClothoidCurve::CClothoidCurve() = default;
+CClothoidCurve::CClothoidCurve(const CClothoidCurve&) = default;
+CClothoidCurve& CClothoidCurve::operator=(const CClothoidCurve&) = default;
+CClothoidCurve::~CClothoidCurve() = default;
+
+bool CClothoidCurve::curvature(double l, double R, double L, double& out) const {
+  out = 0.0;
+  if (isZeroProduct(R, L)) return false;
+  out = std::abs(l / (R * L));
+  return true;
+}
+
+bool CClothoidCurve::tangentAngle(double l, double R, double L, double& out) const {
+  out = 0.0;
+  if (!isZeroProduct(R, L)) out = l * l / std::abs(2.0 * (R * L));
+  return true;
+}
+
+bool CClothoidCurve::localY(double l, double R, double L, double& out) const {
+  out = 0.0;
+  if (isZeroProduct(R, L)) return true;
+  const double a = std::abs(l);
+  const double b = 1.0 / (2.0 * std::abs(R) * std::abs(L));
+  const double a3 = a * a * a;
+  return sumSeries(oddCoefficients(), numberOfTerms(), b * a3, b * b * a3 * a, 3.0, out);
+}
+
+bool CClothoidCurve::localX(double l, double R, double L, double& out) const {
+  out = 0.0;
+  if (isZeroProduct(R, L)) return true;
+  const double a = std::abs(l);
+  const double b = 1.0 / (2.0 * std::abs(R) * std::abs(L));
+  return sumSeries(evenCoefficients(), numberOfTerms(), a, b * b * a * a * a * a, 1.0, out);
+}
+
+const std::string& CClothoidCurve::name() const {
+  static const std::string kName = "clothoid";
+  return kName;
+}
+
+}  // namespace Ruv

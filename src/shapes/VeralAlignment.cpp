@@ -1,0 +1,109 @@
+#include "shapes/VeralAlignment.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace Ruv {
+
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+double justBelow(double value) {
+  return std::nextafter(value, -kInfinity);
+}
+
+}  // namespace
+
+CVeralAlignment::CVeralAlignment(const std::vector<CVeralPoint>& points) {
+  if (points.size() < 2) return;
+  m_first = points.front().stationing;
+  m_last = points.back().stationing;
+  m_claimedTo = justBelow(m_first);
+  m_pieces.reserve(2 * points.size());
+  m_lastStationings.reserve(2 * points.size());
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    if (hasRoundingType(points[i]) && i + 1 < points.size()) {
+      const CRoundingResult result = roundingOf(points[i - 1], points[i], points[i + 1]);
+      if (!result.isComputable) return;
+      if (result.rounding) claimAround(points, i, *result.rounding);
+    }
+    claimLineTo(points, i, points[i].stationing, points[i].stationing);
+  }
+}
+
+/// Gives the stationings from the last claimed one to lastStationing to a curve.
+void CVeralAlignment::claim(double from, double to, double lastStationing,
+                            const CVerticalCurve& curve) {
+  if (!(lastStationing > m_claimedTo)) return;
+  CVeralPiece piece;
+  piece.from = std::max(std::max(from, m_claimedTo), m_first);
+  piece.to = std::min(to, m_last);
+  piece.curve = curve;
+  if (!m_pieces.empty()) {
+    const CVeralPiece& before = m_pieces.back();
+    piece.lengthBefore = before.lengthBefore + before.curve.lengthBetween(before.from, before.to);
+  }
+  m_pieces.push_back(piece);
+  m_lastStationings.push_back(lastStationing);
+  m_claimedTo = lastStationing;
+}
+
+void CVeralAlignment::claimAround(const std::vector<CVeralPoint>& points, std::size_t index,
+                                  const CRounding& rounding) {
+  // What the line into the point still holds before the rounding begins; the rounding has both of
+  // its tangent points.
+  claimLineTo(points, index, rounding.from, justBelow(rounding.from));
+  claim(rounding.from, rounding.to, rounding.to, rounding.curve);
+}
+
+void CVeralAlignment::claimLineTo(const std::vector<CVeralPoint>& points, std::size_t index,
+                                  double to, double lastStationing) {
+  const CVeralPoint& before = points[index - 1];
+  claim(before.stationing, to, lastStationing, lineBetween(before, points[index]));
+}
+
+std::size_t CVeralAlignment::pieceAt(double stationing) const {
+  if (!(stationing >= m_first && stationing <= m_last)) return m_pieces.size();
+  const auto found =
+      std::lower_bound(m_lastStationings.begin(), m_lastStationings.end(), stationing);
+  return static_cast<std::size_t>(found - m_lastStationings.begin());
+}
+
+std::optional<CHeightAndGrade> CVeralAlignment::at(double stationing) const {
+  const std::size_t index = pieceAt(stationing);
+  if (index == m_pieces.size()) return std::nullopt;
+  return m_pieces[index].curve.at(stationing);
+}
+
+double CVeralAlignment::lengthAt(double stationing) const {
+  if (m_pieces.empty()) return std::numeric_limits<double>::quiet_NaN();
+  if (stationing < m_first) return stationing - m_first;
+  const double inside = std::min(stationing, m_last);
+  const std::size_t index = pieceAt(inside);
+  if (index == m_pieces.size()) return std::numeric_limits<double>::quiet_NaN();
+  const CVeralPiece& piece = m_pieces[index];
+  return piece.lengthBefore + piece.curve.lengthBetween(piece.from, inside) + (stationing - inside);
+}
+
+double CVeralAlignment::stationingAtLength(double length) const {
+  if (m_pieces.empty()) return std::numeric_limits<double>::quiet_NaN();
+  if (length < 0.0) return m_first + length;
+  const double whole = lengthAt(m_last);
+  if (length > whole) return m_last + (length - whole);
+  const auto beyond = std::upper_bound(
+      m_pieces.begin(), m_pieces.end(), length,
+      [](double value, const CVeralPiece& piece) { return value < piece.lengthBefore; });
+  const CVeralPiece& piece = beyond == m_pieces.begin() ? m_pieces.front() : *(beyond - 1);
+  return piece.curve.stationingBeyond(piece.from, piece.to, length - piece.lengthBefore);
+}
+
+std::optional<CRounding> CVeralAlignment::roundingAt(const std::vector<CVeralPoint>& points,
+                                                     std::size_t index) {
+  const bool isInner = index > 0 && index + 1 < points.size();
+  if (!isInner || !hasRoundingType(points[index])) return std::nullopt;
+  return roundingOf(points[index - 1], points[index], points[index + 1]).rounding;
+}
+
+}  // namespace Ruv

@@ -1,0 +1,69 @@
+/// @file
+/// The vertical alignment, prepared for evaluation and for lengths in space.
+
+#ifndef CALCULATIONS_SHAPES_VERAL_ALIGNMENT_H
+#define CALCULATIONS_SHAPES_VERAL_ALIGNMENT_H
+
+#include "shapes/VerticalCurve.h"
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace Ruv {
+
+/// A stretch of stationings on which one curve gives the height.
+struct CVeralPiece {
+  double from = 0.0;
+  double to = 0.0;
+  CVerticalCurve curve;
+  double lengthBefore = 0.0;  ///< in space, from the start of the alignment to from
+};
+
+/// An immutable vertical alignment.
+///
+/// The order of the points decides which curve holds where several could: for each point in turn
+/// its rounding comes first, then the line that leads to it. So a kink takes the grade of the line
+/// into it, the earlier of two overlapping roundings wins, and a rounding that cannot be computed
+/// fails every stationing that no earlier curve holds. The pieces are the outcome of this rule for
+/// all stationings at once.
+class CVeralAlignment {
+ public:
+  CVeralAlignment() = default;
+  explicit CVeralAlignment(const std::vector<CVeralPoint>& points);
+
+  /// Nothing outside the points, with fewer than two of them, or where the evaluation fails.
+  /// O(log n).
+  std::optional<CHeightAndGrade> at(double stationing) const;
+
+  /// Length in space from the first point to a stationing. Outside the points it grows by 1 per
+  /// metre of stationing. Not-a-number beyond a place where the height is undefined. O(log n).
+  double lengthAt(double stationing) const;
+  /// The inverse of lengthAt.
+  double stationingAtLength(double length) const;
+
+  const std::vector<CVeralPiece>& pieces() const { return m_pieces; }
+  /// Index of the piece that gives the height at a stationing; pieces().size() if none does.
+  std::size_t pieceAt(double stationing) const;
+
+  /// The rounded or unrounded curve around one point as drawn: the rounding, if there is one.
+  static std::optional<CRounding> roundingAt(const std::vector<CVeralPoint>& points,
+                                             std::size_t index);
+
+ private:
+  void claim(double from, double to, double lastStationing, const CVerticalCurve& curve);
+  void claimAround(const std::vector<CVeralPoint>& points, std::size_t index,
+                   const CRounding& rounding);
+  void claimLineTo(const std::vector<CVeralPoint>& points, std::size_t index, double to,
+                   double lastStationing);
+
+  double m_first = 0.0;
+  double m_last = 0.0;
+  double m_claimedTo = 0.0;  // every stationing up to here has its piece
+  std::vector<CVeralPiece> m_pieces;
+  std::vector<double> m_lastStationings;  // the greatest stationing that each piece holds
+};
+
+}  // namespace Ruv
+
+#endif

@@ -1,0 +1,192 @@
+#include "shapes/VerticalCurve.h"
+
+#include "shapes/ShapeTolerances.h"
+
+#include <Calculations/ShapeElements.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace Ruv {
+
+namespace {
+
+constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
+
+double cosineOfGrade(double grade) {
+  return 1.0 / std::sqrt(1.0 + grade * grade);
+}
+
+double cosineOfSine(double sine) {
+  return std::sqrt((1.0 - sine) * (1.0 + sine));
+}
+
+/// Length in space of a parabola of radius 1 from its vertex to a grade.
+double unitParabolaLength(double grade) {
+  return (std::asinh(grade) + grade * std::sqrt(1.0 + grade * grade)) / 2.0;
+}
+
+/// Grade at which unitParabolaLength reaches a value. The function grows at least as fast as the
+/// grade, so Newton's method cannot leave its convex side.
+double gradeAtUnitParabolaLength(double length) {
+  constexpr int kMostSteps = 50;
+  constexpr double kAccuracy = 1e-16;
+  double grade = length;
+  for (int step = 0; step < kMostSteps; ++step) {
+    const double correction = (unitParabolaLength(grade) - length) / std::sqrt(1.0 + grade * grade);
+    grade -= correction;
+    if (!(std::abs(correction) > kAccuracy * std::max(1.0, std::abs(grade)))) break;
+  }
+  return grade;
+}
+
+double gradeBetween(const CVeralPoint& from, const CVeralPoint& to) {
+  return (to.height - from.height) / std::abs(to.stationing - from.stationing);
+}
+
+bool areApart(const CVeralPoint& a, const CVeralPoint& b) {
+  return std::abs(b.stationing - a.stationing) >= kSmallestDivisor;
+}
+
+}  // namespace
+
+CVerticalCurve CVerticalCurve::line(double stationing, double height, double grade) {
+  CVerticalCurve curve;
+  if (!(std::isfinite(stationing) && std::isfinite(height) && std::isfinite(grade))) return curve;
+  curve.m_kind = Kind::Line;
+  curve.m_stationing = stationing;
+  curve.m_height = height;
+  curve.m_grade = grade;
+  return curve;
+}
+
+CVerticalCurve CVerticalCurve::circle(double stationing, double height, double grade,
+                                      double curvature) {
+  CVerticalCurve curve = line(stationing, height, grade);
+  if (curve.m_kind == Kind::Undefined) return curve;
+  curve.m_kind = Kind::Circle;
+  curve.m_cosine = cosineOfGrade(grade);
+  curve.m_sine = grade * curve.m_cosine;
+  curve.m_curvature = curvature;
+  return curve;
+}
+
+CVerticalCurve CVerticalCurve::parabola(double stationing, double height, double grade,
+                                        double curvature) {
+  CVerticalCurve curve = line(stationing, height, grade);
+  if (curve.m_kind == Kind::Undefined) return curve;
+  curve.m_kind = Kind::Parabola;
+  curve.m_curvature = curvature;
+  return curve;
+}
+
+double CVerticalCurve::sineAt(double stationing) const {
+  return m_sine + (stationing - m_stationing) * m_curvature;
+}
+
+double CVerticalCurve::gradeAt(double stationing) const {
+  return m_grade + (stationing - m_stationing) * m_curvature;
+}
+
+std::optional<CHeightAndGrade> CVerticalCurve::at(double stationing) const {
+  const double ahead = stationing - m_stationing;
+  switch (m_kind) {
+    case Kind::Line:
+      return CHeightAndGrade{m_height + ahead * m_grade, m_grade, 0.0};
+    case Kind::Parabola: {
+      const double grade = gradeAt(stationing);
+      return CHeightAndGrade{m_height + ahead * (m_grade + grade) / 2.0, grade, m_curvature};
+    }
+    case Kind::Circle: {
+      const double sine = sineAt(stationing);
+      const double cosine = cosineOfSine(sine);
+      if (!(cosine >= kSmallestDivisor)) return std::nullopt;
+      return CHeightAndGrade{m_height + ahead * (sine + m_sine) / (cosine + m_cosine),
+                             sine / cosine, m_curvature / (cosine * cosine * cosine)};
+    }
+    default:
+      return std::nullopt;
+  }
+}
+
+double CVerticalCurve::lengthBetween(double from, double to) const {
+  switch (m_kind) {
+    case Kind::Line:
+      return (to - from) * std::sqrt(1.0 + m_grade * m_grade);
+    case Kind::Circle:
+      return (std::asin(sineAt(to)) - std::asin(sineAt(from))) / m_curvature;
+    case Kind::Parabola:
+      return (unitParabolaLength(gradeAt(to)) - unitParabolaLength(gradeAt(from))) / m_curvature;
+    default:
+      return from == to ? 0.0 : kNotANumber;
+  }
+}
+
+double CVerticalCurve::stationingBeyond(double from, double to, double length) const {
+  double stationing = kNotANumber;
+  switch (m_kind) {
+    case Kind::Line:
+      stationing = from + length * cosineOfGrade(m_grade);
+      break;
+    case Kind::Circle: {
+      const double sine = std::sin(std::asin(sineAt(from)) + length * m_curvature);
+      stationing = from + (sine - sineAt(from)) / m_curvature;
+      break;
+    }
+    case Kind::Parabola: {
+      const double reached = unitParabolaLength(gradeAt(from)) + length * m_curvature;
+      stationing = from + (gradeAtUnitParabolaLength(reached) - gradeAt(from)) / m_curvature;
+      break;
+    }
+    default:
+      break;
+  }
+  return std::max(from, std::min(stationing, to));
+}
+
+bool hasRoundingType(const CVeralPoint& point) {
+  return point.typeId == CShapeType::VerticalArc || point.typeId == CShapeType::VerticalParabola ||
+         point.typeId == CShapeType::VerticalParabolaVariant;
+}
+
+CVerticalCurve lineBetween(const CVeralPoint& from, const CVeralPoint& to) {
+  if (!areApart(from, to)) return {};
+  return CVerticalCurve::line(from.stationing, from.height, gradeBetween(from, to));
+}
+
+CRoundingResult roundingOf(const CVeralPoint& before, const CVeralPoint& point,
+                           const CVeralPoint& after) {
+  CRoundingResult result;
+  if (!areApart(before, point) || !areApart(point, after)) return result;
+  const double gradeIn = gradeBetween(before, point);
+  const double gradeOut = gradeBetween(point, after);
+  const double radius = std::abs(point.roundingValue);
+  if (!std::isfinite(gradeIn) || !std::isfinite(gradeOut) || !std::isfinite(radius)) return result;
+  result.isComputable = true;
+  if (gradeIn == gradeOut || radius < kSmallestDivisor) return result;
+
+  const double curvature = (gradeOut > gradeIn ? 1.0 : -1.0) / radius;
+  CRounding rounding;
+  if (point.typeId == CShapeType::VerticalArc) {
+    // The tangents are equally long on the slope, not in plan.
+    const double cosineIn = cosineOfGrade(gradeIn);
+    const double cosineOut = cosineOfGrade(gradeOut);
+    const double tangent =
+        radius * std::abs(gradeOut * cosineOut - gradeIn * cosineIn) / (cosineIn + cosineOut);
+    rounding.from = point.stationing - tangent * cosineIn;
+    rounding.to = point.stationing + tangent * cosineOut;
+    rounding.curve = CVerticalCurve::circle(
+        rounding.from, point.height - tangent * cosineIn * gradeIn, gradeIn, curvature);
+  } else {
+    const double tangent = radius * std::abs(gradeOut - gradeIn) / 2.0;
+    rounding.from = point.stationing - tangent;
+    rounding.to = point.stationing + tangent;
+    rounding.curve = CVerticalCurve::parabola(rounding.from, point.height - tangent * gradeIn,
+                                              gradeIn, curvature);
+  }
+  result.rounding = rounding;
+  return result;
+}
+
+}  // namespace Ruv
