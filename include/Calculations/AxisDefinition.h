@@ -1,0 +1,161 @@
+/// @file
+/// The tunnel axis and the factory that creates it.
+
+#ifndef CALCULATIONS_AXIS_DEFINITION_H
+#define CALCULATIONS_AXIS_DEFINITION_H
+
+#include <Calculations/Export.h>
+#include <Calculations/PointLists.h>
+#include <Calculations/ShapeElements.h>
+
+#include <memory>
+
+namespace Ruv {
+namespace Calculations {
+
+class AxisDefinitionImpl;
+
+/// A tunnel axis: horizontal segments, vertical points and transverse slopes over one plan
+/// stationing, or a vertical shaft.
+///
+/// Units: metres; azimuths in radians, clockwise from north; transverse slopes in percent,
+///   positive when the right side is lower. A positive radius curves to the right, a radius of 0
+///   is infinite.
+/// Order: elements are kept by stationing and may be added in any order, except that the first
+///   horizontal segment added must be the first of the axis: only that one sets the start point.
+///   A segment leads from the end of the one before it to its own end, so its start coordinates
+///   and azimuth must continue the chain; deviations of a few millimetres, as printed coordinates
+///   have, are spread over the segment.
+/// Failure: an add operation is refused (false, nothing stored) only for the type of the axis,
+///   never for its geometry. A segment without geometry, as an arc of radius 0 or of more than a
+///   full circle, ends where it starts, and conversions fail on it.
+/// Cost: adding in order of stationing takes O(log n). The first calculation after a change
+///   prepares the whole geometry, O(n).
+/// Threads: may be shared by threads that only read.
+/// Create it with AxisDefinitionFactory. Not copyable.
+class CALCULATIONS_EXPORT AxisDefinition {
+ public:
+  AxisDefinition(const AxisDefinition&) = delete;
+  AxisDefinition& operator=(const AxisDefinition&) = delete;
+  virtual ~AxisDefinition();
+
+  /// @name Kind and range
+  /// @{
+  bool isTypeHoralVeral() const;
+  bool isShaftAxis() const;
+  /// True for a shaft whose stationing grows downwards.
+  bool isShaftAxisTopDown() const;
+  /// Range of stationings that the horizontal and the vertical alignment share; for a shaft that
+  /// of its two vertical points. Both limits are 0.0 while the axis lacks two horizontal entries
+  /// or two vertical points. The lower limit exceeds the upper one when the alignments do not
+  /// overlap.
+  double minimumStng2d() const;
+  double maximumStng2d() const;
+  /// @}
+
+  /// @name Emptying a list
+  /// The kind of the axis stays.
+  /// @{
+  void resetHoral();
+  void resetVeral();
+  void resetTransSlope();
+  /// @}
+
+  /// @name Horizontal segments
+  /// Each starts at a stationing and point in a direction and has a length. A shaft takes only
+  /// the start point of its first straight.
+  /// @return false on another kind of axis, and on a shaft that has its point
+  /// @{
+  bool addHoralSegmentStraight(double stationing, double east, double north, double azimuth,
+                               double length);
+  bool addHoralSegmentArc(double stationing, double east, double north, double azimuth,
+                          double radius, double length);
+  /// Curvature changes linearly from 1 / radiusStart to 1 / radiusEnd. Radii of different sign
+  /// give an S-curve; equal radii an arc.
+  bool addHoralSegmentClothoid(double stationing, double east, double north, double azimuth,
+                               double radiusStart, double radiusEnd, double length);
+  /// @}
+
+  /// @name Vertical points of intersection
+  /// The rounding lies on the concave side whatever the sign of its value.
+  /// @{
+
+  /// @return false on a shaft that has its two points, and on an untyped axis
+  bool addVeralPointKink(double stationing, double height);
+  /// Rounded by a circle. @return false unless the axis has horizontal and vertical alignment
+  bool addVeralPointArc(double stationing, double height, double radius);
+  /// Rounded by a parabola whose curvature over the stationing is 1 / value.
+  /// @return false unless the axis has horizontal and vertical alignment
+  bool addVeralPointParabola(double stationing, double height, double value);
+  /// @}
+
+  /// @name Transverse slopes
+  /// Outside all intervals the slope is 0, between two of them it changes linearly. Where two
+  /// meet, the earlier one's end value holds.
+  /// @return false unless the axis has horizontal and vertical alignment
+  /// @{
+  bool addTransSlopeSegmentConstant(double stationingFrom, double stationingTo, double slope);
+  bool addTransSlopeSegmentLinear(double stationingFrom, double stationingTo, double slopeFrom,
+                                  double slopeTo);
+  /// @}
+
+  /// @name Elements
+  /// 0 and null on a shaft.
+  /// @{
+  unsigned getNumHoralSegments() const;
+  unsigned getNumVeralPoints() const;
+  /// The element that ends the segment, a CHoralElement; null when the index is out of range.
+  CShapeBase* getHoralSegmentAt(unsigned index) const;
+  /// A CVeralElement; null when the index is out of range.
+  CShapeBase* getVeralPointAt(unsigned index) const;
+  /// @}
+
+  /// @name Sampled polylines
+  /// The step is forced into [0.1, 100] m. Curves longer than 1e7 steps give their ends only.
+  /// Empty on a shaft.
+  /// @{
+
+  /// East and north along one segment; places that cannot be evaluated are left out.
+  Polyline getHoralSegmentPolylineAt(unsigned index, double step) const;
+  /// Stationing and height of one vertical point: the point itself, or its rounding.
+  Polyline getVeralPointPolylineAt(unsigned index, double step) const;
+  /// Stationing and height of all vertical points in turn, without repeats.
+  Polyline getVeralPolyline(double step) const;
+  /// @}
+
+  /// @name Tunnel meter
+  /// The length in space along the axis, tied to the stationing: at stationing origin2d the
+  /// tunnel meter is value3dAtOrigin. Both are 0.0 at first.
+  /// @{
+  void setStationingMappingValues(double origin2d, double value3dAtOrigin);
+  double getStationingMappingOrigin2d() const;
+  double getStationingMappingValue3dAtOrigin() const;
+  /// @}
+
+  /// For the library's own calculators.
+  AxisDefinitionImpl* getImpl() const;
+
+ private:
+  friend class AxisDefinitionFactory;
+
+  AxisDefinition();
+
+  std::unique_ptr<AxisDefinitionImpl> m_impl;
+};
+
+/// Creates axes. The caller owns them.
+class CALCULATIONS_EXPORT AxisDefinitionFactory {
+ public:
+  /// An axis without elements, to be filled with horizontal segments and vertical points.
+  static AxisDefinition* createHoralVeralAxis();
+
+  /// A vertical shaft. Its stationing runs over the height difference, from stationingStart at
+  /// heightStart, whichever way the shaft runs.
+  static AxisDefinition* createShaftAxis(double east, double north, double heightStart,
+                                         double heightEnd, double stationingStart);
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

@@ -1,0 +1,54 @@
+/// @file
+/// Carries stationings from one axis to another.
+
+#ifndef CALCULATIONS_AXIS_MAPPER_H
+#define CALCULATIONS_AXIS_MAPPER_H
+
+#include <Calculations/AxisDefinition.h>
+#include <Calculations/BlockAxisDefinition.h>
+#include <Calculations/Export.h>
+
+#include <boost/shared_ptr.hpp>
+
+#include <memory>
+
+namespace Ruv {
+namespace Calculations {
+
+class AxisMapperImpl;
+
+/// Carries a stationing or tunnel meter from a source axis to a target axis: the axis point of
+/// the source is projected onto the target in its vertical plane. A block stands for its own axis.
+///
+/// Failure: canMap returns false; mapStationing returns 0.0, which may also be a result, so ask
+///   canMap first. Cost: as one conversion each way by AxisCalculator.
+/// Immutable after construction, shareable between threads, not copyable.
+class CALCULATIONS_EXPORT AxisMapper {
+ public:
+  AxisMapper(const boost::shared_ptr<const AxisDefinition>& from,
+             const boost::shared_ptr<const AxisDefinition>& to);
+  AxisMapper(const boost::shared_ptr<const AxisDefinition>& from,
+             const boost::shared_ptr<const BlockAxisDefinition>& to);
+  AxisMapper(const boost::shared_ptr<const BlockAxisDefinition>& from,
+             const boost::shared_ptr<const AxisDefinition>& to);
+  AxisMapper(const boost::shared_ptr<const BlockAxisDefinition>& from,
+             const boost::shared_ptr<const BlockAxisDefinition>& to);
+  AxisMapper(const AxisMapper&) = delete;
+  AxisMapper& operator=(const AxisMapper&) = delete;
+  virtual ~AxisMapper();
+
+  /// @param valueIsTunnelmeter the value is a tunnel meter of the source, not a stationing
+  bool canMap(double value, bool valueIsTunnelmeter) const;
+
+  /// @param resultAsTunnelmeter return the tunnel meter of the target, not the stationing
+  /// @return 0.0 when the value cannot be carried
+  double mapStationing(double value, bool valueIsTunnelmeter, bool resultAsTunnelmeter) const;
+
+ private:
+  std::unique_ptr<AxisMapperImpl> m_impl;
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

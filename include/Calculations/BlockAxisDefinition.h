@@ -1,0 +1,61 @@
+/// @file
+/// A block of an axis, straightened to its chord.
+
+#ifndef CALCULATIONS_BLOCK_AXIS_DEFINITION_H
+#define CALCULATIONS_BLOCK_AXIS_DEFINITION_H
+
+#include <Calculations/AxisDefinition.h>
+#include <Calculations/Export.h>
+
+#include <boost/shared_ptr.hpp>
+
+#include <memory>
+
+namespace Ruv {
+namespace Calculations {
+
+class BlockAxisDefinitionImpl;
+
+/// One block of a reference axis, between two of its stationings, with an axis of its own: the
+/// straight chord in space between the block's end points.
+///
+/// The block axis keeps the stationing of its start and reaches 2 m beyond each end. Its
+/// transverse slope changes linearly between the values of the reference axis at both ends, and
+/// its tunnel meter continues that of the reference axis. A block of a shaft is a shaft.
+///
+/// Failure: never throws. Where the reference axis cannot be evaluated the values concerned are 0.
+///   An untyped or null reference axis leaves the block without axis (a null pointer).
+/// Immutable after construction, shareable between threads, not copyable.
+class CALCULATIONS_EXPORT BlockAxisDefinition {
+ public:
+  /// @param blockStartStng2d, blockEndStng2dOnRefAxis stationings on the reference axis (m)
+  BlockAxisDefinition(const boost::shared_ptr<const AxisDefinition>& referenceAxis,
+                      double blockStartStng2d, double blockEndStng2dOnRefAxis);
+  BlockAxisDefinition(const BlockAxisDefinition&) = delete;
+  BlockAxisDefinition& operator=(const BlockAxisDefinition&) = delete;
+  virtual ~BlockAxisDefinition();
+
+  double blockStartStng2d() const;
+  double blockEndStng2dOnRefAxis() const;
+  /// Plan length of the chord; on a shaft the height difference.
+  double blockLength2d() const;
+  /// End stationing on the block axis: start + plan length of the chord.
+  double blockEndStng2d() const;
+
+  /// Tunnel meter of the reference axis at the start.
+  double blockStartStng3d() const;
+  /// Length of the chord in space.
+  double blockLength3d() const;
+  double blockEndStng3d() const;
+
+  /// The block's own axis.
+  boost::shared_ptr<const AxisDefinition> asAxisDefinition() const;
+
+ private:
+  std::unique_ptr<BlockAxisDefinitionImpl> m_impl;
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

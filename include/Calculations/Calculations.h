@@ -1,0 +1,23 @@
+/// @file
+/// Includes every public header.
+
+#ifndef CALCULATIONS_CALCULATIONS_H
+#define CALCULATIONS_CALCULATIONS_H
+
+#include <Calculations/AxisCalculator.h>
+#include <Calculations/AxisDefinition.h>
+#include <Calculations/AxisMapper.h>
+#include <Calculations/BlockAxisDefinition.h>
+#include <Calculations/Export.h>
+#include <Calculations/FittingResult.h>
+#include <Calculations/GeologicalOverProfileMethod.h>
+#include <Calculations/PointLists.h>
+#include <Calculations/Points.h>
+#include <Calculations/ProfilePointResult.h>
+#include <Calculations/ShapeElements.h>
+#include <Calculations/TransitionCurves.h>
+#include <Calculations/Utilities.h>
+
+#include <boost/shared_ptr.hpp>
+
+#endif

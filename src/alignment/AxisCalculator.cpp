@@ -1,0 +1,199 @@
+#include <Calculations/AxisCalculator.h>
+#include <Calculations/Utilities.h>
+
+#include "alignment/AxisDefinitionImpl.h"
+#include "alignment/ShaftConversion.h"
+#include "foundation/MathConstants.h"
+#include "shapes/AxisConversion.h"
+
+#include <utility>
+
+namespace Ruv {
+namespace Calculations {
+
+class AxisCalculatorImpl {
+ public:
+  explicit AxisCalculatorImpl(boost::shared_ptr<const AxisDefinition> definition)
+      : axis(std::move(definition)) {}
+
+  boost::shared_ptr<const AxisDefinition> axis;
+
+  /// The axis to calculate on; null stands for an axis on which everything fails.
+  const AxisDefinitionImpl* usable() const {
+    if (!axis) return nullptr;
+    const AxisDefinitionImpl* impl = axis->getImpl();
+    if (impl->axisType == AxisType::Shaft && !impl->isCompleteShaft()) return nullptr;
+    return impl;
+  }
+
+  bool tangentAt(double stationing, bool inSpace, ENHPoint& tangent) const;
+};
+
+namespace {
+
+boost::shared_ptr<const AxisDefinition> axisOf(
+    const boost::shared_ptr<const BlockAxisDefinition>& block) {
+  return block ? block->asAxisDefinition() : boost::shared_ptr<const AxisDefinition>();
+}
+
+CConversionOptions conversionOptions(bool perpendicular, bool withTransSlope) {
+  CConversionOptions options;
+  options.plane = perpendicular ? CProfilePlane::Perpendicular : CProfilePlane::Vertical;
+  options.transSlopeMode = withTransSlope ? CTransSlopeMode::OfAxis : CTransSlopeMode::Ignored;
+  return options;
+}
+
+bool isShaft(const AxisDefinitionImpl& axis) {
+  return axis.axisType == AxisType::Shaft;
+}
+
+bool isInRange(const AxisDefinitionImpl& axis, double stationing) {
+  double minimum = 0.0;
+  double maximum = 0.0;
+  axis.stationingRange(minimum, maximum);
+  return stationing >= minimum && stationing <= maximum;
+}
+
+CStationingMapping mappingOf(const AxisDefinitionImpl& axis) {
+  return {axis.stationingMappingOrigin2d, axis.stationingMappingValue3dAtOrigin};
+}
+
+}  // namespace
+
+bool AxisCalculatorImpl::tangentAt(double stationing, bool inSpace, ENHPoint& tangent) const {
+  const AxisDefinitionImpl* impl = usable();
+  if (impl == nullptr) return false;
+  if (isShaft(*impl)) {
+    // Not by way of the cosine of pi/2, which is not 0.
+    if (!isInRange(*impl, stationing)) return false;
+    tangent = Shaft(*impl).direction();
+    return true;
+  }
+  const auto place =
+      axisToGrid(impl->container.geometry(), AxisPoint(stationing, 0.0, 0.0), CConversionOptions());
+  if (!place) return false;
+  const double slope = inSpace ? Utilities::anglePercentToRad(place->gradePercent) : 0.0;
+  tangent = Utilities::rotateAxisDirectionComponentsToENHdiffWithoutTransSlope(
+      AxisPoint(1.0, 0.0, 0.0), place->azimuth, slope);
+  return true;
+}
+
+AxisCalculator::AxisCalculator(const boost::shared_ptr<const AxisDefinition>& axis)
+    : m_impl(new AxisCalculatorImpl(axis)) {
+}
+
+AxisCalculator::AxisCalculator(const boost::shared_ptr<const BlockAxisDefinition>& block)
+    : m_impl(new AxisCalculatorImpl(axisOf(block))) {
+}
+
+AxisCalculator::~AxisCalculator() = default;
+
+bool AxisCalculator::axisPointToEnhPoint(const AxisPoint& in, ENHPoint& out, bool perpendicular,
+                                         bool withTransSlope) const {
+  const AxisDefinitionImpl* axis = m_impl->usable();
+  if (axis == nullptr) return false;
+  if (isShaft(*axis)) {
+    out = Shaft(*axis).gridPointOf(in);
+    return isInRange(*axis, in.stationing);
+  }
+  const auto result =
+      axisToGrid(axis->container.geometry(), in, conversionOptions(perpendicular, withTransSlope));
+  if (!result) return false;
+  out = result->point;
+  return true;
+}
+
+bool AxisCalculator::axisPointToEnhPointVertical(const AxisPoint& in, ENHPoint& out) const {
+  return axisPointToEnhPoint(in, out, false, true);
+}
+
+bool AxisCalculator::axisPointToEnhPointPerpendicular(const AxisPoint& in, ENHPoint& out) const {
+  return axisPointToEnhPoint(in, out, true, true);
+}
+
+bool AxisCalculator::enhPointToAxisPoint(const ENHPoint& in, AxisPoint& out, bool perpendicular,
+                                         bool withTransSlope) const {
+  const AxisDefinitionImpl* axis = m_impl->usable();
+  if (axis == nullptr) return false;
+  if (isShaft(*axis)) {
+    out = Shaft(*axis).axisPointOf(in);
+    return isInRange(*axis, out.stationing);
+  }
+  const auto result =
+      gridToAxis(axis->container.geometry(), in, conversionOptions(perpendicular, withTransSlope));
+  if (!result) return false;
+  out = *result;
+  return true;
+}
+
+bool AxisCalculator::enhPointToAxisPointVertical(const ENHPoint& in, AxisPoint& out) const {
+  return enhPointToAxisPoint(in, out, false, true);
+}
+
+bool AxisCalculator::enhPointToAxisPointPerpendicular(const ENHPoint& in, AxisPoint& out) const {
+  return enhPointToAxisPoint(in, out, true, true);
+}
+
+bool AxisCalculator::stationingToTunnelmeter(double stationing, double& result) const {
+  result = stationing;
+  const AxisDefinitionImpl* axis = m_impl->usable();
+  if (axis == nullptr || !isInRange(*axis, stationing)) return false;
+  if (isShaft(*axis)) return true;
+  const auto tunnelmeter = tunnelMeterAt(axis->container.geometry(), mappingOf(*axis), stationing);
+  if (!tunnelmeter) return false;
+  result = *tunnelmeter;
+  return true;
+}
+
+bool AxisCalculator::tunnelmeterToStationing(double tunnelmeter, double& result) const {
+  result = tunnelmeter;
+  const AxisDefinitionImpl* axis = m_impl->usable();
+  if (axis == nullptr) return false;
+  if (isShaft(*axis)) return isInRange(*axis, tunnelmeter);
+  const auto stationing = stationingAt(axis->container.geometry(), mappingOf(*axis), tunnelmeter);
+  if (!stationing) return false;
+  result = *stationing;
+  return true;
+}
+
+bool AxisCalculator::axisPropertiesAtStationing(double stationing, double& azimuth, double& radius,
+                                                double& longSlopeRad, double& longSlopePercent,
+                                                double& transSlopeRad,
+                                                double& transSlopePercent) const {
+  azimuth = 0.0;
+  radius = 0.0;
+  longSlopeRad = 0.0;
+  longSlopePercent = 0.0;
+  transSlopeRad = 0.0;
+  transSlopePercent = 0.0;
+  const AxisDefinitionImpl* axis = m_impl->usable();
+  if (axis == nullptr) return false;
+  if (isShaft(*axis)) {
+    const bool isTopDown = Shaft(*axis).isTopDown();
+    azimuth = isTopDown ? 0.0 : kPi;
+    longSlopeRad = isTopDown ? -kHalfPi : kHalfPi;
+    longSlopePercent = Utilities::angleRadToPercent(longSlopeRad);
+    return isInRange(*axis, stationing);
+  }
+  const auto place =
+      axisToGrid(axis->container.geometry(), AxisPoint(stationing, 0.0, 0.0), CConversionOptions());
+  if (!place) return false;
+  azimuth = place->azimuth;
+  radius = place->radius;
+  longSlopePercent = place->gradePercent;
+  longSlopeRad = Utilities::anglePercentToRad(longSlopePercent);
+  transSlopePercent = place->transSlopePercent;
+  transSlopeRad = Utilities::transSlopePercentClockwiseToRadAntiClockwise(transSlopePercent);
+  return true;
+}
+
+bool AxisCalculator::tangentAtStationingVertical(double stationing, ENHPoint& tangent) const {
+  return m_impl->tangentAt(stationing, false, tangent);
+}
+
+bool AxisCalculator::tangentAtStationingPerpendicular(double stationing, ENHPoint& tangent) const {
+  return m_impl->tangentAt(stationing, true, tangent);
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

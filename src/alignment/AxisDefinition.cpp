@@ -1,0 +1,294 @@
+#include <Calculations/AxisDefinition.h>
+
+#include "alignment/AxisDefinitionImpl.h"
+#include "alignment/AxisPolylines.h"
+#include "shapes/PlacedCurve.h"
+#include "shapes/ShapeTolerances.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <memory>
+#include <utility>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+/// A horizontal segment as the add operations receive it.
+struct SegmentInput {
+  CShapeType::Id typeId = CShapeType::Straight;
+  double stationing = 0.0;
+  Point2D start;
+  double azimuth = 0.0;
+  double radiusStart = 0.0;
+  double radiusEnd = 0.0;
+  double length = 0.0;
+};
+
+std::unique_ptr<CHoralElement> startPointAt(double stationing, const Point2D& point) {
+  auto element = std::make_unique<CHoralElement>();
+  element->setTypeId(CShapeType::StartPoint);
+  element->setStationing(stationing);
+  element->setEast(point.x);
+  element->setNorth(point.y);
+  return element;
+}
+
+/// A curve that is not defined ends where it starts.
+Point2D endPointOf(const SegmentInput& input) {
+  CPlacedCurve path;
+  path.curve = curveOfType(input.typeId, input.radiusStart, input.radiusEnd, input.length);
+  path.start = input.start;
+  path.startDirection = directionOfBearing(input.azimuth);
+  return path.curve.isDefined() ? path.end().position : input.start;
+}
+
+/// Parameter A of the clothoid between two radii: A^2 = R L from a straight to the radius R, and
+/// R L r / (r - R) between radii r < R. Told to callers only.
+double clothoidParameter(double radiusStart, double radiusEnd, double length) {
+  const double start = std::abs(radiusStart);
+  const double end = std::abs(radiusEnd);
+  if (start <= kZeroLength) return std::sqrt(std::abs(radiusEnd * length));
+  if (end <= kZeroLength) return std::sqrt(std::abs(radiusStart * length));
+  const double smaller = std::min(start, end);
+  const double larger = std::max(start, end);
+  if (std::abs(smaller - larger) <= kZeroLength) return 0.0;
+  return std::sqrt(std::abs(larger * length * smaller / (smaller - larger)));
+}
+
+std::unique_ptr<CHoralElement> endEntryOf(const SegmentInput& input) {
+  auto element = std::make_unique<CHoralElement>();
+  const Point2D end = endPointOf(input);
+  element->setTypeId(input.typeId);
+  element->setStationing(input.stationing + input.length);
+  element->setEast(end.x);
+  element->setNorth(end.y);
+  element->setRadiusStart(input.radiusStart);
+  element->setRadiusEnd(input.radiusEnd);
+  if (input.typeId == CShapeType::Clothoid) {
+    element->setClothoidParameter(
+        clothoidParameter(input.radiusStart, input.radiusEnd, input.length));
+  }
+  return element;
+}
+
+bool addSegment(AxisDefinitionImpl& impl, const SegmentInput& input) {
+  if (impl.axisType != AxisType::HoralVeral) return false;
+  CShapeContainer& container = impl.container;
+  if (container.numHoral() == 0) {
+    container.appendHoral(startPointAt(input.stationing, input.start));
+  }
+  container.appendHoral(endEntryOf(input), input.azimuth);
+  container.update();
+  return true;
+}
+
+/// A shaft keeps only its point in plan.
+bool addShaftPoint(CShapeContainer& container, double stationing, const Point2D& point) {
+  if (container.numHoral() > 0) return false;
+  container.appendHoral(startPointAt(stationing, point));
+  container.update();
+  return true;
+}
+
+void addVeralPoint(CShapeContainer& container, CShapeType::Id typeId, double stationing,
+                   double height, double roundingValue) {
+  auto element = std::make_unique<CVeralElement>();
+  element->setTypeId(typeId);
+  element->setStationing(stationing);
+  element->setHeight(height);
+  element->setRoundingValue(roundingValue);
+  container.appendVeral(std::move(element));
+  container.update();
+}
+
+void appendTransSlope(CShapeContainer& container, double stationing, double slope) {
+  auto element = std::make_unique<CTransSlopeElement>();
+  element->setTypeId(CShapeType::TransverseSlope);
+  element->setStationing(stationing);
+  element->setSlope(slope);
+  container.appendTransSlope(std::move(element));
+}
+
+unsigned asCount(std::size_t count) {
+  return static_cast<unsigned>(std::min<std::size_t>(count, std::numeric_limits<unsigned>::max()));
+}
+
+}  // namespace
+
+AxisDefinition::AxisDefinition() : m_impl(new AxisDefinitionImpl) {
+}
+
+AxisDefinition::~AxisDefinition() = default;
+
+AxisDefinitionImpl* AxisDefinition::getImpl() const {
+  return m_impl.get();
+}
+
+bool AxisDefinition::isTypeHoralVeral() const {
+  return m_impl->axisType == AxisType::HoralVeral;
+}
+
+bool AxisDefinition::isShaftAxis() const {
+  return m_impl->axisType == AxisType::Shaft;
+}
+
+bool AxisDefinition::isShaftAxisTopDown() const {
+  const CVeralElement* first = m_impl->container.veralAt(0);
+  const CVeralElement* second = m_impl->container.veralAt(1);
+  if (!isShaftAxis() || first == nullptr || second == nullptr) return false;
+  return first->getHeight() >= second->getHeight();
+}
+
+double AxisDefinition::minimumStng2d() const {
+  double minimum = 0.0;
+  double maximum = 0.0;
+  m_impl->stationingRange(minimum, maximum);
+  return minimum;
+}
+
+double AxisDefinition::maximumStng2d() const {
+  double minimum = 0.0;
+  double maximum = 0.0;
+  m_impl->stationingRange(minimum, maximum);
+  return maximum;
+}
+
+void AxisDefinition::resetHoral() {
+  m_impl->container.resetHoral();
+  m_impl->container.update();
+}
+
+void AxisDefinition::resetVeral() {
+  m_impl->container.resetVeral();
+  m_impl->container.update();
+}
+
+void AxisDefinition::resetTransSlope() {
+  m_impl->container.resetTransSlope();
+  m_impl->container.update();
+}
+
+bool AxisDefinition::addHoralSegmentStraight(double stationing, double east, double north,
+                                             double azimuth, double length) {
+  const Point2D start(east, north);
+  if (isShaftAxis()) return addShaftPoint(m_impl->container, stationing, start);
+  return addSegment(*m_impl, {CShapeType::Straight, stationing, start, azimuth, 0.0, 0.0, length});
+}
+
+bool AxisDefinition::addHoralSegmentArc(double stationing, double east, double north,
+                                        double azimuth, double radius, double length) {
+  return addSegment(*m_impl, {CShapeType::Arc, stationing, Point2D(east, north), azimuth, radius,
+                              radius, length});
+}
+
+bool AxisDefinition::addHoralSegmentClothoid(double stationing, double east, double north,
+                                             double azimuth, double radiusStart, double radiusEnd,
+                                             double length) {
+  return addSegment(*m_impl, {CShapeType::Clothoid, stationing, Point2D(east, north), azimuth,
+                              radiusStart, radiusEnd, length});
+}
+
+bool AxisDefinition::addVeralPointKink(double stationing, double height) {
+  const bool isOpenShaft = isShaftAxis() && m_impl->container.numVeral() < 2;
+  if (!isTypeHoralVeral() && !isOpenShaft) return false;
+  addVeralPoint(m_impl->container, CShapeType::VerticalKink, stationing, height, 0.0);
+  return true;
+}
+
+bool AxisDefinition::addVeralPointArc(double stationing, double height, double radius) {
+  if (!isTypeHoralVeral()) return false;
+  addVeralPoint(m_impl->container, CShapeType::VerticalArc, stationing, height, radius);
+  return true;
+}
+
+bool AxisDefinition::addVeralPointParabola(double stationing, double height, double value) {
+  if (!isTypeHoralVeral()) return false;
+  addVeralPoint(m_impl->container, CShapeType::VerticalParabola, stationing, height, value);
+  return true;
+}
+
+bool AxisDefinition::addTransSlopeSegmentConstant(double stationingFrom, double stationingTo,
+                                                  double slope) {
+  return addTransSlopeSegmentLinear(stationingFrom, stationingTo, slope, slope);
+}
+
+bool AxisDefinition::addTransSlopeSegmentLinear(double stationingFrom, double stationingTo,
+                                                double slopeFrom, double slopeTo) {
+  if (!isTypeHoralVeral()) return false;
+  appendTransSlope(m_impl->container, stationingFrom, slopeFrom);
+  appendTransSlope(m_impl->container, stationingTo, slopeTo);
+  m_impl->container.update();
+  return true;
+}
+
+unsigned AxisDefinition::getNumHoralSegments() const {
+  const std::size_t entries = m_impl->container.numHoral();
+  return isTypeHoralVeral() && entries > 0 ? asCount(entries - 1) : 0;
+}
+
+unsigned AxisDefinition::getNumVeralPoints() const {
+  return isTypeHoralVeral() ? asCount(m_impl->container.numVeral()) : 0;
+}
+
+CShapeBase* AxisDefinition::getHoralSegmentAt(unsigned index) const {
+  if (index >= getNumHoralSegments()) return nullptr;
+  return m_impl->container.horalAt(static_cast<std::size_t>(index) + 1);
+}
+
+CShapeBase* AxisDefinition::getVeralPointAt(unsigned index) const {
+  return isTypeHoralVeral() ? m_impl->container.veralAt(index) : nullptr;
+}
+
+Polyline AxisDefinition::getHoralSegmentPolylineAt(unsigned index, double step) const {
+  if (index >= getNumHoralSegments()) return Polyline();
+  return Polyline(sampledSegment(m_impl->container, index, step));
+}
+
+Polyline AxisDefinition::getVeralPointPolylineAt(unsigned index, double step) const {
+  if (index >= getNumVeralPoints()) return Polyline();
+  return Polyline(sampledVeralPoint(m_impl->container, index, step));
+}
+
+Polyline AxisDefinition::getVeralPolyline(double step) const {
+  if (!isTypeHoralVeral()) return Polyline();
+  return Polyline(sampledVeral(m_impl->container, step));
+}
+
+void AxisDefinition::setStationingMappingValues(double origin2d, double value3dAtOrigin) {
+  m_impl->stationingMappingOrigin2d = origin2d;
+  m_impl->stationingMappingValue3dAtOrigin = value3dAtOrigin;
+}
+
+double AxisDefinition::getStationingMappingOrigin2d() const {
+  return m_impl->stationingMappingOrigin2d;
+}
+
+double AxisDefinition::getStationingMappingValue3dAtOrigin() const {
+  return m_impl->stationingMappingValue3dAtOrigin;
+}
+
+AxisDefinition* AxisDefinitionFactory::createHoralVeralAxis() {
+  // The constructor is private, so std::make_unique cannot reach it.
+  std::unique_ptr<AxisDefinition> axis(new AxisDefinition);
+  axis->m_impl->axisType = AxisType::HoralVeral;
+  return axis.release();
+}
+
+AxisDefinition* AxisDefinitionFactory::createShaftAxis(double east, double north,
+                                                       double heightStart, double heightEnd,
+                                                       double stationingStart) {
+  std::unique_ptr<AxisDefinition> axis(new AxisDefinition);
+  axis->m_impl->axisType = AxisType::Shaft;
+  const double length = std::abs(heightEnd - heightStart);
+  axis->addHoralSegmentStraight(stationingStart, east, north, 0.0, length);
+  axis->addVeralPointKink(stationingStart, heightStart);
+  axis->addVeralPointKink(stationingStart + length, heightEnd);
+  return axis.release();
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

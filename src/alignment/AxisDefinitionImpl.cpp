@@ -1,0 +1,23 @@
+#include "alignment/AxisDefinitionImpl.h"
+
+namespace Ruv {
+namespace Calculations {
+
+void AxisDefinitionImpl::stationingRange(double& minimum, double& maximum) const {
+  minimum = 0.0;
+  maximum = 0.0;
+  if (axisType == AxisType::Shaft) {
+    if (!isCompleteShaft()) return;
+    minimum = container.veralAt(0)->getStationing();
+    maximum = container.veralAt(1)->getStationing();
+  } else if (container.numHoral() >= 2 && container.numVeral() >= 2) {
+    container.stationingRange(minimum, maximum);
+  }
+}
+
+bool AxisDefinitionImpl::isCompleteShaft() const {
+  return axisType == AxisType::Shaft && container.numHoral() > 0 && container.numVeral() >= 2;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

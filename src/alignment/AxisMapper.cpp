@@ -1,0 +1,69 @@
+#include <Calculations/AxisCalculator.h>
+#include <Calculations/AxisMapper.h>
+
+namespace Ruv {
+namespace Calculations {
+
+class AxisMapperImpl {
+ public:
+  template <class From, class To>
+  AxisMapperImpl(const From& from, const To& to) : fromCalculator(from), toCalculator(to) {}
+
+  AxisCalculator fromCalculator;
+  AxisCalculator toCalculator;
+
+  /// The stationing on the target; unchanged when the value cannot be carried.
+  bool carry(double value, bool valueIsTunnelmeter, double& stationing) const {
+    double onSource = value;
+    if (valueIsTunnelmeter && !fromCalculator.tunnelmeterToStationing(value, onSource)) {
+      return false;
+    }
+    ENHPoint point;
+    AxisPoint onTarget;
+    if (!fromCalculator.axisPointToEnhPointVertical(AxisPoint(onSource, 0.0, 0.0), point) ||
+        !toCalculator.enhPointToAxisPointVertical(point, onTarget)) {
+      return false;
+    }
+    stationing = onTarget.stationing;
+    return true;
+  }
+};
+
+AxisMapper::AxisMapper(const boost::shared_ptr<const AxisDefinition>& from,
+                       const boost::shared_ptr<const AxisDefinition>& to)
+    : m_impl(new AxisMapperImpl(from, to)) {
+}
+
+AxisMapper::AxisMapper(const boost::shared_ptr<const AxisDefinition>& from,
+                       const boost::shared_ptr<const BlockAxisDefinition>& to)
+    : m_impl(new AxisMapperImpl(from, to)) {
+}
+
+AxisMapper::AxisMapper(const boost::shared_ptr<const BlockAxisDefinition>& from,
+                       const boost::shared_ptr<const AxisDefinition>& to)
+    : m_impl(new AxisMapperImpl(from, to)) {
+}
+
+AxisMapper::AxisMapper(const boost::shared_ptr<const BlockAxisDefinition>& from,
+                       const boost::shared_ptr<const BlockAxisDefinition>& to)
+    : m_impl(new AxisMapperImpl(from, to)) {
+}
+
+AxisMapper::~AxisMapper() = default;
+
+bool AxisMapper::canMap(double value, bool valueIsTunnelmeter) const {
+  double stationing = 0.0;
+  return m_impl->carry(value, valueIsTunnelmeter, stationing);
+}
+
+double AxisMapper::mapStationing(double value, bool valueIsTunnelmeter,
+                                 bool resultAsTunnelmeter) const {
+  double stationing = 0.0;
+  if (!m_impl->carry(value, valueIsTunnelmeter, stationing)) return 0.0;
+  if (!resultAsTunnelmeter) return stationing;
+  double tunnelmeter = 0.0;
+  return m_impl->toCalculator.stationingToTunnelmeter(stationing, tunnelmeter) ? tunnelmeter : 0.0;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

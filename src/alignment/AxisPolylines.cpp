@@ -1,0 +1,96 @@
+#include "alignment/AxisPolylines.h"
+
+#include <Calculations/Utilities.h>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+constexpr double kSmallestStep = 0.1;
+constexpr double kLargestStep = 100.0;
+
+/// More samples than this are refused: only the two ends are then given.
+constexpr double kMostSteps = 1e7;
+
+/// Calls sample for from, from + step, ... while below to, then for to. Multiples of the step, not
+/// sums, so that no rounding accumulates.
+template <class Sample>
+void sampleAlong(double from, double to, double step, const Sample& sample) {
+  Utilities::forceInRange(step, kSmallestStep, kLargestStep);
+  sample(from);
+  if ((to - from) / step <= kMostSteps) {
+    double steps = 1.0;
+    for (double place = from + step; place < to; place = from + steps * step) {
+      sample(place);
+      steps += 1.0;
+    }
+  }
+  sample(to);
+}
+
+void appendVeralPoint(const std::vector<CVeralPoint>& points, std::size_t index, double step,
+                      std::vector<Point2D>& line) {
+  const auto rounding = CVeralAlignment::roundingAt(points, index);
+  if (!rounding) {
+    line.emplace_back(points[index].stationing, points[index].height);
+    return;
+  }
+  sampleAlong(rounding->from, rounding->to, step, [&](double stationing) {
+    if (const auto place = rounding->curve.at(stationing)) {
+      line.emplace_back(stationing, place->height);
+    }
+  });
+}
+
+bool areEqual(const Point2D& a, const Point2D& b) {
+  return a.x == b.x && a.y == b.y;
+}
+
+}  // namespace
+
+std::vector<Point2D> sampledSegment(const CShapeContainer& container, std::size_t index,
+                                    double step) {
+  const CHoralElement& start = *container.horalAt(index);
+  const CHoralElement& end = *container.horalAt(index + 1);
+  std::vector<Point2D> line;
+  switch (end.getTypeId()) {
+    case CShapeType::Straight:
+      line.emplace_back(start.getEast(), start.getNorth());
+      line.emplace_back(end.getEast(), end.getNorth());
+      break;
+    case CShapeType::Arc:
+    case CShapeType::Clothoid:
+      sampleAlong(start.getStationing(), end.getStationing(), step, [&](double stationing) {
+        CAlignmentPosition place;
+        if (container.positionAt(stationing, place)) line.push_back(place.position);
+      });
+      break;
+    default:
+      break;
+  }
+  return line;
+}
+
+std::vector<Point2D> sampledVeralPoint(const CShapeContainer& container, std::size_t index,
+                                       double step) {
+  std::vector<Point2D> line;
+  appendVeralPoint(container.veralPoints(), index, step, line);
+  return line;
+}
+
+std::vector<Point2D> sampledVeral(const CShapeContainer& container, double step) {
+  const std::vector<CVeralPoint> points = container.veralPoints();
+  std::vector<Point2D> line;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    std::vector<Point2D> part;
+    appendVeralPoint(points, i, step, part);
+    for (const Point2D& point : part) {
+      if (line.empty() || !areEqual(line.back(), point)) line.push_back(point);
+    }
+  }
+  return line;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

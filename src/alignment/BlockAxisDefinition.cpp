@@ -1,0 +1,171 @@
+#include <Calculations/AxisCalculator.h>
+#include <Calculations/BlockAxisDefinition.h>
+#include <Calculations/Utilities.h>
+
+#include <cmath>
+
+namespace Ruv {
+namespace Calculations {
+
+class BlockAxisDefinitionImpl {
+ public:
+  boost::shared_ptr<const AxisDefinition> referenceAxis;
+  double blockStartStng2d = 0.0;
+  double blockEndStng2dOnRefAxis = 0.0;
+  boost::shared_ptr<const AxisDefinition> blockAxis;
+};
+
+namespace {
+
+/// The block axis reaches this far (m) beyond each end of the block.
+constexpr double kOverhang = 2.0;
+
+/// The chord of a block and what it takes over from the reference axis.
+struct Chord {
+  ENHPoint start;
+  ENHPoint end;
+  double stationing = 0.0;
+  double transSlopeAtStart = 0.0;
+  double transSlopeAtEnd = 0.0;
+  double tunnelmeterAtStart = 0.0;
+};
+
+ENHPoint pointOnAxis(const AxisCalculator& axis, double stationing, bool perpendicular) {
+  ENHPoint point;
+  axis.axisPointToEnhPoint(AxisPoint(stationing, 0.0, 0.0), point, perpendicular, true);
+  return point;
+}
+
+double transSlopeAt(const AxisCalculator& axis, double stationing) {
+  double azimuth = 0.0;
+  double radius = 0.0;
+  double longSlopeRad = 0.0;
+  double longSlopePercent = 0.0;
+  double transSlopeRad = 0.0;
+  double transSlopePercent = 0.0;
+  axis.axisPropertiesAtStationing(stationing, azimuth, radius, longSlopeRad, longSlopePercent,
+                                  transSlopeRad, transSlopePercent);
+  return transSlopePercent;
+}
+
+Chord chordOf(const AxisCalculator& reference, double startStationing, double endStationing) {
+  Chord chord;
+  chord.start = pointOnAxis(reference, startStationing, false);
+  chord.end = pointOnAxis(reference, endStationing, false);
+  chord.stationing = startStationing;
+  chord.transSlopeAtStart = transSlopeAt(reference, startStationing);
+  chord.transSlopeAtEnd = transSlopeAt(reference, endStationing);
+  if (!reference.stationingToTunnelmeter(startStationing, chord.tunnelmeterAtStart)) {
+    chord.tunnelmeterAtStart = 0.0;
+  }
+  return chord;
+}
+
+boost::shared_ptr<const AxisDefinition> axisAlong(const Chord& chord) {
+  const boost::shared_ptr<AxisDefinition> axis(AxisDefinitionFactory::createHoralVeralAxis());
+  const ENHPoint& start = chord.start;
+  const ENHPoint& end = chord.end;
+  const double azimuth = Utilities::horAngleBetween(start, end);
+  const double length = (end - start).lengthOfEastNorthProjection();
+  const double grade = length > 0.0 ? (end.height - start.height) / length : 0.0;
+  const double stationing = chord.stationing;
+  // One sum for plan and profile, so that both end at the same double.
+  const double stationingAtEnd = stationing + length;
+
+  axis->addHoralSegmentStraight(stationing - kOverhang, start.east - kOverhang * std::sin(azimuth),
+                                start.north - kOverhang * std::cos(azimuth), azimuth, kOverhang);
+  axis->addHoralSegmentStraight(stationing, start.east, start.north, azimuth, length);
+  axis->addHoralSegmentStraight(stationingAtEnd, end.east, end.north, azimuth, kOverhang);
+
+  axis->addVeralPointKink(stationing - kOverhang, start.height - kOverhang * grade);
+  axis->addVeralPointKink(stationing, start.height);
+  axis->addVeralPointKink(stationingAtEnd, end.height);
+  axis->addVeralPointKink(stationingAtEnd + kOverhang, end.height + kOverhang * grade);
+
+  axis->addTransSlopeSegmentConstant(stationing - kOverhang, stationing, chord.transSlopeAtStart);
+  axis->addTransSlopeSegmentLinear(stationing, stationingAtEnd, chord.transSlopeAtStart,
+                                   chord.transSlopeAtEnd);
+  axis->addTransSlopeSegmentConstant(stationingAtEnd, stationingAtEnd + kOverhang,
+                                     chord.transSlopeAtEnd);
+
+  axis->setStationingMappingValues(stationing, chord.tunnelmeterAtStart);
+  return axis;
+}
+
+boost::shared_ptr<const AxisDefinition> shaftAlong(const Chord& chord) {
+  const bool isTopDown = chord.start.height > chord.end.height;
+  const double backwards = isTopDown ? kOverhang : -kOverhang;
+  return boost::shared_ptr<const AxisDefinition>(AxisDefinitionFactory::createShaftAxis(
+      chord.start.east, chord.start.north, chord.start.height + backwards,
+      chord.end.height - backwards, chord.stationing - kOverhang));
+}
+
+boost::shared_ptr<const AxisDefinition> blockAxisOf(const AxisDefinition& reference,
+                                                    const Chord& chord) {
+  if (reference.isTypeHoralVeral()) return axisAlong(chord);
+  if (reference.isShaftAxis()) return shaftAlong(chord);
+  return boost::shared_ptr<const AxisDefinition>();
+}
+
+}  // namespace
+
+BlockAxisDefinition::BlockAxisDefinition(
+    const boost::shared_ptr<const AxisDefinition>& referenceAxis, double blockStartStng2d,
+    double blockEndStng2dOnRefAxis)
+    : m_impl(new BlockAxisDefinitionImpl) {
+  m_impl->referenceAxis = referenceAxis;
+  m_impl->blockStartStng2d = blockStartStng2d;
+  m_impl->blockEndStng2dOnRefAxis = blockEndStng2dOnRefAxis;
+  if (!referenceAxis) return;
+  const AxisCalculator reference(referenceAxis);
+  m_impl->blockAxis =
+      blockAxisOf(*referenceAxis, chordOf(reference, blockStartStng2d, blockEndStng2dOnRefAxis));
+}
+
+BlockAxisDefinition::~BlockAxisDefinition() = default;
+
+double BlockAxisDefinition::blockStartStng2d() const {
+  return m_impl->blockStartStng2d;
+}
+
+double BlockAxisDefinition::blockEndStng2dOnRefAxis() const {
+  return m_impl->blockEndStng2dOnRefAxis;
+}
+
+double BlockAxisDefinition::blockLength2d() const {
+  const AxisCalculator reference(m_impl->referenceAxis);
+  const AxisCalculator block(m_impl->blockAxis);
+  AxisPoint start;
+  AxisPoint end;
+  block.enhPointToAxisPointVertical(pointOnAxis(reference, blockStartStng2d(), false), start);
+  block.enhPointToAxisPointVertical(pointOnAxis(reference, blockEndStng2dOnRefAxis(), false), end);
+  return end.stationing - start.stationing;
+}
+
+double BlockAxisDefinition::blockEndStng2d() const {
+  return blockStartStng2d() + blockLength2d();
+}
+
+double BlockAxisDefinition::blockStartStng3d() const {
+  double tunnelmeter = 0.0;
+  AxisCalculator(m_impl->referenceAxis).stationingToTunnelmeter(blockStartStng2d(), tunnelmeter);
+  return tunnelmeter;
+}
+
+double BlockAxisDefinition::blockLength3d() const {
+  const AxisCalculator reference(m_impl->referenceAxis);
+  return (pointOnAxis(reference, blockEndStng2dOnRefAxis(), true) -
+          pointOnAxis(reference, blockStartStng2d(), true))
+      .length();
+}
+
+double BlockAxisDefinition::blockEndStng3d() const {
+  return blockStartStng3d() + blockLength3d();
+}
+
+boost::shared_ptr<const AxisDefinition> BlockAxisDefinition::asAxisDefinition() const {
+  return m_impl->blockAxis;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

@@ -1,0 +1,25 @@
+#include "alignment/ShaftConversion.h"
+
+namespace Ruv {
+namespace Calculations {
+
+Shaft::Shaft(const AxisDefinitionImpl& axis)
+    : m_east(axis.container.horalAt(0)->getEast()),
+      m_north(axis.container.horalAt(0)->getNorth()),
+      m_stationing(axis.container.veralAt(0)->getStationing()),
+      m_height(axis.container.veralAt(0)->getHeight()),
+      m_upward(m_height < axis.container.veralAt(1)->getHeight() ? 1.0 : -1.0) {
+}
+
+ENHPoint Shaft::gridPointOf(const AxisPoint& point) const {
+  return ENHPoint(m_east - m_upward * point.offset, m_north + point.height,
+                  m_height + m_upward * (point.stationing - m_stationing));
+}
+
+AxisPoint Shaft::axisPointOf(const ENHPoint& point) const {
+  return AxisPoint(m_stationing + m_upward * (point.height - m_height),
+                   m_upward * (m_east - point.east), point.north - m_north);
+}
+
+}  // namespace Calculations
+}  // namespace Ruv
