@@ -28,7 +28,7 @@ void CShapeList<Element>::sortAndLink() {
     std::stable_sort(m_elements.begin(), m_elements.end(),
                      [](const auto& a, const auto& b) { return a->isLess(b.get()); });
     for (std::size_t i = 0; i < m_elements.size(); ++i) {
-      link(i);
+      link(i, i + 1);
     }
   } else {
     for (std::size_t i = m_numLinked; i < m_elements.size(); ++i) {
@@ -48,16 +48,15 @@ void CShapeList<Element>::insertLinked(std::size_t index) {
                              [](const auto& a, const auto& b) { return a->isLess(b.get()); });
     std::rotate(place, added, added + 1);
   }
-  link(static_cast<std::size_t>(place - m_elements.begin()));
+  link(static_cast<std::size_t>(place - m_elements.begin()), index + 1);
 }
 
-/// Links an element with both neighbours.
+/// Links an element with both neighbours among the first ones, as many as numLinked tells.
 template <class Element>
-void CShapeList<Element>::link(std::size_t index) {
+void CShapeList<Element>::link(std::size_t index, std::size_t numLinked) {
   Element* element = m_elements[index].get();
   CShapeContainer::join(index > 0 ? m_elements[index - 1].get() : nullptr, element);
-  CShapeContainer::join(element,
-                        index + 1 < m_elements.size() ? m_elements[index + 1].get() : nullptr);
+  CShapeContainer::join(element, index + 1 < numLinked ? m_elements[index + 1].get() : nullptr);
 }
 
 /// Links two neighbours; null stands for the end of a list.

@@ -38,7 +38,7 @@ class CShapeList {
 
  private:
   void insertLinked(std::size_t index);
-  void link(std::size_t index);
+  void link(std::size_t index, std::size_t numLinked);
 
   std::vector<std::unique_ptr<Element>> m_elements;
   std::size_t m_numLinked = 0;  // elements at the front that are sorted and linked
