@@ -1,0 +1,235 @@
+#include <Calculations/Utilities.h>
+
+#include "support/Random.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace Ruv {
+namespace Calculations {
+
+/// Opens the private angle tests.
+struct UtilitiesTestAccess {
+  static bool isZeroOrMultipleOfPi(double a) { return Utilities::angleIsZeroOrMultipleOfPi(a); }
+  static bool isPlusOrMinusPi(double a) { return Utilities::angleIsPlusOrMinusPi(a); }
+  static bool isPlusOrMinusHalfPi(double a) { return Utilities::angleIsPlusOrMinusHalfPi(a); }
+  static bool hasNegativeCosine(double a) { return Utilities::angleInThirdOrFourthQuadrant(a); }
+  static bool hasNegativeSine(double a) { return Utilities::angleInSecondOrThirdQuadrant(a); }
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+namespace {
+
+using namespace Ruv::Calculations;
+using TestSupport::Random;
+
+constexpr double kPi = 3.141592653589793;
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+void expectNear(const ENHPoint& actual, const ENHPoint& expected, double tolerance) {
+  EXPECT_NEAR(actual.east, expected.east, tolerance);
+  EXPECT_NEAR(actual.north, expected.north, tolerance);
+  EXPECT_NEAR(actual.height, expected.height, tolerance);
+}
+
+TEST(AngleNormalisation, CountsTurnsOffOneByOne) {
+  EXPECT_TRUE(std::signbit(Utilities::getAngleAsZeroToTwoPi(-0.0)));
+  EXPECT_EQ(Utilities::getAngleAsZeroToTwoPi(2 * kPi), 0.0);
+  // Rounds up to a full turn on the way, which is never returned.
+  EXPECT_EQ(Utilities::getAngleAsZeroToTwoPi(-1e-17), 0.0);
+  EXPECT_EQ(Utilities::getangleAsMinusPiToPi(kPi), -kPi);
+  EXPECT_EQ(Utilities::getangleAsMinusPiToPi(-kPi), -kPi);
+  double counted = 1000.1;
+  while (counted >= 2 * kPi) {
+    counted -= 2 * kPi;
+  }
+  EXPECT_EQ(Utilities::getAngleAsZeroToTwoPi(1000.1), counted);
+}
+
+TEST(AngleNormalisation, EndsForEveryNumber) {
+  for (const double angle : {1e6, -1e6, 1e16, -1e300, 1e300}) {
+    const double turn = Utilities::getAngleAsZeroToTwoPi(angle);
+    EXPECT_TRUE(turn >= 0.0 && turn < 2 * kPi) << angle;
+    EXPECT_NEAR(std::sin(turn), std::sin(std::fmod(angle, 2 * kPi)), 1e-12) << angle;
+    const double half = Utilities::getangleAsMinusPiToPi(angle);
+    EXPECT_TRUE(half >= -kPi && half < kPi) << angle;
+  }
+  EXPECT_TRUE(std::isnan(Utilities::getAngleAsZeroToTwoPi(kInfinity)));
+  EXPECT_TRUE(std::isnan(Utilities::getangleAsMinusPiToPi(-kInfinity)));
+  EXPECT_TRUE(std::isnan(Utilities::getangleAsMinusPiToPi(std::nan(""))));
+}
+
+TEST(AngleTests, FollowTheirFormulas) {
+  using Access = UtilitiesTestAccess;
+  EXPECT_TRUE(Access::isZeroOrMultipleOfPi(-kPi + 0.9e-10));
+  EXPECT_FALSE(Access::isZeroOrMultipleOfPi(1.1e-10));
+  EXPECT_FALSE(Access::isZeroOrMultipleOfPi(2 * kPi));
+  EXPECT_TRUE(Access::isPlusOrMinusPi(3 * kPi));
+  EXPECT_FALSE(Access::isPlusOrMinusPi(2 * kPi));
+  EXPECT_TRUE(Access::isPlusOrMinusHalfPi(1.5 * kPi));
+  for (double a = -9.95; a < 10.0; a += 0.1) {
+    EXPECT_EQ(Access::hasNegativeCosine(a), std::cos(a) < 0.0) << a;
+    EXPECT_EQ(Access::hasNegativeSine(a), std::sin(a) < 0.0) << a;
+  }
+}
+
+TEST(Units, ConvertBothWays) {
+  EXPECT_DOUBLE_EQ(Utilities::gon2rad(100.0), kPi / 2);
+  EXPECT_DOUBLE_EQ(Utilities::rad2gon(kPi), 200.0);
+  EXPECT_DOUBLE_EQ(Utilities::deg2rad(180.0), kPi);
+  EXPECT_DOUBLE_EQ(Utilities::rad2deg(kPi / 4), 45.0);
+  EXPECT_DOUBLE_EQ(Utilities::anglePercentToRad(100.0), kPi / 4);
+  EXPECT_DOUBLE_EQ(Utilities::longSlopeRadToPercent(Utilities::longSlopePercentToRad(-7.0)), -7.0);
+  EXPECT_DOUBLE_EQ(Utilities::angleRadToPercent(kPi / 4), 100.0);
+  EXPECT_DOUBLE_EQ(Utilities::transSlopePercentClockwiseToRadAntiClockwise(100.0), -kPi / 4);
+  EXPECT_DOUBLE_EQ(Utilities::transSlopeRadAntiClockwiseToPercentClockwise(-kPi / 4), 100.0);
+}
+
+TEST(ForceInRange, AppliesTheUpperLimitLast) {
+  double d = 5.0;
+  Utilities::forceInRange(d, 10.0, 0.0);
+  EXPECT_EQ(d, 0.0);
+  int i = -5;
+  Utilities::forceInRange(i, -3, 9);
+  EXPECT_EQ(i, -3);
+  double nothing = std::nan("");
+  Utilities::forceInRange(nothing, 0.0, 1.0);
+  EXPECT_TRUE(std::isnan(nothing));
+}
+
+TEST(Angles, BetweenPoints) {
+  const ENHPoint v(10, 20, 30);
+  EXPECT_DOUBLE_EQ(Utilities::angle3dBetween(v, v + ENHPoint(2, 0, 0), v + ENHPoint(0, 0, 3)),
+                   kPi / 2);
+  EXPECT_DOUBLE_EQ(Utilities::angle3dBetween(ENHPoint(1, 1, 0), ENHPoint(0, 5, 0)), kPi / 4);
+  // The cosine of these parallel vectors exceeds 1 by rounding.
+  EXPECT_EQ(Utilities::angle3dBetween(ENHPoint(3, 3, 3), ENHPoint(0.1, 0.1, 0.1)), 0.0);
+  EXPECT_TRUE(std::isnan(Utilities::angle3dBetween(v, v, v + ENHPoint(1, 0, 0))));
+  EXPECT_EQ(Utilities::horAngleBetween(v, v), 0.0);
+  EXPECT_DOUBLE_EQ(Utilities::horAngleBetween(ENHPoint(), ENHPoint(0.0005, 0.0005, 9)), kPi / 4);
+  EXPECT_DOUBLE_EQ(Utilities::horAngleBetween(v, v + ENHPoint(-1, 0, 0)), 1.5 * kPi);
+  EXPECT_DOUBLE_EQ(Utilities::distance3dBetween(v, v + ENHPoint(2, 3, 6)), 7.0);
+  EXPECT_EQ(Utilities::heightDiffBetween(v, v + ENHPoint(1, 1, -2)), -2.0);
+  expectNear(Utilities::averageCordinates({v, ENHPoint(0, 0, 0)}), ENHPoint(5, 10, 15), 0.0);
+  EXPECT_TRUE(std::isnan(Utilities::averageCordinates({}).north));
+}
+
+TEST(Rotations, TurnAnticlockwiseSeenFromTheTip) {
+  expectNear(Utilities::rotateAroundEastXaxis(ENHPoint(5, 1, 0), kPi / 2), ENHPoint(5, 0, 1),
+             1e-15);
+  expectNear(Utilities::rotateAroundNorthYaxis(ENHPoint(0, 5, 1), kPi / 2), ENHPoint(1, 5, 0),
+             1e-15);
+  expectNear(Utilities::rotateAroundHeightZaxis(ENHPoint(1, 0, 5), kPi / 2), ENHPoint(0, 1, 5),
+             1e-15);
+}
+
+TEST(Polar, LocalAndGlobalCoordinatesAreInverse) {
+  expectNear(Utilities::convertToLocalCoordinates(PolarPoint(kPi / 2, kPi / 2, 10)),
+             ENHPoint(10, 0, 0), 1e-14);
+  Random random(11);
+  for (int i = 0; i < 200; ++i) {
+    const auto draw = [&] { return random.uniform(-100.0, 100.0); };
+    const ENHPoint local(draw(), draw(), draw());
+    const ENHPoint origin(6e5 + draw(), 2e5 + draw(), draw());
+    const double orientation = random.uniform(-9.0, 9.0);
+    const double scale = random.uniform(0.5, 2.0);
+    const PolarPoint polar = Utilities::convertToPolarMeasurement(local);
+    expectNear(Utilities::convertToLocalCoordinates(polar), local, 1e-12);
+    const ENHPoint global = Utilities::transformLocalToGlobal(local, origin, orientation, scale);
+    expectNear(Utilities::transformLocalToGlobal(polar, origin, orientation, scale), global, 1e-9);
+    expectNear(Utilities::transformGlobalToLocal(global, origin, orientation, scale), local, 1e-9);
+    // The orientation is what has to be added to a direction to get an azimuth.
+    EXPECT_NEAR(Utilities::getangleAsMinusPiToPi(Utilities::horAngleBetween(origin, global) -
+                                                 polar.horizontalAngle - orientation),
+                0.0, 1e-9);
+    const PolarPoint seen = Utilities::convertToPolarMeasurement(origin, global);
+    EXPECT_NEAR(Utilities::calculateOrientationFromBacksight(
+                    polar, 0.0, Utilities::horAngleBetween(origin, global), false),
+                Utilities::getAngleAsZeroToTwoPi(seen.horizontalAngle - polar.horizontalAngle),
+                1e-9);
+  }
+}
+
+TEST(Polar, BacksightInTheSecondFaceTurnsHalf) {
+  EXPECT_NEAR(
+      Utilities::calculateOrientationFromBacksight(PolarPoint(1.0, 1.5, 9), 0.25, 2.0, false), 1.25,
+      1e-14);
+  const PolarPoint secondFace(1.0 + kPi, 2 * kPi - 1.5, 9);
+  EXPECT_NEAR(Utilities::calculateOrientationFromBacksight(secondFace, 0.25, 2.0, false), 1.25,
+              1e-14);
+  EXPECT_NEAR(Utilities::calculateOrientationFromBacksight(secondFace, 0.25, 2.0, true), 1.25,
+              1e-14);
+}
+
+TEST(AxisDirections, HaveTheirComponentsWhereTheyBelong) {
+  // Heading east, rising 45 degrees: forward is east and up, right is south.
+  const double slope = kPi / 4;
+  const double r = std::sqrt(0.5);
+  expectNear(Utilities::rotateAxisDirectionComponentsToENHdiffWithoutTransSlope(AxisPoint(1, 0, 0),
+                                                                                kPi / 2, slope),
+             ENHPoint(r, 0, r), 1e-15);
+  expectNear(
+      Utilities::rotateAxisDirectionComponentsToENHdiff(AxisPoint(0, 1, 0), kPi / 2, slope, 0.0),
+      ENHPoint(0, -1, 0), 1e-15);
+  // A positive transverse slope lowers the right side.
+  const ENHPoint right =
+      Utilities::rotateAxisDirectionComponentsToENHdiff(AxisPoint(0, 1, 0), 0.0, 0.0, 100.0);
+  expectNear(right, ENHPoint(r, 0, -r), 1e-15);
+  Random random(12);
+  for (int i = 0; i < 100; ++i) {
+    const AxisPoint in(random.uniform(-9, 9), random.uniform(-9, 9), random.uniform(-9, 9));
+    const double azimuth = random.uniform(-9, 9);
+    const double rise = random.uniform(-1.5, 1.5);
+    const double percent = random.uniform(-90, 90);
+    const AxisPoint back = Utilities::rotateENHdiffToAxisDirectionComponents(
+        Utilities::rotateAxisDirectionComponentsToENHdiff(in, azimuth, rise, percent), azimuth,
+        rise, percent);
+    const AxisPoint level = Utilities::rotateENHdiffToAxisDirectionComponentsWithoutTransSlope(
+        Utilities::rotateAxisDirectionComponentsToENHdiffWithoutTransSlope(in, azimuth, rise),
+        azimuth, rise);
+    for (const AxisPoint& out : {back, level}) {
+      EXPECT_NEAR(out.stationing, in.stationing, 1e-13);
+      EXPECT_NEAR(out.offset, in.offset, 1e-13);
+      EXPECT_NEAR(out.height, in.height, 1e-13);
+    }
+  }
+}
+
+TEST(GuidanceAngles, RebuildTheDirectionFromAnyTwoViews) {
+  Random random(13);
+  for (int i = 0; i < 500; ++i) {
+    const auto draw = [&] {
+      return random.uniform(0.1, 1.0) * (random.index(2) == 0 ? 1.0 : -1.0);
+    };
+    const AxisPoint v(draw(), draw(), draw());
+    const double length = ENHPoint(v.stationing, v.offset, v.height).length();
+    const double front = Utilities::getGuidanceAngleInFrontView(v);
+    const double top = Utilities::getGuidanceAngleInTopView(v);
+    const double side = Utilities::getGuidanceAngleInSideView(v);
+    for (const AxisPoint& w :
+         {Utilities::getGuidanceVectorFromFrontAndTopViewAngles(front, top, length),
+          Utilities::getGuidanceVectorFromTopAndSideViewAngles(top, side, length),
+          Utilities::getGuidanceVectorFromFrontAndSideViewAngles(front, side, length)}) {
+      EXPECT_NEAR(w.stationing, v.stationing, 1e-12);
+      EXPECT_NEAR(w.offset, v.offset, 1e-12);
+      EXPECT_NEAR(w.height, v.height, 1e-12);
+    }
+  }
+}
+
+TEST(GuidanceAngles, KnowTheSpecialDirections) {
+  EXPECT_EQ(Utilities::getGuidanceVectorFromFrontAndTopViewAngles(0, 0, 2).stationing, 2.0);
+  EXPECT_EQ(Utilities::getGuidanceVectorFromFrontAndTopViewAngles(0, kPi, 2).stationing, -2.0);
+  EXPECT_EQ(Utilities::getGuidanceVectorFromFrontAndSideViewAngles(0, 0, 2).stationing, 2.0);
+  EXPECT_EQ(Utilities::getGuidanceVectorFromFrontAndSideViewAngles(1.5 * kPi, 0, 2).offset, -2.0);
+  EXPECT_EQ(Utilities::getGuidanceVectorFromFrontAndSideViewAngles(kPi / 2, 0, 2).offset, 2.0);
+  EXPECT_DOUBLE_EQ(Utilities::getGuidanceAngleInFrontView(AxisPoint(0, -1, 0)), 1.5 * kPi);
+  EXPECT_DOUBLE_EQ(Utilities::getGuidanceAngleInTopView(AxisPoint(0, 1, 0)), kPi / 2);
+  EXPECT_DOUBLE_EQ(Utilities::getGuidanceAngleInSideView(AxisPoint(1, 0, -1)), -kPi / 4);
+}
+
+}  // namespace

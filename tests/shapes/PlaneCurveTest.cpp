@@ -1,0 +1,256 @@
+#include "shapes/PlaneCurve.h"
+
+#include "support/Axes.h"
+#include "support/Csv.h"
+#include "support/Random.h"
+
+#include <Calculations/TransitionCurves.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <ostream>
+#include <string>
+
+namespace {
+
+using Ruv::CCurveFoot;
+using Ruv::CCurvePoint;
+using Ruv::CFootReport;
+using Ruv::CPlaneCurve;
+using Ruv::Calculations::Point2D;
+using TestSupport::Csv;
+using TestSupport::CsvRow;
+using TestSupport::Random;
+
+constexpr double kPi = 3.141592653589793;
+
+struct CurveCase {
+  const char* name;
+  double radiusStart;
+  double radiusEnd;
+  double length;
+};
+std::ostream& operator<<(std::ostream& out, const CurveCase& c) {
+  return out << c.name;
+}
+
+CPlaneCurve curveOf(const CurveCase& c) {
+  return CPlaneCurve::clothoid(c.radiusStart, c.radiusEnd, c.length);
+}
+
+double curvatureOf(double radius) {
+  return radius == 0.0 ? 0.0 : 1.0 / radius;
+}
+
+const CurveCase kCurves[] = {
+    {"Straight", 0, 0, 3000},
+    {"RightArc", 250, 250, 1500},
+    {"LeftArcOfHugeRadius", -4e6, -4e6, 5000},
+    {"NearlyFullCircle", -30, -30, 188.4},
+    {"IntoRightCurve", 0, 400, 100},
+    {"OutOfLeftCurve", -400, 0, 100},
+    {"BetweenLeftCurves", -1000, -300, 100},
+    {"SCurve", 100, -200, 90},
+    {"SymmetricSCurve", -100, 100, 90},
+    {"NearlyEqualRadii", 500, 499.9, 10},
+    {"RadiiEqualToANanometre", 500, 500.000000001, 200},
+    {"LongTurning", 0, 60, 400},
+    {"ManyTurns", 20, 30, 900},
+    {"Kilometres", 0, -2500, 4000},
+};
+
+class PlaneCurve : public testing::TestWithParam<CurveCase> {};
+
+TEST_P(PlaneCurve, FollowsItsLinearCurvature) {
+  const CurveCase& c = GetParam();
+  const CPlaneCurve curve = curveOf(c);
+  ASSERT_TRUE(curve.isDefined());
+  const double k0 = curvatureOf(c.radiusStart);
+  const double k1 = curvatureOf(c.radiusEnd);
+  for (int i = 0; i <= 16; ++i) {
+    const double l = c.length * i / 16;
+    SCOPED_TRACE(l);
+    const CCurvePoint point = curve.at(l);
+    const Point2D expected = TestSupport::referencePoint(k0, k1, c.length, l);
+    EXPECT_LT((point.position - expected).length(), 1e-11);
+    EXPECT_NEAR(point.heading, k0 * l + (k1 - k0) * l * l / (2 * c.length), 1e-13);
+    EXPECT_NEAR(point.tangent.x, std::sin(point.heading), 1e-13);
+    EXPECT_NEAR(point.tangent.y, std::cos(point.heading), 1e-13);
+    EXPECT_NEAR(point.curvature, k0 + (k1 - k0) * i / 16, 1e-15);
+  }
+  EXPECT_EQ(curve.end().position.x, curve.at(c.length).position.x);
+}
+
+/// The nearest place of a curve by brute force, and whether the curve is nearest at an end.
+struct BruteForceFoot {
+  double length = 0.0;
+  double distance = 0.0;
+};
+
+BruteForceFoot nearestPlace(const CPlaneCurve& curve, const Point2D& p) {
+  constexpr int kSteps = 3000;
+  const auto distanceAt = [&](double l) { return (p - curve.at(l).position).length(); };
+  const double step = curve.length() / kSteps;
+  int best = 0;
+  for (int i = 1; i <= kSteps; ++i) {
+    if (distanceAt(step * i) < distanceAt(step * best)) best = i;
+  }
+  double low = std::max(0.0, step * (best - 1));
+  double high = std::min(curve.length(), step * (best + 1));
+  for (int i = 0; i < 100; ++i) {
+    const double a = low + (high - low) / 3;
+    const double b = high - (high - low) / 3;
+    (distanceAt(a) < distanceAt(b) ? high : low) = distanceAt(a) < distanceAt(b) ? b : a;
+  }
+  return {(low + high) / 2, distanceAt((low + high) / 2)};
+}
+
+TEST_P(PlaneCurve, FindsTheNearestFoot) {
+  const CurveCase& c = GetParam();
+  const CPlaneCurve curve = curveOf(c);
+  Random random(21);
+  for (int i = 0; i < 60; ++i) {
+    const double reach = i % 3 == 0 ? c.length : 12.0;
+    const Point2D p = curve.at(random.uniform(0.0, c.length)).position +
+                      Point2D(random.uniform(-reach, reach), random.uniform(-reach, reach));
+    SCOPED_TRACE(testing::Message() << "point " << i << ": " << p.x << ", " << p.y);
+    const CCurveFoot foot = curve.footOf(p);
+    const BruteForceFoot expected = nearestPlace(curve, p);
+    const bool endsNearest =
+        expected.length < 1e-6 * c.length || expected.length > c.length * (1 - 1e-6);
+    if (foot.report == CFootReport::OnCurve) {
+      const CCurvePoint place = curve.at(foot.length);
+      const Point2D ray = p - place.position;
+      EXPECT_NEAR(Ruv::forwardComponent(ray, place.tangent), 0.0, 1e-9);
+      EXPECT_NEAR(Ruv::rightComponent(ray, place.tangent), foot.lateral, 1e-9);
+      if (!endsNearest) {
+        EXPECT_NEAR(std::abs(foot.lateral), expected.distance, 1e-9);
+      }
+    } else {
+      EXPECT_TRUE(endsNearest) << "misses a foot at " << expected.length;
+      const bool isBefore = Ruv::forwardComponent(p, curve.at(0).tangent) < 0.0;
+      const bool isBeyond =
+          Ruv::forwardComponent(p - curve.end().position, curve.end().tangent) > 0.0;
+      EXPECT_TRUE(foot.report == CFootReport::BeforeStart ? isBefore : isBeyond || isBefore);
+      EXPECT_EQ(foot.length, foot.report == CFootReport::BeforeStart ? 0.0 : c.length);
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Curves, PlaneCurve, testing::ValuesIn(kCurves),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST(PlaneCurveGolden, SingleElements) {
+  const Csv index("segments/plan_index.csv");
+  for (const CsvRow& row : index.rows()) {
+    SCOPED_TRACE(row.text("case"));
+    const CPlaneCurve curve = CPlaneCurve::clothoid(row.number("radius_start"),
+                                                    row.number("radius_end"), row.number("length"));
+    const Csv places("segments/" + row.text("case") + ".csv");
+    for (const CsvRow& place : places.rows()) {
+      const CCurvePoint point = curve.at(place.number("length_along"));
+      EXPECT_NEAR(point.position.x, place.number("east"), 1e-13);
+      EXPECT_NEAR(point.position.y, place.number("north"), 1e-13);
+      if (row.text("kind") != "clothoid") continue;
+      EXPECT_NEAR(point.heading, place.number("azimuth"), 1e-16);
+      EXPECT_NEAR(point.curvature, place.number("curvature"), 1e-16);
+    }
+  }
+}
+
+TEST(PlaneCurveFoot, OnArcsCountsOnlyTheNearSide) {
+  const CPlaneCurve arc = CPlaneCurve::arc(100.0, 150.0);
+  EXPECT_EQ(arc.footOf(Point2D(100, 0)).length, 0.0);  // the centre
+  EXPECT_EQ(arc.footOf(Point2D(100, 0)).lateral, 100.0);
+  EXPECT_EQ(arc.footOf(Point2D(5, -1)).report, CFootReport::BeforeStart);
+  EXPECT_EQ(arc.footOf(Point2D(200, -60)).report, CFootReport::BeyondEnd);
+  // On the far side the gap between the ends is halved.
+  const double opposite = 0.75 + kPi;
+  const auto around = [](double turning) {
+    return Point2D(100 - 90 * std::cos(turning), 90 * std::sin(turning));
+  };
+  EXPECT_EQ(arc.footOf(around(opposite - 0.01)).report, CFootReport::BeyondEnd);
+  EXPECT_EQ(arc.footOf(around(opposite + 0.01)).report, CFootReport::BeforeStart);
+  const CPlaneCurve circle = CPlaneCurve::arc(-15.0, 2 * kPi * 15.0);
+  for (double bearing = 0.05; bearing < 6.3; bearing += 0.1) {
+    const Point2D p(-15 + 17 * std::cos(bearing), 17 * std::sin(bearing));
+    const CCurveFoot foot = circle.footOf(p);
+    EXPECT_NEAR(foot.length, 15 * bearing, 1e-12);
+    EXPECT_NEAR(foot.lateral, 2.0, 1e-13);
+  }
+}
+
+TEST(PlaneCurve, RefusesWhatHasNoShape) {
+  const double nan = std::nan("");
+  EXPECT_FALSE(CPlaneCurve().isDefined());
+  EXPECT_FALSE(CPlaneCurve::arc(0.0, 10.0).isDefined());
+  EXPECT_FALSE(CPlaneCurve::arc(10.0, 62.9).isDefined());
+  EXPECT_TRUE(CPlaneCurve::arc(10.0, 62.8).isDefined());
+  EXPECT_FALSE(CPlaneCurve::arc(nan, 10.0).isDefined());
+  EXPECT_FALSE(CPlaneCurve::straight(nan).isDefined());
+  EXPECT_FALSE(CPlaneCurve::clothoid(0.0, 1e-6, 1e3).isDefined());
+  EXPECT_FALSE(CPlaneCurve::clothoid(0.0, 100.0, 0.0).isDefined());
+  EXPECT_FALSE(CPlaneCurve::clothoid(0.0, 100.0, 1e300).isDefined());
+  EXPECT_FALSE(CPlaneCurve::clothoid(nan, 100.0, 10.0).isDefined());
+}
+
+/// A curve with another number of series terms.
+class ClothoidWithTerms : public Ruv::CClothoidCurve {
+ public:
+  explicit ClothoidWithTerms(int lastTerm) : m_lastTerm(lastTerm) {}
+  int numberOfTerms() const override { return m_lastTerm; }
+
+ private:
+  int m_lastTerm;
+};
+
+TEST(ClothoidCurve, EvaluatesMagnitudesInItsOwnFrame) {
+  const Ruv::CClothoidCurve curve;
+  EXPECT_EQ(curve.name(), "clothoid");
+  EXPECT_EQ(curve.numberOfTerms(), 12);
+  double out = -1.0;
+  EXPECT_TRUE(curve.tangentAngle(100, 400, 100, out));
+  EXPECT_DOUBLE_EQ(out, 0.125);
+  EXPECT_TRUE(curve.curvature(-50, 400, 100, out));
+  EXPECT_DOUBLE_EQ(out, 0.00125);
+  // At l = A the coordinates are multiples of A; signs are the caller's.
+  for (const double l : {200.0, -200.0}) {
+    EXPECT_TRUE(curve.localX(l, -400, 100, out));
+    EXPECT_NEAR(out, 0.9752876882 * 200, 1e-8);
+    EXPECT_TRUE(curve.localY(l, 400, 100, out));
+    EXPECT_NEAR(out, 0.1637140474 * 200, 1e-8);
+  }
+  const Point2D expected = TestSupport::referencePoint(0.0, 1 / 90.0, 250.0, 250.0);
+  EXPECT_TRUE(curve.localX(250, 90, 250, out));
+  EXPECT_NEAR(out, expected.y, 1e-10);
+  EXPECT_TRUE(curve.localY(250, 90, 250, out));
+  EXPECT_NEAR(out, expected.x, 1e-10);
+}
+
+TEST(ClothoidCurve, FlagsZeroProductsAndGrowingTerms) {
+  const Ruv::CClothoidCurve curve;
+  double out = -1.0;
+  EXPECT_FALSE(curve.curvature(50, 0, 100, out));
+  EXPECT_EQ(out, 0.0);
+  EXPECT_TRUE(curve.tangentAngle(50, 0, 100, out));
+  EXPECT_EQ(out, 0.0);
+  EXPECT_TRUE(curve.localX(50, 0, 100, out));
+  EXPECT_EQ(out, 0.0);
+  EXPECT_TRUE(curve.localY(0, 400, 100, out));
+  EXPECT_EQ(out, 0.0);
+  // Tangent angle 5: the last terms shrink, so the sum passes for converged. At 60 it does not.
+  EXPECT_TRUE(curve.localX(1000, 1000, 100, out));
+  EXPECT_FALSE(curve.localX(3500, 1000, 100, out));
+  EXPECT_GT(std::abs(out), 1e3);
+  EXPECT_FALSE(ClothoidWithTerms(-1).localX(100, 400, 100, out));
+  EXPECT_EQ(out, 0.0);
+  EXPECT_FALSE(ClothoidWithTerms(0).localX(100, 400, 100, out));
+  EXPECT_EQ(out, 100.0);
+  // More terms than a double holds factorials for, after a shorter sum.
+  EXPECT_TRUE(ClothoidWithTerms(2000).localY(200, 400, 100, out));
+  EXPECT_NEAR(out, 0.1637140474 * 200, 1e-8);
+}
+
+}  // namespace

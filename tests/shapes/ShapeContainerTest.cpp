@@ -1,0 +1,171 @@
+#include "shapes/ShapeContainer.h"
+
+#include "support/Random.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using namespace Ruv;
+using TestSupport::Random;
+
+std::unique_ptr<CTransSlopeElement> slopeAt(double stationing, double slope) {
+  auto element = std::make_unique<CTransSlopeElement>();
+  element->setStationing(stationing);
+  element->setSlope(slope);
+  return element;
+}
+
+std::unique_ptr<CVeralElement> kinkAt(double stationing, double height) {
+  auto element = std::make_unique<CVeralElement>();
+  element->setTypeId(CShapeType::VerticalKink);
+  element->setStationing(stationing);
+  element->setHeight(height);
+  return element;
+}
+
+std::unique_ptr<CHoralElement> endAt(CShapeType::Id typeId, double stationing, double east,
+                                     double north) {
+  auto element = std::make_unique<CHoralElement>();
+  element->setTypeId(typeId);
+  element->setStationing(stationing);
+  element->setEast(east);
+  element->setNorth(north);
+  return element;
+}
+
+void expectSortedAndLinked(const CShapeContainer& container) {
+  for (std::size_t i = 0; i < container.numTransSlope(); ++i) {
+    const CTransSlopeElement* element = container.transSlopeAt(i);
+    const CTransSlopeElement* before = i == 0 ? nullptr : container.transSlopeAt(i - 1);
+    EXPECT_EQ(element->getPrevious(), before);
+    EXPECT_EQ(element->getNext(), container.transSlopeAt(i + 1));
+    if (before == nullptr) continue;
+    EXPECT_LE(before->getStationing(), element->getStationing());
+    // Slopes were numbered in the order of adding.
+    if (before->getStationing() == element->getStationing()) {
+      EXPECT_LT(before->getSlope(), element->getSlope());
+    }
+  }
+}
+
+TEST(ShapeContainer, KeepsElementsInOrderAndLinked) {
+  Random random(51);
+  for (int round = 0; round < 20; ++round) {
+    CShapeContainer container;
+    for (int i = 0; i < 60; ++i) {
+      const double stationing = round == 0 ? -i : std::floor(random.uniform(0.0, 15.0));
+      container.appendTransSlope(slopeAt(stationing, i));
+      if (random.index(3) > 0) container.update();
+    }
+    container.update();
+    expectSortedAndLinked(container);
+    EXPECT_EQ(container.transSlopeAt(60), nullptr);
+    container.resetTransSlope();
+    container.update();
+    EXPECT_EQ(container.numTransSlope(), 0u);
+  }
+}
+
+TEST(ShapeContainer, SortsAgainAfterASetterMovedAnElement) {
+  CShapeContainer container;
+  for (int i = 0; i < 5; ++i) {
+    container.appendTransSlope(slopeAt(10.0 * i, i));
+  }
+  container.update();
+  container.transSlopeAt(0)->setStationing(25.0);
+  EXPECT_EQ(container.transSlopeAt(0)->getStationing(), 25.0);  // not before the next update
+  container.appendTransSlope(slopeAt(50.0, 5));
+  container.update();
+  expectSortedAndLinked(container);
+  EXPECT_EQ(container.transSlopeAt(2)->getSlope(), 0.0);
+}
+
+TEST(ShapeContainer, TellsTheRangeThatBothAlignmentsShare) {
+  CShapeContainer container;
+  double minimum = -1.0;
+  double maximum = -1.0;
+  container.stationingRange(minimum, maximum);
+  EXPECT_EQ(minimum, 0.0);
+  EXPECT_EQ(maximum, 0.0);
+  container.appendHoral(endAt(CShapeType::StartPoint, 10.0, 0, 0));
+  container.appendHoral(endAt(CShapeType::Straight, 90.0, 0, 80));
+  container.update();
+  container.stationingRange(minimum, maximum);
+  EXPECT_EQ(maximum, 0.0);
+  container.appendVeral(kinkAt(20.0, 1.0));
+  container.appendVeral(kinkAt(200.0, 1.0));
+  container.update();
+  container.stationingRange(minimum, maximum);
+  EXPECT_EQ(minimum, 20.0);
+  EXPECT_EQ(maximum, 90.0);
+  container.veralAt(0)->setStationing(150.0);
+  container.stationingRange(minimum, maximum);
+  EXPECT_EQ(minimum, 150.0);
+  EXPECT_EQ(maximum, 90.0);
+}
+
+TEST(ShapeContainer, AnswersFromTheElementsAsTheyAre) {
+  CShapeContainer container;
+  container.appendHoral(endAt(CShapeType::StartPoint, 0.0, 100, 200));
+  container.appendHoral(endAt(CShapeType::Straight, 50.0, 100, 250));
+  container.update();
+  CAlignmentPosition place;
+  ASSERT_TRUE(container.positionAt(50.0, place));
+  EXPECT_EQ(place.position.y, 250.0);
+  container.horalAt(1)->setEast(150.0);
+  ASSERT_TRUE(container.positionAt(50.0, place));
+  EXPECT_EQ(place.position.x, 150.0);
+  EXPECT_DOUBLE_EQ(place.azimuth, std::atan2(1.0, 1.0));
+  container.horalAt(1)->setTypeId(CShapeType::StartPoint);
+  EXPECT_FALSE(container.positionAt(50.0, place));
+  container.horalAt(1)->setTypeId(CShapeType::Straight);
+  container.horalAt(1)->setPrevious(nullptr);
+  EXPECT_FALSE(container.positionAt(50.0, place));
+  container.appendHoral(endAt(CShapeType::Straight, 80.0, 150, 290));
+  container.update();  // links again
+  EXPECT_TRUE(container.positionAt(50.0, place));
+}
+
+TEST(ShapeContainer, PreparesItsGeometryOnceForManyReaders) {
+  CShapeContainer container;
+  for (int i = 0; i <= 2000; ++i) {
+    container.appendHoral(endAt(i == 0 ? CShapeType::StartPoint : CShapeType::Straight, i, 0, i));
+  }
+  container.update();
+  std::vector<const CAxisGeometry*> seen(8);
+  std::vector<std::thread> readers;
+  for (auto& geometry : seen) {
+    readers.emplace_back([&] { geometry = &container.geometry(); });
+  }
+  for (std::thread& reader : readers) {
+    reader.join();
+  }
+  for (const CAxisGeometry* geometry : seen) {
+    EXPECT_EQ(geometry, seen.front());
+  }
+}
+
+TEST(ShapeElements, ComparePositionsAndTellTheirClass) {
+  CHoralElement horal;
+  CVeralElement veral;
+  CTransSlopeElement slope;
+  EXPECT_EQ(CShapeBase().classSize(), 20);
+  EXPECT_EQ(horal.classSize(), 52);
+  EXPECT_EQ(veral.classSize(), 36);
+  EXPECT_EQ(slope.classSize(), 28);
+  veral.setStationing(1.0);
+  EXPECT_TRUE(horal.isLess(&veral));
+  EXPECT_FALSE(horal.isGreater(&veral));
+  EXPECT_FALSE(horal.isLess(&slope));
+  EXPECT_TRUE(veral.isGreater(&slope));
+  EXPECT_TRUE(veral.isLess(nullptr));
+  EXPECT_TRUE(veral.isGreater(nullptr));
+}
+
+}  // namespace

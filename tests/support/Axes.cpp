@@ -1,0 +1,167 @@
+#include "support/Axes.h"
+
+#include "support/Csv.h"
+
+#include <Calculations/ShapeElements.h>
+
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace TestSupport {
+
+using namespace Ruv::Calculations;
+
+AxisPtr newAxis() {
+  return AxisPtr(AxisDefinitionFactory::createHoralVeralAxis());
+}
+
+namespace {
+
+void addHoral(AxisDefinition& axis, const CsvRow& row) {
+  const double stationing = row.number("start_station");
+  const double east = row.number("east");
+  const double north = row.number("north");
+  const double azimuth = row.number("azimuth");
+  const double length = row.number("length");
+  if (row.text("kind") == "straight") {
+    axis.addHoralSegmentStraight(stationing, east, north, azimuth, length);
+  } else if (row.text("kind") == "arc") {
+    axis.addHoralSegmentArc(stationing, east, north, azimuth, row.number("radius_start"), length);
+  } else {
+    axis.addHoralSegmentClothoid(stationing, east, north, azimuth, row.number("radius_start"),
+                                 row.number("radius_end"), length);
+  }
+}
+
+void addVeral(AxisDefinition& axis, const CsvRow& row) {
+  const double stationing = row.number("station");
+  const double height = row.number("height");
+  if (row.text("kind") == "kink") {
+    axis.addVeralPointKink(stationing, height);
+  } else if (row.text("kind") == "arc") {
+    axis.addVeralPointArc(stationing, height, row.number("rounding"));
+  } else {
+    axis.addVeralPointParabola(stationing, height, row.number("rounding"));
+  }
+}
+
+}  // namespace
+
+AxisPtr goldenAxis(const std::string& name) {
+  const std::string folder = "alignments/" + name;
+  const AxisPtr axis = newAxis();
+  const Csv horal(folder + "/horizontal.csv");
+  for (const CsvRow& row : horal.rows()) {
+    addHoral(*axis, row);
+  }
+  const Csv veral(folder + "/vertical.csv");
+  for (const CsvRow& row : veral.rows()) {
+    addVeral(*axis, row);
+  }
+  if (Csv::exists(folder + "/transverse_slope.csv")) {
+    const Csv slopes(folder + "/transverse_slope.csv");
+    for (const CsvRow& row : slopes.rows()) {
+      axis->addTransSlopeSegmentLinear(row.number("station_from"), row.number("station_to"),
+                                       row.number("slope_from_percent"),
+                                       row.number("slope_to_percent"));
+    }
+  }
+  return axis;
+}
+
+ChainBuilder::ChainBuilder(AxisPtr axis, double stationing, double east, double north,
+                           double azimuth)
+    : m_axis(std::move(axis)),
+      m_stationing(stationing),
+      m_east(east),
+      m_north(north),
+      m_azimuth(azimuth) {
+}
+
+void ChainBuilder::proceed(double length, double turning) {
+  const auto* end = dynamic_cast<const Ruv::CHoralElement*>(
+      m_axis->getHoralSegmentAt(m_axis->getNumHoralSegments() - 1));
+  m_stationing += length;
+  m_east = end->getEast();
+  m_north = end->getNorth();
+  m_azimuth += turning;
+}
+
+ChainBuilder& ChainBuilder::straight(double length) {
+  m_axis->addHoralSegmentStraight(m_stationing, m_east, m_north, m_azimuth, length);
+  proceed(length, 0.0);
+  return *this;
+}
+
+ChainBuilder& ChainBuilder::arc(double radius, double length) {
+  m_axis->addHoralSegmentArc(m_stationing, m_east, m_north, m_azimuth, radius, length);
+  proceed(length, length / radius);
+  return *this;
+}
+
+ChainBuilder& ChainBuilder::clothoid(double radiusStart, double radiusEnd, double length) {
+  m_axis->addHoralSegmentClothoid(m_stationing, m_east, m_north, m_azimuth, radiusStart, radiusEnd,
+                                  length);
+  const auto curvature = [](double radius) { return radius == 0.0 ? 0.0 : 1.0 / radius; };
+  proceed(length, (curvature(radiusStart) + curvature(radiusEnd)) * length / 2.0);
+  return *this;
+}
+
+ChainBuilder& ChainBuilder::turn(double angle) {
+  m_azimuth += angle;
+  return *this;
+}
+
+AxisPtr randomSmoothAxis(Random& random) {
+  const AxisPtr axis = newAxis();
+  ChainBuilder chain(axis, random.uniform(-500.0, 5000.0), 600000.0, 200000.0,
+                     random.uniform(-7.0, 7.0));
+  const double start = chain.stationing();
+  for (int i = 0; i < 4; ++i) {
+    const double radius = random.uniform(300.0, 900.0) * (random.index(2) == 0 ? 1.0 : -1.0);
+    const double other = random.uniform(300.0, 900.0) * (random.index(2) == 0 ? 1.0 : -1.0);
+    chain.straight(random.uniform(1.0, 80.0)).clothoid(0.0, radius, random.uniform(30.0, 80.0));
+    chain.arc(radius, random.uniform(5.0, 100.0));
+    chain.clothoid(radius, other, random.uniform(30.0, 80.0));
+    chain.clothoid(other, 0.0, random.uniform(30.0, 80.0));
+  }
+  const double length = chain.stationing() - start;
+  axis->addVeralPointKink(start, 500.0);
+  axis->addVeralPointArc(start + 0.25 * length, 500.0 + random.uniform(-8.0, 8.0), 1500.0);
+  axis->addVeralPointParabola(start + 0.5 * length, 500.0 + random.uniform(-8.0, 8.0), 900.0);
+  axis->addVeralPointArc(start + 0.75 * length, 500.0 + random.uniform(-8.0, 8.0), 1200.0);
+  axis->addVeralPointKink(start + length, 500.0);
+  axis->addTransSlopeSegmentConstant(start, start + 0.3 * length, 2.5);
+  axis->addTransSlopeSegmentLinear(start + 0.3 * length, start + 0.6 * length, 2.5, -6.0);
+  axis->setStationingMappingValues(start + 0.4 * length, 1000.0);
+  return axis;
+}
+
+Point2D referencePoint(double curvatureStart, double curvatureEnd, double length, double l) {
+  // Gauss-Legendre, 5 points a panel.
+  constexpr std::array<long double, 5> kPlaces = {
+      -0.9061798459386639927976268782993929651L, -0.5384693101056830910363144207002088049L, 0.0L,
+      0.5384693101056830910363144207002088049L, 0.9061798459386639927976268782993929651L};
+  constexpr std::array<long double, 5> kWeights = {
+      0.2369268850561890875142640407199173626L, 0.4786286704993664680412915148356381929L,
+      128.0L / 225.0L, 0.4786286704993664680412915148356381929L,
+      0.2369268850561890875142640407199173626L};
+  constexpr int kPanels = 400;
+  const long double change =
+      (static_cast<long double>(curvatureEnd) - curvatureStart) / (2.0L * length);
+  const long double half = static_cast<long double>(l) / kPanels / 2.0L;
+  long double x = 0.0L;
+  long double y = 0.0L;
+  for (int panel = 0; panel < kPanels; ++panel) {
+    for (std::size_t k = 0; k < kPlaces.size(); ++k) {
+      const long double place = half * (2 * panel + 1 + kPlaces[k]);
+      const long double heading = (curvatureStart + change * place) * place;
+      x += kWeights[k] * std::sin(heading);
+      y += kWeights[k] * std::cos(heading);
+    }
+  }
+  return Point2D(static_cast<double>(x * half), static_cast<double>(y * half));
+}
+
+}  // namespace TestSupport

@@ -1,0 +1,59 @@
+/// @file
+/// Axes to test with.
+
+#ifndef CALCULATIONS_TESTS_SUPPORT_AXES_H
+#define CALCULATIONS_TESTS_SUPPORT_AXES_H
+
+#include "support/Random.h"
+
+#include <Calculations/AxisDefinition.h>
+#include <Calculations/Points.h>
+
+#include <boost/shared_ptr.hpp>
+
+#include <string>
+
+namespace TestSupport {
+
+using AxisPtr = boost::shared_ptr<Ruv::Calculations::AxisDefinition>;
+
+AxisPtr newAxis();
+
+/// An axis of tests/golden/alignments.
+AxisPtr goldenAxis(const std::string& name);
+
+/// Adds segments one behind the other. Headings are exact sums; end points are the library's own.
+class ChainBuilder {
+ public:
+  ChainBuilder(AxisPtr axis, double stationing, double east, double north, double azimuth);
+
+  ChainBuilder& straight(double length);
+  ChainBuilder& arc(double radius, double length);
+  ChainBuilder& clothoid(double radiusStart, double radiusEnd, double length);
+  /// Makes a corner.
+  ChainBuilder& turn(double angle);
+
+  double stationing() const { return m_stationing; }
+
+ private:
+  void proceed(double length, double turning);
+
+  AxisPtr m_axis;
+  double m_stationing;
+  double m_east;
+  double m_north;
+  double m_azimuth;
+};
+
+/// Straights, arcs and clothoids in random order with tangent joints, from about 300 m radius, in
+/// national coordinates, with circles and parabolas in the profile and changing cross fall.
+AxisPtr randomSmoothAxis(Random& random);
+
+/// A point of a curve of linear curvature that starts at the origin heading north, by
+/// quadrature in extended precision. x is east, y north.
+Ruv::Calculations::Point2D referencePoint(double curvatureStart, double curvatureEnd, double length,
+                                          double l);
+
+}  // namespace TestSupport
+
+#endif

@@ -1,0 +1,37 @@
+/// @file
+/// Random numbers that are the same on every machine.
+
+#ifndef CALCULATIONS_TESTS_SUPPORT_RANDOM_H
+#define CALCULATIONS_TESTS_SUPPORT_RANDOM_H
+
+#include <cstdint>
+
+namespace TestSupport {
+
+/// splitmix64 (Steele, Lea and Flood 2014).
+class Random {
+ public:
+  explicit Random(std::uint64_t seed) : m_state(seed) {}
+
+  std::uint64_t bits() {
+    m_state += 0x9E3779B97F4A7C15u;
+    std::uint64_t z = m_state;
+    z = (z ^ (z >> 30u)) * 0xBF58476D1CE4E5B9u;
+    z = (z ^ (z >> 27u)) * 0x94D049BB133111EBu;
+    return z ^ (z >> 31u);
+  }
+
+  double uniform(double low, double high) {
+    return low + (high - low) * (static_cast<double>(bits() >> 11u) * 0x1p-53);
+  }
+
+  /// 0 .. count - 1
+  std::uint64_t index(std::uint64_t count) { return bits() % count; }
+
+ private:
+  std::uint64_t m_state;
+};
+
+}  // namespace TestSupport
+
+#endif
