@@ -17,10 +17,10 @@ namespace Calculations {
 
 /// A point or vector of a plane; in a profile plane x is to the right and y up.
 struct Point2D {
-  double x;
-  double y;
+  double x = 0.0;
+  double y = 0.0;
 
-  Point2D() : x(0.0), y(0.0) {}
+  Point2D() = default;
   Point2D(double xValue, double yValue) : x(xValue), y(yValue) {}
 
   Point2D operator-(const Point2D& q) const { return Point2D(x - q.x, y - q.y); }
@@ -114,7 +114,7 @@ class PointBase : public PointComponents<T> {
 /// A global position, or the difference of two positions.
 class CALCULATIONS_EXPORT ENHPoint : public PointBase<ENHPoint> {
  public:
-  ENHPoint() {}
+  ENHPoint() = default;
   ENHPoint(double eastValue, double northValue, double heightValue)
       : PointBase<ENHPoint>(eastValue, northValue, heightValue) {}
 
@@ -133,7 +133,7 @@ class CALCULATIONS_EXPORT ENHPoint : public PointBase<ENHPoint> {
 /// A point in a local Cartesian system.
 class XYZPoint : public PointBase<XYZPoint> {
  public:
-  XYZPoint() {}
+  XYZPoint() = default;
   XYZPoint(double xValue, double yValue, double zValue)
       : PointBase<XYZPoint>(xValue, yValue, zValue) {}
 };
@@ -141,11 +141,11 @@ class XYZPoint : public PointBase<XYZPoint> {
 /// A position relative to an axis, or a direction as (forward, right, up) in the same slots.
 class AxisPoint {
  public:
-  double stationing;  ///< along the axis
-  double offset;      ///< horizontal, positive to the right looking forward
-  double height;      ///< above the axis
+  double stationing = 0.0;  ///< along the axis
+  double offset = 0.0;      ///< horizontal, positive to the right looking forward
+  double height = 0.0;      ///< above the axis
 
-  AxisPoint() : stationing(0.0), offset(0.0), height(0.0) {}
+  AxisPoint() = default;
   AxisPoint(double stationingValue, double offsetValue, double heightValue)
       : stationing(stationingValue), offset(offsetValue), height(heightValue) {}
 };
@@ -153,11 +153,11 @@ class AxisPoint {
 /// A total-station measurement.
 class PolarPoint {
  public:
-  double horizontalAngle;  ///< clockwise, 0 at the instrument's zero direction
-  double verticalAngle;    ///< zenith angle: 0 straight up, pi/2 horizontal
-  double slopeDistance;
+  double horizontalAngle = 0.0;  ///< clockwise, 0 at the instrument's zero direction
+  double verticalAngle = 0.0;    ///< zenith angle: 0 straight up, pi/2 horizontal
+  double slopeDistance = 0.0;
 
-  PolarPoint() : horizontalAngle(0.0), verticalAngle(0.0), slopeDistance(0.0) {}
+  PolarPoint() = default;
   PolarPoint(double horizontalAngleValue, double verticalAngleValue, double slopeDistanceValue)
       : horizontalAngle(horizontalAngleValue),
         verticalAngle(verticalAngleValue),
@@ -166,11 +166,11 @@ class PolarPoint {
 
 /// Components of a point or direction relative to a guidance vector or an axis.
 struct CALCULATIONS_EXPORT GuidanceOffsets {
-  double forward;     ///< along the vector
-  double horizontal;  ///< to the right
-  double vertical;    ///< upward
+  double forward = 0.0;     ///< along the vector
+  double horizontal = 0.0;  ///< to the right
+  double vertical = 0.0;    ///< upward
 
-  GuidanceOffsets() : forward(0.0), horizontal(0.0), vertical(0.0) {}
+  GuidanceOffsets() = default;
   GuidanceOffsets(double forwardValue, double horizontalValue, double verticalValue)
       : forward(forwardValue), horizontal(horizontalValue), vertical(verticalValue) {}
 

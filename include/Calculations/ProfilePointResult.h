@@ -12,9 +12,9 @@ namespace Calculations {
 
 /// Where a point lies relative to a profile.
 struct CALCULATIONS_EXPORT ProfilePointResult {
-  Point2D profilePoint;  ///< the nearest point of the profile
-  double distance;       ///< of the queried point from the profile
-  double derolment;      ///< developed length along the profile to profilePoint
+  Point2D profilePoint;    ///< the nearest point of the profile
+  double distance = 0.0;   ///< of the queried point from the profile
+  double derolment = 0.0;  ///< developed length along the profile to profilePoint
 
   ProfilePointResult();
   ProfilePointResult(const Point2D& p, double distanceValue, double derolmentValue);

@@ -86,11 +86,11 @@ class CALCULATIONS_EXPORT CShapeBase {
  private:
   friend class CShapeContainer;
 
-  double m_stationing;
-  std::int32_t m_typeId;
-  CShapeBase* m_next;
-  CShapeBase* m_previous;
-  CShapeContainer* m_container;  // the owner, told of every change; null until it takes over
+  double m_stationing = 0.0;
+  std::int32_t m_typeId = CShapeType::Untyped;
+  CShapeBase* m_next = nullptr;
+  CShapeBase* m_previous = nullptr;
+  CShapeContainer* m_container = nullptr;  // the owner, told of every change
 };
 
 /// The start point of the horizontal alignment, or the end of a straight, arc or clothoid.
@@ -124,13 +124,13 @@ class CALCULATIONS_EXPORT CHoralElement : public CShapeBase {
  private:
   friend class CShapeContainer;
 
-  double m_east;
-  double m_north;
-  double m_secondEast;
-  double m_secondNorth;
-  double m_radiusStart;
-  double m_radiusEnd;
-  double m_clothoidParameter;
+  double m_east = 0.0;
+  double m_north = 0.0;
+  double m_secondEast = 0.0;
+  double m_secondNorth = 0.0;
+  double m_radiusStart = 0.0;
+  double m_radiusEnd = 0.0;
+  double m_clothoidParameter = 0.0;
   // The azimuth with which the segment was defined, not-a-number if none is known. It settles the
   // direction where the end points cannot, as on a full circle.
   double m_definedAzimuth;
@@ -151,8 +151,8 @@ class CALCULATIONS_EXPORT CVeralElement : public CShapeBase {
   void setRoundingValue(double value);
 
  private:
-  double m_height;
-  double m_roundingValue;
+  double m_height = 0.0;
+  double m_roundingValue = 0.0;
 };
 
 /// One end of a transverse-slope interval.
@@ -168,7 +168,7 @@ class CALCULATIONS_EXPORT CTransSlopeElement : public CShapeBase {
   void setSlope(double slope);
 
  private:
-  double m_slope;
+  double m_slope = 0.0;
 };
 
 }  // namespace Ruv

@@ -12,9 +12,9 @@ namespace Ruv {
 
 /// A curve whose curvature grows from zero at its origin.
 ///
-/// In every operation l is the arc length from the origin (m), R the radius reached after the
-/// length L. Results are written to out and tell magnitudes: the caller applies the signs of l
-/// and of the curve's side.
+/// In every operation l is the arc length from the origin (m), and the curve reaches the radius R
+/// after the length L. Results are written to out and tell magnitudes: the caller applies the signs
+/// of l and of the curve's side.
 class CALCULATIONS_EXPORT CTransitionCurve {
  public:
   CTransitionCurve();
@@ -22,13 +22,13 @@ class CALCULATIONS_EXPORT CTransitionCurve {
   CTransitionCurve& operator=(const CTransitionCurve&);
   virtual ~CTransitionCurve();
 
-  virtual bool curvature(double l, double R, double L, double& out) const = 0;
+  virtual bool curvature(double l, double radius, double length, double& out) const = 0;
   /// Change of direction since the origin (rad).
-  virtual bool tangentAngle(double l, double R, double L, double& out) const = 0;
+  virtual bool tangentAngle(double l, double radius, double length, double& out) const = 0;
   /// Coordinate to the side of the tangent at the origin.
-  virtual bool localY(double l, double R, double L, double& out) const = 0;
+  virtual bool localY(double l, double radius, double length, double& out) const = 0;
   /// Coordinate along the tangent at the origin.
-  virtual bool localX(double l, double R, double L, double& out) const = 0;
+  virtual bool localX(double l, double radius, double length, double& out) const = 0;
   /// The curve kind's name.
   virtual const std::string& name() const = 0;
   /// Index of the last series term: 12 unless a derived class says otherwise.
@@ -51,13 +51,13 @@ class CALCULATIONS_EXPORT CClothoidCurve : public CTransitionCurve {
   ~CClothoidCurve() override;
 
   /// |l / (R L)|. A product R L of zero gives 0 and false.
-  bool curvature(double l, double R, double L, double& out) const override;
+  bool curvature(double l, double radius, double length, double& out) const override;
   /// l^2 / |2 R L|. A product R L of zero gives 0 and true.
-  bool tangentAngle(double l, double R, double L, double& out) const override;
+  bool tangentAngle(double l, double radius, double length, double& out) const override;
   /// A product R L of zero gives 0 and true.
-  bool localY(double l, double R, double L, double& out) const override;
+  bool localY(double l, double radius, double length, double& out) const override;
   /// A product R L of zero gives 0 and true.
-  bool localX(double l, double R, double L, double& out) const override;
+  bool localX(double l, double radius, double length, double& out) const override;
   /// "clothoid"
   const std::string& name() const override;
 };

@@ -43,9 +43,7 @@ CConversionOptions conversionOptions(bool perpendicular, bool withTransSlope) {
   return options;
 }
 
-bool isShaft(const AxisDefinitionImpl& axis) {
-  return axis.axisType == AxisType::Shaft;
-}
+bool isShaft(const AxisDefinitionImpl& axis) { return axis.axisType == AxisType::Shaft; }
 
 bool isInRange(const AxisDefinitionImpl& axis, double stationing) {
   double minimum = 0.0;
@@ -79,12 +77,10 @@ bool AxisCalculatorImpl::tangentAt(double stationing, bool inSpace, ENHPoint& ta
 }
 
 AxisCalculator::AxisCalculator(const boost::shared_ptr<const AxisDefinition>& axis)
-    : m_impl(new AxisCalculatorImpl(axis)) {
-}
+    : m_impl(new AxisCalculatorImpl(axis)) {}
 
 AxisCalculator::AxisCalculator(const boost::shared_ptr<const BlockAxisDefinition>& block)
-    : m_impl(new AxisCalculatorImpl(axisOf(block))) {
-}
+    : m_impl(new AxisCalculatorImpl(axisOf(block))) {}
 
 AxisCalculator::~AxisCalculator() = default;
 

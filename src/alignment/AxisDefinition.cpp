@@ -119,22 +119,15 @@ unsigned asCount(std::size_t count) {
 
 }  // namespace
 
-AxisDefinition::AxisDefinition() : m_impl(new AxisDefinitionImpl) {
-}
+AxisDefinition::AxisDefinition() : m_impl(new AxisDefinitionImpl) {}
 
 AxisDefinition::~AxisDefinition() = default;
 
-AxisDefinitionImpl* AxisDefinition::getImpl() const {
-  return m_impl.get();
-}
+AxisDefinitionImpl* AxisDefinition::getImpl() const { return m_impl.get(); }
 
-bool AxisDefinition::isTypeHoralVeral() const {
-  return m_impl->axisType == AxisType::HoralVeral;
-}
+bool AxisDefinition::isTypeHoralVeral() const { return m_impl->axisType == AxisType::HoralVeral; }
 
-bool AxisDefinition::isShaftAxis() const {
-  return m_impl->axisType == AxisType::Shaft;
-}
+bool AxisDefinition::isShaftAxis() const { return m_impl->axisType == AxisType::Shaft; }
 
 bool AxisDefinition::isShaftAxisTopDown() const {
   const CVeralElement* first = m_impl->container.veralAt(0);

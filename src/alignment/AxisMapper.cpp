@@ -31,23 +31,19 @@ class AxisMapperImpl {
 
 AxisMapper::AxisMapper(const boost::shared_ptr<const AxisDefinition>& from,
                        const boost::shared_ptr<const AxisDefinition>& to)
-    : m_impl(new AxisMapperImpl(from, to)) {
-}
+    : m_impl(new AxisMapperImpl(from, to)) {}
 
 AxisMapper::AxisMapper(const boost::shared_ptr<const AxisDefinition>& from,
                        const boost::shared_ptr<const BlockAxisDefinition>& to)
-    : m_impl(new AxisMapperImpl(from, to)) {
-}
+    : m_impl(new AxisMapperImpl(from, to)) {}
 
 AxisMapper::AxisMapper(const boost::shared_ptr<const BlockAxisDefinition>& from,
                        const boost::shared_ptr<const AxisDefinition>& to)
-    : m_impl(new AxisMapperImpl(from, to)) {
-}
+    : m_impl(new AxisMapperImpl(from, to)) {}
 
 AxisMapper::AxisMapper(const boost::shared_ptr<const BlockAxisDefinition>& from,
                        const boost::shared_ptr<const BlockAxisDefinition>& to)
-    : m_impl(new AxisMapperImpl(from, to)) {
-}
+    : m_impl(new AxisMapperImpl(from, to)) {}
 
 AxisMapper::~AxisMapper() = default;
 

@@ -19,12 +19,9 @@ template <class Sample>
 void sampleAlong(double from, double to, double step, const Sample& sample) {
   Utilities::forceInRange(step, kSmallestStep, kLargestStep);
   sample(from);
-  if ((to - from) / step <= kMostSteps) {
-    double steps = 1.0;
-    for (double place = from + step; place < to; place = from + steps * step) {
-      sample(place);
-      steps += 1.0;
-    }
+  const bool isCountable = (to - from) / step <= kMostSteps;
+  for (int steps = 1; isCountable && from + steps * step < to; ++steps) {
+    sample(from + steps * step);
   }
   sample(to);
 }
@@ -43,9 +40,7 @@ void appendVeralPoint(const std::vector<CVeralPoint>& points, std::size_t index,
   });
 }
 
-bool areEqual(const Point2D& a, const Point2D& b) {
-  return a.x == b.x && a.y == b.y;
-}
+bool areEqual(const Point2D& a, const Point2D& b) { return a.x == b.x && a.y == b.y; }
 
 }  // namespace
 

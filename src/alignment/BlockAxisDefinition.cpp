@@ -124,9 +124,7 @@ BlockAxisDefinition::BlockAxisDefinition(
 
 BlockAxisDefinition::~BlockAxisDefinition() = default;
 
-double BlockAxisDefinition::blockStartStng2d() const {
-  return m_impl->blockStartStng2d;
-}
+double BlockAxisDefinition::blockStartStng2d() const { return m_impl->blockStartStng2d; }
 
 double BlockAxisDefinition::blockEndStng2dOnRefAxis() const {
   return m_impl->blockEndStng2dOnRefAxis;
@@ -142,9 +140,7 @@ double BlockAxisDefinition::blockLength2d() const {
   return end.stationing - start.stationing;
 }
 
-double BlockAxisDefinition::blockEndStng2d() const {
-  return blockStartStng2d() + blockLength2d();
-}
+double BlockAxisDefinition::blockEndStng2d() const { return blockStartStng2d() + blockLength2d(); }
 
 double BlockAxisDefinition::blockStartStng3d() const {
   double tunnelmeter = 0.0;
@@ -159,9 +155,7 @@ double BlockAxisDefinition::blockLength3d() const {
       .length();
 }
 
-double BlockAxisDefinition::blockEndStng3d() const {
-  return blockStartStng3d() + blockLength3d();
-}
+double BlockAxisDefinition::blockEndStng3d() const { return blockStartStng3d() + blockLength3d(); }
 
 boost::shared_ptr<const AxisDefinition> BlockAxisDefinition::asAxisDefinition() const {
   return m_impl->blockAxis;

@@ -8,8 +8,7 @@ Shaft::Shaft(const AxisDefinitionImpl& axis)
       m_north(axis.container.horalAt(0)->getNorth()),
       m_stationing(axis.container.veralAt(0)->getStationing()),
       m_height(axis.container.veralAt(0)->getHeight()),
-      m_upward(m_height < axis.container.veralAt(1)->getHeight() ? 1.0 : -1.0) {
-}
+      m_upward(m_height < axis.container.veralAt(1)->getHeight() ? 1.0 : -1.0) {}
 
 ENHPoint Shaft::gridPointOf(const AxisPoint& point) const {
   return ENHPoint(m_east - m_upward * point.offset, m_north + point.height,

@@ -5,8 +5,7 @@ namespace Calculations {
 
 Polyline::Polyline() = default;
 
-Polyline::Polyline(const std::vector<Point2D>& points) : m_points(points) {
-}
+Polyline::Polyline(const std::vector<Point2D>& points) : m_points(points) {}
 
 Polyline::Polyline(const Polyline& other) = default;
 
@@ -14,14 +13,11 @@ Polyline& Polyline::operator=(const Polyline& other) = default;
 
 Polyline::~Polyline() = default;
 
-std::vector<Point2D> Polyline::points() const {
-  return m_points;
-}
+std::vector<Point2D> Polyline::points() const { return m_points; }
 
 Polygon::Polygon() = default;
 
-Polygon::Polygon(const std::vector<Point2D>& points) : m_points(points) {
-}
+Polygon::Polygon(const std::vector<Point2D>& points) : m_points(points) {}
 
 Polygon::Polygon(const Polygon& other) = default;
 
@@ -29,9 +25,7 @@ Polygon& Polygon::operator=(const Polygon& other) = default;
 
 Polygon::~Polygon() = default;
 
-std::vector<Point2D> Polygon::points() const {
-  return m_points;
-}
+std::vector<Point2D> Polygon::points() const { return m_points; }
 
 }  // namespace Calculations
 }  // namespace Ruv

@@ -38,9 +38,7 @@ static_assert(offsetof(GuidanceOffsets, forward) == 0 &&
 
 namespace {
 
-std::array<double, 3> componentsOf(const ENHPoint& p) {
-  return {p.east, p.north, p.height};
-}
+std::array<double, 3> componentsOf(const ENHPoint& p) { return {p.east, p.north, p.height}; }
 
 }  // namespace
 

@@ -26,25 +26,20 @@ static_assert(offsetof(ProfilePointResult, profilePoint) == 0 &&
                   offsetof(ProfilePointResult, derolment) == 24,
               "storage order");
 
-FittingResult::FittingResult(FittingMethod::Method m) : FittingResult(m, Point2D(), 0.0) {
-}
+FittingResult::FittingResult(FittingMethod::Method m) : FittingResult(m, Point2D(), 0.0) {}
 
 FittingResult::FittingResult(FittingMethod::Method m, Point2D centerPoint, double r)
-    : method(m), center(centerPoint), radius(r), semiAxisA(r), semiAxisB(r), rotation(0.0) {
-}
+    : method(m), center(centerPoint), radius(r), semiAxisA(r), semiAxisB(r), rotation(0.0) {}
 
 FittingResult::FittingResult(FittingMethod::Method m, Point2D centerPoint, double a, double b,
                              double angle)
-    : method(m), center(centerPoint), radius(0.0), semiAxisA(a), semiAxisB(b), rotation(angle) {
-}
+    : method(m), center(centerPoint), radius(0.0), semiAxisA(a), semiAxisB(b), rotation(angle) {}
 
-ProfilePointResult::ProfilePointResult() : distance(0.0), derolment(0.0) {
-}
+ProfilePointResult::ProfilePointResult() = default;
 
 ProfilePointResult::ProfilePointResult(const Point2D& p, double distanceValue,
                                        double derolmentValue)
-    : profilePoint(p), distance(distanceValue), derolment(derolmentValue) {
-}
+    : profilePoint(p), distance(distanceValue), derolment(derolmentValue) {}
 
 }  // namespace Calculations
 }  // namespace Ruv

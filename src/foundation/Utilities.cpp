@@ -27,9 +27,7 @@ double withCountableTurns(double angle) {
   return std::abs(angle) < kLargestCountedAngle ? angle : std::fmod(angle, kTwoPi);
 }
 
-double square(double v) {
-  return v * v;
-}
+double square(double v) { return v * v; }
 
 double dot(const ENHPoint& a, const ENHPoint& b) {
   return a.east * b.east + a.north * b.north + a.height * b.height;
@@ -46,17 +44,11 @@ double rootOfSquare(double squared) {
   return std::sqrt(squared);
 }
 
-double negatedIf(bool negative, double value) {
-  return negative ? -value : value;
-}
+double negatedIf(bool negative, double value) { return negative ? -value : value; }
 
-ENHPoint asENHPoint(const AxisPoint& a) {
-  return ENHPoint(a.stationing, -a.offset, a.height);
-}
+ENHPoint asENHPoint(const AxisPoint& a) { return ENHPoint(a.stationing, -a.offset, a.height); }
 
-AxisPoint asAxisPoint(const ENHPoint& p) {
-  return AxisPoint(p.east, -p.north, p.height);
-}
+AxisPoint asAxisPoint(const ENHPoint& p) { return AxisPoint(p.east, -p.north, p.height); }
 
 /// Puts the axis direction along +east and its left side along +north.
 ENHPoint turnToAxis(const ENHPoint& diff, double azimuth, double longSlope) {
@@ -102,37 +94,21 @@ double Utilities::getangleAsMinusPiToPi(double angle) {
   return angle;
 }
 
-double Utilities::gon2rad(double gon) {
-  return (kPi / 200.0) * gon;
-}
+double Utilities::gon2rad(double gon) { return (kPi / 200.0) * gon; }
 
-double Utilities::rad2gon(double rad) {
-  return (200.0 / kPi) * rad;
-}
+double Utilities::rad2gon(double rad) { return (200.0 / kPi) * rad; }
 
-double Utilities::deg2rad(double deg) {
-  return (kPi / 180.0) * deg;
-}
+double Utilities::deg2rad(double deg) { return (kPi / 180.0) * deg; }
 
-double Utilities::rad2deg(double rad) {
-  return (180.0 / kPi) * rad;
-}
+double Utilities::rad2deg(double rad) { return (180.0 / kPi) * rad; }
 
-double Utilities::anglePercentToRad(double percent) {
-  return std::atan(percent / 100.0);
-}
+double Utilities::anglePercentToRad(double percent) { return std::atan(percent / 100.0); }
 
-double Utilities::longSlopePercentToRad(double percent) {
-  return anglePercentToRad(percent);
-}
+double Utilities::longSlopePercentToRad(double percent) { return anglePercentToRad(percent); }
 
-double Utilities::angleRadToPercent(double rad) {
-  return std::tan(rad) * 100.0;
-}
+double Utilities::angleRadToPercent(double rad) { return std::tan(rad) * 100.0; }
 
-double Utilities::longSlopeRadToPercent(double rad) {
-  return angleRadToPercent(rad);
-}
+double Utilities::longSlopeRadToPercent(double rad) { return angleRadToPercent(rad); }
 
 double Utilities::transSlopePercentClockwiseToRadAntiClockwise(double percent) {
   return -std::atan(percent / 100.0);
@@ -335,9 +311,7 @@ AxisPoint Utilities::getGuidanceVectorFromFrontAndSideViewAngles(double front, d
                    negatedIf(angleInThirdOrFourthQuadrant(front), rootOfSquare(up2)));
 }
 
-bool Utilities::angleIsZero(double angle) {
-  return std::abs(angle) < kAngleTolerance;
-}
+bool Utilities::angleIsZero(double angle) { return std::abs(angle) < kAngleTolerance; }
 
 bool Utilities::angleIsZeroOrMultipleOfPi(double angle) {
   // Not normalised first: 2 pi and 3 pi do not count, and callers know it.
@@ -363,9 +337,7 @@ bool Utilities::angleInSecondOrThirdQuadrant(double angle) {
   return getAngleAsZeroToTwoPi(angle) > kPi;
 }
 
-double RawPointHelper::length2D(double a, double b) {
-  return std::sqrt(a * a + b * b);
-}
+double RawPointHelper::length2D(double a, double b) { return std::sqrt(a * a + b * b); }
 
 double RawPointHelper::length(const double* components) {
   return std::sqrt(components[0] * components[0] + components[1] * components[1] +

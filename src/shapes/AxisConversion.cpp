@@ -38,9 +38,7 @@ CSectionPoint rolledBack(const CSectionPoint& p, double slopePercent) {
   return rolled(p, -slopePercent);
 }
 
-double cosineOfGrade(double grade) {
-  return 1.0 / std::sqrt(1.0 + grade * grade);
-}
+double cosineOfGrade(double grade) { return 1.0 / std::sqrt(1.0 + grade * grade); }
 
 double transSlopeAt(const CAxisGeometry& axis, double stationing,
                     const CConversionOptions& options) {

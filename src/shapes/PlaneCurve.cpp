@@ -38,9 +38,7 @@ bool hasFinitePlace(const CCurvePoint& point) {
   return isFinite(point.position) && std::isfinite(point.heading);
 }
 
-CCurveFoot footBeforeStart(double outside) {
-  return {CFootReport::BeforeStart, 0.0, 0.0, outside};
-}
+CCurveFoot footBeforeStart(double outside) { return {CFootReport::BeforeStart, 0.0, 0.0, outside}; }
 
 CCurveFoot footBeyondEnd(double length, double outside) {
   return {CFootReport::BeyondEnd, length, 0.0, outside};

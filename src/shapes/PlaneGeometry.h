@@ -26,13 +26,9 @@ inline CDirection directionOfBearing(double bearing) {
   return {std::sin(bearing), std::cos(bearing)};
 }
 
-inline double bearingOf(const Point2D& v) {
-  return std::atan2(v.x, v.y);
-}
+inline double bearingOf(const Point2D& v) { return std::atan2(v.x, v.y); }
 
-inline Point2D rightNormal(const CDirection& d) {
-  return {d.y, -d.x};
-}
+inline Point2D rightNormal(const CDirection& d) { return {d.y, -d.x}; }
 
 /// Component of v along d.
 inline double forwardComponent(const Point2D& v, const CDirection& d) {
@@ -67,9 +63,7 @@ inline CDirection directionThrough(const CDirection& into, const CDirection& out
   return {sum.x / length, sum.y / length};
 }
 
-inline bool isFinite(const Point2D& p) {
-  return std::isfinite(p.x) && std::isfinite(p.y);
-}
+inline bool isFinite(const Point2D& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
 
 }  // namespace Ruv
 

@@ -16,27 +16,15 @@ constexpr int kTransSlopeShare = 8;
 
 }  // namespace
 
-CShapeBase::CShapeBase()
-    : m_stationing(0.0),
-      m_typeId(CShapeType::Untyped),
-      m_next(nullptr),
-      m_previous(nullptr),
-      m_container(nullptr) {
-}
+CShapeBase::CShapeBase() = default;
 
 CShapeBase::~CShapeBase() = default;
 
-bool CShapeBase::extensionHook1() {
-  return true;
-}
+bool CShapeBase::extensionHook1() { return true; }
 
-bool CShapeBase::extensionHook2() {
-  return true;
-}
+bool CShapeBase::extensionHook2() { return true; }
 
-bool CShapeBase::extensionHook3() {
-  return true;
-}
+bool CShapeBase::extensionHook3() { return true; }
 
 bool CShapeBase::isLess(const CShapeBase* other) const {
   return other == nullptr || m_stationing < other->m_stationing;
@@ -46,29 +34,17 @@ bool CShapeBase::isGreater(const CShapeBase* other) const {
   return other == nullptr || m_stationing > other->m_stationing;
 }
 
-bool CShapeBase::extensionHook4() {
-  return true;
-}
+bool CShapeBase::extensionHook4() { return true; }
 
-bool CShapeBase::extensionHook5() {
-  return true;
-}
+bool CShapeBase::extensionHook5() { return true; }
 
-bool CShapeBase::extensionHook6() {
-  return true;
-}
+bool CShapeBase::extensionHook6() { return true; }
 
-bool CShapeBase::extensionHook7() {
-  return true;
-}
+bool CShapeBase::extensionHook7() { return true; }
 
-bool CShapeBase::extensionHook8() {
-  return true;
-}
+bool CShapeBase::extensionHook8() { return true; }
 
-int CShapeBase::classSize() const {
-  return kBaseClassSize;
-}
+int CShapeBase::classSize() const { return kBaseClassSize; }
 
 void CShapeBase::noteChange() {
   if (m_container != nullptr) m_container->elementChanged();
@@ -94,22 +70,11 @@ void CShapeBase::setPrevious(CShapeBase* previous) {
   noteChange();
 }
 
-CHoralElement::CHoralElement()
-    : m_east(0.0),
-      m_north(0.0),
-      m_secondEast(0.0),
-      m_secondNorth(0.0),
-      m_radiusStart(0.0),
-      m_radiusEnd(0.0),
-      m_clothoidParameter(0.0),
-      m_definedAzimuth(std::numeric_limits<double>::quiet_NaN()) {
-}
+CHoralElement::CHoralElement() : m_definedAzimuth(std::numeric_limits<double>::quiet_NaN()) {}
 
 CHoralElement::~CHoralElement() = default;
 
-int CHoralElement::classSize() const {
-  return CShapeBase::classSize() + kHoralShare;
-}
+int CHoralElement::classSize() const { return CShapeBase::classSize() + kHoralShare; }
 
 void CHoralElement::setEast(double east) {
   m_east = east;
@@ -121,13 +86,9 @@ void CHoralElement::setNorth(double north) {
   noteChange();
 }
 
-void CHoralElement::setSecondEast(double east) {
-  m_secondEast = east;
-}
+void CHoralElement::setSecondEast(double east) { m_secondEast = east; }
 
-void CHoralElement::setSecondNorth(double north) {
-  m_secondNorth = north;
-}
+void CHoralElement::setSecondNorth(double north) { m_secondNorth = north; }
 
 void CHoralElement::setRadiusStart(double radius) {
   m_radiusStart = radius;
@@ -139,18 +100,13 @@ void CHoralElement::setRadiusEnd(double radius) {
   noteChange();
 }
 
-void CHoralElement::setClothoidParameter(double parameter) {
-  m_clothoidParameter = parameter;
-}
+void CHoralElement::setClothoidParameter(double parameter) { m_clothoidParameter = parameter; }
 
-CVeralElement::CVeralElement() : m_height(0.0), m_roundingValue(0.0) {
-}
+CVeralElement::CVeralElement() = default;
 
 CVeralElement::~CVeralElement() = default;
 
-int CVeralElement::classSize() const {
-  return CShapeBase::classSize() + kVeralShare;
-}
+int CVeralElement::classSize() const { return CShapeBase::classSize() + kVeralShare; }
 
 void CVeralElement::setHeight(double height) {
   m_height = height;
@@ -162,14 +118,11 @@ void CVeralElement::setRoundingValue(double value) {
   noteChange();
 }
 
-CTransSlopeElement::CTransSlopeElement() : m_slope(0.0) {
-}
+CTransSlopeElement::CTransSlopeElement() = default;
 
 CTransSlopeElement::~CTransSlopeElement() = default;
 
-int CTransSlopeElement::classSize() const {
-  return CShapeBase::classSize() + kTransSlopeShare;
-}
+int CTransSlopeElement::classSize() const { return CShapeBase::classSize() + kTransSlopeShare; }
 
 void CTransSlopeElement::setSlope(double slope) {
   m_slope = slope;

@@ -69,8 +69,8 @@ bool sumSeries(const Coefficients& coefficients, int lastTerm, double power, dou
   return shrinking > growing;
 }
 
-bool isZeroProduct(double R, double L) {
-  return std::abs(R * L) <= kSmallestProduct;
+bool isZeroProduct(double radius, double length) {
+  return std::abs(radius * length) <= kSmallestProduct;
 }
 
 }  // namespace
@@ -80,42 +80,40 @@ CTransitionCurve::CTransitionCurve(const CTransitionCurve&) = default;
 CTransitionCurve& CTransitionCurve::operator=(const CTransitionCurve&) = default;
 CTransitionCurve::~CTransitionCurve() = default;
 
-int CTransitionCurve::numberOfTerms() const {
-  return 12;
-}
+int CTransitionCurve::numberOfTerms() const { return 12; }
 
 CClothoidCurve::CClothoidCurve() = default;
 CClothoidCurve::CClothoidCurve(const CClothoidCurve&) = default;
 CClothoidCurve& CClothoidCurve::operator=(const CClothoidCurve&) = default;
 CClothoidCurve::~CClothoidCurve() = default;
 
-bool CClothoidCurve::curvature(double l, double R, double L, double& out) const {
+bool CClothoidCurve::curvature(double l, double radius, double length, double& out) const {
   out = 0.0;
-  if (isZeroProduct(R, L)) return false;
-  out = std::abs(l / (R * L));
+  if (isZeroProduct(radius, length)) return false;
+  out = std::abs(l / (radius * length));
   return true;
 }
 
-bool CClothoidCurve::tangentAngle(double l, double R, double L, double& out) const {
+bool CClothoidCurve::tangentAngle(double l, double radius, double length, double& out) const {
   out = 0.0;
-  if (!isZeroProduct(R, L)) out = l * l / std::abs(2.0 * (R * L));
+  if (!isZeroProduct(radius, length)) out = l * l / std::abs(2.0 * (radius * length));
   return true;
 }
 
-bool CClothoidCurve::localY(double l, double R, double L, double& out) const {
+bool CClothoidCurve::localY(double l, double radius, double length, double& out) const {
   out = 0.0;
-  if (isZeroProduct(R, L)) return true;
+  if (isZeroProduct(radius, length)) return true;
   const double a = std::abs(l);
-  const double b = 1.0 / (2.0 * std::abs(R) * std::abs(L));
+  const double b = 1.0 / (2.0 * std::abs(radius) * std::abs(length));
   const double a3 = a * a * a;
   return sumSeries(oddCoefficients(), numberOfTerms(), b * a3, b * b * a3 * a, 3.0, out);
 }
 
-bool CClothoidCurve::localX(double l, double R, double L, double& out) const {
+bool CClothoidCurve::localX(double l, double radius, double length, double& out) const {
   out = 0.0;
-  if (isZeroProduct(R, L)) return true;
+  if (isZeroProduct(radius, length)) return true;
   const double a = std::abs(l);
-  const double b = 1.0 / (2.0 * std::abs(R) * std::abs(L));
+  const double b = 1.0 / (2.0 * std::abs(radius) * std::abs(length));
   return sumSeries(evenCoefficients(), numberOfTerms(), a, b * b * a * a * a * a, 1.0, out);
 }
 

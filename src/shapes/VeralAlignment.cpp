@@ -10,9 +10,7 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-double justBelow(double value) {
-  return std::nextafter(value, -kInfinity);
-}
+double justBelow(double value) { return std::nextafter(value, -kInfinity); }
 
 }  // namespace
 

@@ -14,13 +14,9 @@ namespace {
 
 constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
-double cosineOfGrade(double grade) {
-  return 1.0 / std::sqrt(1.0 + grade * grade);
-}
+double cosineOfGrade(double grade) { return 1.0 / std::sqrt(1.0 + grade * grade); }
 
-double cosineOfSine(double sine) {
-  return std::sqrt((1.0 - sine) * (1.0 + sine));
-}
+double cosineOfSine(double sine) { return std::sqrt((1.0 - sine) * (1.0 + sine)); }
 
 /// Length in space of a parabola of radius 1 from its vertex to a grade.
 double unitParabolaLength(double grade) {

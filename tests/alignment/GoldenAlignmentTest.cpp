@@ -32,9 +32,7 @@ void expectPoint(const ENHPoint& actual, const CsvRow& row, const std::string& s
   EXPECT_NEAR(actual.height, row.number("height" + suffix), 1e-10);
 }
 
-double curvatureOf(double radius) {
-  return radius == 0.0 ? 0.0 : 1.0 / radius;
-}
+double curvatureOf(double radius) { return radius == 0.0 ? 0.0 : 1.0 / radius; }
 
 class GoldenAlignment : public testing::TestWithParam<const char*> {
  protected:

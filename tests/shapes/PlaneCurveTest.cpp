@@ -32,17 +32,13 @@ struct CurveCase {
   double radiusEnd;
   double length;
 };
-std::ostream& operator<<(std::ostream& out, const CurveCase& c) {
-  return out << c.name;
-}
+std::ostream& operator<<(std::ostream& out, const CurveCase& c) { return out << c.name; }
 
 CPlaneCurve curveOf(const CurveCase& c) {
   return CPlaneCurve::clothoid(c.radiusStart, c.radiusEnd, c.length);
 }
 
-double curvatureOf(double radius) {
-  return radius == 0.0 ? 0.0 : 1.0 / radius;
-}
+double curvatureOf(double radius) { return radius == 0.0 ? 0.0 : 1.0 / radius; }
 
 const CurveCase kCurves[] = {
     {"Straight", 0, 0, 3000},

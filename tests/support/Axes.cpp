@@ -12,9 +12,7 @@ namespace TestSupport {
 
 using namespace Ruv::Calculations;
 
-AxisPtr newAxis() {
-  return AxisPtr(AxisDefinitionFactory::createHoralVeralAxis());
-}
+AxisPtr newAxis() { return AxisPtr(AxisDefinitionFactory::createHoralVeralAxis()); }
 
 namespace {
 
@@ -76,8 +74,7 @@ ChainBuilder::ChainBuilder(AxisPtr axis, double stationing, double east, double 
       m_stationing(stationing),
       m_east(east),
       m_north(north),
-      m_azimuth(azimuth) {
-}
+      m_azimuth(azimuth) {}
 
 void ChainBuilder::proceed(double length, double turning) {
   const auto* end = dynamic_cast<const Ruv::CHoralElement*>(

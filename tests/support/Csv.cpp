@@ -8,9 +8,7 @@ namespace TestSupport {
 
 namespace {
 
-std::string fullPath(const std::string& path) {
-  return std::string(GOLDEN_DIR) + "/" + path;
-}
+std::string fullPath(const std::string& path) { return std::string(GOLDEN_DIR) + "/" + path; }
 
 std::vector<std::string> fieldsOf(std::string line) {
   if (!line.empty() && line.back() == '\r') line.pop_back();
@@ -45,8 +43,6 @@ std::vector<CsvRow> Csv::rows() const {
   return rows;
 }
 
-bool Csv::exists(const std::string& path) {
-  return std::ifstream(fullPath(path)).good();
-}
+bool Csv::exists(const std::string& path) { return std::ifstream(fullPath(path)).good(); }
 
 }  // namespace TestSupport
