@@ -4,6 +4,7 @@
 #include "shapes/FootSearch.h"
 #include "shapes/ShapeTolerances.h"
 #include "shapes/SpiralSeries.h"
+#include "shapes/StraightAndArc.h"
 
 #include <algorithm>
 #include <array>
@@ -13,9 +14,6 @@
 namespace Ruv {
 
 namespace {
-
-/// Below this half turning (rad) the chord is its series l (1 - u^2 / 6): the next term is 1e-18.
-constexpr double kSmallHalfTurning = 1e-4;
 
 /// Gauss-Legendre quadrature with 10 points on [-1, 1]: positive half of the symmetric nodes.
 /// Source: Abramowitz and Stegun, table 25.4.
@@ -36,12 +34,6 @@ double curvatureOfRadius(double radius) {
 
 bool hasFinitePlace(const CCurvePoint& point) {
   return isFinite(point.position) && std::isfinite(point.heading);
-}
-
-CCurveFoot footBeforeStart(double outside) { return {CFootReport::BeforeStart, 0.0, 0.0, outside}; }
-
-CCurveFoot footBeyondEnd(double length, double outside) {
-  return {CFootReport::BeyondEnd, length, 0.0, outside};
 }
 
 /// How far outside the foot lies when the curve is continued: one Newton step from its end.
@@ -120,8 +112,7 @@ bool CPlaneCurve::placeOnSpiral() {
 }
 
 double CPlaneCurve::curvatureAt(double l) const {
-  return m_kind == Kind::Arc ? m_curvatureStart
-                             : m_curvatureStart + m_curvatureChange * (l / m_length);
+  return m_curvatureStart + m_curvatureChange * (l / m_length);
 }
 
 double CPlaneCurve::headingAt(double l) const {
@@ -153,24 +144,13 @@ Point2D CPlaneCurve::positionByQuadrature(double l) const {
 }
 
 CCurvePoint CPlaneCurve::at(double l) const {
+  if (m_kind == Kind::Arc) return pointOnArc(m_radius, l);
   CCurvePoint point;
   if (m_kind == Kind::Straight) {
     point.position = Point2D(0.0, l);
     return point;
   }
   point.curvature = curvatureAt(l);
-  if (m_kind == Kind::Arc) {
-    // The chord turns by half the heading, so no centre is needed, whatever the radius.
-    const double halfTurning = l * m_curvatureStart / 2.0;
-    const CDirection chord = directionOfBearing(halfTurning);
-    const double chordLength = std::abs(halfTurning) < kSmallHalfTurning
-                                   ? l * (1.0 - halfTurning * halfTurning / 6.0)
-                                   : 2.0 * m_radius * chord.x;
-    point.position = Point2D(chordLength * chord.x, chordLength * chord.y);
-    point.tangent = turnedTo(chord, chord);
-    point.heading = 2.0 * halfTurning;
-    return point;
-  }
   point.heading = headingAt(l);
   point.tangent = directionOfBearing(point.heading);
   point.position =
@@ -183,35 +163,12 @@ CCurvePoint CPlaneCurve::at(double l) const {
 CCurveFoot CPlaneCurve::footOf(const Point2D& p) const {
   switch (m_kind) {
     case Kind::Straight:
-      return footOnStraight(p);
+      return footOnStraight(m_length, p);
     case Kind::Arc:
-      return footOnArc(p);
+      return footOnArc(m_radius, m_length, p);
     default:
       return footOnClothoid(p);
   }
-}
-
-CCurveFoot CPlaneCurve::footOnStraight(const Point2D& p) const {
-  if (p.y < 0.0) return footBeforeStart(-p.y);
-  if (p.y > m_length) return footBeyondEnd(m_length, p.y - m_length);
-  return {CFootReport::OnCurve, p.y, p.x, 0.0};
-}
-
-CCurveFoot CPlaneCurve::footOnArc(const Point2D& p) const {
-  const double radius = std::abs(m_radius);
-  const double turning = m_length / radius;
-  // From the centre, in units of the radius; the start of the arc lies at (0, 1).
-  const double along = p.y / radius;
-  const double inward = p.x / m_radius;
-  const double distance = std::sqrt(along * along + (1.0 - inward) * (1.0 - inward));
-  double angle = std::atan2(along, 1.0 - inward);
-  // Counted about the middle of the arc, so that the gap between its ends is halved.
-  if (angle < turning / 2.0 - kPi) angle += kTwoPi;
-  if (angle < 0.0) return footBeforeStart(-angle * radius);
-  if (angle > turning) return footBeyondEnd(m_length, (angle - turning) * radius);
-  // radius - distance without cancellation, so also for radii of millions of metres.
-  const double lateral = (2.0 * p.x - (p.x * p.x + p.y * p.y) / m_radius) / (1.0 + distance);
-  return {CFootReport::OnCurve, std::min(angle * radius, m_length), lateral, 0.0};
 }
 
 CCurveFoot CPlaneCurve::footOnClothoid(const Point2D& p) const {

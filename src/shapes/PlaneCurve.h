@@ -4,29 +4,9 @@
 #ifndef CALCULATIONS_SHAPES_PLANE_CURVE_H
 #define CALCULATIONS_SHAPES_PLANE_CURVE_H
 
-#include "shapes/PlaneGeometry.h"
+#include "shapes/CurvePoint.h"
 
 namespace Ruv {
-
-/// Where the foot of a point lies relative to a curve. The values are those of the projection of
-/// an alignment, which looks at sequences of them.
-enum class CFootReport { OnCurve = 0, BeforeStart = 1, BeyondEnd = 2, Unknown = 3 };
-
-/// Foot of a point on a curve.
-struct CCurveFoot {
-  CFootReport report = CFootReport::Unknown;
-  double length = 0.0;   ///< along the curve to the foot; the nearer end when there is none
-  double lateral = 0.0;  ///< of the point, to the right of the curve; set for OnCurve only
-  double outside = 0.0;  ///< how far along the continued curve a missing foot lies outside
-};
-
-/// Place, direction and curvature at one length of a curve.
-struct CCurvePoint {
-  Point2D position;
-  CDirection tangent;
-  double heading = 0.0;    ///< bearing of the tangent, counted on from the start without wrapping
-  double curvature = 0.0;  ///< positive to the right
-};
 
 /// No clothoid of an alignment turns more than some sixteen full circles (rad); the time of an
 /// evaluation grows with the turning.
@@ -89,8 +69,6 @@ class CPlaneCurve {
   Point2D spiralPoint(double lengthFromOrigin) const;
   Point2D positionByQuadrature(double l) const;
 
-  CCurveFoot footOnStraight(const Point2D& p) const;
-  CCurveFoot footOnArc(const Point2D& p) const;
   CCurveFoot footOnClothoid(const Point2D& p) const;
 
   Kind m_kind = Kind::Straight;

@@ -1,0 +1,24 @@
+/// @file
+/// Straights and circular arcs in their own frame: from the origin in direction +y.
+
+#ifndef CALCULATIONS_SHAPES_STRAIGHT_AND_ARC_H
+#define CALCULATIONS_SHAPES_STRAIGHT_AND_ARC_H
+
+#include "shapes/CurvePoint.h"
+
+namespace Ruv {
+
+/// The point of an arc after a length. No centre is involved, so no radius loses digits.
+/// @param radius not zero, positive to the right
+CCurvePoint pointOnArc(double radius, double l);
+
+CCurveFoot footOnStraight(double length, const Point2D& p);
+
+/// Only the near side of the centre counts; the centre itself has its foot at the start. Of the
+/// points that miss the arc, those nearer to its start than to its end by angle lie before it.
+/// @param length at most that of a full circle
+CCurveFoot footOnArc(double radius, double length, const Point2D& p);
+
+}  // namespace Ruv
+
+#endif
