@@ -1,0 +1,217 @@
+// Where along the axis and how far beside it is this point? Asked for every point of a scan.
+
+#include "SpeedGoals.h"
+#include "support/AxisPeers.h"
+#include "support/AxisWorkload.h"
+#include "support/QuestionLoop.h"
+#include "support/Rounds.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <map>
+#include <optional>
+
+namespace Benchmarks {
+
+namespace {
+
+void toAxis(const AxisCalculator& calculator, const ENHPoint& point) {
+  AxisPoint place;
+  bool ok = calculator.enhPointToAxisPointVertical(point, place);
+  benchmark::DoNotOptimize(ok);
+  benchmark::DoNotOptimize(place);
+}
+
+void toAxis(const SegmentTree& tree, const ENHPoint& point) {
+  AxisPoint place = tree.project(point);
+  benchmark::DoNotOptimize(place);
+}
+
+void axisPointOfEveryPointOfAScan(benchmark::State& state) {
+  const AxisWorkload workload(static_cast<std::size_t>(state.range(0)));
+  const AxisCalculator calculator(workload.build());
+  askInTurn(state, scanAround(workload.exact(), kItemsOfLoop).points,
+            [&](const ENHPoint& point) { toAxis(calculator, point); });
+}
+
+void axisPointOfEveryPointOfAScanFromABoostTree(benchmark::State& state) {
+  const AxisWorkload workload(static_cast<std::size_t>(state.range(0)));
+  const SegmentTree tree(workload.polyline(kPolylineStep), workload.exact().startStationing());
+  askInTurn(state, scanAround(workload.exact(), kItemsOfLoop).points,
+            [&](const ENHPoint& point) { toAxis(tree, point); });
+}
+
+BENCHMARK(axisPointOfEveryPointOfAScan)
+    ->RangeMultiplier(10)
+    ->Range(10, 10000)
+    ->Complexity(benchmark::oLogN);
+BENCHMARK(axisPointOfEveryPointOfAScanFromABoostTree)
+    ->RangeMultiplier(10)
+    ->Range(10, 10000)
+    ->Complexity(benchmark::oLogN);
+
+/// Size at which GEOS, whose search is linear, is compared.
+constexpr std::size_t kSizeForLinearSearch = 1000;
+
+/// The goals at one size. The published cost of Clothoids, measured once, is in sc.
+struct ProjectionGoal {
+  Goal boost;
+  double clothoids = 0.0;
+};
+
+const std::map<std::size_t, ProjectionGoal>& projectionGoals() {
+  static const std::map<std::size_t, ProjectionGoal> kGoals = {
+      {10, {atLeast(2.5, 4.0), 1630.0}},
+      {100, {atLeast(2.5, 4.0), 2650.0}},
+      {1000, {atLeast(5.0, 8.0), 2160.0}},
+      {10000, {atLeast(5.0, 8.0), 3150.0}}};
+  return kGoals;
+}
+
+constexpr const char* kWork = "W2 axis point of every point of a scan";
+
+std::vector<ENHPoint> firstOf(const std::vector<ENHPoint>& points, std::size_t count) {
+  const auto end = static_cast<std::ptrdiff_t>(std::min(count, points.size()));
+  return {points.begin(), points.begin() + end};
+}
+
+/// One size: the axis, its scan, and those peers that are asked at that size.
+class ProjectionContest {
+ public:
+  ProjectionContest(std::size_t numElements, const Effort& effort)
+      : m_size(numElements),
+        m_workload(numElements),
+        m_calculator(m_workload.build()),
+        m_scan(scanAround(m_workload.exact(), effort.points)),
+        m_pointsOfTree(firstOf(m_scan.points, effort.pointsOfTrees)),
+        m_pointsOfLine(firstOf(m_scan.points, effort.pointsOfLinearSearches)) {
+    if (m_size > effort.longestAxisOfTrees) return;
+    const std::vector<Point2D> vertices = m_workload.polyline(kPolylineStep);
+    const double start = m_workload.exact().startStationing();
+    m_tree.emplace(vertices, start);
+    if (m_size == kSizeForLinearSearch) m_line.emplace(vertices, start);
+  }
+
+  /// Returns the time per point.
+  double judge(int rounds, GoalTable& table) const {
+    std::vector<Contender> contenders = {ours(), sineAndCosine()};
+    if (m_tree) contenders.push_back(tree());
+    if (m_line) contenders.push_back(line());
+    const std::vector<double> best = bestOfRounds(rounds, contenders);
+    judgeByCost(best[0], best[1], table);
+    if (m_tree) {
+      table.add(
+          {kWork, m_size, best[0], "Boost R-tree", best[2], projectionGoals().at(m_size).boost});
+    }
+    if (m_line) table.add({kWork, m_size, best[0], "GEOS project", best[3], atLeast(20000.0)});
+    return best[0];
+  }
+
+  void check(GoalTable& table) const {
+    checkOurs(table);
+    if (m_tree) checkTree(table);
+    if (m_line) checkLine(table);
+  }
+
+ private:
+  void judgeByCost(double ours, double sc, GoalTable& table) const {
+    constexpr double kTimesFasterThanClothoids = 50.0;
+    table.add({kWork, m_size, ours, "1 sc", sc, atMost(std::nullopt)});
+    table.add({kWork, m_size, ours, "Clothoids (published)",
+               projectionGoals().at(m_size).clothoids * sc, atLeast(kTimesFasterThanClothoids)});
+  }
+
+  Contender ours() const {
+    return [this] {
+      return timesPerItem(m_scan.points, kQuickAnswers,
+                          [&](const ENHPoint& point) { toAxis(m_calculator, point); });
+    };
+  }
+
+  Contender tree() const {
+    return [this] {
+      return timesPerItem(m_pointsOfTree, kSlowAnswers,
+                          [&](const ENHPoint& point) { toAxis(*m_tree, point); });
+    };
+  }
+
+  Contender line() const {
+    return [this] {
+      return timesPerItem(m_pointsOfLine, 1, [&](const ENHPoint& point) {
+        double stationing = m_line->stationingOf(point);
+        benchmark::DoNotOptimize(stationing);
+      });
+    };
+  }
+
+  void checkOurs(GoalTable& table) const {
+    constexpr double kFailed = std::numeric_limits<double>::infinity();
+    double inStationing = 0.0;
+    double inOffset = 0.0;
+    double inHeight = 0.0;
+    for (std::size_t i = 0; i < m_scan.points.size(); ++i) {
+      AxisPoint place;
+      const AxisPoint& truth = m_scan.truth[i];
+      const bool ok = m_calculator.enhPointToAxisPointVertical(m_scan.points[i], place);
+      inStationing =
+          worse(inStationing, ok ? std::abs(place.stationing - truth.stationing) : kFailed);
+      inOffset = worse(inOffset, std::abs(place.offset - truth.offset));
+      inHeight = worse(inHeight, std::abs(place.height - truth.height));
+    }
+    const std::size_t count = m_scan.points.size();
+    table.add({"W2 stationing", m_size, count, inStationing, "m", 1e-8});
+    table.add({"W2 offset", m_size, count, inOffset, "m", 1e-8});
+    table.add({"W2 height", m_size, count, inHeight, "m", 1e-8});
+  }
+
+  void checkTree(GoalTable& table) const {
+    double inStationing = 0.0;
+    double inOffset = 0.0;
+    for (std::size_t i = 0; i < m_pointsOfTree.size(); ++i) {
+      const AxisPoint place = m_tree->project(m_pointsOfTree[i]);
+      const AxisPoint& truth = m_scan.truth[i];
+      inStationing = worse(inStationing, std::abs(place.stationing - truth.stationing));
+      inOffset = worse(inOffset, std::abs(place.offset - truth.offset));
+    }
+    const std::size_t count = m_pointsOfTree.size();
+    table.add({"stationing by Boost R-tree", m_size, count, inStationing, "m", std::nullopt});
+    table.add({"offset by Boost R-tree", m_size, count, inOffset, "m", std::nullopt});
+  }
+
+  void checkLine(GoalTable& table) const {
+    double inStationing = 0.0;
+    for (std::size_t i = 0; i < m_pointsOfLine.size(); ++i) {
+      const double stationing = m_line->stationingOf(m_pointsOfLine[i]);
+      inStationing = worse(inStationing, std::abs(stationing - m_scan.truth[i].stationing));
+    }
+    table.add({"stationing by GEOS project", m_size, m_pointsOfLine.size(), inStationing, "m",
+               std::nullopt});
+  }
+
+  std::size_t m_size;
+  AxisWorkload m_workload;
+  AxisCalculator m_calculator;
+  Scan m_scan;
+  std::vector<ENHPoint> m_pointsOfTree;
+  std::vector<ENHPoint> m_pointsOfLine;
+  std::optional<SegmentTree> m_tree;
+  std::optional<LineString> m_line;
+};
+
+}  // namespace
+
+void measureGlobalToAxis(const Effort& effort, GoalTable& table) {
+  std::map<std::size_t, double> times;
+  for (const std::size_t n : kAxisSizes) {
+    const ProjectionContest contest(n, effort);
+    times[n] = contest.judge(effort.rounds, table);
+    contest.check(table);
+  }
+  table.add({"W2 growth", kAxisSizes.back(), times[kAxisSizes.back()], "n = 10",
+             times[kAxisSizes.front()], atMost(4.0)});
+}
+
+}  // namespace Benchmarks

@@ -1,0 +1,17 @@
+/// @file
+/// The goals of each workload. One function for each file of benchmarks.
+
+#ifndef CALCULATIONS_BENCHMARKS_SPEED_GOALS_H
+#define CALCULATIONS_BENCHMARKS_SPEED_GOALS_H
+
+#include "support/GoalTable.h"
+
+namespace Benchmarks {
+
+void measureAxisBuild(const Effort& effort, GoalTable& table);
+void measureAxisToGlobal(const Effort& effort, GoalTable& table);
+void measureGlobalToAxis(const Effort& effort, GoalTable& table);
+
+}  // namespace Benchmarks
+
+#endif

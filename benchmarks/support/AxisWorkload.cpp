@@ -1,0 +1,165 @@
+#include "support/AxisWorkload.h"
+
+#include "support/SplitMix64.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Benchmarks {
+
+namespace {
+
+constexpr ExactPlace kStart = {600000.0L, 200000.0L, 0.3L};
+constexpr double kStartStationing = 1000.0;
+constexpr double kStartHeight = 500.0;
+constexpr double kGradeInterval = 400.0;
+constexpr double kSteepestGrade = 0.02;
+constexpr double kRoundingRadius = 5000.0;
+
+constexpr std::uint64_t kRadiusSeed = 1;
+constexpr std::uint64_t kGradeSeed = 2;
+constexpr std::uint64_t kPlaceSeed = 3;
+constexpr std::uint64_t kScanSeed = 4;
+
+constexpr double kScanWidth = 20.0;   // offsets to either side
+constexpr double kScanHeight = 10.0;  // above and below
+
+PlanElement elementOf(std::size_t placeInGroup, double radius) {
+  switch (placeInGroup) {
+    case 0:
+      return {PlanKind::Straight, 0.0, 100.0, 0.0, 0.0};
+    case 1:
+      return {PlanKind::Clothoid, 0.0, 60.0, 0.0, radius};
+    case 2:
+      return {PlanKind::Arc, 0.0, 120.0, radius, radius};
+    default:
+      return {PlanKind::Clothoid, 0.0, 60.0, radius, 0.0};
+  }
+}
+
+std::vector<PlanElement> planOf(std::size_t numElements) {
+  constexpr std::size_t kGroup = 4;
+  SplitMix64 random(kRadiusSeed);
+  double radius = 0.0;
+  double stationing = kStartStationing;
+  std::vector<PlanElement> plan;
+  plan.reserve(numElements);
+  for (std::size_t i = 0; i < numElements; ++i) {
+    if (i % (2 * kGroup) == 0) radius = 300.0 + 700.0 * random.uniform();
+    const bool turnsRight = (i / kGroup) % 2 == 0;
+    PlanElement element = elementOf(i % kGroup, turnsRight ? radius : -radius);
+    element.stationing = stationing;
+    stationing += element.length;
+    plan.push_back(element);
+  }
+  return plan;
+}
+
+std::vector<GradePoint> profileAlong(const std::vector<PlanElement>& plan) {
+  const double end = plan.back().stationing + plan.back().length;
+  const auto numIntervals =
+      static_cast<int>(std::max(1.0, std::floor((end - kStartStationing) / kGradeInterval)));
+  SplitMix64 random(kGradeSeed);
+  std::vector<GradePoint> profile = {{kStartStationing, kStartHeight}};
+  for (int i = 1; i <= numIntervals; ++i) {
+    const GradePoint& before = profile.back();
+    const double stationing = i < numIntervals ? kStartStationing + kGradeInterval * i : end;
+    const double grade = kSteepestGrade * (2.0 * random.uniform() - 1.0);
+    profile.push_back({stationing, before.height + grade * (stationing - before.stationing)});
+  }
+  return profile;
+}
+
+ExactAxis exactAxisOf(std::size_t numElements) {
+  std::vector<PlanElement> plan = planOf(numElements);
+  std::vector<GradePoint> profile = profileAlong(plan);
+  return {kStart, std::move(plan), std::move(profile), kRoundingRadius};
+}
+
+}  // namespace
+
+AxisWorkload::AxisWorkload(std::size_t numElements) : m_exact(exactAxisOf(numElements)) {
+  m_starts.reserve(numElements);
+  for (std::size_t i = 0; i < numElements; ++i) {
+    const ExactPlace& joint = m_exact.joint(i);
+    m_starts.push_back({static_cast<double>(joint.east), static_cast<double>(joint.north),
+                        static_cast<double>(joint.azimuth)});
+  }
+}
+
+boost::shared_ptr<const AxisDefinition> AxisWorkload::build() const {
+  const boost::shared_ptr<AxisDefinition> axis(
+      Ruv::Calculations::AxisDefinitionFactory::createHoralVeralAxis());
+  for (std::size_t i = 0; i < m_starts.size(); ++i) {
+    addSegment(*axis, i);
+  }
+  const std::vector<GradePoint>& profile = m_exact.profile();
+  axis->addVeralPointKink(profile.front().stationing, profile.front().height);
+  for (std::size_t i = 1; i + 1 < profile.size(); ++i) {
+    axis->addVeralPointArc(profile[i].stationing, profile[i].height, kRoundingRadius);
+  }
+  axis->addVeralPointKink(profile.back().stationing, profile.back().height);
+  return axis;
+}
+
+void AxisWorkload::addSegment(AxisDefinition& axis, std::size_t index) const {
+  const PlanElement& element = m_exact.plan()[index];
+  const Start& start = m_starts[index];
+  switch (element.kind) {
+    case PlanKind::Straight:
+      axis.addHoralSegmentStraight(element.stationing, start.east, start.north, start.azimuth,
+                                   element.length);
+      break;
+    case PlanKind::Arc:
+      axis.addHoralSegmentArc(element.stationing, start.east, start.north, start.azimuth,
+                              element.radiusStart, element.length);
+      break;
+    case PlanKind::Clothoid:
+      axis.addHoralSegmentClothoid(element.stationing, start.east, start.north, start.azimuth,
+                                   element.radiusStart, element.radiusEnd, element.length);
+      break;
+  }
+}
+
+std::vector<AxisPoint> AxisWorkload::randomPlaces(std::size_t count) const {
+  SplitMix64 random(kPlaceSeed);
+  std::vector<AxisPoint> places;
+  places.reserve(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    places.emplace_back(m_exact.startStationing() + m_exact.length() * random.uniform(), 0.0, 0.0);
+  }
+  return places;
+}
+
+std::vector<Point2D> AxisWorkload::polyline(double step) const {
+  const auto numSteps = static_cast<std::size_t>(std::llround(m_exact.length() / step));
+  std::vector<Point2D> vertices;
+  vertices.reserve(numSteps + 1);
+  for (std::size_t i = 0; i <= numSteps; ++i) {
+    const double along = m_exact.length() * static_cast<double>(i) / static_cast<double>(numSteps);
+    const ExactPlace place = m_exact.at(m_exact.startStationing() + along);
+    vertices.emplace_back(static_cast<double>(place.east), static_cast<double>(place.north));
+  }
+  return vertices;
+}
+
+Scan scanAround(const ExactAxis& axis, std::size_t count) {
+  SplitMix64 random(kScanSeed);
+  Scan scan;
+  scan.points.reserve(count);
+  scan.truth.reserve(count);
+  for (std::size_t i = 0; i < count; ++i) {
+    const double stationing = axis.startStationing() + axis.length() * random.uniform();
+    const double offset = 2.0 * kScanWidth * random.uniform() - kScanWidth;
+    const double rise = 2.0 * kScanHeight * random.uniform() - kScanHeight;
+    const ExactPlace foot = axis.at(stationing);
+    const auto azimuth = static_cast<double>(foot.azimuth);
+    scan.truth.emplace_back(stationing, offset, rise);
+    scan.points.emplace_back(static_cast<double>(foot.east + offset * std::cos(azimuth)),
+                             static_cast<double>(foot.north - offset * std::sin(azimuth)),
+                             static_cast<double>(axis.heightAt(stationing) + rise));
+  }
+  return scan;
+}
+
+}  // namespace Benchmarks
