@@ -67,8 +67,7 @@ bool AxisCalculatorImpl::tangentAt(double stationing, bool inSpace, ENHPoint& ta
     tangent = Shaft(*impl).direction();
     return true;
   }
-  const auto place =
-      axisToGrid(impl->container.geometry(), AxisPoint(stationing, 0.0, 0.0), CConversionOptions());
+  const auto place = axisPropertiesAt(impl->container.geometry(), stationing);
   if (!place) return false;
   const double slope = inSpace ? Utilities::anglePercentToRad(place->gradePercent) : 0.0;
   tangent = Utilities::rotateAxisDirectionComponentsToENHdiffWithoutTransSlope(
@@ -95,7 +94,7 @@ bool AxisCalculator::axisPointToEnhPoint(const AxisPoint& in, ENHPoint& out, boo
   const auto result =
       axisToGrid(axis->container.geometry(), in, conversionOptions(perpendicular, withTransSlope));
   if (!result) return false;
-  out = result->point;
+  out = *result;
   return true;
 }
 
@@ -171,8 +170,7 @@ bool AxisCalculator::axisPropertiesAtStationing(double stationing, double& azimu
     longSlopePercent = Utilities::angleRadToPercent(longSlopeRad);
     return isInRange(*axis, stationing);
   }
-  const auto place =
-      axisToGrid(axis->container.geometry(), AxisPoint(stationing, 0.0, 0.0), CConversionOptions());
+  const auto place = axisPropertiesAt(axis->container.geometry(), stationing);
   if (!place) return false;
   azimuth = place->azimuth;
   radius = place->radius;

@@ -67,14 +67,29 @@ std::optional<double> forcedIntoRange(const CAxisGeometry& axis, double stationi
   return forced;
 }
 
-ENHPoint laidOff(const CAlignmentPosition& plan, double axisHeight, double forward, double right,
+/// Plan and profile at one stationing.
+struct CAxisPlace {
+  CCurvePoint plan;
+  CHeightAndGrade profile;
+};
+
+std::optional<CAxisPlace> placeAt(const CAxisGeometry& axis, double stationing) {
+  if (!isInRange(axis, stationing)) return std::nullopt;
+  const auto profile = axis.veral.at(stationing);
+  if (!profile) return std::nullopt;
+  const auto plan = axis.horal.pointAt(stationing);
+  if (!plan) return std::nullopt;
+  return CAxisPlace{*plan, *profile};
+}
+
+ENHPoint laidOff(const CCurvePoint& plan, double axisHeight, double forward, double right,
                  double up) {
   const Point2D normal = rightNormal(plan.tangent);
   return {plan.position.x + (right * normal.x + forward * plan.tangent.x),
           plan.position.y + (right * normal.y + forward * plan.tangent.y), axisHeight + up};
 }
 
-ENHPoint gridPointOf(const CSectionPoint& section, const CAlignmentPosition& plan,
+ENHPoint gridPointOf(const CSectionPoint& section, const CCurvePoint& plan,
                      const CHeightAndGrade& profile, const CConversionOptions& options) {
   const double cosine = cosineOfGrade(profile.grade);
   if (options.plane == CProfilePlane::Perpendicular) {
@@ -113,24 +128,22 @@ std::optional<CSectionFoot> footInPerpendicularPlane(const CAxisGeometry& axis,
 
 }  // namespace
 
-std::optional<CGridPoint> axisToGrid(const CAxisGeometry& axis, const AxisPoint& point,
-                                     const CConversionOptions& options) {
-  if (!isInRange(axis, point.stationing)) return std::nullopt;
-  const auto profile = axis.veral.at(point.stationing);
-  if (!profile) return std::nullopt;
-  const auto plan = axis.horal.positionAt(point.stationing);
-  if (!plan) return std::nullopt;
-  CGridPoint result;
-  result.transSlopePercent = transSlopeAt(axis, point.stationing, options);
+std::optional<ENHPoint> axisToGrid(const CAxisGeometry& axis, const AxisPoint& point,
+                                   const CConversionOptions& options) {
+  const auto place = placeAt(axis, point.stationing);
+  if (!place) return std::nullopt;
   CSectionPoint section{point.offset, point.height};
-  if (std::abs(result.transSlopePercent) >= kNegligibleTransSlopePercent) {
-    section = rolled(section, result.transSlopePercent);
-  }
-  result.point = gridPointOf(section, *plan, *profile, options);
-  result.azimuth = plan->azimuth;
-  result.radius = plan->radius;
-  result.gradePercent = profile->grade * kPercentBase;
-  return result;
+  const double slope = transSlopeAt(axis, point.stationing, options);
+  if (std::abs(slope) >= kNegligibleTransSlopePercent) section = rolled(section, slope);
+  return gridPointOf(section, place->plan, place->profile, options);
+}
+
+std::optional<CAxisProperties> axisPropertiesAt(const CAxisGeometry& axis, double stationing) {
+  const auto place = placeAt(axis, stationing);
+  if (!place) return std::nullopt;
+  return CAxisProperties{reportedAzimuth(place->plan.heading),
+                         reportedRadius(place->plan.curvature), place->profile.grade * kPercentBase,
+                         axis.transSlopes.at(stationing)};
 }
 
 std::optional<AxisPoint> gridToAxis(const CAxisGeometry& axis, const ENHPoint& point,

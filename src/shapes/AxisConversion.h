@@ -29,20 +29,22 @@ struct CConversionOptions {
   double givenTransSlope = 0.0;  ///< percent
 };
 
-/// A grid point and the properties of the axis at its stationing.
-struct CGridPoint {
-  Calculations::ENHPoint point;
+/// Nothing outside the stationing range of the axis, on an incomplete axis, or where plan or
+/// profile cannot be evaluated. O(log n).
+std::optional<Calculations::ENHPoint> axisToGrid(const CAxisGeometry& axis,
+                                                 const Calculations::AxisPoint& point,
+                                                 const CConversionOptions& options);
+
+/// Direction and slopes of the axis itself at one stationing.
+struct CAxisProperties {
   double azimuth = 0.0;
   double radius = 0.0;
   double gradePercent = 0.0;
   double transSlopePercent = 0.0;
 };
 
-/// Nothing outside the stationing range of the axis, on an incomplete axis, or where plan or
-/// profile cannot be evaluated. O(log n).
-std::optional<CGridPoint> axisToGrid(const CAxisGeometry& axis,
-                                     const Calculations::AxisPoint& point,
-                                     const CConversionOptions& options);
+/// Nothing where axisToGrid gives nothing. O(log n).
+std::optional<CAxisProperties> axisPropertiesAt(const CAxisGeometry& axis, double stationing);
 
 /// The inverse of axisToGrid. Nothing also when the point has no foot on the axis. A stationing
 /// found outside the range by no more than kFootTolerance becomes its limit. O(log n) for points

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Ruv {
 
@@ -18,12 +19,6 @@ void CBox::include(const CBox& other) {
   high = {std::max(high.x, other.high.x), std::max(high.y, other.high.y)};
 }
 
-double CBox::squaredDistanceFrom(const Point2D& p) const {
-  const double dx = std::max(std::max(low.x - p.x, p.x - high.x), 0.0);
-  const double dy = std::max(std::max(low.y - p.y, p.y - high.y), 0.0);
-  return dx * dx + dy * dy;
-}
-
 CBox boxAroundCurve(const Point2D& start, const Point2D& end, double length) {
   const double chord = (end - start).length();
   const double longer = std::max(length - chord, 0.0);
@@ -38,16 +33,33 @@ CBox boxAroundCurve(const Point2D& start, const Point2D& end, double length) {
   return box;
 }
 
+/// Half the size of a box that holds every finite point, or minus that of one that holds none.
+constexpr double kBoundless = 1e308;
+
+void CBoxTree::Group::set(std::size_t place, const CBox& box) {
+  centreX[place] = (box.low.x + box.high.x) / 2.0;
+  centreY[place] = (box.low.y + box.high.y) / 2.0;
+  halfWidth[place] = (box.high.x - box.low.x) / 2.0;
+  halfHeight[place] = (box.high.y - box.low.y) / 2.0;
+  const bool isFinite = std::isfinite(centreX[place]) && std::isfinite(centreY[place]) &&
+                        std::isfinite(halfWidth[place]) && std::isfinite(halfHeight[place]);
+  if (isFinite && !box.isEmpty()) return;
+  centreX[place] = centreY[place] = 0.0;
+  halfWidth[place] = halfHeight[place] = box.isEmpty() ? -kBoundless : kBoundless;
+}
+
 CBoxTree::CBoxTree(std::vector<CBox> boxes) {
-  if (boxes.empty()) return;
-  m_levels.push_back(std::move(boxes));
-  while (m_levels.back().size() > kGroup) {
-    const std::vector<CBox>& lower = m_levels.back();
-    std::vector<CBox> groups((lower.size() + kGroup - 1) / kGroup);
-    for (std::size_t i = 0; i < lower.size(); ++i) {
-      groups[i / kGroup].include(lower[i]);
+  while (!boxes.empty()) {
+    std::vector<Group> groups((boxes.size() + kGroup - 1) / kGroup);
+    std::vector<CBox> around(groups.size());
+    boxes.resize(groups.size() * kGroup);
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+      groups[i / kGroup].set(i % kGroup, boxes[i]);
+      around[i / kGroup].include(boxes[i]);
     }
     m_levels.push_back(std::move(groups));
+    if (around.size() == 1) return;
+    boxes = std::move(around);
   }
 }
 

@@ -7,8 +7,9 @@
 #include "shapes/PlaneGeometry.h"
 
 #include <array>
+#include <cmath>
 #include <cstddef>
-#include <utility>
+#include <limits>
 #include <vector>
 
 namespace Ruv {
@@ -18,9 +19,9 @@ struct CBox {
   Point2D low{1e308, 1e308};
   Point2D high{-1e308, -1e308};
 
+  /// False also when a bound is not a number.
+  bool isEmpty() const { return !(low.x <= high.x && low.y <= high.y); }
   void include(const CBox& other);
-  /// Square of the distance from p, 0 inside. Not-a-number never occurs for finite p.
-  double squaredDistanceFrom(const Point2D& p) const;
 };
 
 /// Encloses every curve of the given length between two points: no point of it lies farther off
@@ -35,9 +36,11 @@ class CBoxTree {
   explicit CBoxTree(std::vector<CBox> boxes);
 
   /// Calls look(index) for every box that may hold something as near to p as reach(), nearest
-  /// groups first. reach() is asked again after each look, so it may shrink on the way: it is the
-  /// distance beyond which nothing matters, with the margin for rounding that the caller needs.
-  /// Time is O(log n) when the first looks shrink the reach well, O(n) when they do not.
+  /// boxes of a group first; empty boxes are left out. reach() is asked again after each look, so
+  /// it may shrink on the way: it is the distance beyond which nothing matters, with the margin
+  /// for rounding that the caller needs. Time is O(log n) when the first looks shrink the reach
+  /// well, O(n) when they do not.
+  /// @param p finite
   template <class Reach, class Look>
   void visitNear(const Point2D& p, const Reach& reach, const Look& look) const {
     if (!m_levels.empty()) visitGroup(m_levels.size() - 1, 0, p, reach, look);
@@ -45,36 +48,63 @@ class CBoxTree {
 
  private:
   static constexpr std::size_t kGroup = 8;
+  using Eight = std::array<double, kGroup>;
+
+  /// Eight boxes, component by component, so that their distances are worked out side by side.
+  struct Group {
+    Eight centreX;
+    Eight centreY;
+    Eight halfWidth;
+    Eight halfHeight;
+
+    void set(std::size_t place, const CBox& box);
+    Eight quadrupledSquaresFrom(const Point2D& p) const;
+  };
+
+  static std::size_t placeOfSmallest(const Eight& values);
 
   template <class Reach, class Look>
-  void visitGroup(std::size_t level, std::size_t first, const Point2D& p, const Reach& reach,
+  void visitGroup(std::size_t level, std::size_t index, const Point2D& p, const Reach& reach,
                   const Look& look) const {
-    const std::vector<CBox>& boxes = m_levels[level];
-    std::array<std::pair<double, std::size_t>, kGroup> near;
-    std::size_t count = 0;
-    for (std::size_t i = first; i < first + kGroup && i < boxes.size(); ++i) {
-      std::pair<double, std::size_t> entry(boxes[i].squaredDistanceFrom(p), i);
-      std::size_t place = count++;
-      for (; place > 0 && entry.first < near[place - 1].first; --place) {
-        near[place] = near[place - 1];
-      }
-      near[place] = entry;
-    }
-    for (std::size_t k = 0; k < count; ++k) {
-      const double limit = reach();
-      if (near[k].first > limit * limit) return;  // the others are farther still
+    Eight squares = m_levels[level][index].quadrupledSquaresFrom(p);
+    for (;;) {
+      const std::size_t nearest = placeOfSmallest(squares);
+      const double limit = 2.0 * reach();
+      if (!(squares[nearest] <= limit * limit)) return;  // the others are farther still
+      squares[nearest] = std::numeric_limits<double>::infinity();
+      const std::size_t child = index * kGroup + nearest;
       if (level == 0) {
-        look(near[k].second);
+        look(child);
       } else {
-        visitGroup(level - 1, near[k].second * kGroup, p, reach, look);
+        visitGroup(level - 1, child, p, reach, look);
       }
     }
   }
 
-  // m_levels[0] are the boxes themselves; a box of level k + 1 encloses kGroup boxes of level k.
-  // The top level has at most kGroup boxes.
-  std::vector<std::vector<CBox>> m_levels;
+  // m_levels[0] are the boxes themselves, in groups; a box of level k + 1 encloses a group of
+  // level k. The top level is one group.
+  std::vector<std::vector<Group>> m_levels;
 };
+
+/// Twice the distance of a coordinate outside an interval, squared and summed over both axes. The
+/// doubling spares the choice of a maximum: e + |e| is 0 or 2 e.
+inline CBoxTree::Eight CBoxTree::Group::quadrupledSquaresFrom(const Point2D& p) const {
+  Eight squares;
+  for (std::size_t i = 0; i < kGroup; ++i) {
+    const double outsideX = std::abs(p.x - centreX[i]) - halfWidth[i];
+    const double outsideY = std::abs(p.y - centreY[i]) - halfHeight[i];
+    const double dx = outsideX + std::abs(outsideX);
+    const double dy = outsideY + std::abs(outsideY);
+    squares[i] = dx * dx + dy * dy;
+  }
+  return squares;
+}
+
+/// A tournament: a running minimum would mispredict.
+inline std::size_t CBoxTree::placeOfSmallest(const Eight& values) {
+  const auto smaller = [&](std::size_t a, std::size_t b) { return values[b] < values[a] ? b : a; };
+  return smaller(smaller(smaller(0, 1), smaller(2, 3)), smaller(smaller(4, 5), smaller(6, 7)));
+}
 
 }  // namespace Ruv
 

@@ -20,16 +20,6 @@ constexpr double kNoCurvature = 1e-15;
 /// Azimuths this close (rad) below a full turn are north.
 constexpr double kFullTurnNoise = 1e-12;
 
-CAlignmentPosition reported(double stationing, const CCurvePoint& point) {
-  CAlignmentPosition position;
-  position.stationing = stationing;
-  position.azimuth = reportedAzimuth(point.heading);
-  position.radius = std::abs(point.curvature) < kNoCurvature ? 0.0 : 1.0 / point.curvature;
-  position.position = point.position;
-  position.tangent = point.tangent;
-  return position;
-}
-
 CBox boxOf(const CHoralSegment& segment) {
   if (!segment.isEvaluable) return {};
   const CPlacedCurve& path = segment.path;
@@ -64,23 +54,28 @@ double reportedAzimuth(double bearing) {
   return azimuth > kTwoPi - kFullTurnNoise ? 0.0 : azimuth;
 }
 
+double reportedRadius(double curvature) {
+  return std::abs(curvature) < kNoCurvature ? 0.0 : 1.0 / curvature;
+}
+
 CHoralAlignment::CHoralAlignment(double startStationing,
                                  const std::vector<CHoralSegmentData>& segments)
     : m_startStationing(startStationing), m_segments(placedSegments(segments)) {
   std::vector<CBox> boxes;
+  std::vector<double> ends;
   boxes.reserve(m_segments.size());
-  m_endStationings.reserve(m_segments.size());
+  ends.reserve(m_segments.size());
   for (const CHoralSegment& segment : m_segments) {
     boxes.push_back(boxOf(segment));
-    m_endStationings.push_back(segment.stationingEnd);
+    ends.push_back(segment.stationingEnd);
   }
+  m_ends = CStationingIndex(startStationing, std::move(ends));
   m_boxes = CBoxTree(std::move(boxes));
 }
 
-std::optional<CAlignmentPosition> CHoralAlignment::positionAt(double stationing) const {
+std::optional<CCurvePoint> CHoralAlignment::pointAt(double stationing) const {
   if (!(stationing >= m_startStationing)) return std::nullopt;
-  auto found = std::lower_bound(m_endStationings.begin(), m_endStationings.end(), stationing);
-  auto index = static_cast<std::size_t>(found - m_endStationings.begin());
+  std::size_t index = m_ends.firstNotLess(stationing);
   // An element of length 0 can only be met at the very start, where the next one begins too.
   while (index < m_segments.size() && m_segments[index].stationingEnd == stationing &&
          m_segments[index].stationingStart == stationing) {
@@ -88,7 +83,14 @@ std::optional<CAlignmentPosition> CHoralAlignment::positionAt(double stationing)
   }
   if (index == m_segments.size() || !m_segments[index].isEvaluable) return std::nullopt;
   const CHoralSegment& segment = m_segments[index];
-  return reported(stationing, segment.path.at(stationing - segment.stationingStart));
+  return segment.path.at(stationing - segment.stationingStart);
+}
+
+std::optional<CAlignmentPosition> CHoralAlignment::positionAt(double stationing) const {
+  const auto point = pointAt(stationing);
+  if (!point) return std::nullopt;
+  return CAlignmentPosition{stationing, reportedAzimuth(point->heading),
+                            reportedRadius(point->curvature), point->position};
 }
 
 std::optional<CAlignmentFoot> CHoralAlignment::project(const Point2D& p) const {

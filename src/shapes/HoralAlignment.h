@@ -6,6 +6,7 @@
 
 #include "shapes/BoxTree.h"
 #include "shapes/HoralSegment.h"
+#include "shapes/StationingIndex.h"
 
 #include <cstddef>
 #include <optional>
@@ -19,7 +20,6 @@ struct CAlignmentPosition {
   double azimuth = 0.0;  ///< of the alignment, in [0, 2 pi)
   double radius = 0.0;   ///< 0 where the curvature is 0
   Point2D position;      ///< x east, y north
-  CDirection tangent;    ///< the azimuth as a unit vector
 };
 
 /// Foot of a point on an alignment.
@@ -40,6 +40,8 @@ class CHoralAlignment {
 
   /// Evaluates the first segment whose end stationing is not less than the given one. Nothing
   /// outside the alignment or when that segment is not evaluable. O(log n).
+  std::optional<CCurvePoint> pointAt(double stationing) const;
+  /// The same as callers are told it.
   std::optional<CAlignmentPosition> positionAt(double stationing) const;
 
   /// Nearest foot of a point, the first of equally near ones. Where no segment has a foot, as on
@@ -53,10 +55,13 @@ class CHoralAlignment {
   std::optional<CAlignmentFoot> nearestCorner(const Point2D& p) const;
 
   double m_startStationing = 0.0;
-  std::vector<double> m_endStationings;
+  CStationingIndex m_ends;
   std::vector<CHoralSegment> m_segments;
   CBoxTree m_boxes;
 };
+
+/// The radius of a curvature, 0 where there is none.
+double reportedRadius(double curvature);
 
 /// Azimuth in [0, 2 pi), with values that only rounding keeps below a full turn given as 0: due
 /// north must not read 6.283.

@@ -37,6 +37,13 @@ class CNearest {
   std::optional<T> m_candidate;
 };
 
+/// Distance beyond which nothing can be nearer than a distance already found, rounding allowed for.
+inline double reachOf(double distance) {
+  constexpr double kRelative = 1.0 + 1e-12;
+  constexpr double kAbsolute = 1e-9;
+  return distance * kRelative + kAbsolute;
+}
+
 /// Chooses between regular feet and feet that lie just outside their curve by no more than
 /// kFootTolerance. Without the latter, a point on the normal of a joint, which rounding makes
 /// miss both neighbours, would get a foot kilometres away.
@@ -46,12 +53,9 @@ class CNearestFoot {
   CNearest<T> regular;
   CNearest<T> justOutside;
 
-  /// Distance beyond which no candidate can matter, with a margin for rounding.
+  /// Distance beyond which no candidate can matter.
   double reach() const {
-    constexpr double kRelative = 1.0 + 1e-12;
-    constexpr double kAbsolute = 1e-9;
-    return std::min(regular.distance(), justOutside.distance() + kFootPreference) * kRelative +
-           kAbsolute;
+    return reachOf(std::min(regular.distance(), justOutside.distance() + kFootPreference));
   }
 
   const std::optional<T>& chosen() const {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace Ruv {
 
@@ -12,61 +13,81 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 double justBelow(double value) { return std::nextafter(value, -kInfinity); }
 
+/// Gives every stationing to the first curve that asks for it.
+class CPieceClaims {
+ public:
+  explicit CPieceClaims(const std::vector<CVeralPoint>& points)
+      : m_points(points),
+        m_first(points.front().stationing),
+        m_last(points.back().stationing),
+        m_claimedTo(justBelow(m_first)) {
+    m_pieces.reserve(2 * points.size());
+    m_lastStationings.reserve(2 * points.size());
+    for (std::size_t i = 1; i < points.size(); ++i) {
+      if (hasRoundingType(points[i]) && i + 1 < points.size()) {
+        const CRoundingResult result = roundingOf(points[i - 1], points[i], points[i + 1]);
+        if (!result.isComputable) return;
+        if (result.rounding) claimAround(i, *result.rounding);
+      }
+      claimLineTo(i, points[i].stationing, points[i].stationing);
+    }
+  }
+
+  std::vector<CVeralPiece> takePieces() { return std::move(m_pieces); }
+  /// The greatest stationing that each piece holds.
+  std::vector<double> takeLastStationings() { return std::move(m_lastStationings); }
+
+ private:
+  /// What the line into the point still holds before the rounding begins, then the rounding, which
+  /// has both of its tangent points.
+  void claimAround(std::size_t index, const CRounding& rounding) {
+    claimLineTo(index, rounding.from, justBelow(rounding.from));
+    claim(rounding.from, rounding.to, rounding.to, rounding.curve);
+  }
+
+  void claimLineTo(std::size_t index, double to, double lastStationing) {
+    const CVeralPoint& before = m_points[index - 1];
+    claim(before.stationing, to, lastStationing, lineBetween(before, m_points[index]));
+  }
+
+  /// Everything from the last claimed stationing to lastStationing.
+  void claim(double from, double to, double lastStationing, const CVerticalCurve& curve) {
+    if (!(lastStationing > m_claimedTo)) return;
+    CVeralPiece piece;
+    piece.from = std::max(std::max(from, m_claimedTo), m_first);
+    piece.to = std::min(to, m_last);
+    piece.curve = curve;
+    if (!m_pieces.empty()) {
+      const CVeralPiece& before = m_pieces.back();
+      piece.lengthBefore = before.lengthBefore + before.curve.lengthBetween(before.from, before.to);
+    }
+    m_pieces.push_back(piece);
+    m_lastStationings.push_back(lastStationing);
+    m_claimedTo = lastStationing;
+  }
+
+  const std::vector<CVeralPoint>& m_points;
+  double m_first;
+  double m_last;
+  double m_claimedTo;  // every stationing up to here has its piece
+  std::vector<CVeralPiece> m_pieces;
+  std::vector<double> m_lastStationings;
+};
+
 }  // namespace
 
 CVeralAlignment::CVeralAlignment(const std::vector<CVeralPoint>& points) {
   if (points.size() < 2) return;
   m_first = points.front().stationing;
   m_last = points.back().stationing;
-  m_claimedTo = justBelow(m_first);
-  m_pieces.reserve(2 * points.size());
-  m_lastStationings.reserve(2 * points.size());
-  for (std::size_t i = 1; i < points.size(); ++i) {
-    if (hasRoundingType(points[i]) && i + 1 < points.size()) {
-      const CRoundingResult result = roundingOf(points[i - 1], points[i], points[i + 1]);
-      if (!result.isComputable) return;
-      if (result.rounding) claimAround(points, i, *result.rounding);
-    }
-    claimLineTo(points, i, points[i].stationing, points[i].stationing);
-  }
-}
-
-/// Gives the stationings from the last claimed one to lastStationing to a curve.
-void CVeralAlignment::claim(double from, double to, double lastStationing,
-                            const CVerticalCurve& curve) {
-  if (!(lastStationing > m_claimedTo)) return;
-  CVeralPiece piece;
-  piece.from = std::max(std::max(from, m_claimedTo), m_first);
-  piece.to = std::min(to, m_last);
-  piece.curve = curve;
-  if (!m_pieces.empty()) {
-    const CVeralPiece& before = m_pieces.back();
-    piece.lengthBefore = before.lengthBefore + before.curve.lengthBetween(before.from, before.to);
-  }
-  m_pieces.push_back(piece);
-  m_lastStationings.push_back(lastStationing);
-  m_claimedTo = lastStationing;
-}
-
-void CVeralAlignment::claimAround(const std::vector<CVeralPoint>& points, std::size_t index,
-                                  const CRounding& rounding) {
-  // What the line into the point still holds before the rounding begins; the rounding has both of
-  // its tangent points.
-  claimLineTo(points, index, rounding.from, justBelow(rounding.from));
-  claim(rounding.from, rounding.to, rounding.to, rounding.curve);
-}
-
-void CVeralAlignment::claimLineTo(const std::vector<CVeralPoint>& points, std::size_t index,
-                                  double to, double lastStationing) {
-  const CVeralPoint& before = points[index - 1];
-  claim(before.stationing, to, lastStationing, lineBetween(before, points[index]));
+  CPieceClaims claims(points);
+  m_pieces = claims.takePieces();
+  m_index = CStationingIndex(m_first, claims.takeLastStationings());
 }
 
 std::size_t CVeralAlignment::pieceAt(double stationing) const {
   if (!(stationing >= m_first && stationing <= m_last)) return m_pieces.size();
-  const auto found =
-      std::lower_bound(m_lastStationings.begin(), m_lastStationings.end(), stationing);
-  return static_cast<std::size_t>(found - m_lastStationings.begin());
+  return m_index.firstNotLess(stationing);
 }
 
 std::optional<CHeightAndGrade> CVeralAlignment::at(double stationing) const {

@@ -4,6 +4,7 @@
 #ifndef CALCULATIONS_SHAPES_VERAL_ALIGNMENT_H
 #define CALCULATIONS_SHAPES_VERAL_ALIGNMENT_H
 
+#include "shapes/StationingIndex.h"
 #include "shapes/VerticalCurve.h"
 
 #include <cstddef>
@@ -51,17 +52,10 @@ class CVeralAlignment {
                                              std::size_t index);
 
  private:
-  void claim(double from, double to, double lastStationing, const CVerticalCurve& curve);
-  void claimAround(const std::vector<CVeralPoint>& points, std::size_t index,
-                   const CRounding& rounding);
-  void claimLineTo(const std::vector<CVeralPoint>& points, std::size_t index, double to,
-                   double lastStationing);
-
   double m_first = 0.0;
   double m_last = 0.0;
-  double m_claimedTo = 0.0;  // every stationing up to here has its piece
   std::vector<CVeralPiece> m_pieces;
-  std::vector<double> m_lastStationings;  // the greatest stationing that each piece holds
+  CStationingIndex m_index;  // of the greatest stationing that each piece holds
 };
 
 }  // namespace Ruv

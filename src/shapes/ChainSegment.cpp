@@ -1,0 +1,81 @@
+#include "shapes/ChainSegment.h"
+
+#include "shapes/ShapeTolerances.h"
+#include "shapes/StraightAndArc.h"
+
+#include <cmath>
+#include <limits>
+
+namespace Ruv {
+
+namespace {
+
+/// A chord that exceeds the diameter by no more than this part of it makes a half circle: turning
+/// or shifting one does that.
+constexpr double kHalfCircleExcess = 1e-12;
+
+/// Half the angle that an arc turns, by its sine and cosine.
+struct CHalfTurning {
+  double sine = 0.0;
+  double cosine = 1.0;
+};
+
+/// @param size magnitude of the radius
+CHalfTurning halfTurningOf(double halfChord, double size) {
+  if (halfChord > size && halfChord - size <= kHalfCircleExcess * size) return {1.0, 0.0};
+  // Not-a-number when the chord exceeds the diameter.
+  return {halfChord / size, std::sqrt((size - halfChord) * (size + halfChord)) / size};
+}
+
+}  // namespace
+
+CChainSegment CChainSegment::between(const Point2D& start, const Point2D& end, double radius) {
+  CChainSegment segment;
+  segment.start = start;
+  segment.end = end;
+  segment.radius = radius;
+  const Point2D chord = end - start;
+  const double chordLength = chord.length();
+  if (radius == 0.0) {
+    segment.length = chordLength;
+    if (chordLength > 0.0) segment.startDirection = {chord.x / chordLength, chord.y / chordLength};
+    return segment;
+  }
+  if (chordLength / 2.0 <= kZeroLength) return segment;
+  const double size = std::abs(radius);
+  const CHalfTurning half = halfTurningOf(chordLength / 2.0, size);
+  segment.length = size * 2.0 * std::atan2(half.sine, half.cosine);
+  // The arc starts turned away from its chord by half its turning.
+  const CDirection towardsEnd{chord.x / chordLength, chord.y / chordLength};
+  segment.startDirection =
+      turnedTo(towardsEnd, CDirection{radius > 0.0 ? -half.sine : half.sine, half.cosine});
+  return segment;
+}
+
+CCurvePoint CChainSegment::at(double l) const {
+  CCurvePoint point;
+  if (radius == 0.0) {
+    point.position = Point2D(0.0, l);
+  } else {
+    point = pointOnArc(radius, l);
+  }
+  point.position = start + turnedTo(startDirection, point.position);
+  point.tangent = turnedTo(startDirection, point.tangent);
+  return point;
+}
+
+CCurveFoot CChainSegment::footOf(const Point2D& p) const {
+  const Point2D local = turnedFrom(startDirection, p - start);
+  return radius == 0.0 ? footOnStraight(length, local) : footOnArc(radius, length, local);
+}
+
+double CChainSegment::doubledAreaFrom(const Point2D& reference) const {
+  const Point2D a = start - reference;
+  const Point2D b = end - reference;
+  const double underChord = a.x * b.y - b.x * a.y;
+  if (radius == 0.0 || !hasExtent()) return underChord;
+  const double turning = length / radius;
+  return underChord - radius * radius * (turning - std::sin(turning));
+}
+
+}  // namespace Ruv

@@ -1,0 +1,78 @@
+/// @file
+/// Chains of straights and arcs: outlines in the plane of a cross-section.
+
+#ifndef CALCULATIONS_SHAPES_CURVE_CHAIN_H
+#define CALCULATIONS_SHAPES_CURVE_CHAIN_H
+
+#include "shapes/BoxTree.h"
+#include "shapes/ChainSegment.h"
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace Ruv {
+
+/// A node of a chain: its first point, or the end of a segment.
+struct CChainNode {
+  Point2D point;
+  double station = 0.0;  ///< length along the chain
+  double radius = 0.0;   ///< of the segment that ends here
+};
+
+/// Nearest point of a chain, seen from a point p.
+struct CChainFoot {
+  Point2D point;
+  double station = 0.0;
+  double outside = 0.0;  ///< distance of p, positive outside the outline, negative inside
+  /// Unit normal to the outside. At a vertex it lies on the line through p, so that
+  /// offsetPoint(outside) is p everywhere.
+  Point2D normal;
+
+  Point2D offsetPoint(double offset) const { return point + normal * offset; }
+};
+
+/// An immutable chain.
+///
+/// Outside is the side away from the area that the chain, closed by a straight, encloses: left of
+/// travel on a clockwise chain, right of travel on an anticlockwise one and on one without area.
+/// The bulge of arcs counts, so two half circles have a sense as well.
+class CCurveChain {
+ public:
+  CCurveChain() = default;
+  explicit CCurveChain(std::vector<CChainNode> nodes);
+
+  const std::vector<CChainNode>& nodes() const { return m_nodes; }
+  const std::vector<CChainSegment>& segments() const { return m_segments; }
+
+  /// Nearest point, the ends of all segments included; of equally near ones that of the lower
+  /// station. Nothing for fewer than two nodes or a point that is not finite. O(log n) for points
+  /// near the chain.
+  std::optional<CChainFoot> project(const Point2D& p) const;
+
+  /// Nothing outside the stations of the chain. Where stations do not fit the nodes, the stretch
+  /// between two of them is spread evenly over its segment. O(log n).
+  std::optional<Point2D> pointAt(double station) const;
+
+ private:
+  /// A candidate of the search for the nearest point.
+  struct Candidate {
+    std::size_t segment = 0;
+    CCurveFoot foot;
+  };
+
+  CChainFoot footInside(const Candidate& candidate) const;
+  CChainFoot footAtVertex(std::size_t node, const Point2D& p) const;
+  Point2D outwardNormal(const CDirection& tangent) const;
+  CDirection directionThroughVertex(std::size_t node) const;
+  double stationOn(std::size_t segment, double length) const;
+
+  std::vector<CChainNode> m_nodes;
+  std::vector<CChainSegment> m_segments;  // segment i leads from node i to node i + 1
+  double m_outwards = 1.0;                // +1 when outside lies right of travel, else -1
+  CBoxTree m_boxes;
+};
+
+}  // namespace Ruv
+
+#endif
