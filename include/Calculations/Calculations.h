@@ -9,6 +9,7 @@
 #include <Calculations/AxisMapper.h>
 #include <Calculations/BlockAxisDefinition.h>
 #include <Calculations/Export.h>
+#include <Calculations/FittingHelper.h>
 #include <Calculations/FittingResult.h>
 #include <Calculations/GeologicalOverProfileMethod.h>
 #include <Calculations/PointLists.h>

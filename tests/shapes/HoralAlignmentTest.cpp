@@ -157,7 +157,7 @@ TEST(HoralAlignment, KeepsPointsOnTheNormalsOfJointsAndEnds) {
   append(chain, CShapeType::Arc, 200, 200, 70, 0.3 + 60 / 400.0, true);
   const CHoralAlignment alignment(1000.0, chain);
   for (const double stationing : {1000.0, 1050.0, 1110.0, 1180.0}) {
-    const auto place = alignment.positionAt(stationing);
+    const auto place = alignment.pointAt(stationing);
     ASSERT_TRUE(place);
     for (double offset = -20.0; offset < 20.0; offset += 0.37) {
       const auto foot = alignment.project(place->position + rightNormal(place->tangent) * offset);

@@ -1,0 +1,71 @@
+#include "fitting/PointFrame.h"
+#include "fitting/PointSubset.h"
+
+#include <Calculations/FittingHelper.h>
+
+#include <Eigen/Core>
+
+#include <cmath>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+/// Sums of powers of the coordinates, each in the order of the points.
+struct PowerSums {
+  double x = 0.0;
+  double y = 0.0;
+  double xx = 0.0;
+  double yy = 0.0;
+  double xy = 0.0;
+  double xxx = 0.0;
+  double yyy = 0.0;
+  double xyy = 0.0;
+  double xxy = 0.0;
+};
+
+PowerSums powerSumsFrom(const Point2D& origin, const std::vector<Point2D>& points) {
+  const Eigen::Array2d from = coordinatesOf(origin);
+  Eigen::Array2d first = Eigen::Array2d::Zero();
+  Eigen::Array2d squares = Eigen::Array2d::Zero();
+  Eigen::Array2d cubes = Eigen::Array2d::Zero();
+  Eigen::Array2d mixedCubes = Eigen::Array2d::Zero();  // x^2 y, y^2 x
+  double products = 0.0;
+  for (const Point2D& p : points) {
+    const Eigen::Array2d d = coordinatesOf(p) - from;
+    const Eigen::Array2d square = d * d;
+    first += d;
+    squares += square;
+    cubes += square * d;
+    mixedCubes += square * d.reverse();
+    products += d.x() * d.y();
+  }
+  return {first.x(), first.y(), squares.x(),    squares.y(),   products,
+          cubes.x(), cubes.y(), mixedCubes.y(), mixedCubes.x()};
+}
+
+}  // namespace
+
+FittingResult FittingHelper::circleFitLandau(const std::vector<Point2D>& points) {
+  // Relative to a point of the set: third powers of plane coordinates would leave no digits.
+  const Point2D origin = points.empty() ? Point2D() : points.front();
+  const PowerSums s = powerSumsFrom(origin, points);
+  const auto n = static_cast<double>(points.size());
+  // The normal equations of the centre (a, b): xx a + xy b = x, xy a + yy b = y.
+  const double xx = 2.0 * (s.x * s.x - n * s.xx);
+  const double xy = 2.0 * (s.x * s.y - n * s.xy);
+  const double yy = 2.0 * (s.y * s.y - n * s.yy);
+  const double x = s.xx * s.x - n * s.xxx + s.yy * s.x - n * s.xyy;
+  const double y = s.y * s.xx - n * s.yyy + s.yy * s.y - n * s.xxy;
+  // Rounding must not turn a straight line into a circle of arbitrary radius.
+  const double det = areCollinear(xx, xy, yy, points.size()) ? 0.0 : yy * xx - xy * xy;
+  const double a = (x * yy - y * xy) / det;
+  const double b = (y * xx - x * xy) / det;
+  const double radius =
+      std::sqrt((s.xx - 2.0 * a * s.x + n * a * a + s.yy - 2.0 * b * s.y + n * b * b) / n);
+  return FittingResult(FittingMethod::CircleLandau, origin + Point2D(a, b), radius);
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

@@ -1,0 +1,105 @@
+#include "fitting/DirectConicFit.h"
+
+#include <Eigen/Cholesky>
+#include <Eigen/Core>
+#include <Eigen/Eigenvalues>
+
+#include <cmath>
+#include <cstddef>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+using Eigen::Array2d;
+using Eigen::Matrix3d;
+using Eigen::Vector3d;
+
+/// Five points determine a conic; through fewer pass any number of them.
+constexpr std::size_t kFewestPoints = 5;
+
+/// Mean products of the rows (x^2, x y, y^2) and (x, y, 1).
+struct ScatterMatrices {
+  Matrix3d quadratic;  ///< S1
+  Matrix3d mixed;      ///< S2
+  Matrix3d linear;     ///< S3
+};
+
+ScatterMatrices scatterMatricesOf(const PointSubset& points, const PointFrame& frame) {
+  Array2d first = Array2d::Zero();
+  Array2d squares = Array2d::Zero();
+  Array2d cubes = Array2d::Zero();
+  Array2d mixedCubes = Array2d::Zero();    // x^2 y, y^2 x
+  Array2d fourths = Array2d::Zero();       // x^4, y^4
+  Array2d mixedFourths = Array2d::Zero();  // x^3 y, y^3 x
+  Array2d products = Array2d::Zero();      // x y, x^2 y^2
+  points.forEach([&](const Point2D& point) {
+    const Array2d p = coordinatesOf(frame.reduced(point));
+    const Array2d square = p * p;
+    const double product = p.x() * p.y();
+    first += p;
+    squares += square;
+    cubes += square * p;
+    mixedCubes += square * p.reverse();
+    fourths += square * square;
+    mixedFourths += square * product;
+    products += Array2d(product, product * product);
+  });
+  ScatterMatrices s;
+  s.quadratic << fourths.x(), mixedFourths.x(), products.y(),  //
+      mixedFourths.x(), products.y(), mixedFourths.y(),        //
+      products.y(), mixedFourths.y(), fourths.y();
+  s.mixed << cubes.x(), mixedCubes.x(), squares.x(),  //
+      mixedCubes.x(), mixedCubes.y(), products.x(),   //
+      mixedCubes.y(), cubes.y(), squares.y();
+  const auto n = static_cast<double>(frame.count);
+  s.linear << squares.x(), products.x(), first.x(),  //
+      products.x(), squares.y(), first.y(),          //
+      first.x(), first.y(), n;
+  s.quadratic /= n;
+  s.mixed /= n;
+  s.linear /= n;
+  return s;
+}
+
+/// M premultiplied by the inverse of the matrix of the constraint 4 a c - b^2.
+Matrix3d constrained(const Matrix3d& m) {
+  Matrix3d result;
+  result << 0.5 * m.row(2), -m.row(1), 0.5 * m.row(0);
+  return result;
+}
+
+bool isEllipse(const Vector3d& v) { return 4.0 * v(0) * v(2) - v(1) * v(1) > 0.0; }
+
+/// The first eigenvector that belongs to an ellipse.
+std::optional<Vector3d> ellipticEigenvector(const Matrix3d& m) {
+  if (!m.allFinite()) return std::nullopt;  // no input for the solver
+  const Eigen::EigenSolver<Matrix3d> solver(m);
+  if (solver.info() != Eigen::Success) return std::nullopt;
+  for (Eigen::Index i = 0; i < 3; ++i) {
+    const Vector3d v = solver.eigenvectors().col(i).real();
+    if (isEllipse(v)) return v;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<Conic> fitConic(const PointSubset& points, const PointFrame& frame) {
+  if (frame.count < kFewestPoints) return std::nullopt;
+  const ScatterMatrices s = scatterMatricesOf(points, frame);
+  // Otherwise the scatter matrix of the linear terms has an inverse.
+  if (areCollinear(s.linear(0, 0), s.linear(0, 1), s.linear(1, 1), frame.count)) {
+    return std::nullopt;
+  }
+  const Matrix3d linearOfQuadratic = -s.linear.ldlt().solve(s.mixed.transpose());  // T
+  const auto v = ellipticEigenvector(constrained(s.quadratic + s.mixed * linearOfQuadratic));
+  if (!v) return std::nullopt;
+  const Vector3d quadratic = v->x() + v->z() > 0.0 ? Vector3d(-*v) : *v;
+  const Vector3d linear = linearOfQuadratic * quadratic;
+  return Conic{quadratic.x(), quadratic.y(), quadratic.z(), linear.x(), linear.y(), linear.z()};
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

@@ -1,0 +1,158 @@
+#include "fitting/FitPoints.h"
+
+#include <Calculations/FittingHelper.h>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <vector>
+
+namespace {
+
+using namespace Ruv::Calculations;
+using namespace TestSupport;
+
+Points circlePoints(const Point2D& center, double r, int count, double turns = 1.0,
+                    double noise = 0.0) {
+  return ellipsePoints(center, r, r, 0.0, count, turns, noise);
+}
+
+void expectCircle(const FittingResult& result, FittingMethod::Method method, const Point2D& center,
+                  double radius, double tolerance) {
+  EXPECT_EQ(result.method, method);
+  EXPECT_NEAR(result.center.x, center.x, tolerance);
+  EXPECT_NEAR(result.center.y, center.y, tolerance);
+  EXPECT_NEAR(result.radius, radius, tolerance);
+  EXPECT_EQ(result.semiAxisB, result.radius);
+}
+
+void expectDirectFits(const Points& points, const Point2D& center, double r, double tolerance) {
+  const FittingResult kasa = FittingHelper::circleFitKasa(points);
+  expectCircle(kasa, FittingMethod::CircleKasa, center, r, tolerance);
+  const FittingResult landau = FittingHelper::circleFitLandau(points);
+  expectCircle(landau, FittingMethod::CircleLandau, center, r, tolerance);
+}
+
+TEST(CircleFit, FindsTheGoldenCircles) {
+  const Csv expected("fits/circles_expected.csv");
+  for (const CsvRow& row : expected.rows()) {
+    SCOPED_TRACE(row.text("case"));
+    expectDirectFits(goldenPoints(row), Point2D(row.number("center_x"), row.number("center_y")),
+                     row.number("radius_rms"), 1e-10);
+  }
+}
+
+TEST(CircleFit, ReproducesExactCirclesAlsoFarFromTheOrigin) {
+  for (const double offset : {0.0, 1e3, 1e5}) {
+    for (const double turns : {1.0, 0.5}) {
+      for (const int count : {3, 12, 500, 20000}) {
+        SCOPED_TRACE(testing::Message() << count << " points on " << turns << " turns, " << offset);
+        const Point2D center(3 + offset, -2 - offset);
+        expectDirectFits(circlePoints(center, 5, count, turns), center, 5, 5e-10);
+      }
+    }
+  }
+  // An arc of half a degree, which rises a thousandth of its chord.
+  expectDirectFits(circlePoints(Point2D(0, 0), 5, 300, 0.5 / 360), Point2D(0, 0), 5, 1e-7);
+}
+
+TEST(CircleFit, MovesAndScalesWithThePoints) {
+  const Point2D shift(0x1p19, -0x1p18);
+  Points points = circlePoints(Point2D(3, -2), 5.5, 1000, 0.4, 0.01);
+  Points moved;
+  Points scaled;
+  for (Point2D& p : points) {
+    // Multiples of 2^-20 m, which the shift leaves exact.
+    p = Point2D(std::floor(p.x * 0x1p20) * 0x1p-20, std::floor(p.y * 0x1p20) * 0x1p-20);
+    moved.push_back(p + shift);
+    scaled.push_back(turned(p, 1.0) * 1e-15);
+  }
+  const FittingResult original = FittingHelper::circleFitKasa(points);
+  expectDirectFits(points, original.center, original.radius, 1e-11);
+  expectDirectFits(moved, original.center + shift, original.radius, 1.2e-10);
+  expectDirectFits(scaled, turned(original.center, 1.0) * 1e-15, original.radius * 1e-15, 1e-26);
+}
+
+TEST(CircleFit, PointsOfNoCircleGiveNoNumbers) {
+  for (const Points& points : pointsOfNoCurve()) {
+    EXPECT_FALSE(std::isfinite(FittingHelper::circleFitKasa(points).radius)) << points.size();
+    EXPECT_FALSE(std::isfinite(FittingHelper::circleFitLandau(points).radius)) << points.size();
+  }
+}
+
+using Matrix = std::array<std::array<double, 3>, 3>;
+
+double determinant(const Matrix& m) {
+  return m[0][0] * (m[1][1] * m[2][2] - m[1][2] * m[2][1]) -
+         m[0][1] * (m[1][0] * m[2][2] - m[1][2] * m[2][0]) +
+         m[0][2] * (m[1][0] * m[2][1] - m[1][1] * m[2][0]);
+}
+
+/// The damped iteration with a Jacobian, row by row. Gives a, b, r.
+std::array<double, 3> plainIteration(const Points& points) {
+  std::array<double, 3> circle = {0.0, 0.0, 1.0};
+  for (int count = 0; count < 1000; ++count) {
+    Matrix normal = {};
+    std::array<double, 3> right = {};
+    for (const Point2D& p : points) {
+      const double dx = p.x - circle[0];
+      const double dy = p.y - circle[1];
+      const double f = dx * dx + dy * dy - circle[2] * circle[2];
+      const std::array<double, 3> row = {-2 * dx, -2 * dy, -2 * circle[2]};
+      for (std::size_t k = 0; k < 9; ++k) {
+        normal[k / 3][k % 3] += row[k / 3] * row[k % 3];
+      }
+      for (std::size_t k = 0; k < 3; ++k) {
+        right[k] -= row[k] * f;
+      }
+    }
+    const double det = determinant(normal);
+    bool isConverged = true;
+    for (std::size_t k = 0; k < 3; ++k) {
+      Matrix replaced = normal;
+      for (std::size_t i = 0; i < 3; ++i) {
+        replaced[i][k] = right[i];
+      }
+      const double delta = determinant(replaced) / (det == 0.0 ? 1e-5 : det);
+      circle[k] += delta / 4;
+      isConverged = isConverged && std::abs(delta) < 1e-5;
+    }
+    if (isConverged) break;
+  }
+  return circle;
+}
+
+TEST(LegacyCircleFit, HasTheIteratesOfThePlainIteration) {
+  std::vector<Points> cases = {circlePoints(Point2D(3, -2), 5.5, 12, 1.0, 0.005),
+                               circlePoints(Point2D(3, -2), 5.5, 1001, 0.7, 0.005),
+                               circlePoints(Point2D(0, 0), 0.01, 50)};
+  // Far away the iterates depend on every rounding; some cases end with the greatest number of
+  // steps, some with no numbers.
+  for (const double offset : {300.0, 3e3, 1e4, 3e4, 1e5, 6e5}) {
+    for (const double turns : {1.0, 0.1, 0.01}) {
+      cases.push_back(circlePoints(Point2D(offset, -0.5 * offset), 5, 40, turns));
+    }
+  }
+  for (const Points& points : cases) {
+    const auto [a, b, r] = plainIteration(points);
+    const FittingResult result = FittingHelper::circleFitRuvLegacy(points);
+    EXPECT_EQ(std::isnan(result.radius), std::isnan(r));
+    if (!std::isnan(r)) expectCircle(result, FittingMethod::CircleLegacy, Point2D(a, b), r, 0.0);
+  }
+}
+
+TEST(LegacyCircleFit, ConvergesFromTwelvePointsOn) {
+  Points points = circlePoints(Point2D(3, -2), 5, 12);
+  const FittingResult circle = FittingHelper::circleFitRuvLegacy(points);
+  expectCircle(circle, FittingMethod::CircleLegacy, Point2D(3, -2), 5, 1e-5);
+  const Point2D centroid = (Point2D(3, -2) * 12.0 - points.back()) / 11.0;
+  points.pop_back();
+  const FittingResult tooFew = FittingHelper::circleFitRuvLegacy(points);
+  expectCircle(tooFew, FittingMethod::CircleLegacy, centroid, 0.0, 1e-14);
+  EXPECT_TRUE(std::isnan(FittingHelper::circleFitRuvLegacy({}).center.x));
+  // The determinant is exactly zero, and so are the steps.
+  EXPECT_EQ(FittingHelper::circleFitRuvLegacy(Points(12, Point2D())).radius, 1.0);
+}
+
+}  // namespace

@@ -1,0 +1,151 @@
+#include "fitting/FitPoints.h"
+
+#include <Calculations/FittingHelper.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numeric>
+#include <string>
+#include <vector>
+
+namespace Ruv {
+namespace Calculations {
+
+struct FittingHelperTestAccess {
+  static constexpr auto kFitOnce = &FittingHelper::ellipseFitFitzgibbonInternal;
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+namespace {
+
+using namespace Ruv::Calculations;
+using namespace TestSupport;
+
+FittingResult ellipse(const Point2D& center, double a, double b, double rotation) {
+  return FittingResult(FittingMethod::EllipseFitzgibbon, center, a, b, rotation);
+}
+
+void expectEllipse(const FittingResult& result, const FittingResult& expected, double tolerance) {
+  EXPECT_NEAR(result.center.x, expected.center.x, tolerance);
+  EXPECT_NEAR(result.center.y, expected.center.y, tolerance);
+  EXPECT_NEAR(result.semiAxisA, expected.semiAxisA, tolerance);
+  EXPECT_NEAR(result.semiAxisB, expected.semiAxisB, tolerance);
+  EXPECT_EQ(result.radius, 0.0);
+  EXPECT_GT(result.rotation, -kPi / 2);
+  EXPECT_LE(result.rotation, kPi / 2);
+  // An axis has no sense: directions a half turn apart are one.
+  const double difference = std::remainder(result.rotation - expected.rotation, kPi);
+  EXPECT_NEAR(difference * (expected.semiAxisA - expected.semiAxisB), 0.0, tolerance);
+}
+
+FittingResult goldenEllipse(const CsvRow& row, const std::string& prefix) {
+  return ellipse(Point2D(row.number(prefix + "center_x"), row.number(prefix + "center_y")),
+                 row.number(prefix + "semi_axis_a"), row.number(prefix + "semi_axis_b"),
+                 row.number(prefix + "rotation"));
+}
+
+/// What a fit leaves of its points when it rejects the one of this index, or none for an empty
+/// text.
+std::vector<bool> usedBut(const std::string& rejected, std::size_t count) {
+  std::vector<bool> used(count, true);
+  if (!rejected.empty()) used.at(std::stoul(rejected)) = false;
+  return used;
+}
+
+TEST(EllipseFit, FindsTheGoldenEllipses) {
+  const Csv expected("fits/ellipses_expected.csv");
+  for (const CsvRow& row : expected.rows()) {
+    SCOPED_TRACE(row.text("case"));
+    const Points points = goldenPoints(row);
+    const double tolerance = 1e-12 * row.number("semi_axis_a");
+    std::vector<bool> used;
+    const FittingResult once = FittingHelper::ellipseFitFitzgibbon(points, used, 1);
+    expectEllipse(once, goldenEllipse(row, ""), tolerance);
+    const FittingResult iterated = FittingHelper::ellipseFitFitzgibbon(points, used, 10);
+    expectEllipse(iterated, goldenEllipse(row, "iterated_"), tolerance);
+    EXPECT_EQ(used, usedBut(row.text("iterated_rejected"), points.size()));
+  }
+}
+
+TEST(EllipseFit, ReproducesExactEllipsesOfAnySizeAlsoFarFromTheOrigin) {
+  for (const double offset : {0.0, 2e2, 2e4}) {
+    for (const double a : {1e-15, 5.0, 1e15}) {
+      for (const int count : {5, 37, 1000}) {
+        for (int tenths = -15; tenths < 16; tenths += 3) {
+          SCOPED_TRACE(testing::Message()
+                       << a << ", " << count << ", " << tenths << ", " << offset);
+          const double rotation = 0.1 * tenths;
+          const double b = a * (count == 5 ? 0.98 : 0.1);
+          const Point2D center = Point2D(0.4 + offset, 0.2 - offset) * a;
+          std::vector<bool> used;
+          const FittingResult result = FittingHelper::ellipseFitFitzgibbon(
+              ellipsePoints(center, a, b, rotation, count), used, 10);
+          expectEllipse(result, ellipse(center, a, b, rotation), 1e-10 * a);
+          // The residuals are rounding noise, of which a part exceeds three times the mean.
+          EXPECT_EQ(used, usedBut("", used.size()));
+        }
+      }
+    }
+  }
+}
+
+TEST(EllipseFit, DropsAnOutlierInTheNextRound) {
+  Points points = ellipsePoints(Point2D(2, 1), 5, 3, 0.3, 40);
+  points[11] = points[11] + Point2D(0, 4);
+  std::vector<bool> used(3, false);
+  const FittingResult once = FittingHelper::ellipseFitFitzgibbon(points, used, 1);
+  EXPECT_EQ(used, usedBut("11", 40));
+  EXPECT_GT(std::abs(once.semiAxisB - 3), 0.1);  // still bent by it
+  const FittingResult iterated = FittingHelper::ellipseFitFitzgibbon(points, used, 10);
+  EXPECT_EQ(used, usedBut("11", 40));
+  expectEllipse(iterated, ellipse(Point2D(2, 1), 5, 3, 0.3), 1e-12);
+  EXPECT_NEAR(iterated.rotation, 0.3, 1e-12);  // not 0.3 - pi
+}
+
+TEST(EllipseFit, RoundsRejectByTheMeanOfAllPoints) {
+  for (const std::size_t count : {8u, 30u, 300u, 3000u}) {
+    Points points = ellipsePoints(Point2D(2, 1), 5, 3, 0.3, static_cast<int>(count), 0.8, 0.01);
+    // Outliers of all sizes, so that some lie close to the limit.
+    for (std::size_t i = 2; i < count; i += 7) {
+      points[i].x += 0.0002 * static_cast<double>(i % 997);
+    }
+    for (const int rounds : {1, 2, 3, 10}) {
+      SCOPED_TRACE(testing::Message() << count << " points, " << rounds << " rounds");
+      std::vector<bool> expectedUsed(count, true);
+      FittingResult expected = ellipse(Point2D(), 0, 0, 0);
+      std::vector<double> residuals;
+      for (int round = 0; round < rounds; ++round) {
+        ASSERT_TRUE(FittingHelperTestAccess::kFitOnce(points, expectedUsed, expected, residuals));
+        const double sum = std::accumulate(residuals.begin(), residuals.end(), 0.0);
+        for (std::size_t i = 0; i < count; ++i) {
+          if (residuals[i] > 3.0 * sum / static_cast<double>(count)) expectedUsed[i] = false;
+        }
+      }
+      std::vector<bool> used;
+      const FittingResult result = FittingHelper::ellipseFitFitzgibbon(points, used, rounds);
+      EXPECT_EQ(used, expectedUsed);
+      EXPECT_EQ(result.method, rounds < 2 ? 3 : 4);
+      expectEllipse(result, expected, 1e-12);
+    }
+  }
+}
+
+TEST(EllipseFit, PointsOfNoEllipseGiveZeros) {
+  std::vector<Points> cases = pointsOfNoCurve();
+  cases.push_back(ellipsePoints(Point2D(2, 1), 5, 3, 0.3, 4));
+  cases.push_back(ellipsePoints(Point2D(2, 1), 5, 3, 0.3, 20));  // without a round
+  for (const Points& points : cases) {
+    SCOPED_TRACE(testing::Message() << points.size() << " points");
+    const bool isSound = &points == &cases.back();
+    std::vector<bool> used;
+    const FittingResult r = FittingHelper::ellipseFitFitzgibbon(points, used, isSound ? 0 : 10);
+    EXPECT_EQ(r.method, isSound ? 3 : 4);
+    EXPECT_EQ(std::abs(r.center.x) + std::abs(r.semiAxisA) + std::abs(r.rotation), 0.0);
+    EXPECT_EQ(used, usedBut("", points.size()));
+  }
+}
+
+}  // namespace
