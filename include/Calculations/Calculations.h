@@ -12,10 +12,16 @@
 #include <Calculations/FittingHelper.h>
 #include <Calculations/FittingResult.h>
 #include <Calculations/GeologicalOverProfileMethod.h>
+#include <Calculations/MeasuredProfile.h>
+#include <Calculations/MeasuredProfileCalculator.h>
+#include <Calculations/PathHelper.h>
+#include <Calculations/Paths.h>
 #include <Calculations/PointLists.h>
 #include <Calculations/Points.h>
 #include <Calculations/ProfilePointResult.h>
 #include <Calculations/ShapeElements.h>
+#include <Calculations/ThProfileCalculator.h>
+#include <Calculations/ThProfileDefinition.h>
 #include <Calculations/TransitionCurves.h>
 #include <Calculations/Utilities.h>
 

@@ -1,0 +1,53 @@
+/// @file
+/// Measured cross-sections.
+
+#ifndef CALCULATIONS_MEASURED_PROFILE_H
+#define CALCULATIONS_MEASURED_PROFILE_H
+
+#include <Calculations/Export.h>
+#include <Calculations/Points.h>
+#include <Calculations/ThProfileDefinition.h>
+
+#include <memory>
+
+namespace Ruv {
+namespace Calculations {
+
+class MeasuredProfileImpl;
+
+/// A measured cross-section: a closed polygon of points (x to the right, y up, m).
+///
+/// Segment i runs from point i to the next, the last one back to the first, so there are as many
+/// segments as points. All are straight.
+/// Threads: may be shared by threads that only read. Not copyable.
+class CALCULATIONS_EXPORT MeasuredProfile : public IProfileSegmentProvider {
+ public:
+  MeasuredProfile();
+  MeasuredProfile(const MeasuredProfile&) = delete;
+  MeasuredProfile& operator=(const MeasuredProfile&) = delete;
+  ~MeasuredProfile() override;
+
+  void addPoint(const Point2D& point);
+  void reset();
+
+  unsigned int getNumPoints() const;
+  /// (0, 0) when the index is out of range.
+  Point2D getPointAt(unsigned int index) const;
+
+  unsigned int getNumSegments() const override;
+  Point2D getSegmentStartAt(unsigned int index) const override;
+  /// (0, 0) for an empty profile and an index out of range; the only point for a profile of one.
+  Point2D getSegmentEndAt(unsigned int index) const override;
+  /// 0
+  double getSegmentRadiusAt(unsigned int index) const override;
+  /// With the segment that closes the polygon; 0 for fewer than two points. O(n).
+  double getCircumference() const override;
+
+ private:
+  std::unique_ptr<MeasuredProfileImpl> m_impl;
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

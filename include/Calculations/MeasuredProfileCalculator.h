@@ -1,0 +1,149 @@
+/// @file
+/// Comparison of a measured profile with a reference.
+
+#ifndef CALCULATIONS_MEASURED_PROFILE_CALCULATOR_H
+#define CALCULATIONS_MEASURED_PROFILE_CALCULATOR_H
+
+#include <Calculations/Export.h>
+#include <Calculations/FittingResult.h>
+#include <Calculations/GeologicalOverProfileMethod.h>
+#include <Calculations/MeasuredProfile.h>
+#include <Calculations/PointLists.h>
+#include <Calculations/Points.h>
+#include <Calculations/ProfilePointResult.h>
+#include <Calculations/ThProfileCalculator.h>
+#include <Calculations/ThProfileDefinition.h>
+
+#include <boost/shared_ptr.hpp>
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace Ruv {
+namespace Calculations {
+
+class MeasuredProfileCalculatorImpl;
+
+/// Compares a measured profile, the comparison, with a reference: the design profile or an earlier
+/// measured one.
+///
+/// Filters exclude parts of the section plane. They act on fits, circumferences, outlines, areas
+/// and offset intersections, not on point results and distances.
+/// Areas: computed on a grid of 0.1 mm with arcs as chords of about 1 cm (at most 100 an arc).
+///   Polygons of results have no holes: where the excavation surrounds the reference, the ring of
+///   over profile comes in pieces. Pieces below 0.0001 m2 are left out of polygon lists.
+/// Failure: degenerate profiles give zero results, empty lists or zero areas. Only
+///   leastSquarePointOfComparisonProfile throws, for an unknown method.
+/// Cost: point results prepare the reference once, O(n log n), and again only after it changed;
+///   then O(log n) a point, plus O(n) a call to see whether it changed. Areas cost a few polygon
+///   clippings.
+/// Threads: not for concurrent use, although operations are const. Shares ownership of both
+///   profiles. Not copyable.
+class CALCULATIONS_EXPORT MeasuredProfileCalculator : public IProfileCalculator {
+ public:
+  /// Null pointers count as empty profiles.
+  MeasuredProfileCalculator(const boost::shared_ptr<const ThProfileDefinition>& reference,
+                            const boost::shared_ptr<const MeasuredProfile>& comparison);
+  MeasuredProfileCalculator(const boost::shared_ptr<const MeasuredProfile>& reference,
+                            const boost::shared_ptr<const MeasuredProfile>& comparison);
+  MeasuredProfileCalculator(const MeasuredProfileCalculator&) = delete;
+  MeasuredProfileCalculator& operator=(const MeasuredProfileCalculator&) = delete;
+  ~MeasuredProfileCalculator() override;
+
+  /// @name Points relative to the reference
+  /// As ThProfileCalculator gives them; derolments count from the reference's crown.
+  /// @{
+  ProfilePointResult calculateProfilePoint(const Point2D& point) const override;
+  std::vector<ProfilePointResult> calculateProfilePoints(
+      const std::vector<Point2D>& points) const override;
+  /// @}
+
+  /// @name Nearest point of the comparison profile on a line through p
+  /// Horizontal, vertical, or along the reference's normal through p. Both coordinates are
+  /// 3.4028234663852886e38 when the line misses the comparison.
+  /// @{
+  Point2D horizontalDistanceToComparisonProfile(Point2D p) const;
+  Point2D verticalDistanceToComparisonProfile(Point2D p) const;
+  Point2D radialDistanceToComparisonProfile(Point2D p) const;
+  /// @}
+
+  /// @name Intersections with a horizontal or vertical line
+  /// Of the polygon of unfiltered segment start points, in its order, within 1000 m of the origin.
+  /// A vertex on the line counts for both its edges; edges along the line count for none. Arcs of
+  /// the reference count as chords. Empty for fewer than three points.
+  /// @{
+  std::vector<Point2D> intersectionsAtGivenUpOffsetOfComparisonProfile(double up) const;
+  std::vector<Point2D> intersectionsAtGivenRightOffsetOfComparisonProfile(double right) const;
+  std::vector<Point2D> intersectionsAtGivenUpOffsetOfReferenceProfile(double up) const;
+  std::vector<Point2D> intersectionsAtGivenRightOffsetOfReferenceProfile(double right) const;
+  /// @}
+
+  /// Fits the unfiltered points of the comparison. One point or two give themselves or their
+  /// middle as centre.
+  /// @throws std::runtime_error "Fitting method not implemented" for a value that is no method,
+  ///   with three or more points
+  FittingResult leastSquarePointOfComparisonProfile(FittingMethod::Method method) const;
+
+  /// @name Filters
+  /// Setting a limit again replaces it. As soon as any filter is set, everything beyond 1000 m
+  /// from the axes is excluded too.
+  /// @{
+  void setFilterExcludeAbove(double y);
+  void setFilterExcludeBelow(double y);
+  void setFilterExcludeLeftOf(double x);
+  void setFilterExcludeRightOf(double x);
+  /// Excludes the triangle from the centre with sides of 1000 m in two bearings (clockwise from
+  /// up). A span of half a turn or more does not exclude its reflex side. Areas that two
+  /// triangles share stay allowed.
+  void setFilterExcludeBetweenAngles(double startAngle, double endAngle, const Point2D& centre);
+  void resetAllFilters();
+  /// False when no filter is set. The border of the allowed area is excluded.
+  bool isInFilteredArea(const Point2D& p) const;
+  /// @}
+
+  /// @name Circumferences and outlines
+  /// Their unfiltered parts.
+  /// @param clean remove points closer than 0.14 mm to the line of their neighbours
+  /// @{
+  double comparisonCircumference() const;
+  double referenceCircumference() const;
+  std::vector<Polyline> comparisonCircumferenceLines(bool clean) const;
+  std::vector<Polyline> referenceCircumferenceLines(bool clean) const;
+  /// @}
+
+  /// @name Areas
+  /// Square metres.
+  /// @{
+  double comparisonArea() const;
+  double referenceArea() const;
+  /// Excavated beyond the reference.
+  double overProfileArea() const;
+  /// Not excavated within the reference.
+  double underProfileArea() const;
+  std::vector<Polygon> overProfileAreaPathes() const;
+  std::vector<Polygon> underProfileAreaPathes() const;
+  /// @}
+
+  /// @name Geological over profile
+  /// What is excavated beyond the distance a from the reference, and with it a band beside those
+  /// places: from the reference to a, from b to a, or none. The band is not clipped to the
+  /// excavation; where it overlaps what lies beyond, the area counts twice.
+  /// @{
+  double geologicalOverProfileArea(GeologicalOverProfileMethod::Method method, double a,
+                                   double b) const;
+  std::vector<Polygon> geologicalOverProfileAreaPathes(GeologicalOverProfileMethod::Method method,
+                                                       double a, double b) const;
+  /// The geological part, and the over profile within a that is not in its band.
+  std::pair<std::vector<Polygon>, std::vector<Polygon>> overProfileDividedByGeologicalAreaPathes(
+      GeologicalOverProfileMethod::Method method, double a, double b) const;
+  /// @}
+
+ private:
+  std::unique_ptr<MeasuredProfileCalculatorImpl> m_impl;
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

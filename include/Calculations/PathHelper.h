@@ -1,0 +1,69 @@
+/// @file
+/// The bridge between the library's outlines and the polygon clipping library.
+
+#ifndef CALCULATIONS_PATH_HELPER_H
+#define CALCULATIONS_PATH_HELPER_H
+
+#include <Calculations/Export.h>
+#include <Calculations/Paths.h>
+#include <Calculations/PointLists.h>
+#include <Calculations/Points.h>
+
+#include <clipper.hpp>
+
+#include <vector>
+
+namespace Ruv {
+namespace Calculations {
+
+/// Static conversions. One metre is 10000 clipping units.
+class CALCULATIONS_EXPORT PathHelper {
+ public:
+  /// @name Units
+  /// @{
+
+  /// v * 10000 + 0.5, truncated towards zero: not symmetric below zero, and a negative value
+  /// converted forth and back again moves up by a unit. Areas and comparisons are tuned with it.
+  /// Not-a-number becomes 0; magnitudes are limited to 1e15 units.
+  static ClipperLib::cInt asClipperLibUnits(double v);
+  static double fromClipperLibUnits(ClipperLib::cInt v);
+  static double fromClipperLibArea(double a);
+  static ClipperLib::IntPoint asClipperLibPoint(const Point2D& p);
+  static Point2D fromClipperLibPoint(ClipperLib::IntPoint p);
+  /// @}
+
+  /// True strictly inside.
+  static bool pointInPath(const ClipperLib::Path& path, ClipperLib::IntPoint p);
+
+  /// @name Representations
+  /// @{
+  static ClipperLib::Path clipperLibPathFromPath(const Path& path);
+  static Path pathFromClipperLibPath(const ClipperLib::Path& path);
+  static ClipperLib::Paths clipperLibPathsFromPathes(const Pathes& paths);
+  static Pathes pathesFromClipperLibPaths(const ClipperLib::Paths& paths);
+  /// All points of the path, the repeated one of a closed path included.
+  static Polygon profileAreaFromPath(const Path& path);
+  static Polyline profileLineFromPath(const Path& path);
+  /// Leaves out paths whose absolute area is below minArea (square metres).
+  static std::vector<Polygon> profileAreasFromPathes(const Pathes& paths, double minArea);
+  static std::vector<Polyline> profileLinesFromPathes(const Pathes& paths);
+  /// @}
+
+  /// Removes points that lie no farther than a tolerance (units) from the line through the last
+  /// kept point and the point after it. Both ends stay; what is left out lies within twice the
+  /// tolerance of the result. O(n).
+  static ClipperLib::Path simplyfyLine(const ClipperLib::Path& line, double tolerance);
+  static ClipperLib::Paths simplyfyLines(const ClipperLib::Paths& lines, double tolerance);
+
+  /// Cuts outlines that hold holes, which have the opposite orientation, into simple pieces whose
+  /// areas add up, each along the vertical line through the middle of a hole. Others stay.
+  static ClipperLib::Paths convertRingToSimplePaths(const ClipperLib::Paths& paths);
+
+ private:
+  static double distanceBetween(const ClipperLib::IntPoint& a, const ClipperLib::IntPoint& b);
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

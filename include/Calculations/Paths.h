@@ -1,0 +1,145 @@
+/// @file
+/// Outlines for polygon clipping.
+
+#ifndef CALCULATIONS_PATHS_H
+#define CALCULATIONS_PATHS_H
+
+#include <Calculations/Export.h>
+#include <Calculations/Points.h>
+
+#include <memory>
+#include <vector>
+
+namespace Ruv {
+namespace Calculations {
+
+class PathImpl;
+class Pathes;
+
+/// One straight or arc of an outline.
+class CALCULATIONS_EXPORT PathSegment {
+ public:
+  /// A straight to (x, y).
+  PathSegment(double x, double y);
+  /// An arc to (x, y); the sign of the radius as in ThProfileDefinition. Radius 0 is a straight.
+  PathSegment(double x, double y, double radius);
+  PathSegment(const PathSegment& other);
+  PathSegment& operator=(const PathSegment& other);
+  virtual ~PathSegment();
+
+  Point2D point() const;
+  double radius() const;
+  bool isArc() const;
+
+ private:
+  Point2D m_point;
+  double m_radius;
+};
+
+/// An outline or line as points on a grid of 0.1 mm, on which clipping is exact.
+///
+/// Arcs become points 1 cm apart, but at most 100 pieces. Coordinates that are not numbers become
+/// 0, those beyond 1e11 m are moved there.
+/// Copies are independent.
+class CALCULATIONS_EXPORT Path {
+ public:
+  Path();
+  Path(const Path& other);
+  Path& operator=(const Path& other);
+  virtual ~Path();
+
+  /// Appends a segment from the last point; the first segment only sets the first point. An arc
+  /// whose chord exceeds its diameter by no more than the grid is a half circle, any other such
+  /// arc a straight.
+  void addSegment(const PathSegment& segment);
+  /// Makes a ring of two or more points: turns it anticlockwise, removes points closer than
+  /// 0.14 mm to their neighbours' line if asked to clean, and repeats the first point at the end.
+  /// A thin outline may be cleaned away to fewer than three points.
+  void close(bool clean);
+
+  /// Signed, positive for a closed path.
+  double area() const;
+  /// Between consecutive points; nothing leads back to the first.
+  double lineLength() const;
+  unsigned int numDiscretePathPoints() const;
+  /// (0, 0) when the index is out of range.
+  Point2D discretePathPointAt(unsigned int index) const;
+  /// True strictly inside; a point on the outline is outside.
+  bool pointWithin(const Point2D& p) const;
+  /// Where the line through a and b first meets an edge, in the order of the edges, the last of
+  /// which leads back to the first point.
+  /// @return false, hit unchanged, when it meets none
+  bool firstIntersectionWithLine(const Point2D& a, const Point2D& b, Point2D& hit) const;
+  /// Length of the outline, closed, inside the others.
+  double borderWithinOtherPathes(const Pathes& other) const;
+
+  /// @name As in Pathes, for single paths
+  /// @{
+  static Pathes within(const Path& a, const Path& b);
+  static Pathes without(const Path& a, const Path& b);
+  static Pathes expand(const Path& a, double d);
+  static Pathes expandLine(const Path& a, double d);
+  static Pathes linesWithin(const Path& a, const Path& b);
+  /// @}
+
+  /// For the library's own clipping.
+  const PathImpl& getImpl() const;
+
+ private:
+  friend class PathImpl;
+
+  std::unique_ptr<PathImpl> m_impl;
+};
+
+/// A list of paths. Where it stands for an area, points inside an odd number of its outlines are
+/// inside.
+///
+/// Results never hold holes: an area with a hole is cut into pieces without, whose areas add up.
+/// Failure: when clipping fails the result is empty.
+/// Cost: that of the polygon clipper, about n log n in the number of points.
+class CALCULATIONS_EXPORT Pathes {
+ public:
+  Pathes();
+  explicit Pathes(const Path& path);
+  Pathes(const Pathes& other);
+  Pathes& operator=(const Pathes& other);
+  virtual ~Pathes();
+
+  void addPath(const Path& path);
+  void addPaths(const Pathes& paths);
+  unsigned int numPathes() const;
+  /// A copy; empty when the index is out of range.
+  Path pathAt(unsigned int index) const;
+
+  /// Sum of the signed areas.
+  double area() const;
+  double linesLength() const;
+  /// Inside an odd number of the paths.
+  bool pointWithin(const Point2D& p) const;
+  /// That of the first path that the line meets. @return false, hit unchanged, when there is none
+  bool firstIntersectionWithLine(const Point2D& a, const Point2D& b, Point2D& hit) const;
+
+  /// The common area of a and b.
+  static Pathes within(const Pathes& a, const Pathes& b);
+  /// The area of a less that of b.
+  static Pathes without(const Pathes& a, const Pathes& b);
+  /// Closed outlines offset outward by d, with round corners.
+  static Pathes expand(const Pathes& a, double d);
+  /// Open lines grown into bands of half-width d, with flat ends.
+  static Pathes expandLines(const Pathes& a, double d);
+  /// The parts of open lines inside an area. A closed outline counts as a line from its first
+  /// point round to it.
+  /// @param clean remove points closer than 0.14 mm to the line of their neighbours
+  static Pathes linesWithin(const Pathes& lines, const Pathes& area, bool clean);
+
+  /// For the library's own clipping.
+  const std::vector<Path>& paths() const;
+
+ private:
+  std::vector<Path> m_paths;
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

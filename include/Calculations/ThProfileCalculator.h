@@ -1,0 +1,99 @@
+/// @file
+/// Positions of points relative to a theoretical profile.
+
+#ifndef CALCULATIONS_TH_PROFILE_CALCULATOR_H
+#define CALCULATIONS_TH_PROFILE_CALCULATOR_H
+
+#include <Calculations/Export.h>
+#include <Calculations/Points.h>
+#include <Calculations/ProfilePointResult.h>
+#include <Calculations/ThProfileDefinition.h>
+
+#include <boost/shared_ptr.hpp>
+
+#include <memory>
+#include <vector>
+
+namespace Ruv {
+namespace Calculations {
+
+class ThProfileCalculatorImpl;
+
+/// Tells where points lie relative to a profile, theoretical or measured.
+class CALCULATIONS_EXPORT IProfileCalculator {
+ public:
+  IProfileCalculator();
+  virtual ~IProfileCalculator();
+
+  /// Nearest point of the profile, signed distance and derolment; all zero when there is none.
+  virtual ProfilePointResult calculateProfilePoint(const Point2D& point) const = 0;
+  /// The same for every point, in order.
+  virtual std::vector<ProfilePointResult> calculateProfilePoints(
+      const std::vector<Point2D>& points) const = 0;
+};
+
+/// Geometry of one theoretical profile.
+///
+/// Derolment: length along the profile, positive clockwise from the crown, in [-C/2, C/2] for a
+///   circumference C. The crown is the highest point above the area's centroid, found on samples
+///   0.1 m apart, so on arcs it is good to a few micrometres.
+/// Distance: positive outside the profile, negative inside, whichever way round it was entered.
+/// Failure: nothing throws. A profile without segments gives zero results, empty lists, or the
+///   largest double where a diameter is asked for.
+/// Cost: constructing takes O(C / 0.1 m + n log n), a point O(log n) near the profile.
+/// The profile is read when the calculator is constructed; later changes to it are not seen.
+/// Threads: may be shared. Not copyable.
+class CALCULATIONS_EXPORT ThProfileCalculator : public IProfileCalculator {
+ public:
+  /// A null pointer counts as an empty profile.
+  explicit ThProfileCalculator(const boost::shared_ptr<const ThProfileDefinition>& profile);
+  ThProfileCalculator(const ThProfileCalculator&) = delete;
+  ThProfileCalculator& operator=(const ThProfileCalculator&) = delete;
+  ~ThProfileCalculator() override;
+
+  ProfilePointResult calculateProfilePoint(const Point2D& point) const override;
+  std::vector<ProfilePointResult> calculateProfilePoints(
+      const std::vector<Point2D>& points) const override;
+
+  /// The point at a distance from the profile on the normal through p: outside for a positive
+  /// offset, inside for a negative one. (0, 0) when p has no foot on the profile.
+  Point2D applyRadialOffset(const Point2D& p, double offset) const;
+
+  /// The inverse of calculateProfilePoint on the profile. Derolments may lie up to one
+  /// circumference outside their range. (0, 0) for an empty profile.
+  Point2D calcPointOnProfileAtDerolment(double derolment) const;
+
+  /// From the foot of p across the profile along its normal, to the nearest other point of the
+  /// profile within 1000 m; the largest double when there is none.
+  double diameterAtProfilePoint(const Point2D& p) const;
+
+  /// @name Samples
+  /// Clockwise from the profile's start point. Empty for an interval that is not positive and for
+  /// more than 1e7 samples.
+  /// @{
+
+  /// @param interval along the profile (m); the number of samples is the circumference divided by
+  ///   it, rounded
+  /// @param includeVertices add the end points of all segments in their places
+  std::vector<Point2D> pointsOnProfileByInterval(double interval, bool includeVertices) const;
+  /// @param[out] interval if not null, the circumference divided by the count
+  std::vector<Point2D> pointsOnProfileByFixedNumber(unsigned int count, double* interval) const;
+  /// End points of all segments but the last, clockwise from the start point.
+  std::vector<Point2D> vertexPoints() const;
+  /// @}
+
+  /// @name Intersections with a horizontal or vertical line
+  /// In the order of the segments, within 1000 m of the origin.
+  /// @{
+  std::vector<Point2D> profilePointsAtGivenUpOffset(double up) const;
+  std::vector<Point2D> profilePointsAtGivenRightOffset(double right) const;
+  /// @}
+
+ private:
+  std::unique_ptr<ThProfileCalculatorImpl> m_impl;
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

@@ -1,0 +1,63 @@
+#include "profiles/GeologicalOverProfile.h"
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+/// Distance of the band's centre line from the reference, and half its width.
+struct BandShape {
+  double centre = 0.0;
+  double halfWidth = 0.0;
+};
+
+BandShape bandShapeOf(const GeologicalLimits& limits) {
+  switch (limits.method) {
+    case GeologicalOverProfileMethod::GeologicalBandFromReference:
+      return {limits.outer / 2.0, limits.outer / 2.0};
+    case GeologicalOverProfileMethod::GeologicalBandBetweenLimits:
+      return {(limits.outer + limits.inner) / 2.0, (limits.outer - limits.inner) / 2.0};
+    default:
+      return {};
+  }
+}
+
+/// The first outline of the offset reference, closed.
+Path offsetReference(const Path& reference, double distance) {
+  Path outline = Path::expand(reference, distance).pathAt(0);
+  outline.close(true);
+  return outline;
+}
+
+Pathes bandNear(const Path& outerLimit, const Path& reference, const Path& excavation,
+                const GeologicalLimits& limits) {
+  const BandShape shape = bandShapeOf(limits);
+  const Path centreLine = offsetReference(reference, shape.centre);
+  const Pathes passed = Path::linesWithin(outerLimit, excavation);
+  const Pathes near = Pathes::expandLines(passed, limits.outer);
+  const Pathes affected = Pathes::linesWithin(Pathes(centreLine), near, true);
+  return Pathes::expandLines(affected, shape.halfWidth);
+}
+
+}  // namespace
+
+GeologicalDivision::GeologicalDivision(const Path& reference, const Path& excavation,
+                                       const GeologicalLimits& limits)
+    : m_reference(reference),
+      m_excavation(excavation),
+      m_outerLimit(offsetReference(reference, limits.outer)),
+      m_band(bandNear(m_outerLimit, reference, excavation, limits)) {}
+
+Pathes GeologicalDivision::geologicalPart() const {
+  Pathes geological = m_band;
+  geological.addPaths(Path::without(m_excavation, m_outerLimit));
+  return geological;
+}
+
+Pathes GeologicalDivision::remainingPart() const {
+  const Pathes withinLimit = Path::within(m_outerLimit, m_excavation);
+  return Pathes::without(Pathes::without(withinLimit, Pathes(m_reference)), m_band);
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

@@ -1,0 +1,80 @@
+#include "profiles/MeasuredProfileCalculatorImpl.h"
+
+#include "profiles/LineCuts.h"
+#include "profiles/ProfileOutline.h"
+
+#include <Calculations/PathHelper.h>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+/// Half length (m) of the lines that are cut with a profile.
+constexpr double kReach = 1000.0;
+
+}  // namespace
+
+std::vector<Point2D> MeasuredProfileCalculatorImpl::keptPoints(
+    const IProfileSegmentProvider& profile) const {
+  const unsigned int count = profile.getNumSegments();
+  std::vector<Point2D> points;
+  points.reserve(count);
+  for (unsigned int i = 0; i < count; ++i) {
+    const Point2D point = profile.getSegmentStartAt(i);
+    if (!filters.excludes(point)) points.push_back(point);
+  }
+  return points;
+}
+
+std::vector<Point2D> MeasuredProfileCalculatorImpl::cutAtUpOffset(
+    const IProfileSegmentProvider& profile, double up) const {
+  return polygonCrossings(keptPoints(profile), Point2D(-kReach, up), Point2D(kReach, up));
+}
+
+std::vector<Point2D> MeasuredProfileCalculatorImpl::cutAtRightOffset(
+    const IProfileSegmentProvider& profile, double right) const {
+  return polygonCrossings(keptPoints(profile), Point2D(right, -kReach), Point2D(right, kReach));
+}
+
+double MeasuredProfileCalculatorImpl::circumferenceOf(
+    const IProfileSegmentProvider& profile) const {
+  if (!filters.areSet()) return profile.getCircumference();
+  return Pathes::linesWithin(Pathes(outlineOf(profile, true)), filters.allowedArea(), true)
+      .linesLength();
+}
+
+std::vector<Polyline> MeasuredProfileCalculatorImpl::linesOf(const IProfileSegmentProvider& profile,
+                                                             bool clean) const {
+  const Path outline = outlineOf(profile, clean);
+  if (filters.areSet()) {
+    return PathHelper::profileLinesFromPathes(
+        Pathes::linesWithin(Pathes(outline), filters.allowedArea(), clean));
+  }
+  if (profile.getNumSegments() == 0) return {};
+  return {Polyline(PathHelper::profileAreaFromPath(outline).points())};
+}
+
+double MeasuredProfileCalculatorImpl::areaOf(const Path& outline) const {
+  if (!filters.areSet()) return outline.area();
+  return Pathes::within(Pathes(outline), filters.allowedArea()).area();
+}
+
+Pathes MeasuredProfileCalculatorImpl::filtered(const Pathes& area) const {
+  return filters.areSet() ? Pathes::within(area, filters.allowedArea()) : area;
+}
+
+Pathes MeasuredProfileCalculatorImpl::overProfile() const {
+  return filtered(Path::without(comparisonOutline(), referenceOutline()));
+}
+
+Pathes MeasuredProfileCalculatorImpl::underProfile() const {
+  return filtered(Path::without(referenceOutline(), comparisonOutline()));
+}
+
+GeologicalDivision MeasuredProfileCalculatorImpl::division(const GeologicalLimits& limits) const {
+  return GeologicalDivision(referenceOutline(), comparisonOutline(), limits);
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

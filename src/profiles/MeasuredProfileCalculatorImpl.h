@@ -1,0 +1,49 @@
+/// @file
+/// What a MeasuredProfileCalculator holds.
+
+#ifndef CALCULATIONS_PROFILES_MEASURED_PROFILE_CALCULATOR_IMPL_H
+#define CALCULATIONS_PROFILES_MEASURED_PROFILE_CALCULATOR_IMPL_H
+
+#include "profiles/GeologicalOverProfile.h"
+#include "profiles/ProfileFilters.h"
+#include "profiles/ReferenceCalculator.h"
+
+#include <Calculations/MeasuredProfile.h>
+#include <Calculations/PointLists.h>
+
+#include <boost/shared_ptr.hpp>
+
+#include <vector>
+
+namespace Ruv {
+namespace Calculations {
+
+class MeasuredProfileCalculatorImpl {
+ public:
+  boost::shared_ptr<const IProfileSegmentProvider> reference;
+  boost::shared_ptr<const MeasuredProfile> comparison;
+  ReferenceCalculator referenceCalculator;
+  ProfileFilters filters;
+
+  const ThProfileCalculator& calculator() { return referenceCalculator.calculatorOn(*reference); }
+
+  /// The start points of all segments that no filter excludes.
+  std::vector<Point2D> keptPoints(const IProfileSegmentProvider& profile) const;
+  std::vector<Point2D> cutAtUpOffset(const IProfileSegmentProvider& profile, double up) const;
+  std::vector<Point2D> cutAtRightOffset(const IProfileSegmentProvider& profile, double right) const;
+  double circumferenceOf(const IProfileSegmentProvider& profile) const;
+  std::vector<Polyline> linesOf(const IProfileSegmentProvider& profile, bool clean) const;
+
+  Path referenceOutline() const { return outlineOf(*reference, true); }
+  Path comparisonOutline() const { return outlineOf(*comparison, true); }
+  double areaOf(const Path& outline) const;
+  Pathes filtered(const Pathes& area) const;
+  Pathes overProfile() const;
+  Pathes underProfile() const;
+  GeologicalDivision division(const GeologicalLimits& limits) const;
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

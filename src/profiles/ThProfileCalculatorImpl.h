@@ -1,0 +1,57 @@
+/// @file
+/// The geometry behind ThProfileCalculator.
+
+#ifndef CALCULATIONS_PROFILES_TH_PROFILE_CALCULATOR_IMPL_H
+#define CALCULATIONS_PROFILES_TH_PROFILE_CALCULATOR_IMPL_H
+
+#include "profiles/ThProfileDefinitionImpl.h"
+#include "shapes/CurveChain.h"
+
+#include <Calculations/ProfilePointResult.h>
+
+#include <optional>
+#include <vector>
+
+namespace Ruv {
+namespace Calculations {
+
+/// Derolments inside are raw: lengths along the profile in the clockwise sense from its first
+/// node. Public ones count from the crown.
+class ThProfileCalculatorImpl {
+ public:
+  ThProfileCalculatorImpl(const ThProfileDefinitionImpl& profile, double circumference);
+
+  double circumference() const { return m_circumference; }
+  bool hasSegments() const { return m_chain.nodes().size() >= 2; }
+
+  ProfilePointResult profilePoint(const Point2D& p) const;
+  std::optional<CChainFoot> footOf(const Point2D& p) const { return m_chain.project(p); }
+  /// (0, 0) where the profile has no point.
+  Point2D pointAtDerolment(double derolment) const;
+
+  /// All vertices but the closing one, clockwise from the first.
+  std::vector<Point2D> vertices() const;
+  /// Points at the multiples of an interval, as many as fit when rounded, and at the vertices.
+  std::vector<Point2D> samples(double interval, double count, bool includeVertices) const;
+  std::vector<Point2D> pointsAtUpOffset(double up) const;
+  std::vector<Point2D> pointsAtRightOffset(double right) const;
+  /// The largest double when nothing lies across.
+  double diameterAt(const Point2D& p) const;
+
+ private:
+  double rawDerolmentOf(double station) const;
+  double stationOf(double rawDerolment) const;
+  Point2D pointAtRawDerolment(double rawDerolment) const;
+  std::vector<double> rawDerolmentsOfVertices() const;
+  double rawDerolmentOfCrown() const;
+
+  CCurveChain m_chain;
+  double m_circumference;
+  bool m_isClockwise;
+  double m_crown = 0.0;  // raw derolment of the crown
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

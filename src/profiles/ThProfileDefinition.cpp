@@ -1,0 +1,80 @@
+#include <Calculations/ThProfileDefinition.h>
+
+#include "profiles/ThProfileDefinitionImpl.h"
+
+#include <cstddef>
+
+namespace Ruv {
+namespace Calculations {
+
+IProfileSegmentProvider::IProfileSegmentProvider() = default;
+IProfileSegmentProvider::IProfileSegmentProvider(const IProfileSegmentProvider& other) = default;
+IProfileSegmentProvider& IProfileSegmentProvider::operator=(const IProfileSegmentProvider& other) =
+    default;
+IProfileSegmentProvider::~IProfileSegmentProvider() = default;
+
+void ThProfileDefinitionImpl::add(const Point2D& start, const Point2D& end, double radius) {
+  if (nodes.empty()) {
+    nodes.push_back({start, 0.0, 0.0});
+    sense.add(start);
+  }
+  const double length = CChainSegment::between(start, end, radius).length;
+  nodes.push_back({end, nodes.back().station + length, radius});
+  sense.add(end);
+}
+
+void ThProfileDefinitionImpl::reset() {
+  nodes.clear();
+  sense.reset();
+}
+
+ThProfileDefinition::ThProfileDefinition() : m_impl(new ThProfileDefinitionImpl) {}
+
+ThProfileDefinition::~ThProfileDefinition() = default;
+
+const ThProfileDefinitionImpl* ThProfileDefinition::getImpl() const { return m_impl.get(); }
+
+void ThProfileDefinition::resetThProfile() { m_impl->reset(); }
+
+bool ThProfileDefinition::addSegmentStraight(double startX, double startY, double endX,
+                                             double endY) {
+  return addSegmentArc(startX, startY, endX, endY, 0.0);
+}
+
+bool ThProfileDefinition::addSegmentArc(double startX, double startY, double endX, double endY,
+                                        double radius) {
+  m_impl->add(Point2D(startX, startY), Point2D(endX, endY), radius);
+  return true;
+}
+
+bool ThProfileDefinition::isDefinedClockwise() const { return m_impl->sense.isClockwise(); }
+
+unsigned int ThProfileDefinition::getNumSegments() const {
+  const std::size_t nodes = m_impl->nodes.size();
+  return nodes == 0 ? 0 : static_cast<unsigned int>(nodes - 1);
+}
+
+Point2D ThProfileDefinition::getSegmentStartAt(unsigned int index) const {
+  return index < getNumSegments() ? m_impl->nodes[index].point : Point2D();
+}
+
+Point2D ThProfileDefinition::getSegmentEndAt(unsigned int index) const {
+  return index < getNumSegments() ? m_impl->nodes[index + std::size_t{1}].point : Point2D();
+}
+
+double ThProfileDefinition::getSegmentRadiusAt(unsigned int index) const {
+  return index < getNumSegments() ? m_impl->nodes[index + std::size_t{1}].radius : 0.0;
+}
+
+double ThProfileDefinition::getCircumference() const {
+  const std::vector<CChainNode>& nodes = m_impl->nodes;
+  if (getNumSegments() < 2) return 0.0;
+  double length = 0.0;
+  for (std::size_t i = 1; i < nodes.size(); ++i) {
+    length += CChainSegment::between(nodes[i - 1].point, nodes[i].point, nodes[i].radius).length;
+  }
+  return length;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

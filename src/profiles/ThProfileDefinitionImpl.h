@@ -1,0 +1,27 @@
+/// @file
+/// What a ThProfileDefinition holds.
+
+#ifndef CALCULATIONS_PROFILES_TH_PROFILE_DEFINITION_IMPL_H
+#define CALCULATIONS_PROFILES_TH_PROFILE_DEFINITION_IMPL_H
+
+#include "profiles/TurningSense.h"
+#include "shapes/CurveChain.h"
+
+#include <vector>
+
+namespace Ruv {
+namespace Calculations {
+
+class ThProfileDefinitionImpl {
+ public:
+  std::vector<CChainNode> nodes;
+  TurningSense sense;
+
+  void add(const Point2D& start, const Point2D& end, double radius);
+  void reset();
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

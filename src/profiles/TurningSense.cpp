@@ -1,0 +1,55 @@
+#include "profiles/TurningSense.h"
+
+#include "foundation/MathConstants.h"
+
+#include <cmath>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+/// A reversal this close (rad) to half a turn to the left counts as half a turn to the right, so
+/// that a circle of two half arcs turns clockwise whatever its last bits.
+constexpr double kReversalTolerance = 1e-12;
+
+/// Clockwise from +y.
+double bearing(const Point2D& v) { return kHalfPi - std::atan2(v.y, v.x); }
+
+/// In (-pi, pi].
+double turning(double fromBearing, double toBearing) {
+  double angle = toBearing - fromBearing;
+  if (angle > kPi) angle -= kTwoPi;
+  if (angle <= -kPi) angle += kTwoPi;
+  return angle <= -kPi + kReversalTolerance ? kPi : angle;
+}
+
+}  // namespace
+
+void TurningSense::add(const Point2D& node) {
+  if (m_numNodes > 0) {
+    const double newBearing = bearing(node - m_last);
+    if (m_numNodes == 1) {
+      m_second = node;
+    } else {
+      m_sum += turning(m_lastBearing, newBearing);
+    }
+    m_lastBearing = newBearing;
+  }
+  m_last = node;
+  ++m_numNodes;
+}
+
+void TurningSense::reset() {
+  const bool isKept = isClockwise();
+  *this = TurningSense();
+  m_before = isKept;
+}
+
+bool TurningSense::isClockwise() const {
+  if (m_numNodes < 3) return m_before;
+  return m_sum + turning(m_lastBearing, bearing(m_second - m_last)) > 0.0;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

@@ -1,0 +1,92 @@
+#include "profiles/paths/Clipping.h"
+
+#include <Calculations/PathHelper.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+/// The clipping library's defaults, stated because outlines depend on them: the arc tolerance is
+/// a quarter of a grid step.
+constexpr double kMiterLimit = 2.0;
+constexpr double kArcToleranceUnits = 0.25;
+
+/// Up to this offset (100 m) corners are rounded with that tolerance. Beyond, the tolerance grows
+/// with the offset, so that a corner never gets more than some 4500 points.
+constexpr double kLargestFineOffsetUnits = 1e6;
+
+double arcToleranceOf(ClipperLib::cInt distance) {
+  const double coarseness = std::abs(static_cast<double>(distance)) / kLargestFineOffsetUnits;
+  return kArcToleranceUnits * std::max(1.0, coarseness);
+}
+
+bool hasHole(const ClipperLib::Paths& paths) {
+  return std::any_of(paths.begin(), paths.end(),
+                     [](const ClipperLib::Path& path) { return !ClipperLib::Orientation(path); });
+}
+
+ClipperLib::Paths withoutHoles(ClipperLib::Paths paths) {
+  return hasHole(paths) ? PathHelper::convertRingToSimplePaths(paths) : paths;
+}
+
+ClipperLib::Paths combined(ClipperLib::ClipType operation, const ClipperLib::Paths& a,
+                           const ClipperLib::Paths& b) {
+  ClipperLib::Clipper clipper;
+  clipper.AddPaths(a, ClipperLib::ptSubject, true);
+  clipper.AddPaths(b, ClipperLib::ptClip, true);
+  ClipperLib::Paths solution;
+  if (!clipper.Execute(operation, solution, ClipperLib::pftEvenOdd, ClipperLib::pftEvenOdd)) {
+    return {};
+  }
+  solution = withoutHoles(std::move(solution));
+  ClipperLib::CleanPolygons(solution, kCleaningDistanceUnits);
+  return solution;
+}
+
+}  // namespace
+
+ClipperLib::Paths intersectionOf(const ClipperLib::Paths& a, const ClipperLib::Paths& b) {
+  return combined(ClipperLib::ctIntersection, a, b);
+}
+
+ClipperLib::Paths differenceOf(const ClipperLib::Paths& a, const ClipperLib::Paths& b) {
+  return combined(ClipperLib::ctDifference, a, b);
+}
+
+ClipperLib::Paths bandsAround(const ClipperLib::Paths& lines, ClipperLib::cInt distance) {
+  ClipperLib::ClipperOffset offset(kMiterLimit, arcToleranceOf(distance));
+  offset.AddPaths(PathHelper::simplyfyLines(lines, kCleaningDistanceUnits), ClipperLib::jtRound,
+                  ClipperLib::etOpenButt);
+  ClipperLib::Paths solution;
+  offset.Execute(solution, static_cast<double>(distance));
+  return PathHelper::simplyfyLines(withoutHoles(std::move(solution)), kCleaningDistanceUnits);
+}
+
+ClipperLib::Paths offsetOutlines(const ClipperLib::Paths& outlines, ClipperLib::cInt distance) {
+  ClipperLib::ClipperOffset offset(kMiterLimit, arcToleranceOf(distance));
+  offset.AddPaths(outlines, ClipperLib::jtRound, ClipperLib::etClosedPolygon);
+  ClipperLib::Paths solution;
+  offset.Execute(solution, static_cast<double>(distance));
+  return solution;
+}
+
+ClipperLib::Paths linesInside(const ClipperLib::Paths& lines, const ClipperLib::Paths& area) {
+  ClipperLib::Clipper clipper;
+  clipper.AddPaths(lines, ClipperLib::ptSubject, false);
+  clipper.AddPaths(area, ClipperLib::ptClip, true);
+  ClipperLib::PolyTree tree;
+  ClipperLib::Paths inside;
+  if (clipper.Execute(ClipperLib::ctIntersection, tree, ClipperLib::pftEvenOdd,
+                      ClipperLib::pftEvenOdd)) {
+    ClipperLib::OpenPathsFromPolyTree(tree, inside);
+  }
+  return inside;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

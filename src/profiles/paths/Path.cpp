@@ -1,0 +1,167 @@
+#include <Calculations/PathHelper.h>
+#include <Calculations/Paths.h>
+
+#include "profiles/paths/Clipping.h"
+#include "profiles/paths/PathImpl.h"
+#include "shapes/ChainSegment.h"
+#include "shapes/LineCrossing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+/// Length (m) of the pieces of an arc, and the most pieces it gets.
+constexpr double kArcPiece = 0.01;
+constexpr double kMostArcPieces = 100.0;
+
+/// A chord may exceed the diameter by this (m), one step of the grid, and still be a half circle.
+constexpr double kHalfCircleSlack = 1e-4;
+
+CChainSegment arcBetween(const Point2D& start, const Point2D& end, double radius) {
+  const double chord = (end - start).length();
+  const double excess = chord - 2.0 * std::abs(radius);
+  const bool isHalfCircle = excess > 0.0 && excess <= kHalfCircleSlack;
+  return CChainSegment::between(start, end,
+                                isHalfCircle ? std::copysign(chord / 2.0, radius) : radius);
+}
+
+/// 0 for an arc shorter than one piece or without length.
+int numPieces(double arcLength) {
+  if (!(arcLength >= kArcPiece)) return 0;
+  return static_cast<int>(std::min(std::trunc(arcLength / kArcPiece), kMostArcPieces));
+}
+
+}  // namespace
+
+PathSegment::PathSegment(double x, double y) : PathSegment(x, y, 0.0) {}
+PathSegment::PathSegment(double x, double y, double radius) : m_point(x, y), m_radius(radius) {}
+PathSegment::PathSegment(const PathSegment& other) = default;
+PathSegment& PathSegment::operator=(const PathSegment& other) = default;
+PathSegment::~PathSegment() = default;
+
+Point2D PathSegment::point() const { return m_point; }
+
+double PathSegment::radius() const { return m_radius; }
+
+bool PathSegment::isArc() const { return m_radius != 0.0; }
+
+void PathImpl::append(const Point2D& p) {
+  points.push_back(PathHelper::asClipperLibPoint(p));
+  lastExactPoint = p;
+}
+
+/// The first piece begins with the last point, which is so stored twice.
+void PathImpl::appendArc(const Point2D& end, double radius) {
+  const CChainSegment arc = arcBetween(lastExactPoint, end, radius);
+  const int pieces = numPieces(arc.length);
+  for (int i = 0; i < pieces; ++i) {
+    points.push_back(PathHelper::asClipperLibPoint(arc.at(i * (arc.length / pieces)).position));
+  }
+  append(end);
+}
+
+Path PathImpl::pathOf(ClipperLib::Path points) {
+  Path path;
+  path.m_impl->points = std::move(points);
+  if (!path.m_impl->points.empty()) {
+    path.m_impl->lastExactPoint = PathHelper::fromClipperLibPoint(path.m_impl->points.back());
+  }
+  return path;
+}
+
+Path::Path() : m_impl(new PathImpl) {}
+Path::Path(const Path& other) : m_impl(new PathImpl(*other.m_impl)) {}
+Path::~Path() = default;
+
+Path& Path::operator=(const Path& other) {
+  *m_impl = *other.m_impl;
+  return *this;
+}
+
+const PathImpl& Path::getImpl() const { return *m_impl; }
+
+void Path::addSegment(const PathSegment& segment) {
+  if (m_impl->points.empty() || !segment.isArc()) {
+    m_impl->append(segment.point());
+  } else {
+    m_impl->appendArc(segment.point(), segment.radius());
+  }
+}
+
+void Path::close(bool clean) {
+  ClipperLib::Path& points = m_impl->points;
+  if (points.size() < 2) return;
+  if (!ClipperLib::Orientation(points)) ClipperLib::ReversePath(points);
+  if (clean) ClipperLib::CleanPolygon(points, kCleaningDistanceUnits);
+  if (points.size() >= 2 && points.front() != points.back()) points.push_back(points.front());
+  if (!points.empty()) m_impl->lastExactPoint = PathHelper::fromClipperLibPoint(points.back());
+}
+
+double Path::area() const {
+  return PathHelper::fromClipperLibArea(ClipperLib::Area(m_impl->points));
+}
+
+double Path::lineLength() const {
+  const ClipperLib::Path& points = m_impl->points;
+  double length = 0.0;
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    length += (PathHelper::fromClipperLibPoint(points[i]) -
+               PathHelper::fromClipperLibPoint(points[i - 1]))
+                  .length();
+  }
+  return length;
+}
+
+unsigned int Path::numDiscretePathPoints() const {
+  return static_cast<unsigned int>(m_impl->points.size());
+}
+
+Point2D Path::discretePathPointAt(unsigned int index) const {
+  if (index >= m_impl->points.size()) return Point2D();
+  return PathHelper::fromClipperLibPoint(m_impl->points[index]);
+}
+
+bool Path::pointWithin(const Point2D& p) const {
+  return PathHelper::pointInPath(m_impl->points, PathHelper::asClipperLibPoint(p));
+}
+
+bool Path::firstIntersectionWithLine(const Point2D& a, const Point2D& b, Point2D& hit) const {
+  const std::size_t count = numDiscretePathPoints();
+  if (count < 2) return false;
+  const CLine line(a, b);
+  for (std::size_t i = 0; i < count; ++i) {
+    const Point2D start = discretePathPointAt(static_cast<unsigned int>(i));
+    const Point2D end = discretePathPointAt(static_cast<unsigned int>((i + 1) % count));
+    if (const auto crossing = crossingOf(line, start, end)) {
+      hit = *crossing;
+      return true;
+    }
+  }
+  return false;
+}
+
+double Path::borderWithinOtherPathes(const Pathes& other) const {
+  Path closed(*this);
+  closed.close(false);
+  return Pathes::linesWithin(Pathes(closed), other, false).linesLength();
+}
+
+Pathes Path::within(const Path& a, const Path& b) { return Pathes::within(Pathes(a), Pathes(b)); }
+
+Pathes Path::without(const Path& a, const Path& b) { return Pathes::without(Pathes(a), Pathes(b)); }
+
+Pathes Path::expand(const Path& a, double d) { return Pathes::expand(Pathes(a), d); }
+
+Pathes Path::expandLine(const Path& a, double d) { return Pathes::expandLines(Pathes(a), d); }
+
+Pathes Path::linesWithin(const Path& a, const Path& b) {
+  return Pathes::linesWithin(Pathes(a), Pathes(b), true);
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

@@ -1,0 +1,122 @@
+#include <Calculations/PathHelper.h>
+
+#include "profiles/paths/LineSimplification.h"
+#include "profiles/paths/PathImpl.h"
+#include "profiles/paths/RingCutting.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+constexpr double kUnitsPerMetre = 10000.0;
+
+/// Limit of converted magnitudes: far beyond any site, far within what the clipper computes with.
+constexpr double kMostUnits = 1e15;
+
+std::vector<Point2D> pointsOf(const Path& path) {
+  std::vector<Point2D> points;
+  points.reserve(path.getImpl().points.size());
+  for (const ClipperLib::IntPoint& p : path.getImpl().points) {
+    points.push_back(PathHelper::fromClipperLibPoint(p));
+  }
+  return points;
+}
+
+}  // namespace
+
+ClipperLib::cInt PathHelper::asClipperLibUnits(double v) {
+  const double units = v * kUnitsPerMetre + 0.5;
+  if (std::isnan(units)) return 0;
+  return static_cast<ClipperLib::cInt>(std::max(-kMostUnits, std::min(units, kMostUnits)));
+}
+
+double PathHelper::fromClipperLibUnits(ClipperLib::cInt v) {
+  return static_cast<double>(v) / kUnitsPerMetre;
+}
+
+double PathHelper::fromClipperLibArea(double a) { return a / (kUnitsPerMetre * kUnitsPerMetre); }
+
+ClipperLib::IntPoint PathHelper::asClipperLibPoint(const Point2D& p) {
+  return ClipperLib::IntPoint(asClipperLibUnits(p.x), asClipperLibUnits(p.y));
+}
+
+Point2D PathHelper::fromClipperLibPoint(ClipperLib::IntPoint p) {
+  return Point2D(fromClipperLibUnits(p.X), fromClipperLibUnits(p.Y));
+}
+
+bool PathHelper::pointInPath(const ClipperLib::Path& path, ClipperLib::IntPoint p) {
+  return ClipperLib::PointInPolygon(p, path) == 1;
+}
+
+double PathHelper::distanceBetween(const ClipperLib::IntPoint& a, const ClipperLib::IntPoint& b) {
+  return unitsBetween(a, b);
+}
+
+ClipperLib::Path PathHelper::clipperLibPathFromPath(const Path& path) {
+  return path.getImpl().points;
+}
+
+Path PathHelper::pathFromClipperLibPath(const ClipperLib::Path& path) {
+  return PathImpl::pathOf(path);
+}
+
+ClipperLib::Paths PathHelper::clipperLibPathsFromPathes(const Pathes& paths) {
+  ClipperLib::Paths converted;
+  converted.reserve(paths.paths().size());
+  for (const Path& path : paths.paths()) {
+    converted.push_back(path.getImpl().points);
+  }
+  return converted;
+}
+
+Pathes PathHelper::pathesFromClipperLibPaths(const ClipperLib::Paths& paths) {
+  Pathes converted;
+  for (const ClipperLib::Path& path : paths) {
+    converted.addPath(PathImpl::pathOf(path));
+  }
+  return converted;
+}
+
+Polygon PathHelper::profileAreaFromPath(const Path& path) { return Polygon(pointsOf(path)); }
+
+Polyline PathHelper::profileLineFromPath(const Path& path) { return Polyline(pointsOf(path)); }
+
+std::vector<Polygon> PathHelper::profileAreasFromPathes(const Pathes& paths, double minArea) {
+  std::vector<Polygon> areas;
+  for (const Path& path : paths.paths()) {
+    if (std::abs(path.area()) >= minArea) areas.push_back(profileAreaFromPath(path));
+  }
+  return areas;
+}
+
+std::vector<Polyline> PathHelper::profileLinesFromPathes(const Pathes& paths) {
+  std::vector<Polyline> lines;
+  for (const Path& path : paths.paths()) {
+    lines.push_back(profileLineFromPath(path));
+  }
+  return lines;
+}
+
+ClipperLib::Path PathHelper::simplyfyLine(const ClipperLib::Path& line, double tolerance) {
+  return simplified(line, tolerance);
+}
+
+ClipperLib::Paths PathHelper::simplyfyLines(const ClipperLib::Paths& lines, double tolerance) {
+  ClipperLib::Paths kept;
+  kept.reserve(lines.size());
+  for (const ClipperLib::Path& line : lines) {
+    kept.push_back(simplified(line, tolerance));
+  }
+  return kept;
+}
+
+ClipperLib::Paths PathHelper::convertRingToSimplePaths(const ClipperLib::Paths& paths) {
+  return cutAtHoles(paths);
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

@@ -1,0 +1,135 @@
+#include "profiles/paths/RingCutting.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+using ClipperLib::cInt;
+
+struct Bounds {
+  cInt left;
+  cInt right;
+  cInt bottom;
+  cInt top;
+};
+
+Bounds boundsOf(const ClipperLib::Path& path) {
+  Bounds bounds{path.front().X, path.front().X, path.front().Y, path.front().Y};
+  for (const ClipperLib::IntPoint& p : path) {
+    bounds.left = std::min(bounds.left, p.X);
+    bounds.right = std::max(bounds.right, p.X);
+    bounds.bottom = std::min(bounds.bottom, p.Y);
+    bounds.top = std::max(bounds.top, p.Y);
+  }
+  return bounds;
+}
+
+ClipperLib::Path rectangle(const Bounds& b) {
+  return {{b.left, b.bottom}, {b.right, b.bottom}, {b.right, b.top}, {b.left, b.top}};
+}
+
+/// An outline with the holes directly inside it.
+struct Ring {
+  ClipperLib::Path outline;
+  ClipperLib::Paths holes;
+};
+
+/// Outlines inside holes are rings of their own.
+void collectRings(const ClipperLib::PolyNode& parent, std::vector<Ring>& rings) {
+  for (const ClipperLib::PolyNode* outline : parent.Childs) {
+    Ring ring{outline->Contour, {}};
+    for (const ClipperLib::PolyNode* hole : outline->Childs) {
+      ring.holes.push_back(hole->Contour);
+      collectRings(*hole, rings);
+    }
+    rings.push_back(std::move(ring));
+  }
+}
+
+std::vector<Ring> ringsWithin(const ClipperLib::Paths& paths, const ClipperLib::Paths& area) {
+  ClipperLib::Clipper clipper;
+  clipper.AddPaths(paths, ClipperLib::ptSubject, true);
+  clipper.AddPaths(area, ClipperLib::ptClip, true);
+  ClipperLib::PolyTree tree;
+  std::vector<Ring> rings;
+  if (clipper.Execute(ClipperLib::ctIntersection, tree, ClipperLib::pftEvenOdd,
+                      ClipperLib::pftEvenOdd)) {
+    collectRings(tree, rings);
+  }
+  return rings;
+}
+
+void cutRing(const Ring& ring, ClipperLib::Paths& pieces) {
+  const auto isWide = [](const ClipperLib::Path& hole) {
+    const Bounds bounds = boundsOf(hole);
+    return bounds.right - bounds.left >= 2;
+  };
+  const auto hole = std::find_if(ring.holes.begin(), ring.holes.end(), isWide);
+  if (hole == ring.holes.end()) {
+    pieces.push_back(ring.outline);
+    return;
+  }
+  const Bounds holeBounds = boundsOf(*hole);
+  const cInt middle = holeBounds.left + (holeBounds.right - holeBounds.left) / 2;
+  ClipperLib::Paths paths = ring.holes;
+  paths.push_back(ring.outline);
+  Bounds left = boundsOf(ring.outline);
+  Bounds right = left;
+  left.right = middle;
+  right.left = middle;
+  for (const Bounds& half : {left, right}) {
+    for (const Ring& part : ringsWithin(paths, {rectangle(half)})) {
+      cutRing(part, pieces);
+    }
+  }
+}
+
+/// Whether a hole, which may touch the outline but not cross it, lies inside.
+bool holds(const ClipperLib::Path& outline, const ClipperLib::Path& hole) {
+  for (const ClipperLib::IntPoint& p : hole) {
+    const int place = ClipperLib::PointInPolygon(p, outline);
+    if (place >= 0) return place == 1;
+  }
+  return false;
+}
+
+/// The innermost ring around a hole, null if there is none.
+Ring* ringAround(const ClipperLib::Path& hole, std::vector<Ring>& rings) {
+  Ring* innermost = nullptr;
+  for (Ring& ring : rings) {
+    if (!holds(ring.outline, hole)) continue;
+    if (innermost == nullptr || holds(innermost->outline, ring.outline)) innermost = &ring;
+  }
+  return innermost;
+}
+
+}  // namespace
+
+ClipperLib::Paths cutAtHoles(const ClipperLib::Paths& paths) {
+  std::vector<Ring> rings;
+  ClipperLib::Paths holes;
+  for (const ClipperLib::Path& path : paths) {
+    if (ClipperLib::Orientation(path)) {
+      rings.push_back({path, {}});
+    } else {
+      holes.push_back(path);
+    }
+  }
+  for (const ClipperLib::Path& hole : holes) {
+    Ring* ring = ringAround(hole, rings);
+    if (ring != nullptr) ring->holes.push_back(hole);
+  }
+  ClipperLib::Paths pieces;
+  for (const Ring& ring : rings) {
+    cutRing(ring, pieces);
+  }
+  return pieces;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

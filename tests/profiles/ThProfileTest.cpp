@@ -1,0 +1,296 @@
+#include "support/Csv.h"
+#include "support/Profiles.h"
+#include "support/Random.h"
+
+#include <Calculations/ThProfileCalculator.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace Ruv::Calculations;
+using TestSupport::Csv;
+using TestSupport::CsvRow;
+using TestSupport::ProfileNode;
+using TestSupport::ProfilePtr;
+using TestSupport::profileThrough;
+using TestSupport::Random;
+
+constexpr double kPi = 3.141592653589793;
+
+void expectPoint(const Point2D& actual, const Point2D& expected, double tolerance) {
+  EXPECT_NEAR(actual.x, expected.x, tolerance);
+  EXPECT_NEAR(actual.y, expected.y, tolerance);
+}
+
+TEST(ThProfileDefinition, ReadsAsAdded) {
+  ThProfileDefinition profile;
+  EXPECT_EQ(profile.getNumSegments(), 0u);
+  EXPECT_EQ(profile.getCircumference(), 0.0);
+  EXPECT_FALSE(profile.isDefinedClockwise());
+  EXPECT_TRUE(profile.addSegmentStraight(1, 2, 4, 6));
+  EXPECT_EQ(profile.getNumSegments(), 1u);
+  EXPECT_EQ(profile.getCircumference(), 0.0);              // not before the second segment
+  EXPECT_TRUE(profile.addSegmentArc(99, 99, 4, 8, -1.5));  // its start counts for no node
+  expectPoint(profile.getSegmentStartAt(0), Point2D(1, 2), 0);
+  expectPoint(profile.getSegmentStartAt(1), Point2D(4, 6), 0);
+  expectPoint(profile.getSegmentEndAt(1), Point2D(4, 8), 0);
+  EXPECT_EQ(profile.getSegmentRadiusAt(0), 0.0);
+  EXPECT_EQ(profile.getSegmentRadiusAt(1), -1.5);
+  EXPECT_DOUBLE_EQ(profile.getCircumference(), 5.0 + 3.0 * std::asin(1 / 1.5));
+  profile.resetThProfile();
+  EXPECT_EQ(profile.getNumSegments(), 0u);
+  profile.addSegmentStraight(7, 7, 8, 8);
+  expectPoint(profile.getSegmentStartAt(0), Point2D(7, 7), 0);
+}
+
+TEST(ThProfileDefinition, MeasuresArcs) {
+  const auto lengthOf = [](const Point2D& from, const Point2D& to, double radius) {
+    ThProfileDefinition profile;
+    profile.addSegmentArc(from.x, from.y, to.x, to.y, radius);
+    profile.addSegmentStraight(to.x, to.y, to.x, to.y);
+    return profile.getCircumference();
+  };
+  EXPECT_DOUBLE_EQ(lengthOf({-1, 0}, {1, 0}, 2), 2 * kPi / 3);
+  EXPECT_DOUBLE_EQ(lengthOf({-1, 0}, {1, 0}, -2), 2 * kPi / 3);
+  EXPECT_DOUBLE_EQ(lengthOf({-1, 0}, {1, 0}, 1), kPi);
+  EXPECT_DOUBLE_EQ(lengthOf({-1, 0}, {1, 0}, 1e9), 2.0);
+  EXPECT_EQ(lengthOf({5, 5}, {5, 5}, 3), 0.0);
+  EXPECT_EQ(lengthOf({5, 5}, {5, 5 + 1e-7}, 3), 0.0);
+  EXPECT_TRUE(std::isnan(lengthOf({-1, 0}, {1, 0}, 0.99)));
+  // A half circle turned by any angle stays one, although rounding makes its chord too long.
+  for (double angle = 0.1; angle < 6; angle += 0.1) {
+    const Point2D half(std::cos(angle) * 2.3, std::sin(angle) * 2.3);
+    EXPECT_NEAR(lengthOf(Point2D(0.7, 0.4) - half, Point2D(0.7, 0.4) + half, 2.3), kPi * 2.3, 1e-6);
+  }
+}
+
+TEST(ThProfileDefinition, TellsItsSenseFromItsCorners) {
+  const std::vector<ProfileNode> square = {{0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0}, {0, 0, 0}};
+  EXPECT_TRUE(profileThrough(square)->isDefinedClockwise());
+  EXPECT_FALSE(profileThrough(square, true)->isDefinedClockwise());
+  // Two half circles: a reversal counts as half a turn to the right, whatever their sense.
+  for (double angle = 0; angle < 6; angle += 0.1) {
+    const double x = std::cos(angle);
+    const double y = std::sin(angle);
+    for (const double radius : {1.0, -1.0}) {
+      EXPECT_TRUE(
+          profileThrough({{x, y, 0}, {-x, -y, radius}, {x, y, radius}})->isDefinedClockwise());
+    }
+  }
+  // After a reset the sense stays until there are three nodes.
+  const ProfilePtr profile = profileThrough(square);
+  profile->resetThProfile();
+  EXPECT_TRUE(profile->isDefinedClockwise());
+  profile->addSegmentStraight(0, 0, 1, 0);
+  EXPECT_TRUE(profile->isDefinedClockwise());
+  profile->addSegmentStraight(1, 0, 1, 1);
+  profile->addSegmentStraight(1, 1, 0, 0);
+  EXPECT_FALSE(profile->isDefinedClockwise());
+}
+
+TEST(ThProfileCalculator, GoldenSections) {
+  const Csv file("profiles/theoretical_expected.csv");
+  for (const CsvRow& row : file.rows()) {
+    SCOPED_TRACE(row.text("case"));
+    const ProfilePtr profile = TestSupport::goldenProfile(row.text("case"));
+    EXPECT_EQ(profile->getNumSegments(), row.number("segments"));
+    EXPECT_NEAR(profile->getCircumference(), row.number("circumference"), 1e-11);
+    EXPECT_TRUE(profile->isDefinedClockwise());
+  }
+}
+
+TEST(ThProfileCalculator, GoldenNearestPoints) {
+  const Csv file("profiles/nearest_points.csv");
+  std::string name;
+  ProfilePtr profile;
+  std::unique_ptr<ThProfileCalculator> calculator;
+  double crown = 0.0;
+  for (const CsvRow& row : file.rows()) {
+    SCOPED_TRACE(row.text("case") + " " + row.text("x"));
+    if (row.text("case") != name) {
+      name = row.text("case");
+      profile = TestSupport::goldenProfile(name);
+      calculator = std::make_unique<ThProfileCalculator>(profile);
+      // The derolment of the first node is minus the crown's length along the chain.
+      crown = -calculator->calculateProfilePoint(profile->getSegmentStartAt(0)).derolment;
+    }
+    const double circumference = profile->getCircumference();
+    const Point2D p(row.number("x"), row.number("y"));
+    const Point2D foot(row.number("foot_x"), row.number("foot_y"));
+    const ProfilePointResult result = calculator->calculateProfilePoint(p);
+    expectPoint(result.profilePoint, foot, 1e-10);
+    EXPECT_NEAR(result.distance, row.number("distance") * (row.number("inside") == 1 ? -1 : 1),
+                1e-10);
+    EXPECT_NEAR(
+        std::remainder(result.derolment - (row.number("length_along") - crown), circumference), 0.0,
+        1e-9);
+    expectPoint(calculator->calcPointOnProfileAtDerolment(result.derolment), foot, 1e-9);
+    expectPoint(calculator->applyRadialOffset(p, result.distance), p, 1e-10);
+  }
+}
+
+/// The road tunnel entered clockwise and anticlockwise, here and far from the origin.
+class RoadTunnel : public testing::TestWithParam<int> {
+ protected:
+  bool m_isClockwise = (GetParam() & 1) == 0;
+  double m_shift = (GetParam() & 2) == 0 ? 0.0 : 700.0;
+  ProfilePtr m_profile = shiftedTunnel();
+  ThProfileCalculator m_calculator{m_profile};
+
+  ProfilePtr shiftedTunnel() const {
+    std::vector<ProfileNode> nodes = TestSupport::roadTunnelNodes();
+    for (ProfileNode& node : nodes) {
+      node.x += m_shift;
+    }
+    return profileThrough(nodes, !m_isClockwise);
+  }
+  Point2D at(double x, double y) const { return Point2D(x + m_shift, y); }
+};
+
+TEST_P(RoadTunnel, CountsDerolmentsClockwiseFromTheCrown) {
+  const double circumference = m_profile->getCircumference();
+  EXPECT_EQ(m_profile->isDefinedClockwise(), m_isClockwise);
+  const ProfilePointResult crown = m_calculator.calculateProfilePoint(at(0, 9.7));
+  EXPECT_NEAR(crown.derolment, 0.0, 3e-6);
+  EXPECT_NEAR(crown.distance, 0.2, 1e-9);
+  expectPoint(crown.profilePoint, at(0, 9.5), 1e-9);
+  const ProfilePointResult right = m_calculator.calculateProfilePoint(at(5.0, 4.0));
+  EXPECT_NEAR(right.derolment, kPi / 2 * 5.5, 3e-6);
+  EXPECT_NEAR(right.distance, -0.5, 1e-9);
+  EXPECT_NEAR(m_calculator.calculateProfilePoint(at(-6.0, 4.0)).derolment, -kPi / 2 * 5.5, 3e-6);
+  EXPECT_NEAR(std::abs(m_calculator.calculateProfilePoint(at(0, -1.5)).derolment),
+              circumference / 2, 3e-6);
+  for (double d = -0.999; d < 1.0; d += 0.01) {
+    const double derolment = d * circumference / 2;
+    const Point2D point = m_calculator.calcPointOnProfileAtDerolment(derolment);
+    const ProfilePointResult result = m_calculator.calculateProfilePoint(point);
+    EXPECT_NEAR(result.derolment, derolment, 1e-9);
+    EXPECT_NEAR(result.distance, 0.0, 1e-9);
+    expectPoint(m_calculator.calcPointOnProfileAtDerolment(derolment + circumference), point, 1e-9);
+  }
+}
+
+TEST_P(RoadTunnel, OffsetsOutwards) {
+  expectPoint(m_calculator.applyRadialOffset(at(0.0, 8.0), 1.0), at(0.0, 10.5), 1e-9);
+  expectPoint(m_calculator.applyRadialOffset(at(0.0, 12.0), -1.0), at(0.0, 8.5), 1e-9);
+  // At a convex corner along the line through the point.
+  expectPoint(m_calculator.applyRadialOffset(at(-4.95, -0.1), 1.0),
+              at(-4.8, 0) + Point2D(-0.15, -0.1) / std::hypot(0.15, 0.1), 1e-9);
+  Random random(81);
+  for (int i = 0; i < 500; ++i) {
+    const Point2D p = at(random.uniform(-8, 8), random.uniform(-4, 12));
+    const ProfilePointResult result = m_calculator.calculateProfilePoint(p);
+    expectPoint(m_calculator.applyRadialOffset(p, result.distance), p, 1e-9);
+    const ProfilePointResult out =
+        m_calculator.calculateProfilePoint(m_calculator.applyRadialOffset(p, 0.05));
+    EXPECT_NEAR(out.distance, 0.05, 1e-9);
+  }
+}
+
+TEST_P(RoadTunnel, SamplesClockwise) {
+  const double circumference = m_profile->getCircumference();
+  const std::vector<Point2D> vertices = m_calculator.vertexPoints();
+  ASSERT_EQ(vertices.size(), 12u);
+  expectPoint(vertices[0], at(-4.8, 0), 0);
+  expectPoint(vertices[1], at(-5.5, 3), 0);
+  expectPoint(vertices[11], at(-4.0, -0.8), 0);
+  double interval = 0;
+  const std::vector<Point2D> samples = m_calculator.pointsOnProfileByFixedNumber(7, &interval);
+  ASSERT_EQ(samples.size(), 7u);
+  EXPECT_DOUBLE_EQ(interval, circumference / 7);
+  for (std::size_t i = 0; i < samples.size(); ++i) {
+    const double step = m_calculator.calculateProfilePoint(samples[(i + 1) % 7]).derolment -
+                        m_calculator.calculateProfilePoint(samples[i]).derolment;
+    EXPECT_NEAR(std::remainder(step - interval, circumference), 0.0, 1e-8);
+  }
+  EXPECT_EQ(m_calculator.pointsOnProfileByInterval(circumference / 4.4, false).size(), 4u);
+  EXPECT_EQ(m_calculator.pointsOnProfileByInterval(circumference / 4.6, false).size(), 5u);
+  // The first vertex is the first sample.
+  EXPECT_EQ(m_calculator.pointsOnProfileByInterval(1.0, true).size(),
+            std::floor(circumference + 0.5) + 11);
+}
+
+TEST_P(RoadTunnel, MeasuresAcross) {
+  EXPECT_NEAR(m_calculator.diameterAtProfilePoint(at(0, 9)), 11.0, 1e-9);
+  EXPECT_NEAR(m_calculator.diameterAtProfilePoint(at(-5.6, 3.5)), 11.0, 1e-9);
+  const std::vector<Point2D> level = m_calculator.profilePointsAtGivenUpOffset(3.5);
+  ASSERT_EQ(level.size(), 2u);
+  expectPoint(level[m_isClockwise ? 0 : 1], at(-5.5, 3.5), 1e-9);
+  expectPoint(level[m_isClockwise ? 1 : 0], at(5.5, 3.5), 1e-9);
+  // Through vertices: each joint once, the first node too.
+  EXPECT_EQ(m_calculator.profilePointsAtGivenUpOffset(0).size(), 2u);
+  EXPECT_EQ(m_calculator.profilePointsAtGivenUpOffset(9.5).size(), 1u);
+  EXPECT_TRUE(m_calculator.profilePointsAtGivenUpOffset(9.501).empty());
+  EXPECT_EQ(m_calculator.profilePointsAtGivenRightOffset(m_shift).size(), 2u);
+  EXPECT_EQ(m_calculator.profilePointsAtGivenRightOffset(m_shift + 5.5).size(), 2u);  // the wall
+  EXPECT_TRUE(m_calculator.profilePointsAtGivenUpOffset(1001).empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(EnteredEitherWay, RoadTunnel, testing::Range(0, 4));
+
+TEST(ThProfileCalculator, KnowsInsideFromOutsideOnTwoHalfCircles) {
+  for (const double radius : {2.0, -2.0}) {
+    const ThProfileCalculator circle(profileThrough({{-2, 0, 0}, {2, 0, radius}, {-2, 0, radius}}));
+    EXPECT_NEAR(circle.calculateProfilePoint(Point2D(1, 1)).distance, std::sqrt(2.0) - 2, 1e-12);
+    EXPECT_NEAR(circle.calculateProfilePoint(Point2D(0, -3)).distance, 1.0, 1e-12);
+    expectPoint(circle.applyRadialOffset(Point2D(0.5, 0.5), 1.0),
+                Point2D(3 * std::sqrt(0.5), 3 * std::sqrt(0.5)), 1e-12);
+    EXPECT_NEAR(circle.diameterAtProfilePoint(Point2D(0.3, 0.4)), 4.0, 1e-9);
+  }
+}
+
+TEST(ThProfileCalculator, FoldsTheStartOfAnticlockwiseProfiles) {
+  // Up to a tenth of a millimetre from the start, raw derolments run with the station.
+  const ThProfileCalculator calculator(
+      profileThrough({{0, 0, 0}, {4, 0, 0}, {4, 4, 0}, {0, 4, 0}, {0, 0, 0}}));
+  const double start = calculator.calculateProfilePoint(Point2D(0, 0)).derolment;
+  EXPECT_NEAR(calculator.calculateProfilePoint(Point2D(0.00009, 0)).derolment, start + 0.00009,
+              1e-12);
+  EXPECT_NEAR(calculator.calculateProfilePoint(Point2D(0.00011, 0)).derolment, start - 0.00011,
+              1e-12);
+}
+
+TEST(ThProfileCalculator, AnswersNeutrallyOnDegenerateProfiles) {
+  const double largest = std::numeric_limits<double>::max();
+  const std::vector<ProfilePtr> profiles = {
+      ProfilePtr(),
+      profileThrough({{0, 0, 0}}),
+      profileThrough({{1, 1, 0}, {1, 1, 0}, {1, 1, 5}}),
+      profileThrough({{0, 0, 0}, {9, 0, 1}, {0, 0, -1}}),
+      profileThrough({{0, 0, 0}, {std::nan(""), 2, 0}, {4, 1, 3}, {0, 0, 0}}),
+      profileThrough({{0, 0, 0}, {1e300, 2, 0}, {4, -1e300, 3}, {0, 0, 0}})};
+  for (const ProfilePtr& profile : profiles) {
+    const ThProfileCalculator calculator(profile);
+    calculator.calculateProfilePoint(Point2D(1, 2));
+    calculator.applyRadialOffset(Point2D(1, 2), 1);
+    calculator.calcPointOnProfileAtDerolment(3);
+    calculator.vertexPoints();
+    calculator.diameterAtProfilePoint(Point2D(0, 0));
+    for (const double bad :
+         {std::nan(""), 1e300, -1.0, 0.0, 1e-300, std::numeric_limits<double>::infinity()}) {
+      EXPECT_EQ(calculator.calculateProfilePoint(Point2D(bad, std::nan(""))).distance, 0.0);
+      EXPECT_LE(calculator.pointsOnProfileByInterval(bad, true).size(), 4u);
+      EXPECT_LE(calculator.profilePointsAtGivenUpOffset(bad).size(), 2u);
+      calculator.calcPointOnProfileAtDerolment(bad);
+    }
+    EXPECT_LT(calculator.pointsOnProfileByFixedNumber(4000000000u, nullptr).size(), 10u);
+  }
+  const ThProfileCalculator empty((ProfilePtr()));
+  EXPECT_EQ(empty.diameterAtProfilePoint(Point2D(1, 1)), largest);
+  expectPoint(empty.calcPointOnProfileAtDerolment(1), Point2D(), 0);
+  EXPECT_TRUE(empty.vertexPoints().empty());
+  const ThProfileCalculator single(profileThrough({{0, 0, 0}, {3, 0, 0}}));
+  EXPECT_EQ(single.calculateProfilePoint(Point2D(1, -2)).distance, 2.0);  // right is outside
+  EXPECT_EQ(single.vertexPoints().size(), 1u);
+  EXPECT_EQ(single.diameterAtProfilePoint(Point2D(1, 1)), largest);
+}
+
+}  // namespace

@@ -1,0 +1,284 @@
+#include "support/Profiles.h"
+#include "support/Random.h"
+
+#include <Calculations/PathHelper.h>
+#include <Calculations/Paths.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+namespace {
+
+using namespace Ruv::Calculations;
+using ClipperLib::IntPoint;
+using TestSupport::Random;
+
+constexpr double kPi = 3.141592653589793;
+
+Path ring(const std::vector<Point2D>& corners) {
+  Path path;
+  for (const Point2D& corner : corners) {
+    path.addSegment(PathSegment(corner.x, corner.y));
+  }
+  path.close(true);
+  return path;
+}
+
+Path box(double left, double bottom, double right, double top) {
+  return ring({{left, bottom}, {left, top}, {right, top}, {right, bottom}});
+}
+
+Path circle(double radius, double x = 0.0, double y = 0.0) {
+  Path path;
+  path.addSegment(PathSegment(x - radius, y));
+  path.addSegment(PathSegment(x + radius, y, radius));
+  path.addSegment(PathSegment(x - radius, y, radius));
+  path.close(true);
+  return path;
+}
+
+TEST(PathHelper, ConvertsUnitsByTruncation) {
+  EXPECT_EQ(PathHelper::asClipperLibUnits(1.23456), 12346);
+  EXPECT_EQ(PathHelper::asClipperLibUnits(-1.23456), -12345);
+  EXPECT_EQ(PathHelper::asClipperLibUnits(-0.00004), 0);
+  EXPECT_EQ(PathHelper::asClipperLibUnits(-5.0), -49999);
+  EXPECT_EQ(PathHelper::fromClipperLibUnits(-12345), -1.2345);
+  EXPECT_EQ(PathHelper::fromClipperLibArea(1e8), 1.0);
+  EXPECT_EQ(PathHelper::asClipperLibUnits(std::nan("")), 0);
+  EXPECT_EQ(PathHelper::asClipperLibUnits(1e300), 1000000000000000);
+  EXPECT_EQ(PathHelper::asClipperLibUnits(-std::numeric_limits<double>::infinity()),
+            -1000000000000000);
+}
+
+TEST(Path, DiscretisesArcs) {
+  const auto pointsOfArc = [](double radius, double length) {
+    Path path;
+    path.addSegment(PathSegment(0, 0));
+    const double chord = 2 * radius * std::sin(length / radius / 2);
+    path.addSegment(PathSegment(chord, 0, radius));
+    return path;
+  };
+  EXPECT_EQ(pointsOfArc(100, 5).numDiscretePathPoints(), 102u);   // 100 pieces, the start twice
+  EXPECT_EQ(pointsOfArc(1, 0.555).numDiscretePathPoints(), 57u);  // 55 pieces
+  EXPECT_EQ(pointsOfArc(1, 0.0051).numDiscretePathPoints(), 2u);  // only its end
+  const Path arc = pointsOfArc(2, 3);
+  EXPECT_EQ(arc.discretePathPointAt(1).x, 0.0);
+  for (unsigned i = 2; i < arc.numDiscretePathPoints(); ++i) {
+    EXPECT_GT(arc.discretePathPointAt(i).y, -1e-4);  // a clockwise arc bulges to the left
+  }
+  EXPECT_EQ(arc.discretePathPointAt(1000).y, 0.0);
+  Path impossible;
+  impossible.addSegment(PathSegment(0, 0));
+  impossible.addSegment(PathSegment(3, 0, 1.49));
+  EXPECT_EQ(impossible.numDiscretePathPoints(), 2u);
+  impossible.addSegment(PathSegment(0, 0, 1.49997));  // within the grid: a half circle
+  EXPECT_EQ(impossible.numDiscretePathPoints(), 103u);
+}
+
+TEST(Path, KeepsTheAreaOfHalfCirclesAnywhereOnTheGrid) {
+  // 100 chords for each half circle, and no more.
+  const double pieces = 200;
+  const double expected = 25 * pieces / 2 * std::sin(2 * kPi / pieces);
+  for (double shift = 0; shift < 1e-4; shift += 1.3e-5) {
+    // Truncation takes 0.1 mm of the width and of the height about the origin.
+    EXPECT_NEAR(circle(5.0, shift, -shift).area(), expected, 3e-3);
+  }
+}
+
+TEST(Path, ClosesAnticlockwise) {
+  Path square;
+  for (const Point2D& corner : {Point2D(0, 0), Point2D(0, 1), Point2D(1, 1), Point2D(1, 0)}) {
+    square.addSegment(PathSegment(corner.x, corner.y));
+  }
+  EXPECT_EQ(square.area(), -1.0);
+  EXPECT_EQ(square.lineLength(), 3.0);
+  square.close(false);
+  EXPECT_EQ(square.numDiscretePathPoints(), 5u);
+  EXPECT_EQ(square.area(), 1.0);
+  EXPECT_EQ(square.lineLength(), 4.0);
+  EXPECT_TRUE(square.pointWithin(Point2D(0.5, 0.5)));
+  EXPECT_FALSE(square.pointWithin(Point2D(1, 0.5)));
+  EXPECT_FALSE(square.pointWithin(Point2D(1.5, 0.5)));
+  // Cleaning removes what hardly bends the outline, and thin outlines altogether.
+  const Path cleaned = ring({{0, 0}, {0.5, 0.0001}, {1, 0}, {1, 1}, {0, 1}});
+  EXPECT_EQ(cleaned.numDiscretePathPoints(), 5u);
+  Path thin = ring({{0, 0}, {5, 0.0001}, {10, 0}});
+  EXPECT_LT(thin.numDiscretePathPoints(), 3u);
+  EXPECT_EQ(thin.area(), 0.0);
+  EXPECT_EQ(Path::without(thin, square).numPathes(), 0u);
+  // A path that came out of the clipper goes on from its last point.
+  Path grown = Path::within(square, box(0, 0, 2, 2)).pathAt(0);
+  const unsigned before = grown.numDiscretePathPoints();
+  const Point2D last = grown.discretePathPointAt(before - 1);
+  grown.addSegment(PathSegment(last.x + 1, last.y, 5));
+  EXPECT_EQ(grown.numDiscretePathPoints(), before + 101);
+}
+
+TEST(Path, MeetsLinesInTheOrderOfItsEdges) {
+  const Path path = box(0, 0, 2, 2);
+  Point2D hit(7, 7);
+  EXPECT_FALSE(path.firstIntersectionWithLine(Point2D(3, 0), Point2D(3, 1), hit));
+  EXPECT_EQ(hit.x, 7.0);
+  // Closed anticlockwise from the first corner: bottom, right, top, left.
+  EXPECT_TRUE(path.firstIntersectionWithLine(Point2D(9, 1), Point2D(8, 1), hit));
+  EXPECT_EQ(hit.y, 1.0);
+  Pathes two(path);
+  two.addPath(box(3, 0, 4, 4));
+  EXPECT_TRUE(two.firstIntersectionWithLine(Point2D(0, 3), Point2D(1, 3), hit));
+  EXPECT_TRUE(hit.x == 3.0 || hit.x == 4.0);
+  EXPECT_FALSE(Path().firstIntersectionWithLine(Point2D(0, 3), Point2D(1, 3), hit));
+}
+
+TEST(Pathes, CombineAreas) {
+  const Path a = box(0, 0, 4, 4);
+  const Path b = box(2, 1, 6, 3);
+  EXPECT_NEAR(Path::within(a, b).area(), 4.0, 1e-7);
+  EXPECT_NEAR(Path::without(a, b).area(), 12.0, 1e-7);
+  EXPECT_NEAR(Path::without(b, a).area(), 4.0, 1e-7);
+  Pathes nested(a);
+  nested.addPath(box(1, 1, 3, 3));
+  EXPECT_FALSE(nested.pointWithin(Point2D(2, 2)));
+  EXPECT_TRUE(nested.pointWithin(Point2D(0.5, 2)));
+  nested.addPaths(nested);
+  EXPECT_EQ(nested.numPathes(), 4u);
+  EXPECT_EQ(nested.area(), 40.0);
+  EXPECT_EQ(nested.pathAt(9).numDiscretePathPoints(), 0u);
+  EXPECT_NEAR(Path::linesWithin(a, b).linesLength(), 2.0, 1e-7);
+  EXPECT_NEAR(b.borderWithinOtherPathes(Pathes(a)), 6.0, 1e-7);
+  EXPECT_EQ(Path::within(Path(), a).numPathes(), 0u);
+}
+
+TEST(Pathes, ExpandWithRoundCornersAndFlatEnds) {
+  EXPECT_NEAR(Path::expand(box(0, 0, 4, 4), 0.5).area(), 16 + 8 + kPi * 0.25, 1e-3);
+  Path line;
+  line.addSegment(PathSegment(0, 0));
+  line.addSegment(PathSegment(3, 0));
+  line.addSegment(PathSegment(3, 3));
+  // The outer side of the corner is round.
+  EXPECT_NEAR(Path::expandLine(line, 0.5).area(), 3 + 3 - 0.25 + kPi * 0.25 / 4, 1e-3);
+  EXPECT_EQ(Path::expandLine(line, 0.0).numPathes(), 0u);
+  // Around a closed line: a ring, in pieces without a hole.
+  const Path closed = box(0, 0, 4, 4);
+  const Pathes band = Path::expandLine(closed, 0.1);
+  EXPECT_GE(band.numPathes(), 2u);
+  EXPECT_NEAR(band.area(), 16 * 0.2, 0.03);
+}
+
+/// Every piece is a simple polygon without a hole, and the pieces do not overlap. Cleaning by
+/// 0.14 mm may change their area.
+void expectSimplePieces(const Pathes& pieces, double area) {
+  constexpr double kCleaning = 1e-3;
+  EXPECT_NEAR(pieces.area(), area, kCleaning);
+  double absolute = 0.0;
+  for (unsigned i = 0; i < pieces.numPathes(); ++i) {
+    const Path piece = pieces.pathAt(i);
+    absolute += std::abs(piece.area());
+    // Cleaning of self-touching outlines would change the area.
+    ClipperLib::Paths simple;
+    ClipperLib::SimplifyPolygon(PathHelper::clipperLibPathFromPath(piece), simple,
+                                ClipperLib::pftNonZero);
+    EXPECT_EQ(simple.size(), 1u);
+    for (unsigned k = 0; k < i; ++k) {
+      EXPECT_LT(Path::within(piece, pieces.pathAt(k)).area(), 1e-6);
+    }
+  }
+  EXPECT_NEAR(absolute, area, kCleaning);
+}
+
+TEST(Pathes, HandOutRingsInSimplePieces) {
+  const Path outer = circle(5.2);
+  const Path inner = circle(5.0);
+  const Pathes ringPieces = Path::without(outer, inner);
+  EXPECT_EQ(ringPieces.numPathes(), 2u);
+  expectSimplePieces(ringPieces, outer.area() - inner.area());
+  EXPECT_NEAR(ringPieces.pathAt(0).area(), ringPieces.pathAt(1).area(), 1e-3);
+  // Several holes, a hole in an island, and outlines without holes beside.
+  Pathes holes(circle(1.0, -2.5, 0));
+  holes.addPath(circle(1.0, 2.5, 0.5));
+  holes.addPath(circle(0.3, 2.5, 3));
+  expectSimplePieces(Pathes::without(Pathes(outer), holes),
+                     outer.area() - 2 * circle(1.0).area() - circle(0.3).area());
+  Pathes island(outer);
+  island.addPath(circle(3.0));
+  island.addPath(circle(2.0));
+  island.addPath(box(8, 0, 9, 1));
+  expectSimplePieces(
+      Pathes::without(island, Pathes(circle(1.0))),
+      outer.area() - circle(3.0).area() + circle(2.0).area() - circle(1.0).area() + 1.0);
+  Random random(101);
+  for (int round = 0; round < 15; ++round) {
+    Pathes cut;
+    double area = outer.area();
+    for (int i = 0; i < 8; ++i) {
+      const double size = random.uniform(0.05, 0.4);
+      const double angle = 2 * kPi * i / 8;
+      cut.addPath(circle(size, 3 * std::cos(angle), 3 * std::sin(angle)));
+      area -= cut.pathAt(static_cast<unsigned>(i)).area();
+    }
+    expectSimplePieces(Pathes::without(Pathes(outer), cut), area);
+  }
+}
+
+TEST(SimplyfyLine, KeepsEndsAndCorners) {
+  ClipperLib::Path line;
+  for (int i = 0; i <= 40; ++i) {
+    line.emplace_back(i * 100, i > 1 && i < 40 ? i % 2 : 0);  // within the tolerance
+  }
+  for (int i = 1; i <= 40; ++i) {
+    line.emplace_back(4000, i * 100);
+  }
+  const ClipperLib::Path kept = PathHelper::simplyfyLine(line, 1.415);
+  ASSERT_EQ(kept.size(), 3u);
+  EXPECT_EQ(kept[1], IntPoint(4000, 0));
+  EXPECT_EQ(PathHelper::simplyfyLine({{0, 0}, {1, 0}, {2, 0}}, 5).size(), 3u);
+  Random random(102);
+  for (int round = 0; round < 50; ++round) {
+    ClipperLib::Path walk(1, IntPoint(0, 0));
+    for (int i = 0; i < 200; ++i) {
+      walk.emplace_back(walk.back().X + static_cast<int>(random.index(7)) - 1,
+                        walk.back().Y + static_cast<int>(random.index(5)) - 2);
+    }
+    const ClipperLib::Path simple = PathHelper::simplyfyLine(walk, 3.0);
+    EXPECT_EQ(simple.front(), walk.front());
+    EXPECT_EQ(simple.back(), walk.back());
+    // Every point left out lies near the simplified line.
+    for (const IntPoint& p : walk) {
+      double nearest = 1e9;
+      for (std::size_t i = 1; i < simple.size(); ++i) {
+        const Point2D a(static_cast<double>(simple[i - 1].X), static_cast<double>(simple[i - 1].Y));
+        const Point2D b(static_cast<double>(simple[i].X), static_cast<double>(simple[i].Y));
+        const Point2D q(static_cast<double>(p.X), static_cast<double>(p.Y));
+        const Point2D d = b - a;
+        const double t = std::max(0.0, std::min(1.0, ((q.x - a.x) * d.x + (q.y - a.y) * d.y) /
+                                                         std::max(1e-9, d.x * d.x + d.y * d.y)));
+        nearest = std::min(nearest, (q - (a + d * t)).length());
+      }
+      EXPECT_LE(nearest, 2 * 3.0 + 1e-9);
+    }
+  }
+}
+
+TEST(SimplyfyLine, DoesNotOverflowOnHugeCoordinates) {
+  const ClipperLib::cInt far = 1000000000000000;
+  EXPECT_GE(
+      PathHelper::simplyfyLine({{-far, -far}, {far, far}, {-far, far}, {far, -far}, {0, 0}}, 1)
+          .size(),
+      4u);
+}
+
+TEST(PathHelper, LeavesOutSmallAreas) {
+  Pathes paths(box(0, 0, 0.7, 0.7));
+  ClipperLib::Path negative = PathHelper::clipperLibPathFromPath(box(2, 0, 2.5, 1));
+  ClipperLib::ReversePath(negative);
+  paths.addPath(PathHelper::pathFromClipperLibPath(negative));
+  const std::vector<Polygon> areas = PathHelper::profileAreasFromPathes(paths, 0.5);
+  ASSERT_EQ(areas.size(), 1u);
+  EXPECT_GE(areas[0].points()[0].x, 2.0);
+  EXPECT_EQ(PathHelper::profileLinesFromPathes(paths).size(), 2u);
+}
+
+}  // namespace

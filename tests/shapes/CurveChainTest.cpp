@@ -1,0 +1,143 @@
+#include "shapes/ChainIntersections.h"
+#include "shapes/CurveChain.h"
+#include "support/Random.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace {
+
+using namespace Ruv;
+using TestSupport::Random;
+
+/// A closed or open chain of straights and arcs, with crossings and repeated points.
+std::vector<CChainNode> randomNodes(Random& random, int count) {
+  std::vector<CChainNode> nodes;
+  for (int i = 0; i < count; ++i) {
+    Point2D point(random.uniform(-5, 5), random.uniform(-5, 5));
+    // Not the last but one: a line cuts a retraced segment in one point, not in two.
+    if (i > 2 && random.index(10) == 0) point = nodes[random.index(nodes.size() - 2)].point;
+    double radius = 0.0;
+    if (i > 0 && random.index(2) == 0) {
+      const double chord = (point - nodes.back().point).length();
+      radius = random.uniform(0.5, 3.0) * chord * (random.index(2) == 0 ? 1 : -1);
+    }
+    const double station =
+        i == 0 ? 0.0
+               : nodes.back().station +
+                     CChainSegment::between(nodes.back().point, point, radius).length;
+    nodes.push_back({point, station, radius});
+  }
+  return nodes;
+}
+
+TEST(CurveChain, FindsTheNearestPointOfAllSegments) {
+  Random random(91);
+  for (int round = 0; round < 40; ++round) {
+    const CCurveChain chain(randomNodes(random, 2 + static_cast<int>(random.index(60))));
+    for (int i = 0; i < 30; ++i) {
+      const Point2D p(random.uniform(-9, 9), random.uniform(-9, 9));
+      const auto foot = chain.project(p);
+      ASSERT_TRUE(foot);
+      double nearest = 1e9;
+      for (const CChainSegment& segment : chain.segments()) {
+        constexpr int kSteps = 400;
+        for (int step = 0; step <= kSteps && segment.hasExtent(); ++step) {
+          const Point2D place = segment.at(segment.length * step / kSteps).position;
+          nearest = std::min(nearest, (place - p).length());
+        }
+      }
+      EXPECT_LE(std::abs(foot->outside), nearest + 1e-12);
+      EXPECT_GE(std::abs(foot->outside), nearest - 0.03);  // half a step of the samples
+      EXPECT_NEAR((foot->point - p).length(), std::abs(foot->outside), 1e-12);
+      const Point2D back = foot->offsetPoint(foot->outside);
+      EXPECT_LT((back - p).length(), 1e-11);
+      EXPECT_LT((*chain.pointAt(foot->station) - foot->point).length(), 1e-9);
+    }
+  }
+}
+
+TEST(CurveChain, GivesSharedPointsToTheLowerStation) {
+  const CCurveChain chain({{{0, 0}, 0, 0}, {{2, 0}, 2, 0}, {{2, 2}, 4, 0}, {{2, 0}, 6, 0}});
+  EXPECT_EQ(chain.project({3, -1})->station, 2.0);
+  EXPECT_EQ(chain.project({3, -1})->point.x, 2.0);
+  EXPECT_EQ(chain.project({2.5, 1})->station, 3.0);
+  EXPECT_FALSE(chain.project({std::nan(""), 0}));
+  EXPECT_FALSE(CCurveChain({{{0, 0}, 0, 0}}).project({1, 1}));
+}
+
+TEST(CurveChain, SpreadsGivenStationsOverItsSegments) {
+  // Stations that another source counted.
+  const CCurveChain chain({{{0, 0}, 100, 0}, {{2, 0}, 104, 0}, {{2, 1}, 105, 0}});
+  EXPECT_EQ(chain.pointAt(102)->x, 1.0);
+  EXPECT_EQ(chain.project({0.5, 1})->station, 101.0);
+  EXPECT_EQ(chain.pointAt(104)->x, 2.0);
+  EXPECT_FALSE(chain.pointAt(99.9));
+  EXPECT_FALSE(chain.pointAt(105.1));
+  EXPECT_FALSE(chain.pointAt(std::nan("")));
+}
+
+std::vector<CChainSegment> segmentsOf(const std::vector<CChainNode>& nodes) {
+  return CCurveChain(nodes).segments();
+}
+
+TEST(ChainIntersections, MeetTheLineAndTheChain) {
+  Random random(92);
+  for (int round = 0; round < 200; ++round) {
+    const std::vector<CChainSegment> chain = segmentsOf(randomNodes(random, 12));
+    const Point2D a(random.uniform(-7, 7), random.uniform(-7, 7));
+    const Point2D b(random.uniform(-7, 7), random.uniform(-7, 7));
+    // Changes of side along a dense walk.
+    std::size_t expected = 0;
+    const auto sideOf = [&](const Point2D& p) {
+      return (b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x);
+    };
+    const auto isBeside = [&](const Point2D& p) {
+      const double along = (b.x - a.x) * (p.x - a.x) + (b.y - a.y) * (p.y - a.y);
+      return along > 0 && along < (b - a).length() * (b - a).length();
+    };
+    for (const CChainSegment& segment : chain) {
+      constexpr int kSteps = 2000;
+      Point2D before = segment.start;
+      for (int step = 1; step <= kSteps && segment.hasExtent(); ++step) {
+        const Point2D now = segment.at(segment.length * step / kSteps).position;
+        if (sideOf(before) * sideOf(now) < 0 && isBeside(now)) ++expected;
+        before = now;
+      }
+    }
+    const std::vector<Point2D> hits = intersectionsOf(chain, a, b);
+    EXPECT_EQ(hits.size(), expected) << round;
+    for (const Point2D& hit : hits) {
+      EXPECT_NEAR(sideOf(hit) / (b - a).length(), 0.0, 1e-10);
+    }
+  }
+}
+
+TEST(ChainIntersections, CountTouchesJointsAndOverlapsOnce) {
+  const std::vector<CChainSegment> chain = segmentsOf({{{-1, 0}, 0, 0},
+                                                       {{1, 0}, 0, 1},
+                                                       {{3, 0}, 0, 0},
+                                                       {{3, -2}, 0, 0},
+                                                       {{-1, -2}, 0, 0},
+                                                       {{-1, 0}, 0, 0}});
+  const auto count = [&](const Point2D& a, const Point2D& b) {
+    return intersectionsOf(chain, a, b).size();
+  };
+  EXPECT_EQ(count({-9, 1}, {9, 1}), 1u);    // touches the arc
+  EXPECT_EQ(count({-9, -2}, {9, -2}), 2u);  // runs along the bottom
+  EXPECT_EQ(count({0, -2}, {1, -2}), 2u);   // inside it
+  EXPECT_EQ(count({1, -1}, {1, 1}), 1u);    // through a joint
+  EXPECT_EQ(count({-1, -9}, {-1, 9}), 2u);  // along the closing side
+  EXPECT_EQ(count({-2, 1}, {0, -1}), 1u);   // through the first node
+  EXPECT_EQ(count({0, 0.5}, {0, 0.9}), 0u);
+  EXPECT_EQ(count({0, 0.5}, {0, 1}), 1u);  // ends on the arc
+  EXPECT_EQ(count({0, 0}, {0, 0}), 0u);
+  const std::vector<Point2D> ordered = intersectionsOf(chain, {9, 0.5}, {-9, 0.5});
+  ASSERT_EQ(ordered.size(), 2u);
+  EXPECT_LT(ordered[0].x, ordered[1].x);  // along the arc, not along the line
+}
+
+}  // namespace

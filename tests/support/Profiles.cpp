@@ -1,0 +1,81 @@
+#include "support/Profiles.h"
+
+#include "support/Csv.h"
+
+#include <cmath>
+
+namespace TestSupport {
+
+using namespace Ruv::Calculations;
+
+namespace {
+
+void addSegment(ThProfileDefinition& profile, const Point2D& from, const Point2D& to,
+                double radius) {
+  if (radius == 0.0) {
+    profile.addSegmentStraight(from.x, from.y, to.x, to.y);
+  } else {
+    profile.addSegmentArc(from.x, from.y, to.x, to.y, radius);
+  }
+}
+
+}  // namespace
+
+ProfilePtr profileThrough(const std::vector<ProfileNode>& nodes, bool backwards) {
+  const ProfilePtr profile(new ThProfileDefinition);
+  const auto pointOf = [](const ProfileNode& node) { return Point2D(node.x, node.y); };
+  if (backwards) {
+    for (std::size_t i = nodes.size() - 1; i > 0; --i) {
+      addSegment(*profile, pointOf(nodes[i]), pointOf(nodes[i - 1]), -nodes[i].radius);
+    }
+  } else {
+    for (std::size_t i = 1; i < nodes.size(); ++i) {
+      addSegment(*profile, pointOf(nodes[i - 1]), pointOf(nodes[i]), nodes[i].radius);
+    }
+  }
+  return profile;
+}
+
+std::vector<ProfileNode> roadTunnelNodes() {
+  const double q = 5.5 * std::sqrt(0.5);
+  return {{-4.8, 0, 0},    {-5.5, 3, 9},     {-5.5, 4, 0}, {-q, 4 + q, 5.5}, {0, 9.5, 5.5},
+          {q, 4 + q, 5.5}, {5.5, 4, 5.5},    {5.5, 3, 0},  {4.8, 0, 9},      {4.0, -0.8, 0},
+          {0, -1.5, 12},   {-4.0, -0.8, 12}, {-4.8, 0, 0}};
+}
+
+ProfilePtr circleProfile(double radius, double x, double y) {
+  return profileThrough({{x - radius, y, 0},
+                         {x, y + radius, radius},
+                         {x + radius, y, radius},
+                         {x, y - radius, radius},
+                         {x - radius, y, radius}});
+}
+
+ProfilePtr goldenProfile(const std::string& name) {
+  const ProfilePtr profile(new ThProfileDefinition);
+  const Csv file("profiles/theoretical/" + name + ".csv");
+  for (const CsvRow& row : file.rows()) {
+    addSegment(*profile, Point2D(row.number("start_x"), row.number("start_y")),
+               Point2D(row.number("end_x"), row.number("end_y")), row.number("radius"));
+  }
+  return profile;
+}
+
+MeasuredPtr measuredThrough(const std::vector<Point2D>& points) {
+  const MeasuredPtr profile(new MeasuredProfile);
+  for (const Point2D& point : points) {
+    profile->addPoint(point);
+  }
+  return profile;
+}
+
+MeasuredPtr measuredCircle(double radius, int count, double x, double y) {
+  const MeasuredPtr profile(new MeasuredProfile);
+  for (int i = 0; i < count; ++i) {
+    const double angle = 2 * 3.141592653589793 * i / count;
+    profile->addPoint(Point2D(x + radius * std::cos(angle), y + radius * std::sin(angle)));
+  }
+  return profile;
+}
+
+}  // namespace TestSupport

@@ -1,0 +1,47 @@
+/// @file
+/// Profiles to test with.
+
+#ifndef CALCULATIONS_TESTS_SUPPORT_PROFILES_H
+#define CALCULATIONS_TESTS_SUPPORT_PROFILES_H
+
+#include <Calculations/MeasuredProfile.h>
+#include <Calculations/ThProfileDefinition.h>
+
+#include <boost/shared_ptr.hpp>
+
+#include <string>
+#include <vector>
+
+namespace TestSupport {
+
+using ProfilePtr = boost::shared_ptr<Ruv::Calculations::ThProfileDefinition>;
+using MeasuredPtr = boost::shared_ptr<Ruv::Calculations::MeasuredProfile>;
+
+/// A corner of a profile and the radius of the segment that ends there.
+struct ProfileNode {
+  double x;
+  double y;
+  double radius;
+};
+
+/// Through the nodes in order, or backwards with the radii negated.
+ProfilePtr profileThrough(const std::vector<ProfileNode>& nodes, bool backwards = false);
+
+/// A road tunnel with tangent and kinked joints, curved invert and benches, clockwise from the
+/// left foot of the wall.
+std::vector<ProfileNode> roadTunnelNodes();
+
+/// Four quarter arcs, clockwise from the left.
+ProfilePtr circleProfile(double radius, double x = 0.0, double y = 0.0);
+
+/// A section of tests/golden/profiles/theoretical.
+ProfilePtr goldenProfile(const std::string& name);
+
+MeasuredPtr measuredThrough(const std::vector<Ruv::Calculations::Point2D>& points);
+
+/// Points on a circle, anticlockwise.
+MeasuredPtr measuredCircle(double radius, int count, double x = 0.0, double y = 0.0);
+
+}  // namespace TestSupport
+
+#endif
