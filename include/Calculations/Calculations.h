@@ -12,6 +12,8 @@
 #include <Calculations/FittingHelper.h>
 #include <Calculations/FittingResult.h>
 #include <Calculations/GeologicalOverProfileMethod.h>
+#include <Calculations/GuidanceCalculator.h>
+#include <Calculations/GuidanceVectorDefinition.h>
 #include <Calculations/MeasuredProfile.h>
 #include <Calculations/MeasuredProfileCalculator.h>
 #include <Calculations/PathHelper.h>

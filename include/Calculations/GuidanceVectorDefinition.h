@@ -1,0 +1,102 @@
+/// @file
+/// Guidance vectors and the factory that builds the common kinds.
+
+#ifndef CALCULATIONS_GUIDANCE_VECTOR_DEFINITION_H
+#define CALCULATIONS_GUIDANCE_VECTOR_DEFINITION_H
+
+#include <Calculations/AxisDefinition.h>
+#include <Calculations/Export.h>
+#include <Calculations/Points.h>
+#include <Calculations/ThProfileDefinition.h>
+
+#include <boost/shared_ptr.hpp>
+
+#include <memory>
+
+namespace Ruv {
+namespace Calculations {
+
+class GuidanceVectorDefinitionImpl;
+
+/// The line along which a machine is steered: from an origin in axis coordinates either parallel
+/// to the axis, through all its curves, or straight in a fixed direction.
+///
+/// Direction: components relative to the axis at the origin: forward along its tangent, horizontal
+///   to the right, vertical upwards. Whether forward is the inclined tangent or the level one is
+///   chosen with the GuidanceCalculator.
+/// Ownership: copying moves. The copy takes over what the source holds and leaves it empty; an
+///   empty definition reads as a new one and a setter fills it anew.
+class CALCULATIONS_EXPORT GuidanceVectorDefinition {
+ public:
+  /// Origin (0, 0, 0), parallel to the axis.
+  GuidanceVectorDefinition();
+  /// Empties the other definition.
+  GuidanceVectorDefinition(GuidanceVectorDefinition& other);
+  /// Empties the other definition, unless it is this one.
+  GuidanceVectorDefinition& operator=(GuidanceVectorDefinition& other);
+  virtual ~GuidanceVectorDefinition();
+
+  void setVectorOriginPoint(const AxisPoint& origin);
+  AxisPoint getVectorOriginPoint() const;
+
+  /// Sets the direction to (0, 0, 0) as well.
+  void setVectorDirectionAsAxisParallel();
+  /// Stores the direction as it is, without normalising it.
+  void setVectorDirectionAsStraight(const GuidanceOffsets& direction);
+  GuidanceOffsets getVectorDirection() const;
+  bool isVectorDirectionAxisParallel() const;
+
+  /// @name Projected angles
+  /// Of the direction as seen along the axis, from above and from the side; see
+  /// Utilities::getGuidanceAngleInFrontView and its siblings. The setters replace the direction
+  /// only: a vector parallel to the axis stays so until setVectorDirectionAsStraight is called.
+  /// @{
+  double getGuidanceAngleProjectedInFrontViewPlane() const;
+  double getGuidanceAngleProjectedInTopViewPlane() const;
+  double getGuidanceAngleProjectedInSideViewPlane() const;
+  void setVectorDirectionFromProjectedAnglesFrontAndTopViewPlane(double front, double top,
+                                                                 double length);
+  void setVectorDirectionFromProjectedAnglesTopAndSideViewPlane(double top, double side,
+                                                                double length);
+  void setVectorDirectionFromProjectedAnglesFrontAndSideViewPlane(double front, double side,
+                                                                  double length);
+  /// @}
+
+ private:
+  GuidanceVectorDefinitionImpl& filled();
+  const GuidanceVectorDefinitionImpl& read() const;
+
+  std::unique_ptr<GuidanceVectorDefinitionImpl> m_impl;
+};
+
+/// Creates guidance vectors. The caller owns them. Directions of straight vectors have length 1.
+class CALCULATIONS_EXPORT GuidanceVectorFactory {
+ public:
+  static GuidanceVectorDefinition* createAsAxisParallelFromAxisCoordinate(const AxisPoint& origin);
+
+  /// @param components of any length but zero, which gives not-a-number
+  static GuidanceVectorDefinition* createAsStraightFromAxisCoordinateAndVectorComponents(
+      const AxisPoint& origin, const GuidanceOffsets& components);
+
+  /// In the plane of the cross-section.
+  /// @param angle from straight up towards the right
+  static GuidanceVectorDefinition* createAsStraightInProfilePlaneWithVerticalAngle(
+      const AxisPoint& origin, double angle);
+
+  /// In the plane of the cross-section, outwards along the profile's normal through the origin,
+  /// wherever the origin lies. Not-a-number for a profile without segments.
+  static GuidanceVectorDefinition* createAsStraightRadialFromAxisCoordinateAndProfile(
+      const boost::shared_ptr<const ThProfileDefinition>& profile, const AxisPoint& origin);
+
+  /// From one axis point towards another. Evaluated with the same perpendicular flag, the vector
+  /// passes through both. A point that cannot be converted counts as the origin of the grid.
+  /// @param perpendicular, withTransSlope how the points are read, see AxisCalculator
+  static GuidanceVectorDefinition* createAsStraightFromPairOfAxisCoordinates(
+      const boost::shared_ptr<const AxisDefinition>& axis, const AxisPoint& first,
+      const AxisPoint& second, bool perpendicular, bool withTransSlope);
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

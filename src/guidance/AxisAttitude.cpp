@@ -1,0 +1,15 @@
+#include "guidance/AxisAttitude.h"
+
+namespace Ruv {
+namespace Calculations {
+
+AxisAttitude::AxisAttitude(const AxisCalculator& axis, double stationing) {
+  double radius = 0.0;
+  double longSlopePercent = 0.0;
+  double transSlopeRad = 0.0;
+  isKnown = axis.axisPropertiesAtStationing(stationing, azimuth, radius, longSlope,
+                                            longSlopePercent, transSlopeRad, transSlopePercent);
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

@@ -1,0 +1,137 @@
+#include <Calculations/AxisCalculator.h>
+#include <Calculations/GuidanceCalculator.h>
+#include <Calculations/Utilities.h>
+
+#include "guidance/AxisAttitude.h"
+#include "guidance/Levelling.h"
+
+#include <utility>
+
+namespace Ruv {
+namespace Calculations {
+
+class GuidanceCalculatorImpl {
+ public:
+  GuidanceCalculatorImpl(boost::shared_ptr<const GuidanceVectorDefinition> guidanceVector,
+                         boost::shared_ptr<const AxisDefinition> definition, bool isPerpendicular)
+      : vector(std::move(guidanceVector)),
+        axis(std::move(definition)),
+        perpendicular(isPerpendicular || (axis && axis->isShaftAxis())) {}
+
+  boost::shared_ptr<const GuidanceVectorDefinition> vector;
+  boost::shared_ptr<const AxisDefinition> axis;
+  bool perpendicular;
+
+  GuidanceOffsets offsetsFromParallel(const ENHPoint& point) const;
+  GuidanceOffsets offsetsFromStraight(const ENHPoint& point) const;
+  ENHPoint pointOnParallel(double forwardValue) const;
+  ENHPoint pointOnStraight(double forwardValue) const;
+
+ private:
+  /// A direction of the vector in grid coordinates.
+  ENHPoint onGrid(const GuidanceOffsets& direction, const AxisAttitude& attitude) const {
+    const GuidanceOffsets inclined =
+        perpendicular ? direction : relativeToAxis(direction, attitude.longSlope);
+    return Utilities::rotateAxisDirectionComponentsToENHdiff(
+        asAxisPoint(inclined), attitude.azimuth, attitude.longSlope, attitude.transSlopePercent);
+  }
+};
+
+GuidanceOffsets GuidanceCalculatorImpl::offsetsFromParallel(const ENHPoint& point) const {
+  const AxisCalculator calculator(axis);
+  const AxisPoint origin = vector->getVectorOriginPoint();
+  AxisPoint place;
+  if (!calculator.enhPointToAxisPoint(point, place, perpendicular, true)) return GuidanceOffsets();
+  double forward = place.stationing - origin.stationing;
+  if (perpendicular) {
+    // With one of the two conversions the calculation goes on: the other one has written the
+    // stationing itself.
+    double atPoint = 0.0;
+    double atOrigin = 0.0;
+    const bool hasPoint = calculator.stationingToTunnelmeter(place.stationing, atPoint);
+    const bool hasOrigin = calculator.stationingToTunnelmeter(origin.stationing, atOrigin);
+    if (!hasPoint && !hasOrigin) return GuidanceOffsets();
+    forward = atPoint - atOrigin;
+  }
+  return GuidanceOffsets(forward, place.offset - origin.offset, place.height - origin.height);
+}
+
+GuidanceOffsets GuidanceCalculatorImpl::offsetsFromStraight(const ENHPoint& point) const {
+  const AxisCalculator calculator(axis);
+  const AxisPoint origin = vector->getVectorOriginPoint();
+  ENHPoint start;
+  if (!calculator.axisPointToEnhPoint(origin, start, perpendicular, true)) {
+    return GuidanceOffsets();
+  }
+  const AxisAttitude attitude(calculator, origin.stationing);
+  if (!attitude.isKnown) return GuidanceOffsets();
+  const ENHPoint direction = onGrid(vector->getVectorDirection(), attitude);
+  return asOffsets(Utilities::rotateENHdiffToAxisDirectionComponentsWithoutTransSlope(
+      point - start, direction.azimuthAngle(), direction.elevationAngle()));
+}
+
+ENHPoint GuidanceCalculatorImpl::pointOnParallel(double forwardValue) const {
+  const AxisCalculator calculator(axis);
+  const AxisPoint origin = vector->getVectorOriginPoint();
+  double stationing = origin.stationing + forwardValue;
+  if (perpendicular) {
+    double atOrigin = 0.0;
+    const bool hasOrigin = calculator.stationingToTunnelmeter(origin.stationing, atOrigin);
+    const bool hasStationing =
+        calculator.tunnelmeterToStationing(atOrigin + forwardValue, stationing);
+    if (!hasOrigin && !hasStationing) return ENHPoint();
+  }
+  ENHPoint point;
+  calculator.axisPointToEnhPoint(AxisPoint(stationing, origin.offset, origin.height), point,
+                                 perpendicular, true);
+  return point;
+}
+
+ENHPoint GuidanceCalculatorImpl::pointOnStraight(double forwardValue) const {
+  const AxisCalculator calculator(axis);
+  const AxisPoint origin = vector->getVectorOriginPoint();
+  const AxisAttitude attitude(calculator, origin.stationing);
+  if (!attitude.isKnown) return ENHPoint();
+  const GuidanceOffsets unit = vector->getVectorDirection().normalized();
+  const GuidanceOffsets along(unit.forward * forwardValue, unit.horizontal * forwardValue,
+                              unit.vertical * forwardValue);
+  ENHPoint start;
+  calculator.axisPointToEnhPoint(origin, start, perpendicular, true);
+  return onGrid(along, attitude) + start;
+}
+
+namespace {
+
+boost::shared_ptr<const AxisDefinition> axisOf(
+    const boost::shared_ptr<const BlockAxisDefinition>& block) {
+  return block ? block->asAxisDefinition() : boost::shared_ptr<const AxisDefinition>();
+}
+
+}  // namespace
+
+GuidanceCalculator::GuidanceCalculator(
+    const boost::shared_ptr<const GuidanceVectorDefinition>& vector,
+    const boost::shared_ptr<const AxisDefinition>& axis, bool perpendicular)
+    : m_impl(new GuidanceCalculatorImpl(vector, axis, perpendicular)) {}
+
+GuidanceCalculator::GuidanceCalculator(
+    const boost::shared_ptr<const GuidanceVectorDefinition>& vector,
+    const boost::shared_ptr<const BlockAxisDefinition>& block, bool perpendicular)
+    : m_impl(new GuidanceCalculatorImpl(vector, axisOf(block), perpendicular)) {}
+
+GuidanceCalculator::~GuidanceCalculator() = default;
+
+GuidanceOffsets GuidanceCalculator::calculateOffsets(const ENHPoint& point) const {
+  if (!m_impl->vector) return GuidanceOffsets();
+  return m_impl->vector->isVectorDirectionAxisParallel() ? m_impl->offsetsFromParallel(point)
+                                                         : m_impl->offsetsFromStraight(point);
+}
+
+ENHPoint GuidanceCalculator::absolutePointAtForwardValue(double forwardValue) const {
+  if (!m_impl->vector) return ENHPoint();
+  return m_impl->vector->isVectorDirectionAxisParallel() ? m_impl->pointOnParallel(forwardValue)
+                                                         : m_impl->pointOnStraight(forwardValue);
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

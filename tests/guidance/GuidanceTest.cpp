@@ -1,0 +1,259 @@
+#include "support/Axes.h"
+#include "support/Profiles.h"
+#include "support/Random.h"
+
+#include <Calculations/AxisCalculator.h>
+#include <Calculations/GuidanceCalculator.h>
+#include <Calculations/GuidanceVectorDefinition.h>
+#include <Calculations/ThProfileCalculator.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <memory>
+
+namespace {
+
+using namespace Ruv::Calculations;
+using TestSupport::AxisPtr;
+using TestSupport::ChainBuilder;
+using TestSupport::Random;
+
+using Factory = GuidanceVectorFactory;
+using VectorPtr = boost::shared_ptr<GuidanceVectorDefinition>;
+using BlockPtr = boost::shared_ptr<const BlockAxisDefinition>;
+
+constexpr double kPi = 3.141592653589793;
+
+void expectOffsets(const GuidanceOffsets& actual, double forward, double horizontal,
+                   double vertical, double tolerance) {
+  EXPECT_NEAR(actual.forward, forward, tolerance);
+  EXPECT_NEAR(actual.horizontal, horizontal, tolerance);
+  EXPECT_NEAR(actual.vertical, vertical, tolerance);
+}
+
+/// Heading east from (0, 0), 200 m, rising by a grade from height 50, stationing from 100.
+AxisPtr straightAxis(double grade) {
+  const AxisPtr axis = TestSupport::newAxis();
+  ChainBuilder(axis, 100, 0, 0, kPi / 2).straight(200);
+  axis->addVeralPointKink(100, 50);
+  axis->addVeralPointKink(300, 50 + 200 * grade);
+  return axis;
+}
+
+ENHPoint gridPoint(const AxisPtr& axis, const AxisPoint& point, bool perpendicular) {
+  ENHPoint result;
+  EXPECT_TRUE(AxisCalculator(axis).axisPointToEnhPoint(point, result, perpendicular, true));
+  return result;
+}
+
+TEST(GuidanceVectorDefinition, KeepsWhatItIsGiven) {
+  GuidanceVectorDefinition vector;
+  EXPECT_TRUE(vector.isVectorDirectionAxisParallel());
+  vector.setVectorDirectionAsStraight(GuidanceOffsets(3, 0, 4));
+  expectOffsets(vector.getVectorDirection(), 3, 0, 4, 0);
+  EXPECT_FALSE(vector.isVectorDirectionAxisParallel());
+  EXPECT_DOUBLE_EQ(vector.getGuidanceAngleProjectedInSideViewPlane(), std::atan2(4, 3));
+  EXPECT_EQ(vector.getGuidanceAngleProjectedInTopViewPlane(), 0.0);
+  EXPECT_EQ(vector.getGuidanceAngleProjectedInFrontViewPlane(), 0.0);
+  vector.setVectorOriginPoint(AxisPoint(7, 8, 9));
+  EXPECT_EQ(vector.getVectorOriginPoint().height, 9.0);
+  vector.setVectorDirectionAsAxisParallel();
+  expectOffsets(vector.getVectorDirection(), 0, 0, 0, 0);
+}
+
+TEST(GuidanceVectorDefinition, SetsItsDirectionFromAngles) {
+  const GuidanceOffsets d(2, -3, 6);
+  GuidanceVectorDefinition straight;
+  straight.setVectorDirectionAsStraight(d);
+  const double front = straight.getGuidanceAngleProjectedInFrontViewPlane();
+  const double top = straight.getGuidanceAngleProjectedInTopViewPlane();
+  const double side = straight.getGuidanceAngleProjectedInSideViewPlane();
+  GuidanceVectorDefinition vector;
+  vector.setVectorDirectionFromProjectedAnglesFrontAndTopViewPlane(front, top, 7);
+  expectOffsets(vector.getVectorDirection(), 2, -3, 6, 1e-12);
+  vector.setVectorDirectionFromProjectedAnglesTopAndSideViewPlane(top, side, 14);
+  expectOffsets(vector.getVectorDirection(), 4, -6, 12, 1e-12);
+  vector.setVectorDirectionFromProjectedAnglesFrontAndSideViewPlane(front, side, 7);
+  expectOffsets(vector.getVectorDirection(), 2, -3, 6, 1e-12);
+  EXPECT_TRUE(vector.isVectorDirectionAxisParallel());  // angles do not change that
+}
+
+TEST(GuidanceVectorDefinition, MovesWhenCopied) {
+  GuidanceVectorDefinition source;
+  source.setVectorDirectionAsStraight(GuidanceOffsets(1, 2, 3));
+  GuidanceVectorDefinition copy(source);
+  expectOffsets(copy.getVectorDirection(), 1, 2, 3, 0);
+  expectOffsets(source.getVectorDirection(), 0, 0, 0, 0);  // empty
+  EXPECT_TRUE(source.isVectorDirectionAxisParallel());
+  GuidanceVectorDefinition target;
+  target = copy;
+  GuidanceVectorDefinition& same = target;
+  target = same;
+  expectOffsets(target.getVectorDirection(), 1, 2, 3, 0);
+  target = source;  // empty from empty
+  EXPECT_TRUE(target.isVectorDirectionAxisParallel());
+  source.setVectorOriginPoint(AxisPoint(1, 1, 1));
+  EXPECT_EQ(source.getVectorOriginPoint().offset, 1.0);
+}
+
+TEST(GuidanceVectorFactory, NormalisesStraightDirections) {
+  const AxisPoint origin(10, 1, 2);
+  const VectorPtr parallel(Factory::createAsAxisParallelFromAxisCoordinate(origin));
+  EXPECT_TRUE(parallel->isVectorDirectionAxisParallel());
+  EXPECT_EQ(parallel->getVectorOriginPoint().stationing, 10.0);
+  const VectorPtr given(Factory::createAsStraightFromAxisCoordinateAndVectorComponents(
+      origin, GuidanceOffsets(3, 0, 4)));
+  expectOffsets(given->getVectorDirection(), 0.6, 0, 0.8, 1e-15);
+  EXPECT_FALSE(given->isVectorDirectionAxisParallel());
+  const VectorPtr up(Factory::createAsStraightInProfilePlaneWithVerticalAngle(origin, 0));
+  expectOffsets(up->getVectorDirection(), 0, 0, 1, 0);
+  const VectorPtr right(Factory::createAsStraightInProfilePlaneWithVerticalAngle(origin, kPi / 2));
+  expectOffsets(right->getVectorDirection(), 0, 1, 0, 1e-15);
+}
+
+TEST(GuidanceVectorFactory, PointsRadialVectorsOutwardsFromAnywhere) {
+  for (const bool backwards : {false, true}) {
+    const TestSupport::ProfilePtr profile =
+        TestSupport::profileThrough({{-5, 0, 0}, {5, 0, 5}, {-5, 0, 5}}, backwards);
+    // Inside, on it, outside by less than, exactly and more than the unit of the offset.
+    for (const double radius : {1.0, 4.9, 5.0, 5.5, 6.0, 9.0}) {
+      const VectorPtr vector(Factory::createAsStraightRadialFromAxisCoordinateAndProfile(
+          profile, AxisPoint(10, radius * 0.6, radius * 0.8)));
+      expectOffsets(vector->getVectorDirection(), 0, 0.6, 0.8, 1e-12);
+    }
+  }
+}
+
+TEST(GuidanceCalculator, MeasuresFromAxisParallelVectors) {
+  const AxisPtr axis = straightAxis(0.75);  // 1.25 m of tunnel to each metre in plan
+  axis->setStationingMappingValues(100, 1000);
+  const VectorPtr vector(Factory::createAsAxisParallelFromAxisCoordinate(AxisPoint(110, 0.5, 1)));
+  const GuidanceCalculator inPlan(vector, axis, false);
+  const GuidanceCalculator inSpace(vector, axis, true);
+  expectOffsets(inPlan.calculateOffsets(gridPoint(axis, AxisPoint(122, -0.5, 3), false)), 12, -1, 2,
+                1e-9);
+  expectOffsets(inSpace.calculateOffsets(gridPoint(axis, AxisPoint(122, -0.5, 3), true)), 15, -1, 2,
+                1e-9);
+  EXPECT_LT((inPlan.absolutePointAtForwardValue(8) - gridPoint(axis, AxisPoint(118, 0.5, 1), false))
+                .length(),
+            1e-9);
+  EXPECT_LT(
+      (inSpace.absolutePointAtForwardValue(10) - gridPoint(axis, AxisPoint(118, 0.5, 1), true))
+          .length(),
+      1e-9);
+  expectOffsets(inPlan.calculateOffsets(ENHPoint(-1, 0, 50)), 0, 0, 0, 0);
+  EXPECT_EQ(inPlan.absolutePointAtForwardValue(191), ENHPoint());
+  // Beyond the tunnel meters the input of the conversion reads as a stationing.
+  EXPECT_EQ(inSpace.absolutePointAtForwardValue(300), ENHPoint());
+}
+
+TEST(GuidanceCalculator, MeasuresFromStraightVectors) {
+  const AxisPtr axis = straightAxis(0.0);
+  const VectorPtr ahead(Factory::createAsStraightFromAxisCoordinateAndVectorComponents(
+      AxisPoint(110, 1, 2), GuidanceOffsets(1, 0, 0)));
+  const GuidanceCalculator level(ahead, axis, false);
+  expectOffsets(level.calculateOffsets(ENHPoint(15, -2, 52)), 5, 1, 0, 1e-12);
+  EXPECT_LT((level.absolutePointAtForwardValue(5) - ENHPoint(15, -1, 52)).length(), 1e-12);
+  EXPECT_LT((level.absolutePointAtForwardValue(0) - ENHPoint(10, -1, 52)).length(), 1e-12);
+  // On a gradient the same components mean the tangent, or the horizontal.
+  const AxisPtr rising = straightAxis(0.75);
+  const GuidanceCalculator inPlan(ahead, rising, false);
+  const GuidanceCalculator inSpace(ahead, rising, true);
+  EXPECT_LT((inPlan.absolutePointAtForwardValue(5) - inPlan.absolutePointAtForwardValue(0) -
+             ENHPoint(5, 0, 0))
+                .length(),
+            1e-12);
+  EXPECT_LT((inSpace.absolutePointAtForwardValue(5) - inSpace.absolutePointAtForwardValue(0) -
+             ENHPoint(4, 0, 3))
+                .length(),
+            1e-12);
+  const ENHPoint start = inSpace.absolutePointAtForwardValue(0);
+  expectOffsets(inSpace.calculateOffsets(start + ENHPoint(4, 0, 3) + ENHPoint(-0.6, -2, 0.8)), 5, 2,
+                1, 1e-12);
+}
+
+TEST(GuidanceCalculator, PassesThroughBothPointsOfAPair) {
+  Random random(121);
+  for (int i = 0; i < 60; ++i) {
+    const AxisPtr axis = TestSupport::randomSmoothAxis(random);
+    const bool perpendicular = i % 2 == 0;
+    const auto drawPoint = [&] {
+      return AxisPoint(random.uniform(axis->minimumStng2d(), axis->maximumStng2d()),
+                       random.uniform(-8, 8), random.uniform(-6, 6));
+    };
+    const AxisPoint first = drawPoint();
+    const AxisPoint second = drawPoint();
+    const VectorPtr vector(Factory::createAsStraightFromPairOfAxisCoordinates(axis, first, second,
+                                                                              perpendicular, true));
+    EXPECT_NEAR(vector->getVectorDirection().length(), 1.0, 1e-12);
+    const GuidanceCalculator calculator(vector, axis, perpendicular);
+    const ENHPoint a = gridPoint(axis, first, perpendicular);
+    const ENHPoint b = gridPoint(axis, second, perpendicular);
+    expectOffsets(calculator.calculateOffsets(a), 0, 0, 0, 1e-9);
+    expectOffsets(calculator.calculateOffsets(b), (b - a).length(), 0, 0, 1e-9);
+    EXPECT_LT((calculator.absolutePointAtForwardValue((b - a).length()) - b).length(), 1e-9);
+    // Offsets are those in a frame along the vector, upright.
+    const ENHPoint p = a + ENHPoint(random.uniform(-9, 9), random.uniform(-9, 9), 3);
+    const GuidanceOffsets offsets = calculator.calculateOffsets(p);
+    EXPECT_NEAR(offsets.length(), (p - a).length(), 1e-9);
+    const ENHPoint aside = calculator.absolutePointAtForwardValue(offsets.forward);
+    EXPECT_NEAR(std::hypot(offsets.horizontal, offsets.vertical), (p - aside).length(), 1e-9);
+  }
+}
+
+TEST(GuidanceCalculator, WorksOnBlocksAndShafts) {
+  Random random(122);
+  const AxisPtr axis = TestSupport::randomSmoothAxis(random);
+  const double start = axis->minimumStng2d() + 50;
+  const BlockPtr block(new BlockAxisDefinition(axis, start, start + 20));
+  const VectorPtr vector(Factory::createAsAxisParallelFromAxisCoordinate(AxisPoint(start, 1, 2)));
+  const GuidanceCalculator onBlock(vector, block, false);
+  ENHPoint expected;
+  ASSERT_TRUE(
+      AxisCalculator(block).axisPointToEnhPoint(AxisPoint(start + 7, 1, 2), expected, false, true));
+  EXPECT_LT((onBlock.absolutePointAtForwardValue(7) - expected).length(), 1e-9);
+  const AxisPtr shaft(AxisDefinitionFactory::createShaftAxis(1000, 2000, 500, 460, 0));
+  const VectorPtr down(Factory::createAsStraightFromPairOfAxisCoordinates(
+      shaft, AxisPoint(5, 1, 2), AxisPoint(15, 1, 2), false, true));
+  for (const bool flag : {false, true}) {  // the flag does not count on a shaft
+    const GuidanceCalculator calculator(down, shaft, flag);
+    EXPECT_LT((calculator.absolutePointAtForwardValue(3) - ENHPoint(1001, 2002, 492)).length(),
+              1e-9);
+    EXPECT_NEAR(calculator.calculateOffsets(ENHPoint(1001, 2002, 490)).forward, 5.0, 1e-9);
+  }
+}
+
+TEST(GuidanceCalculator, AnswersNeutrallyWithoutInput) {
+  const AxisPtr axis = straightAxis(0.1);
+  const AxisPtr none;
+  const VectorPtr vector(
+      Factory::createAsStraightInProfilePlaneWithVerticalAngle(AxisPoint(150, 0, 0), 1.0));
+  EXPECT_EQ(GuidanceCalculator(VectorPtr(), axis, false).absolutePointAtForwardValue(1),
+            ENHPoint());
+  EXPECT_EQ(GuidanceCalculator(vector, none, true).absolutePointAtForwardValue(1), ENHPoint());
+  expectOffsets(GuidanceCalculator(vector, BlockPtr(), true).calculateOffsets(ENHPoint(1, 2, 3)), 0,
+                0, 0, 0);
+  for (const double bad : {std::nan(""), 1e300, -std::numeric_limits<double>::infinity()}) {
+    const AxisPoint place(bad, 0, bad);
+    const VectorPtr vectors[] = {
+        VectorPtr(Factory::createAsAxisParallelFromAxisCoordinate(place)),
+        VectorPtr(Factory::createAsStraightFromAxisCoordinateAndVectorComponents(
+            AxisPoint(150, bad, 0), GuidanceOffsets(bad, 0, 1))),
+        VectorPtr(Factory::createAsStraightRadialFromAxisCoordinateAndProfile(
+            TestSupport::ProfilePtr(), place)),
+        VectorPtr(
+            Factory::createAsStraightFromPairOfAxisCoordinates(none, place, place, false, true)),
+        VectorPtr(
+            Factory::createAsStraightFromPairOfAxisCoordinates(axis, place, place, true, true))};
+    for (const VectorPtr& each : vectors) {
+      for (const bool flag : {false, true}) {
+        GuidanceCalculator(each, axis, flag).calculateOffsets(ENHPoint(bad, 1, 2));
+        GuidanceCalculator(each, axis, flag).absolutePointAtForwardValue(bad);
+      }
+    }
+  }
+}
+
+}  // namespace
