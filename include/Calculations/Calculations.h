@@ -18,9 +18,11 @@
 #include <Calculations/MeasuredProfileCalculator.h>
 #include <Calculations/PathHelper.h>
 #include <Calculations/Paths.h>
+#include <Calculations/PointDetermination.h>
 #include <Calculations/PointLists.h>
 #include <Calculations/Points.h>
 #include <Calculations/ProfilePointResult.h>
+#include <Calculations/Resection.h>
 #include <Calculations/ShapeElements.h>
 #include <Calculations/ThProfileCalculator.h>
 #include <Calculations/ThProfileDefinition.h>

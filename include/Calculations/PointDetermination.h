@@ -1,0 +1,124 @@
+/// @file
+/// Finds out which fix points an instrument has measured.
+
+#ifndef CALCULATIONS_POINT_DETERMINATION_H
+#define CALCULATIONS_POINT_DETERMINATION_H
+
+#include <Calculations/Export.h>
+#include <Calculations/Points.h>
+
+#include <memory>
+#include <string>
+
+namespace Ruv {
+namespace Calculations {
+
+class PointDeterminationImpl;
+
+/// Identifies measured points among known fix points, without trusting the ids of the
+/// measurements and without knowing where the instrument stands or how it is oriented.
+///
+/// An assignment of measurements to fix points is a solution when the measured figure, moved by a
+/// rotation and a translation without scale, comes to lie on the fix points within the tolerances.
+/// The score of a solution is the sum of its squared deviations in east, north and, doubly
+/// weighted, height; the lowest is the best.
+///
+/// Two measurements may be assigned to one fix point. Of more than two fix points at exactly the
+/// same coordinates only two take part in solutions: the others would merely repeat them.
+///
+/// Results: each successful determination appends its solutions to those of the one before, and
+///   the queries answer from the front of that list. So call reset() between determinations.
+/// Units: metres and radians; only the tilt is in degrees.
+/// Failure: operations return false, never throw. Points and measurements that are not finite
+///   match nothing.
+/// Cost: strict determination takes O(nF (w + log nF)) for nF fix points of which w lie at one
+///   distance from a point, then some microseconds for each solution; tens of milliseconds with
+///   thousands of fix points. Tolerances as wide as the distances between fix points make the
+///   number of solutions, hence time and memory, grow as nF to the power of the measurements.
+///   Leaving out measurements multiplies this by the number of ways to choose them.
+/// Lifetime: copies share points, settings and result: what is done through one is seen by all.
+///   Nothing is locked.
+class CALCULATIONS_EXPORT PointDetermination {
+ public:
+  PointDetermination();
+  PointDetermination(const PointDetermination& other);
+  PointDetermination& operator=(const PointDetermination& other);
+  virtual ~PointDetermination();
+
+  /// @name Fix points and measurements
+  /// @{
+
+  /// Removes points, measurements and solutions and restores the default settings.
+  void reset();
+
+  unsigned int getNumPoints() const;
+  unsigned int getNumMeasurements() const;
+
+  /// Adds a fix point.
+  /// @return false, with nothing stored, when the id is empty or has a fix point already
+  bool addPoint(const std::wstring& id, const ENHPoint& point);
+
+  /// Adds a measurement.
+  /// @return false, with nothing stored, when the id is empty or has a measurement already
+  bool addMeasurement(const std::wstring& id, const PolarPoint& measurement);
+  /// @}
+
+  /// @name Determination
+  /// @{
+
+  /// Searches for the assignments of all measurements.
+  /// @return false, with the result unchanged, when there is none or when points or measurements
+  ///   are fewer than required
+  bool determineMeasuredPointsStrict();
+
+  /// Searches for the assignments of as many measurements as possible: leaves out none, then one,
+  /// two and so on, as long as the required number remains, until there is an assignment. Which
+  /// ones to leave out is tried in lexicographic order of the adding of the measurements.
+  /// @return false, with the result unchanged, when there is none
+  bool determineMeasuredPointsRobust();
+  /// @}
+
+  /// @name Result
+  /// @{
+
+  /// Whether the best solution can be trusted: there is no other, or the next one has a score
+  /// larger by more than 0.01, or all others place the measurements on points within 1 mm of the
+  /// best one's. Meaningful after one determination since reset().
+  bool isBestSolutionSignificantlyBetter() const;
+
+  /// The id of the fix point that a measurement belongs to in the best solution.
+  /// @return empty when there is no solution, when the measurement was left out and for unknown ids
+  std::wstring getFixPointIdForMeasurementId(const std::wstring& measurementId) const;
+  /// @}
+
+  /// @name Settings
+  /// Setters of tolerances ignore negative and non-finite values.
+  /// @{
+
+  /// The least number of measurements (and of fix points) to search with, 3 by default; smaller
+  /// values are stored as 3.
+  void setMinNumberOfFixPointMeasurementsRequired(int number);
+  int getMinNumberOfFixPointMeasurementsRequired() const;
+
+  /// Limit (exclusive, m) of the difference between a measured and a known distance, and of the
+  /// deviations in east and in north; 0.05 by default.
+  void setToleranceDistanceDifference(double tolerance);
+  double getToleranceDistanceDifference() const;
+
+  /// Limit (exclusive, m) of the deviation in height; 0.02 by default.
+  void setToleranceHeightDifference(double tolerance);
+  double getToleranceHeightDifference() const;
+
+  /// Largest tilt (degrees) of the measured figure against the plumb line; 80 by default.
+  void setToleranceTilt(double degrees);
+  double getToleranceTilt() const;
+  /// @}
+
+ private:
+  std::shared_ptr<PointDeterminationImpl> m_impl;
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

@@ -1,0 +1,155 @@
+#include <Calculations/PointDetermination.h>
+#include <Calculations/Utilities.h>
+
+#include "stations/FixPointMatcher.h"
+#include "stations/IdentifiedList.h"
+#include "stations/Matching.h"
+#include "stations/RobustDetermination.h"
+#include "stations/SolutionSignificance.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+/// A rigid motion in space is determined by three points.
+constexpr int kFewestPoints = 3;
+
+void setTolerance(double& tolerance, double value) {
+  if (std::isfinite(value) && value >= 0.0) tolerance = value;
+}
+
+}  // namespace
+
+class PointDeterminationImpl {
+ public:
+  IdentifiedList<ENHPoint> fixPoints;
+  IdentifiedList<PolarPoint> measurements;
+  MatchSettings settings;
+  std::vector<MatchedSolution> solutions;
+
+  template <class Search>
+  bool determine(const Search& search) {
+    const std::vector<std::size_t> idOrder = fixPoints.indicesInIdOrder();
+    std::vector<ENHPoint> pointsInIdOrder;
+    pointsInIdOrder.reserve(idOrder.size());
+    for (const std::size_t index : idOrder) {
+      pointsInIdOrder.push_back(fixPoints.entries()[index]);
+    }
+    FixPointMatcher matcher(settings, pointsInIdOrder, localPoints());
+    if (!search(matcher)) return false;
+    appendSolutions(matcher.solutions(), idOrder);
+    return true;
+  }
+
+ private:
+  std::vector<ENHPoint> localPoints() const {
+    std::vector<ENHPoint> points;
+    points.reserve(measurements.entries().size());
+    for (const PolarPoint& measurement : measurements.entries()) {
+      points.push_back(Utilities::convertToLocalCoordinates(measurement));
+    }
+    return points;
+  }
+
+  void appendSolutions(const std::vector<MatchedSolution>& found,
+                       const std::vector<std::size_t>& idOrder) {
+    for (MatchedSolution solution : found) {
+      for (std::size_t& fixPoint : solution.fixPoints) {
+        if (fixPoint != kNotAssigned) fixPoint = idOrder[fixPoint];
+      }
+      solutions.push_back(std::move(solution));
+    }
+  }
+};
+
+PointDetermination::PointDetermination() : m_impl(std::make_shared<PointDeterminationImpl>()) {}
+
+PointDetermination::PointDetermination(const PointDetermination& other) = default;
+PointDetermination& PointDetermination::operator=(const PointDetermination& other) = default;
+PointDetermination::~PointDetermination() = default;
+
+void PointDetermination::reset() {
+  m_impl->fixPoints.clear();
+  m_impl->measurements.clear();
+  m_impl->solutions.clear();
+  m_impl->settings = MatchSettings();
+}
+
+unsigned int PointDetermination::getNumPoints() const {
+  return static_cast<unsigned int>(m_impl->fixPoints.entries().size());
+}
+
+unsigned int PointDetermination::getNumMeasurements() const {
+  return static_cast<unsigned int>(m_impl->measurements.entries().size());
+}
+
+bool PointDetermination::addPoint(const std::wstring& id, const ENHPoint& point) {
+  return m_impl->fixPoints.add(id, point);
+}
+
+bool PointDetermination::addMeasurement(const std::wstring& id, const PolarPoint& measurement) {
+  return m_impl->measurements.add(id, measurement);
+}
+
+bool PointDetermination::determineMeasuredPointsStrict() {
+  return m_impl->determine([](FixPointMatcher& matcher) { return matcher.matchAll(); });
+}
+
+bool PointDetermination::determineMeasuredPointsRobust() {
+  return m_impl->determine(
+      [](FixPointMatcher& matcher) { return RobustDetermination(matcher).run(); });
+}
+
+bool PointDetermination::isBestSolutionSignificantlyBetter() const {
+  return isFirstSolutionSignificant(m_impl->solutions, m_impl->fixPoints.entries());
+}
+
+std::wstring PointDetermination::getFixPointIdForMeasurementId(
+    const std::wstring& measurementId) const {
+  const auto measurement = m_impl->measurements.indexOf(measurementId);
+  if (!measurement || m_impl->solutions.empty()) return std::wstring();
+  const std::vector<std::size_t>& fixPoints = m_impl->solutions.front().fixPoints;
+  // Measurements may have been added after the determination.
+  if (*measurement >= fixPoints.size() || fixPoints[*measurement] == kNotAssigned) {
+    return std::wstring();
+  }
+  return m_impl->fixPoints.id(fixPoints[*measurement]);
+}
+
+void PointDetermination::setMinNumberOfFixPointMeasurementsRequired(int number) {
+  m_impl->settings.minNumberOfFixPointMeasurementsRequired = std::max(number, kFewestPoints);
+}
+
+int PointDetermination::getMinNumberOfFixPointMeasurementsRequired() const {
+  return m_impl->settings.minNumberOfFixPointMeasurementsRequired;
+}
+
+void PointDetermination::setToleranceDistanceDifference(double tolerance) {
+  setTolerance(m_impl->settings.toleranceDistanceDifference, tolerance);
+}
+
+double PointDetermination::getToleranceDistanceDifference() const {
+  return m_impl->settings.toleranceDistanceDifference;
+}
+
+void PointDetermination::setToleranceHeightDifference(double tolerance) {
+  setTolerance(m_impl->settings.toleranceHeightDifference, tolerance);
+}
+
+double PointDetermination::getToleranceHeightDifference() const {
+  return m_impl->settings.toleranceHeightDifference;
+}
+
+void PointDetermination::setToleranceTilt(double degrees) {
+  setTolerance(m_impl->settings.toleranceTilt, degrees);
+}
+
+double PointDetermination::getToleranceTilt() const { return m_impl->settings.toleranceTilt; }
+
+}  // namespace Calculations
+}  // namespace Ruv

@@ -1,0 +1,121 @@
+#include <Calculations/Resection.h>
+#include <Calculations/Utilities.h>
+
+#include "stations/Helmert2d.h"
+#include "stations/Helmert3d.h"
+#include "stations/PointPairs.h"
+#include "stations/ResectionDiagnostics.h"
+
+#include <iostream>
+#include <optional>
+
+namespace Ruv {
+namespace Calculations {
+
+class ResectionImpl {
+ public:
+  FixPointMap fixPoints;
+  MeasurementMap measurements;
+};
+
+namespace {
+
+/// Three ids are needed to find a tilt.
+constexpr std::size_t kFewestIdsInSpace = 3;
+
+std::wstring widened(const std::basic_string<unsigned short>& id) {
+  return std::wstring(id.begin(), id.end());
+}
+
+std::optional<StationSetup> spatialSetup(const FixPointMap& fixPoints,
+                                         const MeasurementMap& measurements) {
+  if (fixPoints.size() < kFewestIdsInSpace || measurements.size() < kFewestIdsInSpace) {
+    return std::nullopt;
+  }
+  const PointPairs pairs = pairMeasurementsWithFixPoints(measurements, fixPoints);
+  const auto start = fitHelmert2d(pairs);
+  if (!start) return std::nullopt;
+  ResectionDiagnostics diagnostics(std::clog);
+  auto setup = fitHelmert3d(pairs, *start, diagnostics);
+  diagnostics.write();
+  return setup;
+}
+
+}  // namespace
+
+Resection::Resection() : m_impl(std::make_shared<ResectionImpl>()) {}
+
+Resection::Resection(const Resection& other) = default;
+Resection& Resection::operator=(const Resection& other) = default;
+Resection::~Resection() = default;
+
+void Resection::reset() {
+  m_impl->fixPoints.clear();
+  m_impl->measurements.clear();
+}
+
+int Resection::getNumFixpoints() const { return static_cast<int>(m_impl->fixPoints.size()); }
+
+int Resection::getNumFixPointMeasurements() const {
+  std::size_t count = 0;
+  for (const auto& [id, measurements] : m_impl->measurements) {
+    count += measurements.size();
+  }
+  return static_cast<int>(count);
+}
+
+bool Resection::addFixPoint(const std::wstring& id, const ENHPoint& point) {
+  if (id.empty()) return false;
+  m_impl->fixPoints[id] = point;
+  return true;
+}
+
+bool Resection::addFixPointU(const std::basic_string<unsigned short>& id, const ENHPoint& point) {
+  return addFixPoint(widened(id), point);
+}
+
+bool Resection::addMeasurement(const std::wstring& id, const PolarPoint& measurement) {
+  if (id.empty()) return false;
+  m_impl->measurements[id].push_back(measurement);
+  return true;
+}
+
+bool Resection::addMeasurementU(const std::basic_string<unsigned short>& id,
+                                const PolarPoint& measurement) {
+  return addMeasurement(widened(id), measurement);
+}
+
+bool Resection::calculateResectionHelmert2d(ENHPoint& station, double& orientation, double& scale,
+                                            ENHPoint& stationStdDev, double& orientationStdDev,
+                                            double& scaleStdDev) const {
+  const PointPairs pairs = pairMeasurementsWithFixPoints(m_impl->measurements, m_impl->fixPoints);
+  const auto setup = fitHelmert2d(pairs);
+  if (!setup) return false;
+  station = setup->station;
+  orientation = Utilities::getAngleAsZeroToTwoPi(setup->orientation);
+  scale = setup->scale;
+  stationStdDev = setup->stationStdDev;
+  orientationStdDev = setup->orientationStdDev;
+  scaleStdDev = setup->scaleStdDev;
+  return true;
+}
+
+bool Resection::calculateResectionHelmert3d(ENHPoint& station, double& orientation, double& scale,
+                                            ENHPoint& stationStdDev, double& orientationStdDev,
+                                            double& scaleStdDev) const {
+  // Callers read these two without asking for success.
+  scale = 1.0;
+  scaleStdDev = 0.0;
+  const auto setup = spatialSetup(m_impl->fixPoints, m_impl->measurements);
+  if (!setup) return false;
+  station = setup->station;
+  orientation = Utilities::getAngleAsZeroToTwoPi(setup->orientation);
+  scale = setup->scale;
+  stationStdDev = setup->stationStdDev;
+  orientationStdDev = setup->orientationStdDev;
+  scaleStdDev = setup->scaleStdDev;
+  return true;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

@@ -1,0 +1,30 @@
+#include "stations/SpatialRotation.h"
+
+#include <cmath>
+
+namespace Ruv {
+namespace Calculations {
+
+SpatialRotation spatialRotation(const SpatialAngles& angles) {
+  const double so = std::sin(angles.omega);
+  const double co = std::cos(angles.omega);
+  const double sp = std::sin(angles.phi);
+  const double cp = std::cos(angles.phi);
+  const double sk = std::sin(angles.kappa);
+  const double ck = std::cos(angles.kappa);
+
+  SpatialRotation r;
+  Eigen::Matrix3d& m = r.matrix;
+  m << cp * ck, so * sp * ck + co * sk, so * sk - co * sp * ck,  //
+      -cp * sk, co * ck - so * sp * sk, so * ck + co * sp * sk,  //
+      sp, -so * cp, co * cp;
+  r.byOmega << Eigen::Vector3d::Zero(), -m.col(2), m.col(1);
+  r.byPhi << -sp * ck, so * cp * ck, -co * cp * ck,  //
+      sp * sk, -so * cp * sk, co * cp * sk,          //
+      cp, so * sp, -co * sp;
+  r.byKappa << m.row(1), -m.row(0), Eigen::RowVector3d::Zero();
+  return r;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

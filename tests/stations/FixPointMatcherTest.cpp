@@ -1,0 +1,296 @@
+#include "stations/FixPointMatcher.h"
+
+#include <Calculations/Utilities.h>
+
+#include "stations/FixPointField.h"
+#include "stations/MatrixPointsFit.h"
+#include "stations/RigidPlacement.h"
+#include "stations/RobustDetermination.h"
+#include "stations/SolutionSignificance.h"
+#include "support/Random.h"
+
+#include <gtest/gtest.h>
+#include <Eigen/Dense>
+
+#include <algorithm>
+#include <cmath>
+#include <deque>
+#include <functional>
+#include <limits>
+#include <map>
+#include <numeric>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace Ruv::Calculations;
+using TestSupport::Random;
+
+using Indices = std::vector<std::size_t>;
+using Points = std::vector<ENHPoint>;
+
+double distance(const ENHPoint& a, const ENHPoint& b) { return (a - b).length(); }
+
+Eigen::Matrix3Xd columnsOf(const Points& points, const Indices& chosen) {
+  Eigen::Matrix3Xd columns(3, static_cast<Eigen::Index>(chosen.size()));
+  Eigen::Index column = 0;
+  for (const std::size_t i : chosen) {
+    columns.col(column++) << points[i].east, points[i].north, points[i].height;
+  }
+  return columns;
+}
+
+struct MatchCase {
+  MatchSettings settings;
+  Points fixPoints;
+  Points measured;
+};
+
+std::optional<double> scoreAfter(const Eigen::Matrix3d& rotation, const Eigen::Matrix3Xd& m,
+                                 const Eigen::Matrix3Xd& f, const MatchSettings& settings) {
+  const Eigen::Vector3d shift = f.rowwise().mean() - rotation * m.rowwise().mean();
+  const Eigen::Array3Xd off = ((rotation * m).colwise() + shift - f).array();
+  if (!(off.topRows<2>().abs() < settings.toleranceDistanceDifference).all() ||
+      !(off.row(2).abs() < settings.toleranceHeightDifference).all()) {
+    return std::nullopt;
+  }
+  return off.topRows<2>().square().sum() + 2.0 * off.row(2).square().sum();
+}
+
+std::optional<double> plainScore(const Eigen::Matrix3Xd& m, const Eigen::Matrix3Xd& f,
+                                 const MatchSettings& settings) {
+  const double cosTilt = std::cos(settings.toleranceTilt * 3.141592653589793 / 180.0);
+  Eigen::Matrix3d rotation = MatrixPointsFit(m, f).rotation();
+  auto score = scoreAfter(rotation, m, f, settings);
+  if (!score || rotation(2, 2) >= cosTilt) return score;
+  Eigen::Matrix3d level = Eigen::Matrix3d::Identity();
+  level.topLeftCorner<2, 2>() = MatrixPointsFit(m.topRows<2>(), f.topRows<2>()).rotation();
+  score = scoreAfter(level, m, f, settings);
+  if (score) return score;
+  Eigen::Index farthest = 0;
+  const Eigen::Matrix3Xd rays = m.colwise() - m.rowwise().mean();
+  rays.colwise().norm().maxCoeff(&farthest);
+  const Eigen::Vector3d to = f.col(farthest) - f.rowwise().mean();
+  const Eigen::Vector3d from = rotation * rays.col(farthest);
+  rotation = Eigen::Quaterniond::FromTwoVectors(from, to).toRotationMatrix() * rotation;
+  score = scoreAfter(rotation, m, f, settings);
+  return rotation(2, 2) >= cosTilt ? score : std::nullopt;
+}
+
+/// The search in its plainest form: every combination of partners is fitted and tested.
+std::vector<MatchedSolution> plainMatch(const MatchCase& c, const Indices& subset) {
+  std::vector<MatchedSolution> solutions;
+  const auto required =
+      static_cast<std::size_t>(c.settings.minNumberOfFixPointMeasurementsRequired);
+  if (c.fixPoints.size() < required || subset.size() < required) return solutions;
+  const auto seen = [&](std::size_t k) {
+    return distance(c.measured[subset[0]], c.measured[subset[k]]);
+  };
+  const double t = c.settings.toleranceDistanceDifference;
+  double radius = 0.0;
+  for (std::size_t k = 1; k < subset.size(); ++k) {
+    radius = std::max(radius, seen(k) + 2.0 * t);
+  }
+  for (std::size_t f = 0; f < c.fixPoints.size(); ++f) {
+    Indices around;
+    for (std::size_t g = 0; g < c.fixPoints.size(); ++g) {
+      if (g != f && distance(c.fixPoints[f], c.fixPoints[g]) < radius) around.push_back(g);
+    }
+    if (around.size() + 1 < subset.size() - 1) continue;
+    Indices assigned = {f};
+    const std::function<void()> enumerate = [&] {
+      if (assigned.size() == subset.size()) {
+        const auto score =
+            plainScore(columnsOf(c.measured, subset), columnsOf(c.fixPoints, assigned), c.settings);
+        if (!score) return;
+        solutions.push_back({Indices(c.measured.size(), kNotAssigned), *score});
+        for (std::size_t i = 0; i < subset.size(); ++i) {
+          solutions.back().fixPoints[subset[i]] = assigned[i];
+        }
+        return;
+      }
+      for (const std::size_t g : around) {
+        const double known = distance(c.fixPoints[f], c.fixPoints[g]);
+        if (!(std::abs(known - seen(assigned.size())) < t)) continue;
+        assigned.push_back(g);
+        enumerate();
+        assigned.pop_back();
+      }
+    };
+    enumerate();
+  }
+  std::stable_sort(solutions.begin(), solutions.end(),
+                   [](const auto& a, const auto& b) { return a.score < b.score; });
+  return solutions;
+}
+
+/// Tries subsets from a first-in first-out queue that does not remember what it has tried.
+std::vector<MatchedSolution> plainRobustMatch(const MatchCase& c, const Indices& all) {
+  std::deque<Indices> queue = {all};
+  for (; !queue.empty(); queue.pop_front()) {
+    std::vector<MatchedSolution> solutions = plainMatch(c, queue[0]);
+    if (!solutions.empty()) return solutions;
+    const int count = static_cast<int>(queue[0].size());
+    if (count <= c.settings.minNumberOfFixPointMeasurementsRequired) continue;
+    for (int k = 0; k < count; ++k) {
+      queue.push_back(queue[0]);
+      queue.back().erase(queue.back().begin() + k);
+    }
+  }
+  return {};
+}
+
+/// Small cases rich in ambiguity: points of a coarse lattice, flat and steep figures, wide
+/// tolerances, strays, instruments that hang upside down, points measured twice.
+MatchCase randomCase(Random& random, std::size_t strays) {
+  MatchCase c;
+  c.settings.toleranceDistanceDifference = random.uniform(0.02, strays > 0 ? 0.2 : 0.6);
+  c.settings.toleranceHeightDifference = random.uniform(0.02, 0.6);
+  c.settings.toleranceTilt = random.index(3) == 0 ? 1.0 : 80.0;
+  c.settings.minNumberOfFixPointMeasurementsRequired = 3 + static_cast<int>(random.index(2));
+  const double flatness = random.index(3) == 0 ? 0.02 : 1.0;
+  const auto step = [&] {
+    return 2.0 * static_cast<double>(random.index(3)) + random.uniform(-0.1, 0.1);
+  };
+  const auto latticePoint = [&] { return ENHPoint(step(), step(), flatness * step()); };
+  const std::size_t count = 4 + random.index(4);
+  for (std::size_t i = 0; i < count; ++i) {
+    c.fixPoints.push_back(latticePoint());
+  }
+  const bool isUpsideDown = random.index(4) == 0;
+  const double turn = random.uniform(0.0, 6.28);
+  const std::size_t measured = 3 + random.index(3) + strays;
+  for (std::size_t i = 0; i < measured; ++i) {
+    const bool isStray = i % 2 == 1 && i / 2 < strays;
+    ENHPoint p = isStray ? latticePoint() : c.fixPoints[random.index(count)];
+    if (isUpsideDown) p = ENHPoint(p.east, -p.north, -p.height);
+    p = Utilities::rotateAroundHeightZaxis(p, turn);
+    c.measured.push_back(p + ENHPoint(3.0, -7.0, random.uniform(-0.02, 0.02)));
+  }
+  return c;
+}
+
+/// Equal scores all along make the order the same but for ties.
+void expectSameSolutions(const std::vector<MatchedSolution>& found,
+                         const std::vector<MatchedSolution>& expected) {
+  ASSERT_EQ(found.size(), expected.size());
+  std::multiset<Indices> assignments;
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    EXPECT_NEAR(found[i].score, expected[i].score, 1e-12);
+    assignments.insert(found[i].fixPoints);
+  }
+  for (const MatchedSolution& solution : expected) {
+    EXPECT_EQ(assignments.count(solution.fixPoints), 1u);
+  }
+}
+
+TEST(FixPointMatcher, FindsWhatEnumerationAndQueueFind) {
+  Random random(101);
+  std::map<std::string, int> reached;
+  for (int i = 0; i < 1200; ++i) {
+    SCOPED_TRACE(testing::Message() << "case " << i);
+    const MatchCase c = randomCase(random, i % 4);
+    Indices all(c.measured.size());
+    std::iota(all.begin(), all.end(), std::size_t{0});
+    FixPointMatcher matcher(c.settings, c.fixPoints, c.measured);
+    auto expected = plainMatch(c, all);
+    EXPECT_EQ(matcher.matchAll(), !expected.empty());
+    ASSERT_NO_FATAL_FAILURE(expectSameSolutions(matcher.solutions(), expected));
+    if (expected.empty()) {
+      expected = plainRobustMatch(c, all);
+      EXPECT_EQ(RobustDetermination(matcher).run(), !expected.empty());
+      ASSERT_NO_FATAL_FAILURE(expectSameSolutions(matcher.solutions(), expected));
+      if (!expected.empty()) ++reached["points left out"];
+    }
+    if (expected.size() > 1) ++reached["several solutions"];
+    for (const MatchedSolution& s : expected) {
+      const std::set<std::size_t> distinct(s.fixPoints.begin(), s.fixPoints.end());
+      if (distinct.size() < s.fixPoints.size()) ++reached["fix point shared or none"];
+    }
+  }
+  // The cases are of use only while they reach these.
+  EXPECT_GT(reached["points left out"], 100);
+  EXPECT_GT(reached["several solutions"], 100);
+  EXPECT_GT(reached["fix point shared or none"], 100);
+}
+
+TEST(FixPointField, FindsThePartnersOfAPlainSearch) {
+  Random random(303);
+  for (int layout = 0; layout < 40; ++layout) {
+    const double length = layout % 2 == 0 ? 300.0 : 10.0;
+    const double azimuth = random.uniform(0.0, 6.28);
+    const double grid = layout % 4 == 0 ? 5e6 : 0.0;
+    Points points;
+    for (int i = 0; i < 150; ++i) {
+      const ENHPoint p(random.uniform(-5.0, 5.0), random.uniform(0.0, length),
+                       random.uniform(0.0, 8.0));
+      points.push_back(Utilities::rotateAroundHeightZaxis(p, azimuth) + ENHPoint(grid, grid, 0.0));
+    }
+    if (layout % 5 == 0) points[7].height = 1e300;
+    if (layout % 5 == 1) points[7].height = std::numeric_limits<double>::quiet_NaN();
+    const FixPointField field(points);
+    for (const std::size_t place : field.placesInIdOrder()) {
+      const double sought = random.uniform(0.0, 1.1 * length);
+      const double tolerance = random.index(10) == 0 ? 1e200 : random.uniform(0.0, 2.0);
+      Indices found;
+      field.appendPartners(place, sought, tolerance, found);
+      Indices expected;
+      for (std::size_t other = 0; other < field.size(); ++other) {
+        const double known = distance(field.point(place), field.point(other));
+        if (other != place && std::abs(known - sought) < tolerance) expected.push_back(other);
+      }
+      std::sort(found.begin(), found.end());
+      ASSERT_EQ(found, expected) << "layout " << layout << ", distance " << sought;
+    }
+  }
+}
+
+TEST(FixPointMatcher, CutsFarMoreThanItFits) {
+  Random random(6);
+  Points fixPoints;
+  for (int i = 0; i < 400; ++i) {
+    fixPoints.emplace_back(random.uniform(-5.0, 5.0), random.uniform(0.0, 200.0),
+                           random.uniform(-5.0, 5.0));
+  }
+  const Points measured(fixPoints.begin() + 100, fixPoints.begin() + 110);
+  FixPointMatcher matcher(MatchSettings(), fixPoints, measured);
+  ASSERT_TRUE(matcher.matchAll());
+  EXPECT_EQ(matcher.solutions()[0].fixPoints[3], 103u);
+  EXPECT_LE(matcher.fittedAssignments(), 5u);
+}
+
+TEST(RigidPlacement, ComparesStrictlyWithTheTolerances) {
+  // A saddle: its best fit is the unturned square below it.
+  Eigen::Matrix3Xd measured(3, 4);
+  measured << 4, -4, -4, 4, 4, 4, -4, -4, 0, 0, 0, 0;
+  Eigen::Matrix3Xd fixPoints = measured;
+  fixPoints.row(2) << 0.25, -0.25, 0.25, -0.25;
+  MatchSettings settings;
+  settings.toleranceHeightDifference = 0.25;
+  EXPECT_FALSE(RigidPlacement(settings).score(measured, fixPoints));
+  settings.toleranceHeightDifference = std::nextafter(0.25, 1.0);
+  ASSERT_TRUE(RigidPlacement(settings).score(measured, fixPoints));
+  EXPECT_NEAR(*RigidPlacement(settings).score(measured, fixPoints), 8.0 * 0.0625, 1e-14);
+}
+
+TEST(SolutionSignificance, AsksForADistanceInScoreOrTheSamePlaces) {
+  const Points fixPoints = {{0, 0, 0}, {9, 0, 0}, {9, 0, 0.001}, {9, 0, 0.0011}};
+  const auto isSignificant = [&fixPoints](const std::vector<MatchedSolution>& solutions) {
+    return isFirstSolutionSignificant(solutions, fixPoints);
+  };
+  const MatchedSolution best{{0, 1}, 0.004};
+  EXPECT_FALSE(isSignificant({}));
+  EXPECT_TRUE(isSignificant({best}));
+  EXPECT_TRUE(isSignificant({best, {{1, 0}, 0.0141}}));
+  EXPECT_FALSE(isSignificant({best, {{1, 0}, 0.013}}));
+  EXPECT_TRUE(isSignificant({best, {{0, 2}, 0.013}}));
+  EXPECT_FALSE(isSignificant({best, {{0, 3}, 0.013}})) << "1.1 mm apart";
+  EXPECT_FALSE(isSignificant({best, {{0, 2}, 0.013}, {{1, 0}, 0.9}})) << "all others count";
+  EXPECT_FALSE(isSignificant({best, {{0, kNotAssigned}, 0.005}}));
+  EXPECT_FALSE(isSignificant({best, {{0, 1, 1}, 0.005}})) << "one measurement more";
+}
+
+}  // namespace

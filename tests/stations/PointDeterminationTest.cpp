@@ -1,0 +1,239 @@
+#include <Calculations/PointDetermination.h>
+#include <Calculations/Utilities.h>
+
+#include "stations/TransformationCase.h"
+#include "support/Random.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace Ruv::Calculations;
+using testing::Each;
+using testing::ElementsAre;
+using TestSupport::Random;
+using TestSupport::TransformationCase;
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kDegree = 3.141592653589793 / 180.0;
+
+std::wstring numbered(const wchar_t* name, std::size_t i) { return name + std::to_wstring(i); }
+
+void addPoints(PointDetermination& d, const std::vector<ENHPoint>& points) {
+  for (const ENHPoint& p : points) {
+    d.addPoint(numbered(L"F", d.getNumPoints()), p);
+  }
+}
+
+void addMeasurements(PointDetermination& d, const std::vector<ENHPoint>& locals) {
+  for (const ENHPoint& p : locals) {
+    d.addMeasurement(numbered(L"M", d.getNumMeasurements()),
+                     Utilities::convertToPolarMeasurement(p));
+  }
+}
+
+std::vector<std::wstring> identified(const PointDetermination& d) {
+  std::vector<std::wstring> ids;
+  for (unsigned int i = 0; i < d.getNumMeasurements(); ++i) {
+    ids.push_back(d.getFixPointIdForMeasurementId(numbered(L"M", i)));
+  }
+  return ids;
+}
+
+/// An irregular figure at grid coordinates.
+const std::vector<ENHPoint> kFixPoints = {{600010.0, 200000.0, 503.0}, {600003.0, 200012.0, 500.0},
+                                          {599992.0, 200005.0, 506.0}, {599995.0, 199991.0, 501.0},
+                                          {600007.0, 199993.0, 508.0}, {600001.0, 200031.0, 502.0}};
+
+/// Some fix points as seen by an instrument tilted about east and turned about the vertical.
+std::vector<ENHPoint> seen(const std::vector<std::size_t>& indices, double turn, double tilt) {
+  std::vector<ENHPoint> locals;
+  for (const std::size_t i : indices) {
+    const ENHPoint ray = kFixPoints[i] - ENHPoint(600000.5, 200001.5, 501.5);
+    locals.push_back(
+        Utilities::rotateAroundEastXaxis(Utilities::rotateAroundHeightZaxis(ray, turn), tilt));
+  }
+  return locals;
+}
+
+template <class T>
+void shuffle(std::vector<T>& list, Random& random) {
+  for (std::size_t i = list.size(); i > 1; --i) {
+    std::swap(list[i - 1], list[random.index(i)]);
+  }
+}
+
+TEST(PointDetermination, IdentifiesTheTargetsOfATunnelBoringMachine) {
+  auto points = TransformationCase("space_tbm17").points;
+  for (std::uint64_t seed = 1; seed <= 10; ++seed) {
+    SCOPED_TRACE(seed);
+    Random random(seed);
+    const bool withStrays = seed > 5;  // nine targets have no coordinates
+    PointDetermination d;
+    shuffle(points, random);
+    for (const auto& p : points) {
+      if (p.isFixPoint) d.addPoint(p.id, p.global);
+    }
+    shuffle(points, random);
+    for (const auto& p : points) {
+      if (p.isFixPoint || withStrays) d.addMeasurement(L"of " + p.id, p.measured);
+    }
+    ASSERT_EQ(d.determineMeasuredPointsStrict(), !withStrays);
+    ASSERT_TRUE(!withStrays || d.determineMeasuredPointsRobust());
+    EXPECT_TRUE(d.isBestSolutionSignificantlyBetter());
+    for (const auto& p : points) {
+      EXPECT_EQ(d.getFixPointIdForMeasurementId(L"of " + p.id), p.isFixPoint ? p.id : L"");
+    }
+  }
+}
+
+TEST(PointDetermination, IdentifiesUnderAnyTurnAndUpToTheLargestTilt) {
+  for (int turn = 0; turn < 63; ++turn) {
+    for (const double tilt : {0.0, 79.9, 80.1}) {
+      SCOPED_TRACE(testing::Message() << "turn " << turn << ", tilt " << tilt);
+      PointDetermination d;
+      addPoints(d, kFixPoints);
+      addMeasurements(d, seen({4, 2, 0, 5}, 0.1 * turn, tilt * kDegree));
+      ASSERT_EQ(d.determineMeasuredPointsStrict(), tilt < 80.0);
+      EXPECT_EQ(d.isBestSolutionSignificantlyBetter(), tilt < 80.0);
+      if (tilt > 80.0) continue;
+      EXPECT_THAT(identified(d), ElementsAre(L"F4", L"F2", L"F0", L"F5"));
+    }
+  }
+}
+
+TEST(PointDetermination, RobustLeavesOutStrays) {
+  PointDetermination d;
+  addPoints(d, kFixPoints);
+  std::vector<ENHPoint> locals = seen({1, 3, 5, 0}, 2.1, 0.02);
+  locals.insert(locals.begin() + 1, ENHPoint(5.0, 4.0, 3.0));
+  addMeasurements(d, locals);
+  EXPECT_FALSE(d.determineMeasuredPointsStrict());
+  EXPECT_THAT(identified(d), Each(L""));
+  ASSERT_TRUE(d.determineMeasuredPointsRobust());
+  EXPECT_THAT(identified(d), ElementsAre(L"F1", L"", L"F3", L"F5", L"F0"));
+  d.setMinNumberOfFixPointMeasurementsRequired(5);
+  EXPECT_FALSE(d.determineMeasuredPointsRobust());
+  // A failure leaves the result, of which an unknown or later measurement is no part.
+  addMeasurements(d, {ENHPoint(1.0, 2.0, 3.0)});
+  EXPECT_THAT(identified(d), ElementsAre(L"F1", L"", L"F3", L"F5", L"F0", L""));
+  EXPECT_EQ(d.getFixPointIdForMeasurementId(L"unknown"), L"");
+}
+
+TEST(PointDetermination, QueriesAnswerFromTheFirstDeterminationUntilReset) {
+  PointDetermination d;
+  addPoints(d, {{0, 0, 0}, {7, 0, 1}, {0, 11, 2}});
+  addMeasurements(d, {{1, 1, 0}, {8, 1, 1}, {1, 12, 2}});
+  ASSERT_TRUE(d.determineMeasuredPointsStrict());
+  EXPECT_TRUE(d.isBestSolutionSignificantlyBetter());
+  // Another figure of the same shape, and an id that comes first.
+  d.addPoint(L"A", {100, 0, 0});
+  addPoints(d, {{107, 0, 1}, {100, 11, 2}});
+  ASSERT_TRUE(d.determineMeasuredPointsStrict());
+  EXPECT_THAT(identified(d), ElementsAre(L"F0", L"F1", L"F2"));
+  EXPECT_FALSE(d.isBestSolutionSignificantlyBetter());
+  d.reset();
+  EXPECT_EQ(d.getNumPoints() + d.getNumMeasurements(), 0u);
+  EXPECT_EQ(d.getFixPointIdForMeasurementId(L"M0"), L"");
+  EXPECT_FALSE(d.determineMeasuredPointsStrict());
+  EXPECT_FALSE(d.determineMeasuredPointsRobust());
+  EXPECT_FALSE(d.isBestSolutionSignificantlyBetter());
+}
+
+TEST(PointDetermination, SettingsRefuseWhatMakesNoSense) {
+  PointDetermination d;
+  const auto set = [&d](int number, double distance, double height, double tilt) {
+    d.setMinNumberOfFixPointMeasurementsRequired(number);
+    d.setToleranceDistanceDifference(distance);
+    d.setToleranceHeightDifference(height);
+    d.setToleranceTilt(tilt);
+  };
+  const auto values = [&d] {
+    return std::vector<double>{1.0 * d.getMinNumberOfFixPointMeasurementsRequired(),
+                               d.getToleranceDistanceDifference(), d.getToleranceHeightDifference(),
+                               d.getToleranceTilt()};
+  };
+  EXPECT_THAT(values(), ElementsAre(3.0, 0.05, 0.02, 80.0));
+  set(5, 0.0, 0.3, 10.0);
+  EXPECT_THAT(values(), ElementsAre(5.0, 0.0, 0.3, 10.0));
+  for (const double bad : {-1.0, kNaN, kInfinity}) {
+    set(2, bad, bad, bad);
+    EXPECT_THAT(values(), ElementsAre(3.0, 0.0, 0.3, 10.0));
+  }
+  d.reset();
+  EXPECT_THAT(values(), ElementsAre(3.0, 0.05, 0.02, 80.0));
+}
+
+TEST(PointDetermination, IdsAreUniqueAndCopiesShared) {
+  PointDetermination other;
+  {
+    PointDetermination d;
+    other = d;
+    EXPECT_FALSE(d.addPoint(L"", ENHPoint()));
+    EXPECT_FALSE(d.addMeasurement(L"", PolarPoint()));
+    EXPECT_TRUE(d.addPoint(L"A", ENHPoint()));
+    EXPECT_FALSE(d.addPoint(L"A", ENHPoint(1.0, 2.0, 3.0)));
+    EXPECT_TRUE(d.addMeasurement(L"A", PolarPoint()));
+    EXPECT_FALSE(d.addMeasurement(L"A", PolarPoint()));
+  }
+  const PointDetermination copy(other);
+  EXPECT_EQ(copy.getNumPoints() + copy.getNumMeasurements(), 2u);
+  other.reset();
+  EXPECT_EQ(copy.getNumPoints() + copy.getNumMeasurements(), 0u);
+}
+
+TEST(PointDetermination, ManyPointsAtOnePlaceDoNotMultiplySolutions) {
+  PointDetermination d;
+  addPoints(d, std::vector<ENHPoint>(100, ENHPoint(5.0, 6.0, 7.0)));
+  addMeasurements(d, std::vector<ENHPoint>(10, ENHPoint(1.0, 2.0, 3.0)));
+  EXPECT_TRUE(d.determineMeasuredPointsStrict());
+  EXPECT_TRUE(d.isBestSolutionSignificantlyBetter()) << "they differ in the id only";
+}
+
+TEST(PointDetermination, FindsWhatMatchesAmongBadCoordinates) {
+  const double values[] = {kNaN, kInfinity, 1e300, -1e160, 0.0, 1e-300, 5.0};
+  Random random(12);
+  const auto any = [&] { return values[random.index(7)]; };
+  for (int i = 0; i < 500; ++i) {
+    PointDetermination d;
+    addPoints(d, kFixPoints);
+    addMeasurements(d, seen({0, 1, 2, 3}, 1.0, 0.0));
+    for (int k = 0; k < 3; ++k) {
+      addPoints(d, {ENHPoint(any(), any(), any())});
+      d.addMeasurement(numbered(L"M", 4 + k), PolarPoint(any(), any(), 1e9 + any()));
+    }
+    EXPECT_FALSE(d.determineMeasuredPointsStrict());
+    ASSERT_TRUE(d.determineMeasuredPointsRobust()) << i;
+    EXPECT_THAT(identified(d), ElementsAre(L"F0", L"F1", L"F2", L"F3", L"", L"", L""));
+  }
+}
+
+TEST(PointDetermination, RegularGridsTakeNoTime) {
+  PointDetermination d;
+  Random random(2);
+  std::vector<ENHPoint> grid;
+  for (int row = 0; row < 5; ++row) {
+    for (int column = 0; column < 20; ++column) {
+      grid.emplace_back(2.0 * row, 2.0 * column, 0.0);
+    }
+  }
+  addPoints(d, grid);
+  for (int i = 0; i < 10; ++i) {
+    addMeasurements(d, {{random.uniform(0, 9), random.uniform(0, 40), random.uniform(0, 3)}});
+  }
+  EXPECT_FALSE(d.determineMeasuredPointsRobust());
+  addMeasurements(d, {grid[3], grid[24], grid[65], grid[80], grid[99], grid[41], grid[17]});
+  EXPECT_TRUE(d.determineMeasuredPointsRobust());
+  EXPECT_NE(d.getFixPointIdForMeasurementId(L"M14"), L"");
+  EXPECT_FALSE(d.isBestSolutionSignificantlyBetter()) << "the grid turned by half a turn";
+}
+
+}  // namespace

@@ -1,0 +1,56 @@
+/// @file
+/// Golden transformations: points in a local and a global system, with expected results.
+
+#ifndef CALCULATIONS_TESTS_STATIONS_TRANSFORMATION_CASE_H
+#define CALCULATIONS_TESTS_STATIONS_TRANSFORMATION_CASE_H
+
+#include <Calculations/Points.h>
+
+#include "support/Csv.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace TestSupport {
+
+using Ruv::Calculations::ENHPoint;
+using Ruv::Calculations::PolarPoint;
+
+struct TransformationPoint {
+  std::wstring id;
+  ENHPoint local;
+  PolarPoint measured;
+  bool isFixPoint = false;
+  ENHPoint global;
+};
+
+struct TransformationCase {
+  explicit TransformationCase(const std::string& name) {
+    const Csv pointRows("transformations/" + name + ".csv");
+    for (const CsvRow& row : pointRows.rows()) {
+      TransformationPoint p;
+      p.id = std::wstring(row.text("id").begin(), row.text("id").end());
+      p.local = {row.number("local_east"), row.number("local_north"), row.number("local_height")};
+      p.measured = {row.number("horizontal_angle"), row.number("zenith_angle"),
+                    row.number("slope_distance")};
+      p.isFixPoint = row.has("global_east");
+      if (p.isFixPoint) {
+        p.global = {row.number("global_east"), row.number("global_north"),
+                    row.number("global_height")};
+      }
+      points.push_back(p);
+    }
+    const Csv expectedRows("transformations/" + name + "_expected.csv");
+    for (const CsvRow& row : expectedRows.rows()) {
+      expected[row.text("group") + "." + row.text("quantity")] = row.number("value");
+    }
+  }
+
+  std::vector<TransformationPoint> points;
+  std::map<std::string, double> expected;  ///< by "group.quantity"
+};
+
+}  // namespace TestSupport
+
+#endif
