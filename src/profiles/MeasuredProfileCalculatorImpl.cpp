@@ -2,18 +2,12 @@
 
 #include "profiles/LineCuts.h"
 #include "profiles/ProfileOutline.h"
+#include "profiles/ProfileReach.h"
 
 #include <Calculations/PathHelper.h>
 
 namespace Ruv {
 namespace Calculations {
-
-namespace {
-
-/// Half length (m) of the lines that are cut with a profile.
-constexpr double kReach = 1000.0;
-
-}  // namespace
 
 std::vector<Point2D> MeasuredProfileCalculatorImpl::keptPoints(
     const IProfileSegmentProvider& profile) const {

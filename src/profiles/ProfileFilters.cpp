@@ -1,5 +1,7 @@
 #include "profiles/ProfileFilters.h"
 
+#include "profiles/ProfileReach.h"
+
 #include <cmath>
 #include <initializer_list>
 
@@ -7,9 +9,6 @@ namespace Ruv {
 namespace Calculations {
 
 namespace {
-
-/// Reach (m) of the allowed area where no limit is set, and of the sides of a wedge.
-constexpr double kReach = 1000.0;
 
 Path ringThrough(std::initializer_list<Point2D> corners) {
   Path ring;

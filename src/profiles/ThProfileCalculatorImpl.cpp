@@ -1,5 +1,6 @@
 #include "profiles/ThProfileCalculatorImpl.h"
 
+#include "profiles/ProfileReach.h"
 #include "shapes/ChainIntersections.h"
 
 #include <Calculations/Utilities.h>
@@ -27,9 +28,6 @@ constexpr double kMostSamples = 1e7;
 
 /// Interval (m) of the samples on which the crown is found. Derolments depend on it.
 constexpr double kCrownInterval = 0.1;
-
-/// Half length (m) of the lines that are cut with a profile.
-constexpr double kReach = 1000.0;
 
 /// A point of the profile this near (m) to the foot is the foot, not the other end of a diameter.
 constexpr double kSmallestDiameter = 0.001;
