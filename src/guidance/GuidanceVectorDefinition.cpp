@@ -3,6 +3,9 @@
 
 #include "guidance/Levelling.h"
 
+#include <memory>
+#include <utility>
+
 namespace Ruv {
 namespace Calculations {
 
@@ -16,17 +19,17 @@ class GuidanceVectorDefinitionImpl {
 GuidanceVectorDefinition::GuidanceVectorDefinition() : m_impl(new GuidanceVectorDefinitionImpl) {}
 
 GuidanceVectorDefinition::GuidanceVectorDefinition(GuidanceVectorDefinition& other)
-    : m_impl(other.m_impl.release()) {}
+    : m_impl(std::move(other.m_impl)) {}
 
 GuidanceVectorDefinition& GuidanceVectorDefinition::operator=(GuidanceVectorDefinition& other) {
-  if (this != &other) m_impl.reset(other.m_impl.release());
+  m_impl = std::move(other.m_impl);  // leaves it as it is when both are the same
   return *this;
 }
 
 GuidanceVectorDefinition::~GuidanceVectorDefinition() = default;
 
 GuidanceVectorDefinitionImpl& GuidanceVectorDefinition::filled() {
-  if (!m_impl) m_impl.reset(new GuidanceVectorDefinitionImpl);
+  if (!m_impl) m_impl = std::make_unique<GuidanceVectorDefinitionImpl>();
   return *m_impl;
 }
 

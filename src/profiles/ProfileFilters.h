@@ -29,8 +29,8 @@ class ProfileFilters {
 
  private:
   struct AngleFilter {
-    double startAngle;
-    double endAngle;
+    double startAngle = 0.0;
+    double endAngle = 0.0;
     Point2D centre;
   };
 

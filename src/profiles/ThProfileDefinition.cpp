@@ -8,8 +8,8 @@ namespace Ruv {
 namespace Calculations {
 
 IProfileSegmentProvider::IProfileSegmentProvider() = default;
-IProfileSegmentProvider::IProfileSegmentProvider(const IProfileSegmentProvider& other) = default;
-IProfileSegmentProvider& IProfileSegmentProvider::operator=(const IProfileSegmentProvider& other) =
+IProfileSegmentProvider::IProfileSegmentProvider(const IProfileSegmentProvider&) = default;
+IProfileSegmentProvider& IProfileSegmentProvider::operator=(const IProfileSegmentProvider&) =
     default;
 IProfileSegmentProvider::~IProfileSegmentProvider() = default;
 

@@ -71,7 +71,7 @@ TEST_P(AxisRoundTrip, ReturnsEveryPoint) {
 
 /// A level axis north with one kink in the grade: level, then the given grade from 50 on.
 AxisPtr kinkedAxis(double grade) {
-  const AxisPtr axis = newAxis();
+  AxisPtr axis = newAxis();
   ChainBuilder(axis, 0, 600000, 200000, 0).straight(100);
   axis->addVeralPointKink(0, 500);
   axis->addVeralPointKink(50, 500);

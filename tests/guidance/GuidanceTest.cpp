@@ -35,7 +35,7 @@ void expectOffsets(const GuidanceOffsets& actual, double forward, double horizon
 
 /// Heading east from (0, 0), 200 m, rising by a grade from height 50, stationing from 100.
 AxisPtr straightAxis(double grade) {
-  const AxisPtr axis = TestSupport::newAxis();
+  AxisPtr axis = TestSupport::newAxis();
   ChainBuilder(axis, 100, 0, 0, kPi / 2).straight(200);
   axis->addVeralPointKink(100, 50);
   axis->addVeralPointKink(300, 50 + 200 * grade);

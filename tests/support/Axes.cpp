@@ -48,7 +48,7 @@ void addVeral(AxisDefinition& axis, const CsvRow& row) {
 
 AxisPtr goldenAxis(const std::string& name) {
   const std::string folder = "alignments/" + name;
-  const AxisPtr axis = newAxis();
+  AxisPtr axis = newAxis();
   const Csv horal(folder + "/horizontal.csv");
   for (const CsvRow& row : horal.rows()) {
     addHoral(*axis, row);
@@ -111,7 +111,7 @@ ChainBuilder& ChainBuilder::turn(double angle) {
 }
 
 AxisPtr randomSmoothAxis(Random& random) {
-  const AxisPtr axis = newAxis();
+  AxisPtr axis = newAxis();
   ChainBuilder chain(axis, random.uniform(-500.0, 5000.0), 600000.0, 200000.0,
                      random.uniform(-7.0, 7.0));
   const double start = chain.stationing();

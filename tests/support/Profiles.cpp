@@ -22,7 +22,7 @@ void addSegment(ThProfileDefinition& profile, const Point2D& from, const Point2D
 }  // namespace
 
 ProfilePtr profileThrough(const std::vector<ProfileNode>& nodes, bool backwards) {
-  const ProfilePtr profile(new ThProfileDefinition);
+  ProfilePtr profile(new ThProfileDefinition);
   const auto pointOf = [](const ProfileNode& node) { return Point2D(node.x, node.y); };
   if (backwards) {
     for (std::size_t i = nodes.size() - 1; i > 0; --i) {
@@ -52,7 +52,7 @@ ProfilePtr circleProfile(double radius, double x, double y) {
 }
 
 ProfilePtr goldenProfile(const std::string& name) {
-  const ProfilePtr profile(new ThProfileDefinition);
+  ProfilePtr profile(new ThProfileDefinition);
   const Csv file("profiles/theoretical/" + name + ".csv");
   for (const CsvRow& row : file.rows()) {
     addSegment(*profile, Point2D(row.number("start_x"), row.number("start_y")),
@@ -62,7 +62,7 @@ ProfilePtr goldenProfile(const std::string& name) {
 }
 
 MeasuredPtr measuredThrough(const std::vector<Point2D>& points) {
-  const MeasuredPtr profile(new MeasuredProfile);
+  MeasuredPtr profile(new MeasuredProfile);
   for (const Point2D& point : points) {
     profile->addPoint(point);
   }
@@ -70,7 +70,7 @@ MeasuredPtr measuredThrough(const std::vector<Point2D>& points) {
 }
 
 MeasuredPtr measuredCircle(double radius, int count, double x, double y) {
-  const MeasuredPtr profile(new MeasuredProfile);
+  MeasuredPtr profile(new MeasuredProfile);
   for (int i = 0; i < count; ++i) {
     const double angle = 2 * 3.141592653589793 * i / count;
     profile->addPoint(Point2D(x + radius * std::cos(angle), y + radius * std::sin(angle)));
