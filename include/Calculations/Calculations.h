@@ -26,6 +26,7 @@
 #include <Calculations/ShapeElements.h>
 #include <Calculations/ThProfileCalculator.h>
 #include <Calculations/ThProfileDefinition.h>
+#include <Calculations/ThProfileMorpher.h>
 #include <Calculations/TransitionCurves.h>
 #include <Calculations/Utilities.h>
 

@@ -1,0 +1,392 @@
+#include <Calculations/ThProfileMorpher.h>
+
+#include "profiles/morphing/Outlines.h"
+#include "support/Csv.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace Ruv::Calculations;
+using namespace TestSupport;
+
+constexpr double kPi = 3.141592653589793;
+
+/// Of coordinates around 10 m after some additions.
+constexpr double kRounding = 1e-12;
+
+ConstProfilePtr morphedIfPossible(const ConstProfilePtr& start, const ConstProfilePtr& end,
+                                  double t) {
+  return ThProfileMorpher(start, end, 1000.0, 1032.0).getMorphedProfile(1000.0 + 32.0 * t);
+}
+
+/// The profile at a fraction of the way from one to the other.
+ConstProfilePtr morphed(const ConstProfilePtr& start, const ConstProfilePtr& end, double t) {
+  const ConstProfilePtr profile = morphedIfPossible(start, end, t);
+  EXPECT_TRUE(profile) << "at " << t;
+  return profile ? profile : ConstProfilePtr(new ThProfileDefinition);
+}
+
+struct Pair {
+  std::string name;
+  ConstProfilePtr start;
+  ConstProfilePtr end;
+};
+
+/// Of sections that do not only differ in lengths.
+std::vector<Pair> typicalPairs() {
+  const ProfilePtr curved =
+      profileThrough({{-4.8, 0, 0}, {-5, 2, 12}, {0, 7, 5}, {5, 2, 5}, {4.8, 0, 12}, {-4.8, 0, 9}});
+  return {{"to circle", horseshoe(5, 2), circleProfile(4.5, 0, 3.5)},
+          {"to wider with benches", horseshoe(5, 2), horseshoeWithBenches(6.5, 2.2, 1.2, 0.8)},
+          {"from rectangle", rectangle(4, 6), horseshoe(5, 2)},
+          {"to niche", horseshoe(5, 3), horseshoeWithNiche(5, 3, 1.5)},
+          {"to curved invert", horseshoe(5, 2), curved},
+          {"rolled", horseshoe(5, 2), moved(*horseshoe(6, 2.5), 0.07, 0.3, -0.2)},
+          {"road tunnel", profileThrough(roadTunnelNodes()), goldenProfile("no_t12p5")}};
+}
+
+void expectSameSegments(const IProfileSegmentProvider& a, const IProfileSegmentProvider& b) {
+  const std::vector<ProfileSegment> expected = segmentsOf(b);
+  const std::vector<ProfileSegment> actual = segmentsOf(a);
+  ASSERT_EQ(actual.size(), expected.size());
+  for (std::size_t i = 0; i < actual.size(); ++i) {
+    EXPECT_EQ((actual[i].start - expected[i].start).length(), 0.0) << "segment " << i;
+    EXPECT_EQ((actual[i].end - expected[i].end).length(), 0.0) << "segment " << i;
+    EXPECT_EQ(actual[i].radius, expected[i].radius) << "segment " << i;
+  }
+}
+
+/// Every segment has its mirror image about the y axis.
+bool isMirrorSymmetric(const IProfileSegmentProvider& profile, double tolerance) {
+  const std::vector<ProfileSegment> segments = segmentsOf(profile);
+  return std::all_of(segments.begin(), segments.end(), [&](const ProfileSegment& a) {
+    return std::any_of(segments.begin(), segments.end(), [&](const ProfileSegment& b) {
+      const Point2D start(-b.end.x, b.end.y);
+      const Point2D end(-b.start.x, b.start.y);
+      return (a.start - start).length() < tolerance && (a.end - end).length() < tolerance &&
+             std::abs(a.radius - b.radius) < tolerance * (1.0 + std::abs(a.radius));
+    });
+  });
+}
+
+TEST(ThProfileMorpher, GivesTheProfilesThemselvesAtBothEnds) {
+  std::vector<Pair> pairs = typicalPairs();
+  for (const std::string& name : goldenProfileNames()) {
+    pairs.push_back({name, goldenProfile(name), backwards(*goldenProfile("cz_rail1_160_out"))});
+  }
+  for (const Pair& pair : pairs) {
+    SCOPED_TRACE(pair.name);
+    expectSameSegments(*morphed(pair.start, pair.end, 0), *pair.start);
+    expectSameSegments(*morphed(pair.start, pair.end, 1), *pair.end);
+  }
+  // A gap is closed by a straight.
+  const ProfilePtr open = profileThrough({{-4, 0, 0}, {-4, 6, 0}, {4, 6, 0}, {4, 0, 0}});
+  expectSameSegments(*morphed(open, horseshoe(5, 2), 0), *rectangle(4, 6));
+}
+
+/// For every two of the golden sections. The printed radii of the Norwegian ones leave kinks of
+/// 3e-4 rad; headings closer than a thousandth count as one.
+TEST(ThProfileMorpher, KeepsWhatStandardSectionsHaveInCommon) {
+  for (const std::string& startName : goldenProfileNames()) {
+    for (const std::string& endName : goldenProfileNames()) {
+      SCOPED_TRACE(testing::Message() << startName << " to " << endName);
+      const ProfilePtr start = goldenProfile(startName);
+      const ProfilePtr end = goldenProfile(endName);
+      const bool isPrinted = startName[0] == 'n' || endName[0] == 'n';
+      for (const double t : {0.001, 0.3, 0.5, 0.8, 0.999}) {
+        const ConstProfilePtr profile = morphed(start, end, t);
+        EXPECT_TRUE(isSound(*profile)) << t;
+        EXPECT_TRUE(profile->isDefinedClockwise()) << t;
+        EXPECT_TRUE(isMirrorSymmetric(*profile, 1e-9)) << t;
+        // All joints are tangent but the feet of the walls.
+        const std::vector<double> kinks = kinksOf(*profile);
+        ASSERT_GT(kinks.size(), 2u);
+        EXPECT_LT(kinks[2], isPrinted ? 1.1e-3 : 1e-9) << t;
+        // The mean of convex figures has the mean circumference, and its area is that of
+        // Brunn and Minkowski or more.
+        const double mean = (1 - t) * start->getCircumference() + t * end->getCircumference();
+        EXPECT_NEAR(profile->getCircumference(), mean, isPrinted ? 1e-4 : 1e-9) << t;
+        const double root = (1 - t) * std::sqrt(-areaOf(*start)) + t * std::sqrt(-areaOf(*end));
+        EXPECT_GT(std::sqrt(-areaOf(*profile)), root - (isPrinted ? 1e-4 : 1e-9)) << t;
+      }
+    }
+  }
+}
+
+TEST(ThProfileMorpher, LeavesEqualProfilesAsTheyAre) {
+  std::vector<ConstProfilePtr> profiles = {horseshoeWithNiche(5, 3, 1.5),
+                                           profileThrough(roadTunnelNodes())};
+  for (const std::string& name : goldenProfileNames()) {
+    profiles.emplace_back(goldenProfile(name));
+  }
+  Random random(7);
+  for (int i = 0; i < 20; ++i) {
+    profiles.emplace_back(randomStar(random, 0.4));
+  }
+  for (const ConstProfilePtr& profile : profiles) {
+    EXPECT_LT(distanceBetween(morphed(profile, profile, 0.37), profile), 1e-9);
+  }
+}
+
+TEST(ThProfileMorpher, MovesAndMirrorsAndTurnsBackWithItsInputs) {
+  for (const Pair& pair : typicalPairs()) {
+    SCOPED_TRACE(pair.name);
+    for (const double t : {0.125, 0.5, 0.9}) {
+      const ConstProfilePtr profile = morphed(pair.start, pair.end, t);
+      // Shifted. Coordinates of 70 km have 1e-11 m.
+      const ConstProfilePtr shifted =
+          morphed(moved(*pair.start, 0, 7e4, -3e4), moved(*pair.end, 0, 7e4, -3e4), t);
+      EXPECT_LT(distanceBetween(shifted, moved(*profile, 0, 7e4, -3e4)), 1e-8);
+      // From end to start.
+      EXPECT_LT(distanceBetween(morphed(pair.end, pair.start, 1 - t), profile), 1e-9);
+      // Begun elsewhere.
+      EXPECT_LT(
+          distanceBetween(morphed(begunAt(*pair.start, 2), begunAt(*pair.end, 1), t), profile),
+          1e-9);
+      // Entered anticlockwise; the result keeps the sense of the start profile.
+      const ConstProfilePtr reversed = morphed(backwards(*pair.start), pair.end, t);
+      EXPECT_GT(areaOf(*reversed), 0.0);
+      EXPECT_LT(distanceBetween(reversed, profile), 1e-9);
+      const ConstProfilePtr toReversed = morphed(pair.start, backwards(*pair.end), t);
+      EXPECT_LT(areaOf(*toReversed), 0.0);
+      EXPECT_LT(distanceBetween(toReversed, profile), 1e-9);
+    }
+  }
+}
+
+/// In 200 steps, none much longer than a mean one, and with nothing that appears at once at an end.
+TEST(ThProfileMorpher, MovesEvenly) {
+  for (const Pair& pair : typicalPairs()) {
+    SCOPED_TRACE(pair.name);
+    const double whole = distanceBetween(pair.start, pair.end);
+    ConstProfilePtr last = pair.start;
+    for (int i = 1; i <= 200; ++i) {
+      const ConstProfilePtr next = morphed(pair.start, pair.end, i / 200.0);
+      EXPECT_LT(distanceBetween(last, next), 3 * whole / 200) << i;
+      last = next;
+    }
+    EXPECT_LT(distanceBetween(morphed(pair.start, pair.end, 1e-9), pair.start), 1e-8);
+    EXPECT_LT(distanceBetween(morphed(pair.start, pair.end, 1 - 1e-9), pair.end), 1e-8);
+  }
+}
+
+TEST(ThProfileMorpher, GrowsFilletsFromCorners) {
+  const ConstProfilePtr half = morphed(rectangle(4, 6), horseshoe(4, 2), 0.5);
+  // Floor, walls of 4 m, fillets of 2 m, and what is left of the roof.
+  const ConstProfilePtr expected = profileThrough(
+      {{-4, 0, 0}, {-4, 4, 0}, {-2, 6, 2}, {2, 6, 0}, {4, 4, 2}, {4, 0, 0}, {-4, 0, 0}});
+  ASSERT_EQ(half->getNumSegments(), expected->getNumSegments());
+  EXPECT_LT(distanceBetween(half, expected), kRounding);
+}
+
+/// Walls that lean by half a millimetre a metre are walls.
+TEST(ThProfileMorpher, TakesNearlyParallelLinesForParallel) {
+  const ConstProfilePtr rounded =
+      profileThrough({{-5, 0, 0}, {-5.001, 2, 0}, {0, 7, 5}, {5.001, 2, 5}, {5, 0, 0}, {-5, 0, 0}});
+  EXPECT_EQ(morphed(rectangle(4, 6), rounded, 0.5)->getNumSegments(), 6u);
+}
+
+TEST(ThProfileMorpher, TurnsAFlatInvertIntoACurvedOne) {
+  const ConstProfilePtr flat = rectangle(5, 4);
+  const ConstProfilePtr curved =
+      profileThrough({{-5, 0, 0}, {-5, 4, 0}, {5, 4, 0}, {5, 0, 0}, {-5, 0, 10}});
+  const ConstProfilePtr half = morphed(flat, curved, 0.5);
+  ASSERT_EQ(half->getNumSegments(), 4u);
+  // An arc over the same chord that turns by half of 60 degrees.
+  EXPECT_NEAR(half->getSegmentRadiusAt(3), 5 / std::sin(kPi / 12), kRounding);
+}
+
+TEST(ThProfileMorpher, KeepsBenchesAndNichesWhatTheyAre) {
+  // A low wide bench becomes a high narrow one, with straight edges all the way.
+  for (const double t : {0.1, 0.5, 0.9}) {
+    const ConstProfilePtr profile =
+        morphed(horseshoeWithBenches(6, 2, 2, 0.5), horseshoeWithBenches(7, 3, 0.7, 1.5), t);
+    const ConstProfilePtr expected = horseshoeWithBenches(6 + t, 2 + t, 2 - 1.3 * t, 0.5 + t);
+    ASSERT_EQ(profile->getNumSegments(), 9u);
+    EXPECT_LT(distanceBetween(profile, expected), kRounding);
+    // It begins at the image of the start's first node.
+    EXPECT_LT((profile->getSegmentStartAt(0) - expected->getSegmentStartAt(0)).length(), kRounding);
+  }
+  // So it does when its top has been rounded, by less than a thousandth of its length, or when the
+  // sections differ elsewhere.
+  const ConstProfilePtr low = horseshoeWithBenches(6, 2, 2, 0.5);
+  const ConstProfilePtr rounded = profileThrough({{-6.3, 0, 0},
+                                                  {-6.3, 1.5, 0},
+                                                  {-7, 1.5006, 0},
+                                                  {-7, 3, 0},
+                                                  {0, 10, 7},
+                                                  {7, 3, 7},
+                                                  {7, 1.5, 0},
+                                                  {6.3, 1.5, 0},
+                                                  {6.3, 0, 0},
+                                                  {-6.3, 0, 0}});
+  EXPECT_EQ(morphed(low, rounded, 0.5)->getNumSegments(), 9u);
+  const ConstProfilePtr boxy = profileThrough({{-6.3, 0, 0},
+                                               {-6.3, 1.5, 0},
+                                               {-7, 1.5, 0},
+                                               {-7, 8, 0},
+                                               {7, 8, 0},
+                                               {7, 1.5, 0},
+                                               {6.3, 1.5, 0},
+                                               {6.3, 0, 0},
+                                               {-6.3, 0, 0}});
+  const std::vector<ProfileSegment> half = segmentsOf(*morphed(low, boxy, 0.5));
+  ASSERT_EQ(half.size(), 10u);
+  EXPECT_LT((half[0].end - Point2D(-5.15, 1)).length(), kRounding);
+  EXPECT_LT((half[1].end - Point2D(-6.5, 1)).length(), kRounding);
+  // Niches and gutters become deeper, out of nothing too.
+  const auto floorWithGutter = [](double depth) {
+    return profileThrough({{-5, 0, 0},
+                           {-5, 4, 0},
+                           {5, 4, 0},
+                           {5, 0, 0},
+                           {1, 0, 0},
+                           {1, -depth, 0},
+                           {-1, -depth, 0},
+                           {-1, 0, 0},
+                           {-5, 0, 0}});
+  };
+  for (const double t : {0.01, 0.5, 0.99}) {
+    EXPECT_LT(distanceBetween(morphed(rectangle(5, 4), floorWithGutter(0.6), t),
+                              floorWithGutter(0.6 * t)),
+              1e-9);
+    const ConstProfilePtr niche = horseshoeWithNiche(5, 3, 2);
+    EXPECT_LT(distanceBetween(morphed(horseshoe(5, 3), niche, t), horseshoeWithNiche(5, 3, 2 * t)),
+              1e-9);
+    EXPECT_LT(distanceBetween(morphed(horseshoeWithNiche(5, 3, 1), niche, t),
+                              horseshoeWithNiche(5, 3, 1 + t)),
+              1e-9);
+  }
+}
+
+TEST(ThProfileMorpher, RollsAboutTheBase) {
+  const ProfilePtr upright = horseshoe(5, 2);
+  for (const double degrees : {-6.0, -0.7, 4.0, 7.0}) {
+    const double roll = degrees * kPi / 180;
+    const ProfilePtr rolled = moved(*upright, roll, 0, 0);
+    for (const double t : {0.25, 0.5}) {
+      EXPECT_LT(distanceBetween(morphed(upright, rolled, t), moved(*upright, t * roll, 0, 0)), 1e-9)
+          << degrees;
+    }
+  }
+}
+
+/// Random outlines with corners, arcs of both senses and dents, whose centre sees all of them.
+TEST(ThProfileMorpher, MorphsStarShapedProfilesWithoutCrossings) {
+  for (const double roughness : {0.1, 0.4}) {
+    for (std::uint64_t seed = 1; seed <= 200; ++seed) {
+      SCOPED_TRACE(testing::Message() << "roughness " << roughness << ", seed " << seed);
+      Random random(seed);
+      const ProfilePtr start = randomStar(random, roughness);
+      const ProfilePtr end = randomStar(random, roughness);
+      for (int i = 1; i < 8; ++i) {
+        const ConstProfilePtr profile = morphed(start, end, i / 8.0);
+        EXPECT_TRUE(isSound(*profile)) << i;
+        EXPECT_LT(areaOf(*profile), 0.0) << i;
+        const ConstProfilePtr back = morphed(end, start, 1 - i / 8.0);
+        EXPECT_NEAR(areaOf(*back), areaOf(*profile), 1e-9) << i;
+      }
+    }
+  }
+}
+
+TEST(ThProfileMorpher, MorphsADigitisedOutline) {
+  std::vector<ProfileNode> nodes;
+  const Csv file("profiles/digitised/maoliling_first_lining.csv");
+  for (const CsvRow& row : file.rows()) {
+    nodes.push_back({row.number("x"), row.number("y"), 0});
+  }
+  nodes.push_back(nodes.front());
+  const ProfilePtr digitised = profileThrough(nodes);
+  for (const double t : {0.2, 0.7}) {
+    const ConstProfilePtr profile = morphed(digitised, goldenProfile("cz_road_90_in"), t);
+    EXPECT_TRUE(isSound(*profile));
+  }
+}
+
+std::string messageOf(const ThProfileMorpher& morpher, double at) {
+  try {
+    morpher.getMorphedProfile(at);
+  } catch (const std::exception& error) {
+    return error.what();
+  }
+  return "";
+}
+
+TEST(ThProfileMorpher, ThrowsOnMisuseOnly) {
+  const double nan = std::nan("");
+  const double infinity = std::numeric_limits<double>::infinity();
+  const ConstProfilePtr profile = horseshoe(5, 2);
+  const char* notSet = "input profiles not set";
+  const char* noRange = "fromStationing must be less than toStationing";
+  const char* outside = "atStationing is out of range";
+  EXPECT_EQ(messageOf(ThProfileMorpher(nullptr, profile, 2, 1), 9), notSet);
+  EXPECT_EQ(messageOf(ThProfileMorpher(profile, nullptr, 1, 2), 1), notSet);
+  for (const auto& range : {std::make_pair(1.0, 1.0), {2.0, 1.0}, {nan, 1.0}, {1.0, nan}}) {
+    EXPECT_EQ(messageOf(ThProfileMorpher(profile, profile, range.first, range.second), 1), noRange);
+  }
+  const ThProfileMorpher morpher(profile, profile, 1, 2);
+  for (const double at : {0.9999, 2.0001, nan, infinity}) {
+    EXPECT_EQ(messageOf(morpher, at), outside);
+  }
+  EXPECT_EQ(messageOf(morpher, 1), "");
+  EXPECT_EQ(messageOf(morpher, 2), "");
+  // The widest range of all.
+  const double most = std::numeric_limits<double>::max();
+  EXPECT_LT(
+      distanceBetween(ThProfileMorpher(profile, rectangle(5, 9), -most, most).getMorphedProfile(0),
+                      morphed(profile, rectangle(5, 9), 0.5)),
+      kRounding);
+  EXPECT_FALSE(ThProfileMorpher(profile, profile, -infinity, 1).getMorphedProfile(0));
+}
+
+TEST(ThProfileMorpher, GivesNothingForWhatIsNoOutline) {
+  const ConstProfilePtr sound = horseshoe(5, 2);
+  const double nan = std::nan("");
+  const std::vector<ConstProfilePtr> unsound = {
+      ConstProfilePtr(new ThProfileDefinition),
+      profileThrough({{0, 0, 0}, {1, 0, 0}}),
+      profileThrough({{0, 0, 0}, {0, 5, 0}, {0, 0, 0}}),
+      profileThrough({{0, 0, 0}, {0, nan, 0}, {5, 5, 0}, {0, 0, 0}}),
+      profileThrough({{0, 0, 0}, {0, 5, 0}, {5, 5, 0}, {0, 0, HUGE_VAL}}),
+      profileThrough({{0, 0, 0}, {0, 5, 2.4}, {5, 5, 0}, {0, 0, 0}}),
+      profileThrough({{0, 0, 0}, {0, 1e200, 0}, {1e200, 0, 0}, {0, 0, 0}}),
+      profileThrough({{0, 0, 0}, {5, 5, 0}, {5, 0, 0}, {0, 8, 0}, {0, 0, 0}})};
+  for (std::size_t i = 0; i < unsound.size(); ++i) {
+    SCOPED_TRACE(i);
+    EXPECT_FALSE(morphedIfPossible(unsound[i], sound, 0.5));
+    EXPECT_FALSE(morphedIfPossible(sound, unsound[i], 0.5));
+  }
+}
+
+/// Nonsense gives nothing or something finite, and always soon.
+TEST(ThProfileMorpher, SurvivesNonsense) {
+  Random random(42);
+  const auto coordinate = [&random] {
+    const double special[] = {0, 1, 1, -3, 1e-12, 1e9, 1e100, 1e300, -1e300};
+    return random.index(4) == 0 ? special[random.index(9)] : random.uniform(-9, 9);
+  };
+  for (int i = 0; i < 3000; ++i) {
+    std::vector<ProfileNode> nodes[2];
+    for (std::vector<ProfileNode>& list : nodes) {
+      for (std::size_t n = 2 + random.index(7); n > 0; --n) {
+        list.push_back({coordinate(), coordinate(), random.index(2) == 0 ? 0 : coordinate() * 3});
+      }
+    }
+    const ConstProfilePtr profile = morphedIfPossible(
+        profileThrough(nodes[0]), profileThrough(nodes[1]), random.uniform(0.01, 0.99));
+    if (!profile) continue;
+    EXPECT_TRUE(std::isfinite(profile->getCircumference())) << i;
+  }
+}
+
+}  // namespace
