@@ -92,7 +92,7 @@ class CALCULATIONS_EXPORT PointDetermination {
   /// @}
 
   /// @name Settings
-  /// Setters of tolerances ignore negative and non-finite values.
+  /// Setters of tolerances ignore negative values and not-a-number.
   /// @{
 
   /// The least number of measurements (and of fix points) to search with, 3 by default; smaller

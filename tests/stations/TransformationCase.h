@@ -19,7 +19,6 @@ using Ruv::Calculations::PolarPoint;
 
 struct TransformationPoint {
   std::wstring id;
-  ENHPoint local;
   PolarPoint measured;
   bool isFixPoint = false;
   ENHPoint global;
@@ -31,7 +30,6 @@ struct TransformationCase {
     for (const CsvRow& row : pointRows.rows()) {
       TransformationPoint p;
       p.id = std::wstring(row.text("id").begin(), row.text("id").end());
-      p.local = {row.number("local_east"), row.number("local_north"), row.number("local_height")};
       p.measured = {row.number("horizontal_angle"), row.number("zenith_angle"),
                     row.number("slope_distance")};
       p.isFixPoint = row.has("global_east");
