@@ -4,10 +4,15 @@
 
 #include <cairo-svg.h>
 #include <cairo.h>
+#include <png.h>
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <fstream>
 #include <memory>
+#include <string_view>
 
 namespace Drawing {
 
@@ -74,24 +79,93 @@ cairo_status_t drawOn(cairo_surface_t* surface, const Sheet& sheet, double units
   return cairo_status(context.get());
 }
 
-cairo_status_t saveSvg(const Sheet& sheet, const std::string& path) {
-  const Surface surface(cairo_svg_surface_create(path.c_str(), sheet.width * kPointsPerMillimetre,
-                                                 sheet.height * kPointsPerMillimetre));
-  const cairo_status_t drawn = drawOn(surface.get(), sheet, kPointsPerMillimetre);
-  cairo_surface_finish(surface.get());
-  const cairo_status_t written = cairo_surface_status(surface.get());
-  return written != CAIRO_STATUS_SUCCESS ? written : drawn;
+cairo_status_t append(void* text, const unsigned char* bytes, unsigned int count) {
+  static_cast<std::string*>(text)->append(bytes, bytes + count);
+  return CAIRO_STATUS_SUCCESS;
 }
 
-cairo_status_t savePng(const Sheet& sheet, const std::string& path, double pixelsPerMillimetre) {
-  const auto pixels = [pixelsPerMillimetre](double millimetres) {
-    return static_cast<int>(std::lround(millimetres * pixelsPerMillimetre));
-  };
-  const Surface surface(
-      cairo_image_surface_create(CAIRO_FORMAT_RGB24, pixels(sheet.width), pixels(sheet.height)));
-  const cairo_status_t drawn = drawOn(surface.get(), sheet, pixelsPerMillimetre);
-  const cairo_status_t written = cairo_surface_write_to_png(surface.get(), path.c_str());
-  return written != CAIRO_STATUS_SUCCESS ? written : drawn;
+/// Cuts the decimals of all numbers in a text.
+void appendWithFewDecimals(std::string& result, std::string_view text) {
+  constexpr std::size_t kDecimals = 3;  // of a point or a millimetre; cairo writes six
+  std::size_t start = 0;
+  for (std::size_t point = text.find('.'); point < text.size(); point = text.find('.', start)) {
+    const std::size_t end = std::min(text.find_first_not_of("0123456789", point + 1), text.size());
+    result.append(text, start, std::min(end, point + 1 + kDecimals) - start);
+    start = end;
+  }
+  result.append(text, start);
+}
+
+/// A third smaller. Matrices stay as they are, since they multiply what they are applied to.
+std::string withFewDecimals(std::string_view svg) {
+  std::string result;
+  result.reserve(svg.size());
+  std::size_t start = 0;
+  for (std::size_t matrix = svg.find("matrix("); matrix < svg.size();
+       matrix = svg.find("matrix(", start)) {
+    appendWithFewDecimals(result, svg.substr(start, matrix - start));
+    start = std::min(svg.find(')', matrix), svg.size());
+    result.append(svg, matrix, start - matrix);
+  }
+  appendWithFewDecimals(result, svg.substr(start));
+  return result;
+}
+
+std::vector<png_byte> rgbBytesOf(cairo_surface_t* image) {
+  const auto columns = static_cast<std::size_t>(cairo_image_surface_get_width(image));
+  const auto rows = static_cast<std::size_t>(cairo_image_surface_get_height(image));
+  const auto stride = static_cast<std::size_t>(cairo_image_surface_get_stride(image));
+  const unsigned char* data = cairo_image_surface_get_data(image);
+  std::vector<png_byte> bytes;
+  bytes.reserve(3 * columns * rows);
+  for (std::size_t i = 0; i < columns * rows; ++i) {
+    std::uint32_t pixel = 0;
+    std::memcpy(&pixel, data + i / columns * stride + i % columns * sizeof pixel, sizeof pixel);
+    for (const unsigned shift : {16U, 8U, 0U}) {
+      bytes.push_back(static_cast<png_byte>(pixel >> shift & 0xFFU));
+    }
+  }
+  return bytes;
+}
+
+/// Without the filters that cairo's own writer tries: on line drawings they cost three quarters of
+/// the time and save nothing.
+/// @return why it could not be written; empty on success
+std::string writePng(cairo_surface_t* image, const std::string& path) {
+  png_image png{};
+  png.version = PNG_IMAGE_VERSION;
+  png.width = static_cast<png_uint_32>(cairo_image_surface_get_width(image));
+  png.height = static_cast<png_uint_32>(cairo_image_surface_get_height(image));
+  png.format = PNG_FORMAT_RGB;
+  png.flags = PNG_IMAGE_FLAG_FAST;
+  const std::vector<png_byte> bytes = rgbBytesOf(image);
+  if (png_image_write_to_file(&png, path.c_str(), 0, bytes.data(), 0, nullptr) != 0) return {};
+  return path + ": " + static_cast<const char*>(png.message);
+}
+
+std::uint32_t pixelOf(const std::optional<Colour>& colour) {
+  if (!colour) return 0;
+  std::uint32_t pixel = 0xFF;  // opaque
+  for (const double component : {colour->red, colour->green, colour->blue}) {
+    const double level = std::clamp(255.0 * component, 0.0, 255.0);
+    pixel = pixel << 8U | static_cast<std::uint32_t>(std::lround(level));
+  }
+  return pixel;
+}
+
+Surface imageOf(const Raster& raster) {
+  const int rows = static_cast<int>(raster.cells.size()) / raster.columns;
+  Surface image(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, raster.columns, rows));
+  if (cairo_surface_status(image.get()) != CAIRO_STATUS_SUCCESS) return image;
+  unsigned char* bytes = cairo_image_surface_get_data(image.get());
+  const auto stride = static_cast<std::size_t>(cairo_image_surface_get_stride(image.get()));
+  const auto columns = static_cast<std::size_t>(raster.columns);
+  for (std::size_t i = 0; i < columns * static_cast<std::size_t>(rows); ++i) {
+    const std::uint32_t pixel = pixelOf(raster.cells[i]);
+    std::memcpy(bytes + i / columns * stride + i % columns * sizeof pixel, &pixel, sizeof pixel);
+  }
+  cairo_surface_mark_dirty(image.get());
+  return image;
 }
 
 }  // namespace
@@ -127,6 +201,29 @@ void Canvas::polygon(const std::vector<Point>& points, const Colour& fill) {
   cairo_fill(m_surface);
 }
 
+void Canvas::hatch(const std::vector<Point>& points, double spacing, double angle, const Pen& pen) {
+  if (points.empty()) return;
+  const Point along{std::cos(angle), std::sin(angle)};
+  const Point across = rightOf(along);
+  double reach = 0.0;  // from the first point
+  for (const Point& point : points) {
+    reach = std::max(reach, length(point - points.front()));
+  }
+  cairo_save(m_surface);
+  cairo_new_path(m_surface);
+  for (const Point& point : points) {
+    cairo_line_to(m_surface, point.x, point.y);
+  }
+  cairo_clip(m_surface);
+  const double middle = across.x * points.front().x + across.y * points.front().y;
+  const double onLine = along.x * points.front().x + along.y * points.front().y;
+  for (const double distance : multiplesWithin(middle - reach, middle + reach, spacing)) {
+    const Point foot = across * distance + along * onLine;
+    line(foot - along * reach, foot + along * reach, pen);
+  }
+  cairo_restore(m_surface);
+}
+
 void Canvas::rectangle(const Box& box, const Pen& pen) {
   cairo_new_path(m_surface);
   cairo_rectangle(m_surface, box.left, box.top, box.width(), box.height());
@@ -146,6 +243,19 @@ void Canvas::circle(const Point& centre, double radius, const Pen& pen, const Co
   setColour(inside);
   cairo_fill_preserve(m_surface);
   stroke(pen);
+}
+
+void Canvas::raster(const Box& box, const Raster& raster) {
+  if (raster.columns <= 0 || raster.cells.empty()) return;
+  const Surface image = imageOf(raster);
+  cairo_save(m_surface);
+  cairo_translate(m_surface, box.left, box.top);
+  cairo_scale(m_surface, box.width() / cairo_image_surface_get_width(image.get()),
+              box.height() / cairo_image_surface_get_height(image.get()));
+  cairo_set_source_surface(m_surface, image.get(), 0.0, 0.0);
+  cairo_pattern_set_filter(cairo_get_source(m_surface), CAIRO_FILTER_NEAREST);
+  cairo_paint(m_surface);
+  cairo_restore(m_surface);
 }
 
 void Canvas::selectFont(const TextStyle& style) {
@@ -207,13 +317,34 @@ void Canvas::clipped(const Box& box, const std::function<void()>& draw) {
 }
 
 std::string saveSheet(const Sheet& sheet, const std::string& path, double pixelsPerMillimetre) {
-  const std::string svg = path + ".svg";
-  const std::string png = path + ".png";
-  cairo_status_t status = saveSvg(sheet, svg);
-  if (status != CAIRO_STATUS_SUCCESS) return svg + ": " + cairo_status_to_string(status);
-  status = savePng(sheet, png, pixelsPerMillimetre);
-  if (status != CAIRO_STATUS_SUCCESS) return png + ": " + cairo_status_to_string(status);
-  return {};
+  const std::string svg = svgOf(sheet);
+  if (svg.empty()) return path + ".svg: cannot be drawn";
+  std::ofstream file(path + ".svg", std::ios::binary);
+  file << svg;
+  file.close();
+  if (!file) return path + ".svg: cannot be written";
+  return savePng(sheet, path + ".png", pixelsPerMillimetre);
+}
+
+std::string savePng(const Sheet& sheet, const std::string& path, double pixelsPerMillimetre) {
+  const auto pixels = [pixelsPerMillimetre](double millimetres) {
+    return static_cast<int>(std::lround(millimetres * pixelsPerMillimetre));
+  };
+  const Surface surface(
+      cairo_image_surface_create(CAIRO_FORMAT_RGB24, pixels(sheet.width), pixels(sheet.height)));
+  const cairo_status_t status = drawOn(surface.get(), sheet, pixelsPerMillimetre);
+  if (status != CAIRO_STATUS_SUCCESS) return path + ": " + cairo_status_to_string(status);
+  cairo_surface_flush(surface.get());
+  return writePng(surface.get(), path);
+}
+
+std::string svgOf(const Sheet& sheet) {
+  std::string text;
+  const Surface surface(cairo_svg_surface_create_for_stream(
+      append, &text, sheet.width * kPointsPerMillimetre, sheet.height * kPointsPerMillimetre));
+  const cairo_status_t drawn = drawOn(surface.get(), sheet, kPointsPerMillimetre);
+  cairo_surface_finish(surface.get());
+  return drawn == CAIRO_STATUS_SUCCESS ? withFewDecimals(text) : std::string();
 }
 
 }  // namespace Drawing

@@ -7,6 +7,7 @@
 #include "drawing/Geometry.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,12 @@ struct TextStyle {
   bool halo = false;                ///< white behind the letters, to be read across lines
 };
 
+/// Cells of one size, row by row from the upper left corner. One without a colour stays as it is.
+struct Raster {
+  int columns = 0;
+  std::vector<std::optional<Colour>> cells;
+};
+
 /// Draws on a page in millimetres.
 class Canvas {
  public:
@@ -48,10 +55,14 @@ class Canvas {
   void line(const Point& from, const Point& to, const Pen& pen);
   void polyline(const std::vector<Point>& points, const Pen& pen);
   void polygon(const std::vector<Point>& points, const Colour& fill);
+  /// Parallel lines inside a polygon, in step with those of other polygons.
+  /// @param angle of the lines, clockwise on the page (rad)
+  void hatch(const std::vector<Point>& points, double spacing, double angle, const Pen& pen);
   void rectangle(const Box& box, const Pen& pen);
   void fill(const Box& box, const Colour& colour);
   /// A ring filled with a colour.
   void circle(const Point& centre, double radius, const Pen& pen, const Colour& inside);
+  void raster(const Box& box, const Raster& raster);
   /// UTF-8; bytes that are none are shown as '?'.
   void text(const Point& at, const std::string& words, const TextStyle& style);
 
@@ -81,6 +92,12 @@ struct Sheet {
 /// @param pixelsPerMillimetre of the PNG
 /// @return why it could not be written; empty on success
 std::string saveSheet(const Sheet& sheet, const std::string& path, double pixelsPerMillimetre);
+
+/// The PNG alone, at the path as it is given.
+std::string savePng(const Sheet& sheet, const std::string& path, double pixelsPerMillimetre);
+
+/// The picture as the text of an SVG file; empty when it cannot be drawn.
+std::string svgOf(const Sheet& sheet);
 
 }  // namespace Drawing
 

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 namespace Drawing {
 
@@ -87,6 +88,15 @@ class GridLabels {
   LabelPlacer m_placer;
 };
 
+/// With the decimals it has, at most two.
+std::string shortest(double value) {
+  int decimals = 0;
+  for (double rest = value; decimals < 2 && rest != std::floor(rest); rest *= 10.0) {
+    ++decimals;
+  }
+  return fixed(value, decimals);
+}
+
 }  // namespace
 
 void drawLegend(Canvas& canvas, const Box& box, const std::vector<LegendEntry>& entries,
@@ -129,7 +139,7 @@ void drawScaleBar(Canvas& canvas, const Point& middle, double longest, double mi
   const std::string unit = " " + unitName;
   for (const int i : {0, kParts / 2, kParts}) {
     const double value = total * i / kParts;
-    const std::string number = fixed(value, value == std::floor(value) ? 0 : 1);
+    const std::string number = shortest(value);
     canvas.text({left + i * part, middle.y - 1.0}, i == kParts ? number + unit : number, label);
   }
 }
@@ -148,6 +158,64 @@ void drawNorthArrow(Canvas& canvas, const Point& centre, const Point& northOnPag
   letter.horizontal = Align::Middle;
   letter.vertical = Align::Middle;
   canvas.text(tip + north * (0.75 * style.size), "N", letter);
+}
+
+void drawDimension(Canvas& canvas, const Point& from, const Point& to, double aside,
+                   const std::string& words, const TextStyle& style) {
+  constexpr double kPastLine = 1.2;
+  constexpr double kArrowLength = 2.2;
+  constexpr double kArrowWidth = 0.7;
+  const Pen pen{style.colour, 0.18, {}};
+  const Point along = unit(to - from);
+  const Point out = rightOf(along) * (aside < 0.0 ? -1.0 : 1.0);
+  const double distance = std::abs(aside);
+  for (const Point& end : {from, to}) {
+    canvas.line(end + out * kPastLine, end + out * (distance + kPastLine), pen);
+  }
+  const Point start = from + out * distance;
+  const Point end = to + out * distance;
+  canvas.line(start, end, pen);
+  for (const auto& [tip, inward] : {std::pair{start, along}, std::pair{end, along * -1.0}}) {
+    const Point back = tip + inward * kArrowLength;
+    const Point side = rightOf(inward) * (kArrowWidth / 2.0);
+    canvas.polygon({tip, back - side, back + side}, style.colour);
+  }
+  TextStyle above = style;
+  above.horizontal = Align::Middle;
+  above.vertical = Align::End;
+  const bool isUpright = std::abs(along.x) < std::abs(along.y);
+  above.angle = isUpright ? -kQuarterTurn : std::atan2(along.y, along.x);
+  if (std::cos(above.angle) < 0.0) above.angle += 2.0 * kQuarterTurn;
+  const Point up{std::sin(above.angle), -std::cos(above.angle)};
+  canvas.text((start + end) * 0.5 + up * 0.8, words, above);
+}
+
+const Colour& ColourScale::colourOf(double value) const {
+  const auto above = std::upper_bound(limits.begin() + 1, limits.end() - 1, value);
+  return colours[static_cast<std::size_t>(above - limits.begin()) - 1];
+}
+
+void drawColourBar(Canvas& canvas, const Box& box, const ColourScale& scale, int decimals,
+                   const TextStyle& style) {
+  const double width = box.width() / static_cast<double>(scale.colours.size());
+  for (std::size_t i = 0; i < scale.colours.size(); ++i) {
+    const double left = box.left + width * static_cast<double>(i);
+    canvas.fill({left, box.top, left + width, box.bottom}, scale.colours[i]);
+  }
+  canvas.rectangle(box, {kInk, 0.2, {}});
+  TextStyle label = style;
+  label.horizontal = Align::Middle;
+  label.vertical = Align::Start;
+  double free = -1e300;  // to the right of the last label
+  for (std::size_t i = 0; i < scale.limits.size(); ++i) {
+    const double x = box.left + width * static_cast<double>(i);
+    canvas.line({x, box.bottom}, {x, box.bottom + 0.8}, {kInk, 0.2, {}});
+    const std::string words = signedFixed(scale.limits[i], decimals);
+    const double half = canvas.textWidth(words, label) / 2.0;
+    if (x - half < free) continue;
+    canvas.text({x, box.bottom + 1.5}, words, label);
+    free = x + half + 1.0;
+  }
 }
 
 void drawCoordinateGrid(Canvas& canvas, const WorldMapping& mapping, const Box& frame, double step,

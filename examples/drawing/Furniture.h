@@ -1,5 +1,5 @@
 /// @file
-/// What every map or diagram carries: grid, scale bar, north arrow, legend.
+/// What maps and diagrams carry: grid, scale bar, north arrow, dimensions, legend, colour bar.
 
 #ifndef CALCULATIONS_EXAMPLES_DRAWING_FURNITURE_H
 #define CALCULATIONS_EXAMPLES_DRAWING_FURNITURE_H
@@ -30,6 +30,24 @@ void drawScaleBar(Canvas& canvas, const Point& middle, double longest, double mi
 /// An arrow that points to where north is on the page. Needs a square of 1.6 times its size.
 void drawNorthArrow(Canvas& canvas, const Point& centre, const Point& northOnPage, double size,
                     const TextStyle& style);
+
+/// The distance of two points as a dimension line beside them, with extension lines and arrows.
+/// @param aside from the points to the dimension line, to the right of the way between them (mm)
+void drawDimension(Canvas& canvas, const Point& from, const Point& to, double aside,
+                   const std::string& words, const TextStyle& style);
+
+/// Classes of a quantity between ascending limits, one colour each.
+struct ColourScale {
+  std::vector<double> limits;
+  std::vector<Colour> colours;  ///< one fewer than limits
+
+  /// Beyond the limits: that of the nearest class.
+  const Colour& colourOf(double value) const;
+};
+
+/// The classes beside each other from the left, and their limits below.
+void drawColourBar(Canvas& canvas, const Box& box, const ColourScale& scale, int decimals,
+                   const TextStyle& style);
 
 /// Crosses at the multiples of a step inside the frame, and the coordinates written outside it
 /// where grid lines meet it. The placer keeps those labels apart.

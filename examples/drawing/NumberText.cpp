@@ -39,6 +39,14 @@ std::string signedFixed(double value, int decimals) {
   return number;
 }
 
+std::string fixedOrDash(double value, int decimals) {
+  return std::isfinite(value) ? fixed(value, decimals) : "-";
+}
+
+std::string signedFixedOrDash(double value, int decimals) {
+  return std::isfinite(value) ? signedFixed(value, decimals) : "-";
+}
+
 std::string scientific(double value, int decimals) {
   return written(value, std::chars_format::scientific, decimals);
 }

@@ -14,6 +14,12 @@ std::string fixed(double value, int decimals);
 /// As fixed, with a sign unless it is zero: "+3.160".
 std::string signedFixed(double value, int decimals);
 
+/// @name For tables: "-" for what is no finite number
+/// @{
+std::string fixedOrDash(double value, int decimals);
+std::string signedFixedOrDash(double value, int decimals);
+/// @}
+
 /// One digit before the point and an exponent: "1.9e-09".
 std::string scientific(double value, int decimals);
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <iterator>
 #include <sstream>
+#include <utility>
 
 namespace TunnelSurvey {
 
@@ -48,11 +49,34 @@ Outcome<double> CsvRow::number(const std::string& column) const {
   return Outcome<double>::success(*number);
 }
 
+Outcome<std::vector<double>> CsvRow::numbers(const std::vector<std::string>& columns) const {
+  std::vector<double> numbers;
+  for (const std::string& column : columns) {
+    const auto next = number(column);
+    if (!next.value) return Outcome<std::vector<double>>::failure(next.error);
+    numbers.push_back(*next.value);
+  }
+  return Outcome<std::vector<double>>::success(std::move(numbers));
+}
+
+std::string csvCell(const std::string& text) {
+  std::string cell = "\"";
+  for (const char letter : text) {
+    if (letter == '"' || letter == '\\') cell += '\\';
+    cell += letter;
+  }
+  return text.find_first_of(",\"\\") == std::string::npos ? text : cell + '"';
+}
+
+bool CsvTable::hasColumn(const std::string& name) const {
+  return std::find(m_columns.begin(), m_columns.end(), name) != m_columns.end();
+}
+
 bool CsvTable::readHeader(const std::string& line, int number,
                           const std::vector<std::string>& required) {
   m_columns = cellsOf(line);
   for (const std::string& column : required) {
-    if (std::find(m_columns.begin(), m_columns.end(), column) == m_columns.end()) {
+    if (!hasColumn(column)) {
       m_error = {number, "the header line has no column " + column};
       return false;
     }

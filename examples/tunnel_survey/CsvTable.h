@@ -21,12 +21,17 @@ class CsvRow {
   int line() const { return m_line; }
   Outcome<std::string> text(const std::string& column) const;
   Outcome<double> number(const std::string& column) const;
+  /// In the order of the columns; else the first reason why one is none.
+  Outcome<std::vector<double>> numbers(const std::vector<std::string>& columns) const;
 
  private:
   const std::vector<std::string>* m_columns;
   std::vector<std::string> m_cells;
   int m_line;
 };
+
+/// A cell to be written, in double quotes where it needs them.
+std::string csvCell(const std::string& text);
 
 /// Not copyable: its rows refer to its header.
 class CsvTable {
@@ -39,6 +44,7 @@ class CsvTable {
   /// @return false when there is no header line or a column is missing; error() tells which
   bool read(const std::string& text, const std::vector<std::string>& requiredColumns);
 
+  bool hasColumn(const std::string& name) const;
   const Remark& error() const { return m_error; }
   const std::vector<CsvRow>& rows() const { return m_rows; }
   /// Lines that cannot be split into cells.

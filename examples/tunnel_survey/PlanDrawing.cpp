@@ -34,6 +34,7 @@ constexpr int kMostStrips = 2;
 constexpr double kFrameMargin = 5.5;     // for the coordinates outside the frame
 constexpr double kContentMargin = 17.0;  // for labels between the axis and the frame
 constexpr double kAxisWidth = 0.75;
+constexpr double kBandWidth = 3.2;
 constexpr double kSampleDistance = 0.4;  // between points of a curve on the page
 constexpr double kSmallestLabelSpacing = 16.0;
 constexpr double kGridSpacing = 35.0;
@@ -163,6 +164,7 @@ class PlanStripDrawing {
     drawCoordinateGrid(m_canvas, m_strip.mapping, m_strip.frame,
                        Drawing::niceStep(kGridSpacing * m_metresPerMillimetre), gridText);
     m_canvas.clipped(m_strip.frame, [this] {
+      drawSections();
       drawNeighbours();
       drawElements();
     });
@@ -205,6 +207,15 @@ class PlanStripDrawing {
       m_canvas.polyline(onPage({all.from, m_strip.range.from}), pen);
     }
     if (m_strip.range.to < all.to) m_canvas.polyline(onPage({m_strip.range.to, all.to}), pen);
+  }
+
+  /// A band below the axis where the tunnel is compared with its design.
+  void drawSections() {
+    if (!m_picture.sections) return;
+    const double reach = 0.5 * m_metresPerMillimetre;  // so that a single section is seen
+    const StationRange part{std::max(m_picture.sections->from - reach, m_strip.range.from),
+                            std::min(m_picture.sections->to + reach, m_strip.range.to)};
+    if (part.from < part.to) m_canvas.polyline(onPage(part), {Style::kSections, kBandWidth, {}});
   }
 
   std::vector<AxisElement> visibleElements() const {
@@ -413,11 +424,10 @@ class PlanStripDrawing {
   LabelPlacer m_labels;
 };
 
-std::vector<Drawing::LegendEntry> legend(bool withPoints) {
-  const auto lineSample = [](const Drawing::Colour& colour) {
-    return [colour](Canvas& canvas, const Box& box) {
-      canvas.line({box.left, box.centre().y}, {box.right, box.centre().y},
-                  {colour, kAxisWidth, {}});
+std::vector<Drawing::LegendEntry> legend(const SurveyPicture& picture) {
+  const auto lineSample = [](const Drawing::Colour& colour, double width = kAxisWidth) {
+    return [colour, width](Canvas& canvas, const Box& box) {
+      canvas.line({box.left, box.centre().y}, {box.right, box.centre().y}, {colour, width, {}});
     };
   };
   const auto endSample = [](Canvas& canvas, const Box& box) {
@@ -434,7 +444,10 @@ std::vector<Drawing::LegendEntry> legend(bool withPoints) {
       {lineSample(Style::kArc), "arc, radius R in m"},
       {lineSample(Style::kClothoid), "clothoid, parameter A in m"},
       {endSample, "change of element"}};
-  if (withPoints) entries.push_back({pointSample, "surveyed point"});
+  if (!picture.points.empty()) entries.push_back({pointSample, "surveyed point"});
+  if (picture.sections) {
+    entries.push_back({lineSample(Style::kSections, kBandWidth), "compared cross-sections"});
+  }
   return entries;
 }
 
@@ -453,7 +466,7 @@ Sheet planSheet(const SurveyPicture& picture) {
                    {"Plan of axis " + picture.name,
                     {"Scale " + scaleText(layout.scale) + " on A3; coordinates in m",
                      "Source: " + picture.source},
-                    legend(!picture.points.empty()),
+                    legend(picture),
                     layout.millimetresPerMetre()});
   };
   return sheet;

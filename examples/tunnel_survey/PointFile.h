@@ -5,10 +5,13 @@
 #define CALCULATIONS_EXAMPLES_TUNNEL_SURVEY_POINT_FILE_H
 
 #include "tunnel_survey/AlignmentModel.h"
+#include "tunnel_survey/CsvTable.h"
 
 #include <Calculations/Calculations.h>
 
+#include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace TunnelSurvey {
@@ -35,8 +38,32 @@ struct PointFile {
   std::vector<Remark> rejected;
 };
 
+/// A point of each row, or a remark on it; the remarks in the order of their lines.
+template <class P>
+Outcome<PointFile<P>> readPoints(const std::string& text, const std::vector<std::string>& columns,
+                                 Outcome<P> (*pointOf)(const CsvRow&)) {
+  CsvTable table;
+  if (!table.read(text, columns)) return Outcome<PointFile<P>>::failure(table.error());
+  PointFile<P> file;
+  file.rejected = table.unreadable();
+  for (const CsvRow& row : table.rows()) {
+    auto point = pointOf(row);
+    if (point.value) {
+      file.points.push_back(*point.value);
+    } else {
+      file.rejected.push_back(point.error);
+    }
+  }
+  std::sort(file.rejected.begin(), file.rejected.end(),
+            [](const Remark& a, const Remark& b) { return a.line < b.line; });
+  return Outcome<PointFile<P>>::success(std::move(file));
+}
+
 /// Columns id, east, north, height.
 Outcome<PointFile<SurveyedPoint>> readSurveyedPoints(const std::string& text);
+
+/// Columns east, north, height.
+Outcome<PointFile<SurveyedPoint>> readScannedPoints(const std::string& text);
 
 /// Columns station, offset, height_above_axis, east, north, height (m) and azimuth (rad).
 Outcome<PointFile<CheckPoint>> readCheckPoints(const std::string& text);
@@ -49,6 +76,10 @@ struct ConvertedPoint {
 
 /// Converts to stationing, offset and height above the axis. Points without a foot on the axis,
 /// or farther beside it than the largest offset, are rejected.
+Outcome<ConvertedPoint> convertPoint(const Ruv::Calculations::AxisCalculator& calculator,
+                                     const SurveyedPoint& point, double largestOffset);
+
+/// The same for many.
 PointFile<ConvertedPoint> convertPoints(const Ruv::Calculations::AxisCalculator& calculator,
                                         const std::vector<SurveyedPoint>& points,
                                         double largestOffset);

@@ -110,6 +110,16 @@ const std::vector<double>& usualScales() {
   return scales;
 }
 
+double largestUsualScale(double millimetresPerMetre) {
+  for (const double large : {10.0, 20.0, 25.0, 50.0, 75.0}) {
+    if (1000.0 / large <= millimetresPerMetre) return large;
+  }
+  const auto found = std::find_if(
+      usualScales().begin(), usualScales().end(),
+      [millimetresPerMetre](double scale) { return 1000.0 / scale <= millimetresPerMetre; });
+  return found == usualScales().end() ? usualScales().back() : *found;
+}
+
 std::string scaleText(double denominator) { return "1:" + Drawing::grouped(denominator); }
 
 namespace Style {
@@ -158,10 +168,13 @@ void drawTitleBlock(Canvas& canvas, const Sheet& sheet, const TitleBlock& block)
                 style);
   }
 
-  const double barLeft = box.left + 0.47 * box.width();
-  drawScaleBar(canvas, {barLeft, box.centre().y + 2.0}, 60.0, block.millimetresPerMetre, "m",
-               Style::text(Style::kTextSize, Style::kInk, Align::Middle, Align::End));
-  const Box legend{box.left + 0.60 * box.width(), inner.top - 1.5, inner.right, inner.bottom + 2.0};
+  const double barMiddle = box.left + 0.47 * box.width();
+  if (block.millimetresPerMetre > 0.0) {
+    drawScaleBar(canvas, {barMiddle, box.centre().y + 2.0}, 0.15 * box.width(),
+                 block.millimetresPerMetre, "m",
+                 Style::text(Style::kTextSize, Style::kInk, Align::Middle, Align::End));
+  }
+  const Box legend{box.left + 0.60 * box.width(), inner.top - 1.5, inner.right, inner.bottom + 2.5};
   drawLegend(canvas, legend, block.legend,
              Style::text(Style::kTextSize, Style::kInk, Align::Start, Align::Middle));
 }

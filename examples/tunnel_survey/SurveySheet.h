@@ -11,18 +11,11 @@
 
 #include <Calculations/Calculations.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace TunnelSurvey {
-
-/// What is drawn.
-struct SurveyPicture {
-  boost::shared_ptr<const Ruv::Calculations::AxisDefinition> axis;
-  std::vector<ConvertedPoint> points;
-  std::string name;    ///< of the alignment
-  std::string source;  ///< the file it comes from
-};
 
 /// A horizontal element as far as the axis has heights.
 struct AxisElement {
@@ -41,6 +34,15 @@ struct StationRange {
   double length() const { return to - from; }
 };
 
+/// What is drawn.
+struct SurveyPicture {
+  boost::shared_ptr<const Ruv::Calculations::AxisDefinition> axis;
+  std::vector<ConvertedPoint> points;
+  std::string name;                      ///< of the alignment
+  std::string source;                    ///< the file it comes from
+  std::optional<StationRange> sections;  ///< where the tunnel is compared with its design
+};
+
 /// Stations at equal distances, near to the step, from one end to the other; at most 2000 parts.
 std::vector<double> evenStations(const StationRange& range, double step);
 
@@ -54,6 +56,8 @@ std::vector<StationRange> equalStrips(const Ruv::Calculations::AxisDefinition& a
 
 /// Usual denominators of scales, ascending: 100, 200, 250, 500, 1000 ...
 const std::vector<double>& usualScales();
+/// The largest usual scale, from 1:10 on, that gives a metre no more millimetres than these.
+double largestUsualScale(double millimetresPerMetre);
 /// "1:5 000"
 std::string scaleText(double denominator);
 
@@ -67,6 +71,7 @@ constexpr Drawing::Colour kStraight{0.20, 0.24, 0.29};
 constexpr Drawing::Colour kArc{0.70, 0.27, 0.16};
 constexpr Drawing::Colour kClothoid{0.10, 0.45, 0.62};
 constexpr Drawing::Colour kSurveyed{0.16, 0.49, 0.27};
+constexpr Drawing::Colour kSections{1.00, 0.84, 0.45};
 
 constexpr double kTextSize = 2.9;
 constexpr double kSmallTextSize = 2.6;
@@ -85,7 +90,7 @@ struct TitleBlock {
   std::string title;
   std::vector<std::string> lines;
   std::vector<Drawing::LegendEntry> legend;
-  double millimetresPerMetre = 1.0;
+  double millimetresPerMetre = 1.0;  ///< 0: no scale bar
 };
 
 void drawTitleBlock(Drawing::Canvas& canvas, const Drawing::Sheet& sheet, const TitleBlock& block);

@@ -1,0 +1,156 @@
+#include "tunnel_survey/SectionComparison.h"
+
+#include <boost/make_shared.hpp>
+
+#include <algorithm>
+#include <cmath>
+
+namespace TunnelSurvey {
+
+namespace {
+
+using Ruv::Calculations::FittingMethod;
+using Ruv::Calculations::GeologicalOverProfileMethod;
+using Ruv::Calculations::MeasuredProfile;
+using Ruv::Calculations::MeasuredProfileCalculator;
+using Ruv::Calculations::Point2D;
+
+boost::shared_ptr<const MeasuredProfile> measuredProfile(const std::vector<Point2D>& points) {
+  const auto profile = boost::make_shared<MeasuredProfile>();
+  for (const Point2D& point : points) {
+    profile->addPoint(point);
+  }
+  return profile;
+}
+
+/// The shorter way round a closed profile, clockwise positive.
+double wayBetween(double from, double to, double circumference) {
+  return std::remainder(to - from, circumference);
+}
+
+/// Parts of at most 10 cm.
+int partsOf(double way) {
+  constexpr double kStep = 0.1;
+  constexpr double kMost = 1e6;
+  const double parts = std::floor(std::abs(way) / kStep) + 1.0;
+  return parts < kMost ? static_cast<int>(parts) : 1;
+}
+
+/// The points, and between neighbours others 10 cm apart whose distances from the design run
+/// linearly with the derolment.
+std::vector<Point2D> outlineAlongDesign(const std::vector<Point2D>& points,
+                                        const DesignProfile& design) {
+  const double circumference = design.circumference();
+  const auto deviations = design.calculator().calculateProfilePoints(points);
+  std::vector<Point2D> outline;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    const Deviation& here = deviations[i];
+    const Deviation& next = deviations[(i + 1) % points.size()];
+    outline.push_back(points[i]);
+    const double way = wayBetween(here.derolment, next.derolment, circumference);
+    const int parts = partsOf(way);
+    for (int part = 1; part < parts; ++part) {
+      const double share = static_cast<double>(part) / parts;
+      const double derolment = here.derolment + way * share;
+      const double distance = here.distance + (next.distance - here.distance) * share;
+      const Point2D foot = design.calculator().calcPointOnProfileAtDerolment(derolment);
+      outline.push_back(design.calculator().applyRadialOffset(foot, distance));
+    }
+  }
+  return outline;
+}
+
+void setFilters(MeasuredProfileCalculator& calculator, const ComparisonRule& rule) {
+  if (rule.excludeAbove) calculator.setFilterExcludeAbove(*rule.excludeAbove);
+  if (rule.excludeBelow) calculator.setFilterExcludeBelow(*rule.excludeBelow);
+}
+
+void takeDeviation(SectionResult& result, const Extreme& extreme) {
+  const double distance = extreme.deviation.distance;
+  result.deviations.push_back(extreme.deviation);
+  if (distance > (result.largestOver ? result.largestOver->deviation.distance : 0.0)) {
+    result.largestOver = extreme;
+  }
+  if (distance < (result.largestUnder ? result.largestUnder->deviation.distance : 0.0)) {
+    result.largestUnder = extreme;
+  }
+}
+
+/// Everything that rests on the measured points themselves.
+void comparePoints(SectionResult& result, const DesignProfile& design, const ComparisonRule& rule) {
+  const std::vector<Point2D>& points = result.section.points;
+  MeasuredProfileCalculator calculator(design.definition(), measuredProfile(points));
+  setFilters(calculator, rule);
+  const auto deviations = calculator.calculateProfilePoints(points);
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    if (!calculator.isInFilteredArea(points[i])) takeDeviation(result, {points[i], deviations[i]});
+  }
+  result.circle = calculator.leastSquarePointOfComparisonProfile(FittingMethod::CircleLandau);
+  result.ellipse =
+      calculator.leastSquarePointOfComparisonProfile(FittingMethod::EllipseFitzgibbonIterative);
+}
+
+/// Everything that rests on the outline through them.
+void compareAreas(SectionResult& result, const DesignProfile& design, const ComparisonRule& rule) {
+  MeasuredProfileCalculator calculator(design.definition(), measuredProfile(result.outline));
+  setFilters(calculator, rule);
+  result.designArea = calculator.referenceArea();
+  result.measuredArea = calculator.comparisonArea();
+  result.overArea = calculator.overProfileArea();
+  result.underArea = calculator.underProfileArea();
+  result.under = calculator.underProfileAreaPathes();
+  result.comparedOutline = calculator.comparisonCircumferenceLines(false);
+  if (!rule.geology) {
+    result.over = calculator.overProfileAreaPathes();
+    return;
+  }
+  const double beyond = rule.geology->beyond;
+  const double from = rule.geology->from.value_or(0.0);
+  const auto method = rule.geology->method();
+  result.geologicalArea = calculator.geologicalOverProfileArea(method, beyond, from);
+  auto parts = calculator.overProfileDividedByGeologicalAreaPathes(method, beyond, from);
+  result.geological = std::move(parts.first);
+  result.over = std::move(parts.second);
+}
+
+}  // namespace
+
+GeologicalOverProfileMethod::Method GeologyRule::method() const {
+  if (!from) return GeologicalOverProfileMethod::GeologicalBeyondLimitOnly;
+  return *from > 0.0 ? GeologicalOverProfileMethod::GeologicalBandBetweenLimits
+                     : GeologicalOverProfileMethod::GeologicalBandFromReference;
+}
+
+SectionResult compareWithDesign(const MeasuredSection& section, const DesignProfile& design,
+                                const ComparisonRule& rule) {
+  SectionResult result;
+  result.section = section;
+  result.outline = rule.followDesign ? outlineAlongDesign(section.points, design) : section.points;
+  comparePoints(result, design, rule);
+  compareAreas(result, design, rule);
+  return result;
+}
+
+std::optional<Volumes> volumesOf(const std::vector<SectionResult>& sections,
+                                 const std::function<double(double, double)>& lengthBetween) {
+  const auto hasStation = [](const SectionResult& result) {
+    return result.section.station.has_value();
+  };
+  if (sections.size() < 2 || !std::all_of(sections.begin(), sections.end(), hasStation)) {
+    return std::nullopt;
+  }
+  Volumes volumes;
+  for (std::size_t i = 1; i < sections.size(); ++i) {
+    const SectionResult& a = sections[i - 1];
+    const SectionResult& b = sections[i];
+    const double length = lengthBetween(*a.section.station, *b.section.station);
+    volumes.length += length;
+    volumes.design += (a.designArea + b.designArea) / 2.0 * length;
+    volumes.over += (a.overArea + b.overArea) / 2.0 * length;
+    volumes.under += (a.underArea + b.underArea) / 2.0 * length;
+    volumes.geological += (a.geologicalArea + b.geologicalArea) / 2.0 * length;
+  }
+  return volumes;
+}
+
+}  // namespace TunnelSurvey

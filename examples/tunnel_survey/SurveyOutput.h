@@ -1,0 +1,21 @@
+/// @file
+/// Everything that is written into the output directory.
+
+#ifndef CALCULATIONS_EXAMPLES_TUNNEL_SURVEY_SURVEY_OUTPUT_H
+#define CALCULATIONS_EXAMPLES_TUNNEL_SURVEY_SURVEY_OUTPUT_H
+
+#include "tunnel_survey/Options.h"
+#include "tunnel_survey/SectionSurvey.h"
+#include "tunnel_survey/SurveySheet.h"
+
+#include <optional>
+
+namespace TunnelSurvey {
+
+/// Prints what it writes. Throws a Failure when it cannot.
+void writeResults(const Options& options, const std::optional<SurveyPicture>& axis,
+                  const std::optional<SectionSurvey>& sections);
+
+}  // namespace TunnelSurvey
+
+#endif
