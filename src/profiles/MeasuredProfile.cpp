@@ -9,6 +9,9 @@ namespace Calculations {
 class MeasuredProfileImpl {
  public:
   std::vector<Point2D> points;
+
+  unsigned int count() const { return static_cast<unsigned int>(points.size()); }
+  Point2D at(unsigned int index) const { return index < points.size() ? points[index] : Point2D(); }
 };
 
 MeasuredProfile::MeasuredProfile() : m_impl(new MeasuredProfileImpl) {}
@@ -19,22 +22,18 @@ void MeasuredProfile::addPoint(const Point2D& point) { m_impl->points.push_back(
 
 void MeasuredProfile::reset() { m_impl->points.clear(); }
 
-unsigned int MeasuredProfile::getNumPoints() const {
-  return static_cast<unsigned int>(m_impl->points.size());
-}
+unsigned int MeasuredProfile::getNumPoints() const { return m_impl->count(); }
 
-Point2D MeasuredProfile::getPointAt(unsigned int index) const {
-  return index < m_impl->points.size() ? m_impl->points[index] : Point2D();
-}
+Point2D MeasuredProfile::getPointAt(unsigned int index) const { return m_impl->at(index); }
 
-unsigned int MeasuredProfile::getNumSegments() const { return getNumPoints(); }
+unsigned int MeasuredProfile::getNumSegments() const { return m_impl->count(); }
 
-Point2D MeasuredProfile::getSegmentStartAt(unsigned int index) const { return getPointAt(index); }
+Point2D MeasuredProfile::getSegmentStartAt(unsigned int index) const { return m_impl->at(index); }
 
 Point2D MeasuredProfile::getSegmentEndAt(unsigned int index) const {
-  const unsigned int count = getNumPoints();
+  const unsigned int count = m_impl->count();
   const bool isLast = count <= 1 || index == count - 1;
-  return getPointAt(isLast ? 0 : index < count ? index + 1 : count);
+  return m_impl->at(isLast ? 0 : index < count ? index + 1 : count);
 }
 
 double MeasuredProfile::getSegmentRadiusAt(unsigned int /*index*/) const { return 0.0; }

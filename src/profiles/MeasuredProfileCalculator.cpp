@@ -201,20 +201,20 @@ std::vector<Polygon> MeasuredProfileCalculator::underProfileAreaPathes() const {
 
 double MeasuredProfileCalculator::geologicalOverProfileArea(
     GeologicalOverProfileMethod::Method method, double a, double b) const {
-  return m_impl->filtered(m_impl->division({method, a, b}).geologicalPart()).area();
+  return m_impl->geologicalPart(m_impl->division({method, a, b})).area();
 }
 
 std::vector<Polygon> MeasuredProfileCalculator::geologicalOverProfileAreaPathes(
     GeologicalOverProfileMethod::Method method, double a, double b) const {
-  return polygonsOf(m_impl->filtered(m_impl->division({method, a, b}).geologicalPart()));
+  return polygonsOf(m_impl->geologicalPart(m_impl->division({method, a, b})));
 }
 
 std::pair<std::vector<Polygon>, std::vector<Polygon>>
 MeasuredProfileCalculator::overProfileDividedByGeologicalAreaPathes(
     GeologicalOverProfileMethod::Method method, double a, double b) const {
   const GeologicalDivision division = m_impl->division({method, a, b});
-  return {polygonsOf(m_impl->filtered(division.geologicalPart())),
-          polygonsOf(m_impl->filtered(division.remainingPart()))};
+  return {polygonsOf(m_impl->geologicalPart(division)),
+          polygonsOf(m_impl->remainingPart(division))};
 }
 
 }  // namespace Calculations

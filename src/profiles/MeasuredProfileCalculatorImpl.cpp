@@ -1,7 +1,6 @@
 #include "profiles/MeasuredProfileCalculatorImpl.h"
 
 #include "profiles/LineCuts.h"
-#include "profiles/ProfileOutline.h"
 #include "profiles/ProfileReach.h"
 
 #include <Calculations/PathHelper.h>
@@ -54,20 +53,36 @@ double MeasuredProfileCalculatorImpl::areaOf(const Path& outline) const {
   return Pathes::within(Pathes(outline), filters.allowedArea()).area();
 }
 
-Pathes MeasuredProfileCalculatorImpl::filtered(const Pathes& area) const {
-  return filters.areSet() ? Pathes::within(area, filters.allowedArea()) : area;
+void MeasuredProfileCalculatorImpl::filter(Pathes& area) const {
+  if (filters.areSet()) area = Pathes::within(area, filters.allowedArea());
 }
 
-Pathes MeasuredProfileCalculatorImpl::overProfile() const {
-  return filtered(Path::without(comparisonOutline(), referenceOutline()));
+Pathes MeasuredProfileCalculatorImpl::overProfile() {
+  Pathes over = Path::without(comparisonOutline(), referenceOutline());
+  filter(over);
+  return over;
 }
 
-Pathes MeasuredProfileCalculatorImpl::underProfile() const {
-  return filtered(Path::without(referenceOutline(), comparisonOutline()));
+Pathes MeasuredProfileCalculatorImpl::underProfile() {
+  Pathes under = Path::without(referenceOutline(), comparisonOutline());
+  filter(under);
+  return under;
 }
 
-GeologicalDivision MeasuredProfileCalculatorImpl::division(const GeologicalLimits& limits) const {
+GeologicalDivision MeasuredProfileCalculatorImpl::division(const GeologicalLimits& limits) {
   return GeologicalDivision(referenceOutline(), comparisonOutline(), limits);
+}
+
+Pathes MeasuredProfileCalculatorImpl::geologicalPart(const GeologicalDivision& division) const {
+  Pathes part = division.geologicalPart();
+  filter(part);
+  return part;
+}
+
+Pathes MeasuredProfileCalculatorImpl::remainingPart(const GeologicalDivision& division) const {
+  Pathes part = division.remainingPart();
+  filter(part);
+  return part;
 }
 
 }  // namespace Calculations

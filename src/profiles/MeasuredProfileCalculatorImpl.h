@@ -6,6 +6,7 @@
 
 #include "profiles/GeologicalOverProfile.h"
 #include "profiles/ProfileFilters.h"
+#include "profiles/ProfileOutline.h"
 #include "profiles/ReferenceCalculator.h"
 
 #include <Calculations/MeasuredProfile.h>
@@ -34,13 +35,24 @@ class MeasuredProfileCalculatorImpl {
   double circumferenceOf(const IProfileSegmentProvider& profile) const;
   std::vector<Polyline> linesOf(const IProfileSegmentProvider& profile, bool clean) const;
 
-  Path referenceOutline() const { return outlineOf(*reference, true); }
-  Path comparisonOutline() const { return outlineOf(*comparison, true); }
+  const Path& referenceOutline() { return m_referenceOutline.of(*reference); }
+  const Path& comparisonOutline() { return m_comparisonOutline.of(*comparison); }
   double areaOf(const Path& outline) const;
-  Pathes filtered(const Pathes& area) const;
-  Pathes overProfile() const;
-  Pathes underProfile() const;
-  GeologicalDivision division(const GeologicalLimits& limits) const;
+  /// @name Areas that no filter excludes
+  /// @{
+  Pathes overProfile();
+  Pathes underProfile();
+  Pathes geologicalPart(const GeologicalDivision& division) const;
+  Pathes remainingPart(const GeologicalDivision& division) const;
+  /// @}
+  GeologicalDivision division(const GeologicalLimits& limits);
+
+ private:
+  /// In place: areas of many outlines are slow to copy.
+  void filter(Pathes& area) const;
+
+  KeptOutline m_referenceOutline;
+  KeptOutline m_comparisonOutline;
 };
 
 }  // namespace Calculations

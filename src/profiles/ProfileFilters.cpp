@@ -1,7 +1,9 @@
 #include "profiles/ProfileFilters.h"
 
 #include "profiles/ProfileReach.h"
+#include "profiles/paths/PointPlace.h"
 
+#include <algorithm>
 #include <cmath>
 #include <initializer_list>
 
@@ -34,7 +36,11 @@ void ProfileFilters::addAngles(double startAngle, double endAngle, const Point2D
 void ProfileFilters::reset() { *this = ProfileFilters(); }
 
 bool ProfileFilters::excludes(const Point2D& p) const {
-  return areSet() && !m_allowedArea.pointWithin(p);
+  if (!areSet()) return false;
+  const std::vector<Path>& wedges = m_wedges.paths();
+  return !m_rectangle.pointWithin(p) ||
+         std::any_of(wedges.begin(), wedges.end(),
+                     [&](const Path& wedge) { return isInsideOrOn(wedge, p); });
 }
 
 double ProfileFilters::limitOf(LineFilter kind, double unset) const {
@@ -59,14 +65,17 @@ Path ProfileFilters::wedgeOf(const AngleFilter& filter) {
   return ringThrough({filter.centre, corner(filter.startAngle), corner(filter.endAngle)});
 }
 
+/// The wedges are not subtracted: that would cut the rectangle in two where a wedge lies within it,
+/// and points on the cut, the middle of the invert under an excluded crown, would be on the border.
 void ProfileFilters::update() {
-  m_allowedArea = Pathes(allowedRectangle());
-  if (m_angles.empty()) return;
-  Pathes wedges;
+  m_rectangle = allowedRectangle();
+  m_wedges = Pathes();
   for (const AngleFilter& filter : m_angles) {
-    wedges.addPath(wedgeOf(filter));
+    m_wedges.addPath(wedgeOf(filter));
   }
-  m_allowedArea = Pathes::without(m_allowedArea, wedges);
+  m_wedges = Pathes::within(m_wedges, Pathes(m_rectangle));
+  m_allowedArea = Pathes(m_rectangle);
+  m_allowedArea.addPaths(m_wedges);
 }
 
 }  // namespace Calculations

@@ -23,7 +23,8 @@ class ProfileFilters {
   void reset();
 
   bool areSet() const { return !m_limits.empty() || !m_angles.empty(); }
-  /// Worked out when a filter is set, not once for each point that is asked for.
+  /// Worked out when a filter is set, not once for each point that is asked for. A rectangle with
+  /// the excluded wedges in it, which the even-odd rule takes out.
   const Pathes& allowedArea() const { return m_allowedArea; }
   bool excludes(const Point2D& p) const;
 
@@ -41,6 +42,8 @@ class ProfileFilters {
 
   std::map<LineFilter, double> m_limits;
   std::vector<AngleFilter> m_angles;
+  Path m_rectangle;
+  Pathes m_wedges;  // within the rectangle, without overlaps
   Pathes m_allowedArea;
 };
 

@@ -1,32 +1,53 @@
 #include "profiles/ProfileOutline.h"
 
+#include "profiles/paths/GridUnits.h"
+#include "profiles/paths/PathImpl.h"
+
 #include <cmath>
+#include <cstddef>
+#include <utility>
 
 namespace Ruv {
 namespace Calculations {
 
 namespace {
 
+unsigned int numNodes(const IProfileSegmentProvider& profile) {
+  const unsigned int segments = profile.getNumSegments();
+  return segments == 0 ? 0 : segments + 1;
+}
+
+/// Read by starts, which are the quicker ones to get: segments start where those before them end.
+Point2D pointAt(const IProfileSegmentProvider& profile, unsigned int count, unsigned int i) {
+  return i + 1 < count ? profile.getSegmentStartAt(i) : profile.getSegmentEndAt(i - 1);
+}
+
+double radiusAt(const IProfileSegmentProvider& profile, unsigned int i) {
+  return i > 0 ? profile.getSegmentRadiusAt(i - 1) : 0.0;
+}
+
+/// Not-a-number equals itself.
 bool isSame(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+bool isSame(const Point2D& a, const Point2D& b) { return isSame(a.x, b.x) && isSame(a.y, b.y); }
 
-}  // namespace
-
-Path outlineOf(const IProfileSegmentProvider& profile, bool clean) {
-  Path path;
-  for (const ProfileSegment& segment : segmentsOf(profile)) {
-    if (path.numDiscretePathPoints() == 0) {
-      path.addSegment(PathSegment(segment.start.x, segment.start.y));
+Path outlineThrough(const std::vector<ProfileCopy::Node>& nodes, bool clean) {
+  ClipperLib::Path points;
+  points.reserve(nodes.size() + 1);  // the first point comes again at the end
+  Point2D before;
+  for (const ProfileCopy::Node& node : nodes) {
+    if (node.radius == 0.0) {
+      appendOnGrid(points, node.point);
+    } else {
+      appendArcTo(points, before, node.point, node.radius);
     }
-    path.addSegment(PathSegment(segment.end.x, segment.end.y, segment.radius));
+    before = node.point;
   }
+  Path path = PathImpl::pathOf(std::move(points));
   path.close(clean);
   return path;
 }
 
-bool ProfileSegment::isSameAs(const ProfileSegment& other) const {
-  return isSame(start.x, other.start.x) && isSame(start.y, other.start.y) &&
-         isSame(end.x, other.end.x) && isSame(end.y, other.end.y) && isSame(radius, other.radius);
-}
+}  // namespace
 
 std::vector<ProfileSegment> segmentsOf(const IProfileSegmentProvider& profile) {
   const unsigned int count = profile.getNumSegments();
@@ -37,6 +58,40 @@ std::vector<ProfileSegment> segmentsOf(const IProfileSegmentProvider& profile) {
         {profile.getSegmentStartAt(i), profile.getSegmentEndAt(i), profile.getSegmentRadiusAt(i)});
   }
   return segments;
+}
+
+bool ProfileCopy::update(const IProfileSegmentProvider& profile) {
+  if (isCopyOf(profile)) return false;
+  const unsigned int count = numNodes(profile);
+  m_nodes.resize(count);
+  for (unsigned int i = 0; i < count; ++i) {
+    m_nodes[i].point = pointAt(profile, count, i);
+    m_nodes[i].radius = radiusAt(profile, i);
+  }
+  return true;
+}
+
+bool ProfileCopy::isCopyOf(const IProfileSegmentProvider& profile) const {
+  const unsigned int count = numNodes(profile);
+  if (m_nodes.size() != count) return false;
+  for (unsigned int i = 0; i < count; ++i) {
+    if (!isSame(pointAt(profile, count, i), m_nodes[i].point) ||
+        !isSame(radiusAt(profile, i), m_nodes[i].radius)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+Path outlineOf(const IProfileSegmentProvider& profile, bool clean) {
+  ProfileCopy copy;
+  copy.update(profile);
+  return outlineThrough(copy.nodes(), clean);
+}
+
+const Path& KeptOutline::of(const IProfileSegmentProvider& profile) {
+  if (m_copy.update(profile)) m_outline = outlineThrough(m_copy.nodes(), true);
+  return m_outline;
 }
 
 }  // namespace Calculations

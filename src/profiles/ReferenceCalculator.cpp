@@ -2,42 +2,31 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <cstddef>
+
 namespace Ruv {
 namespace Calculations {
 
 namespace {
 
 boost::shared_ptr<const ThProfileDefinition> profileThrough(
-    const std::vector<ProfileSegment>& segments) {
+    const std::vector<ProfileCopy::Node>& nodes) {
   const boost::shared_ptr<ThProfileDefinition> profile(new ThProfileDefinition);
-  for (const ProfileSegment& s : segments) {
-    if (s.radius == 0.0) {
-      profile->addSegmentStraight(s.start.x, s.start.y, s.end.x, s.end.y);
-    } else {
-      profile->addSegmentArc(s.start.x, s.start.y, s.end.x, s.end.y, s.radius);
-    }
+  for (std::size_t i = 1; i < nodes.size(); ++i) {
+    const Point2D& start = nodes[i - 1].point;
+    const Point2D& end = nodes[i].point;
+    profile->addSegmentArc(start.x, start.y, end.x, end.y, nodes[i].radius);
   }
   return profile;
 }
 
 }  // namespace
 
-bool ReferenceCalculator::isCopyOf(const IProfileSegmentProvider& reference) const {
-  const unsigned int count = reference.getNumSegments();
-  if (!m_calculator || m_segments.size() != count) return false;
-  for (unsigned int i = 0; i < count; ++i) {
-    const ProfileSegment now{reference.getSegmentStartAt(i), reference.getSegmentEndAt(i),
-                             reference.getSegmentRadiusAt(i)};
-    if (!now.isSameAs(m_segments[i])) return false;
-  }
-  return true;
-}
-
 const ThProfileCalculator& ReferenceCalculator::calculatorOn(
     const IProfileSegmentProvider& reference) {
-  if (!isCopyOf(reference)) {
-    m_segments = segmentsOf(reference);
-    m_calculator = std::make_unique<ThProfileCalculator>(profileThrough(m_segments));
+  const bool isChanged = m_copy.update(reference);
+  if (isChanged || !m_calculator) {
+    m_calculator = std::make_unique<ThProfileCalculator>(profileThrough(m_copy.nodes()));
   }
   return *m_calculator;
 }

@@ -15,16 +15,13 @@ namespace Ruv {
 namespace Calculations {
 
 /// Copies a reference profile into a theoretical one and keeps the calculator on the copy until
-/// the reference's segments differ from those copied. Comparing them takes a small part of what
-/// the calculator's preparation takes.
+/// the reference's segments change.
 class ReferenceCalculator {
  public:
   const ThProfileCalculator& calculatorOn(const IProfileSegmentProvider& reference);
 
  private:
-  bool isCopyOf(const IProfileSegmentProvider& reference) const;
-
-  std::vector<ProfileSegment> m_segments;
+  ProfileCopy m_copy;
   std::unique_ptr<ThProfileCalculator> m_calculator;
 };
 

@@ -42,7 +42,8 @@ class ThProfileCalculatorImpl {
   double rawDerolmentOf(double station) const;
   double stationOf(double rawDerolment) const;
   Point2D pointAtRawDerolment(double rawDerolment) const;
-  std::vector<double> rawDerolmentsOfVertices() const;
+  /// Without those that are not a number.
+  std::vector<double> sortedRawDerolmentsOfVertices() const;
   double rawDerolmentOfCrown() const;
 
   CCurveChain m_chain;

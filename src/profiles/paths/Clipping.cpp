@@ -1,5 +1,7 @@
 #include "profiles/paths/Clipping.h"
 
+#include "profiles/paths/LineSimplification.h"
+
 #include <Calculations/PathHelper.h>
 
 #include <algorithm>
@@ -31,14 +33,21 @@ bool hasHole(const ClipperLib::Paths& paths) {
 }
 
 ClipperLib::Paths withoutHoles(ClipperLib::Paths paths) {
-  return hasHole(paths) ? PathHelper::convertRingToSimplePaths(paths) : paths;
+  if (hasHole(paths)) return PathHelper::convertRingToSimplePaths(paths);
+  return paths;
 }
 
-ClipperLib::Paths combined(ClipperLib::ClipType operation, const ClipperLib::Paths& a,
-                           const ClipperLib::Paths& b) {
+void addPaths(ClipperLib::Clipper& clipper, const PathViews& paths, ClipperLib::PolyType role,
+              bool areClosed) {
+  for (const ClipperLib::Path* path : paths) {
+    clipper.AddPath(*path, role, areClosed);
+  }
+}
+
+ClipperLib::Paths combined(ClipperLib::ClipType operation, const PathViews& a, const PathViews& b) {
   ClipperLib::Clipper clipper;
-  clipper.AddPaths(a, ClipperLib::ptSubject, true);
-  clipper.AddPaths(b, ClipperLib::ptClip, true);
+  addPaths(clipper, a, ClipperLib::ptSubject, true);
+  addPaths(clipper, b, ClipperLib::ptClip, true);
   ClipperLib::Paths solution;
   if (!clipper.Execute(operation, solution, ClipperLib::pftEvenOdd, ClipperLib::pftEvenOdd)) {
     return {};
@@ -50,35 +59,39 @@ ClipperLib::Paths combined(ClipperLib::ClipType operation, const ClipperLib::Pat
 
 }  // namespace
 
-ClipperLib::Paths intersectionOf(const ClipperLib::Paths& a, const ClipperLib::Paths& b) {
+ClipperLib::Paths intersectionOf(const PathViews& a, const PathViews& b) {
   return combined(ClipperLib::ctIntersection, a, b);
 }
 
-ClipperLib::Paths differenceOf(const ClipperLib::Paths& a, const ClipperLib::Paths& b) {
+ClipperLib::Paths differenceOf(const PathViews& a, const PathViews& b) {
   return combined(ClipperLib::ctDifference, a, b);
 }
 
-ClipperLib::Paths bandsAround(const ClipperLib::Paths& lines, ClipperLib::cInt distance) {
+ClipperLib::Paths bandsAround(const PathViews& lines, ClipperLib::cInt distance) {
   ClipperLib::ClipperOffset offset(kMiterLimit, arcToleranceOf(distance));
-  offset.AddPaths(PathHelper::simplyfyLines(lines, kCleaningDistanceUnits), ClipperLib::jtRound,
-                  ClipperLib::etOpenButt);
+  for (const ClipperLib::Path* line : lines) {
+    offset.AddPath(simplified(*line, kCleaningDistanceUnits), ClipperLib::jtRound,
+                   ClipperLib::etOpenButt);
+  }
   ClipperLib::Paths solution;
   offset.Execute(solution, static_cast<double>(distance));
   return PathHelper::simplyfyLines(withoutHoles(std::move(solution)), kCleaningDistanceUnits);
 }
 
-ClipperLib::Paths offsetOutlines(const ClipperLib::Paths& outlines, ClipperLib::cInt distance) {
+ClipperLib::Paths offsetOutlines(const PathViews& outlines, ClipperLib::cInt distance) {
   ClipperLib::ClipperOffset offset(kMiterLimit, arcToleranceOf(distance));
-  offset.AddPaths(outlines, ClipperLib::jtRound, ClipperLib::etClosedPolygon);
+  for (const ClipperLib::Path* outline : outlines) {
+    offset.AddPath(*outline, ClipperLib::jtRound, ClipperLib::etClosedPolygon);
+  }
   ClipperLib::Paths solution;
   offset.Execute(solution, static_cast<double>(distance));
   return solution;
 }
 
-ClipperLib::Paths linesInside(const ClipperLib::Paths& lines, const ClipperLib::Paths& area) {
+ClipperLib::Paths linesInside(const PathViews& lines, const PathViews& area) {
   ClipperLib::Clipper clipper;
-  clipper.AddPaths(lines, ClipperLib::ptSubject, false);
-  clipper.AddPaths(area, ClipperLib::ptClip, true);
+  addPaths(clipper, lines, ClipperLib::ptSubject, false);
+  addPaths(clipper, area, ClipperLib::ptClip, true);
   ClipperLib::PolyTree tree;
   ClipperLib::Paths inside;
   if (clipper.Execute(ClipperLib::ctIntersection, tree, ClipperLib::pftEvenOdd,

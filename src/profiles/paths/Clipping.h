@@ -6,6 +6,8 @@
 
 #include <clipper.hpp>
 
+#include <vector>
+
 namespace Ruv {
 namespace Calculations {
 
@@ -13,20 +15,23 @@ namespace Calculations {
 /// are removed: just above sqrt(2), hence the diagonal neighbour too.
 constexpr double kCleaningDistanceUnits = 1.415;
 
+/// Paths that are looked at and not copied. They must live until the call returns.
+using PathViews = std::vector<const ClipperLib::Path*>;
+
 /// All results are free of holes. Empty when the clipping fails.
 /// @{
-ClipperLib::Paths intersectionOf(const ClipperLib::Paths& a, const ClipperLib::Paths& b);
-ClipperLib::Paths differenceOf(const ClipperLib::Paths& a, const ClipperLib::Paths& b);
+ClipperLib::Paths intersectionOf(const PathViews& a, const PathViews& b);
+ClipperLib::Paths differenceOf(const PathViews& a, const PathViews& b);
 /// @param distance in clipping units
-ClipperLib::Paths bandsAround(const ClipperLib::Paths& lines, ClipperLib::cInt distance);
+ClipperLib::Paths bandsAround(const PathViews& lines, ClipperLib::cInt distance);
 /// @}
 
 /// May hold holes, as the outlines may.
 /// @param distance in clipping units
-ClipperLib::Paths offsetOutlines(const ClipperLib::Paths& outlines, ClipperLib::cInt distance);
+ClipperLib::Paths offsetOutlines(const PathViews& outlines, ClipperLib::cInt distance);
 
 /// The parts of open lines inside an area, as the clipper gives them.
-ClipperLib::Paths linesInside(const ClipperLib::Paths& lines, const ClipperLib::Paths& area);
+ClipperLib::Paths linesInside(const PathViews& lines, const PathViews& area);
 
 }  // namespace Calculations
 }  // namespace Ruv

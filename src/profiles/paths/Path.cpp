@@ -2,6 +2,7 @@
 #include <Calculations/Paths.h>
 
 #include "profiles/paths/Clipping.h"
+#include "profiles/paths/GridUnits.h"
 #include "profiles/paths/PathImpl.h"
 #include "shapes/ChainSegment.h"
 #include "shapes/LineCrossing.h"
@@ -51,18 +52,23 @@ double PathSegment::radius() const { return m_radius; }
 bool PathSegment::isArc() const { return m_radius != 0.0; }
 
 void PathImpl::append(const Point2D& p) {
-  points.push_back(PathHelper::asClipperLibPoint(p));
+  appendOnGrid(points, p);
   lastExactPoint = p;
 }
 
-/// The first piece begins with the last point, which is so stored twice.
 void PathImpl::appendArc(const Point2D& end, double radius) {
-  const CChainSegment arc = arcBetween(lastExactPoint, end, radius);
+  appendArcTo(points, lastExactPoint, end, radius);
+  lastExactPoint = end;
+}
+
+void appendArcTo(ClipperLib::Path& points, const Point2D& start, const Point2D& end,
+                 double radius) {
+  const CChainSegment arc = arcBetween(start, end, radius);
   const int pieces = numPieces(arc.length);
   for (int i = 0; i < pieces; ++i) {
-    points.push_back(PathHelper::asClipperLibPoint(arc.at(i * (arc.length / pieces)).position));
+    appendOnGrid(points, arc.at(i * (arc.length / pieces)).position);
   }
-  append(end);
+  appendOnGrid(points, end);
 }
 
 Path PathImpl::pathOf(ClipperLib::Path points) {
@@ -151,17 +157,27 @@ double Path::borderWithinOtherPathes(const Pathes& other) const {
   return Pathes::linesWithin(Pathes(closed), other, false).linesLength();
 }
 
-Pathes Path::within(const Path& a, const Path& b) { return Pathes::within(Pathes(a), Pathes(b)); }
+Pathes Path::within(const Path& a, const Path& b) {
+  return PathImpl::pathesOf(intersectionOf(viewOf(a), viewOf(b)));
+}
 
-Pathes Path::without(const Path& a, const Path& b) { return Pathes::without(Pathes(a), Pathes(b)); }
+Pathes Path::without(const Path& a, const Path& b) {
+  return PathImpl::pathesOf(differenceOf(viewOf(a), viewOf(b)));
+}
 
-Pathes Path::expand(const Path& a, double d) { return Pathes::expand(Pathes(a), d); }
+Pathes Path::expand(const Path& a, double d) {
+  return PathImpl::pathesOf(offsetOutlines(viewOf(a), gridUnits(d)));
+}
 
-Pathes Path::expandLine(const Path& a, double d) { return Pathes::expandLines(Pathes(a), d); }
+Pathes Path::expandLine(const Path& a, double d) {
+  return PathImpl::pathesOf(bandsAround(viewOf(a), gridUnits(d)));
+}
 
 Pathes Path::linesWithin(const Path& a, const Path& b) {
   return Pathes::linesWithin(Pathes(a), Pathes(b), true);
 }
+
+PathViews viewOf(const Path& path) { return {&path.getImpl().points}; }
 
 }  // namespace Calculations
 }  // namespace Ruv

@@ -1,21 +1,16 @@
 #include <Calculations/PathHelper.h>
 
+#include "profiles/paths/GridUnits.h"
 #include "profiles/paths/LineSimplification.h"
 #include "profiles/paths/PathImpl.h"
 #include "profiles/paths/RingCutting.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace Ruv {
 namespace Calculations {
 
 namespace {
-
-constexpr double kUnitsPerMetre = 10000.0;
-
-/// Limit of converted magnitudes: far beyond any site, far within what the clipper computes with.
-constexpr double kMostUnits = 1e15;
 
 std::vector<Point2D> pointsOf(const Path& path) {
   std::vector<Point2D> points;
@@ -28,11 +23,7 @@ std::vector<Point2D> pointsOf(const Path& path) {
 
 }  // namespace
 
-ClipperLib::cInt PathHelper::asClipperLibUnits(double v) {
-  const double units = v * kUnitsPerMetre + 0.5;
-  if (std::isnan(units)) return 0;
-  return static_cast<ClipperLib::cInt>(std::max(-kMostUnits, std::min(units, kMostUnits)));
-}
+ClipperLib::cInt PathHelper::asClipperLibUnits(double v) { return gridUnits(v); }
 
 double PathHelper::fromClipperLibUnits(ClipperLib::cInt v) {
   return static_cast<double>(v) / kUnitsPerMetre;
@@ -41,7 +32,7 @@ double PathHelper::fromClipperLibUnits(ClipperLib::cInt v) {
 double PathHelper::fromClipperLibArea(double a) { return a / (kUnitsPerMetre * kUnitsPerMetre); }
 
 ClipperLib::IntPoint PathHelper::asClipperLibPoint(const Point2D& p) {
-  return ClipperLib::IntPoint(asClipperLibUnits(p.x), asClipperLibUnits(p.y));
+  return ClipperLib::IntPoint(gridUnits(p.x), gridUnits(p.y));
 }
 
 Point2D PathHelper::fromClipperLibPoint(ClipperLib::IntPoint p) {
@@ -74,11 +65,7 @@ ClipperLib::Paths PathHelper::clipperLibPathsFromPathes(const Pathes& paths) {
 }
 
 Pathes PathHelper::pathesFromClipperLibPaths(const ClipperLib::Paths& paths) {
-  Pathes converted;
-  for (const ClipperLib::Path& path : paths) {
-    converted.addPath(PathImpl::pathOf(path));
-  }
-  return converted;
+  return PathImpl::pathesOf(paths);
 }
 
 Polygon PathHelper::profileAreaFromPath(const Path& path) { return Polygon(pointsOf(path)); }

@@ -2,7 +2,10 @@
 #include <Calculations/Paths.h>
 
 #include "profiles/paths/Clipping.h"
+#include "profiles/paths/GridUnits.h"
 #include "profiles/paths/PathImpl.h"
+
+#include <utility>
 
 namespace Ruv {
 namespace Calculations {
@@ -60,30 +63,42 @@ bool Pathes::firstIntersectionWithLine(const Point2D& a, const Point2D& b, Point
 }
 
 Pathes Pathes::within(const Pathes& a, const Pathes& b) {
-  return PathHelper::pathesFromClipperLibPaths(intersectionOf(
-      PathHelper::clipperLibPathsFromPathes(a), PathHelper::clipperLibPathsFromPathes(b)));
+  return PathImpl::pathesOf(intersectionOf(viewsOf(a), viewsOf(b)));
 }
 
 Pathes Pathes::without(const Pathes& a, const Pathes& b) {
-  return PathHelper::pathesFromClipperLibPaths(differenceOf(
-      PathHelper::clipperLibPathsFromPathes(a), PathHelper::clipperLibPathsFromPathes(b)));
+  return PathImpl::pathesOf(differenceOf(viewsOf(a), viewsOf(b)));
 }
 
 Pathes Pathes::expand(const Pathes& a, double d) {
-  return PathHelper::pathesFromClipperLibPaths(
-      offsetOutlines(PathHelper::clipperLibPathsFromPathes(a), PathHelper::asClipperLibUnits(d)));
+  return PathImpl::pathesOf(offsetOutlines(viewsOf(a), gridUnits(d)));
 }
 
 Pathes Pathes::expandLines(const Pathes& a, double d) {
-  return PathHelper::pathesFromClipperLibPaths(
-      bandsAround(PathHelper::clipperLibPathsFromPathes(a), PathHelper::asClipperLibUnits(d)));
+  return PathImpl::pathesOf(bandsAround(viewsOf(a), gridUnits(d)));
 }
 
 Pathes Pathes::linesWithin(const Pathes& lines, const Pathes& area, bool clean) {
-  const ClipperLib::Paths inside = linesInside(PathHelper::clipperLibPathsFromPathes(lines),
-                                               PathHelper::clipperLibPathsFromPathes(area));
-  return PathHelper::pathesFromClipperLibPaths(
-      clean ? PathHelper::simplyfyLines(inside, kCleaningDistanceUnits) : inside);
+  ClipperLib::Paths inside = linesInside(viewsOf(lines), viewsOf(area));
+  if (clean) inside = PathHelper::simplyfyLines(inside, kCleaningDistanceUnits);
+  return PathImpl::pathesOf(std::move(inside));
+}
+
+PathViews viewsOf(const Pathes& paths) {
+  PathViews views;
+  views.reserve(paths.paths().size());
+  for (const Path& path : paths.paths()) {
+    views.push_back(&path.getImpl().points);
+  }
+  return views;
+}
+
+Pathes PathImpl::pathesOf(ClipperLib::Paths paths) {
+  Pathes converted;
+  for (ClipperLib::Path& path : paths) {
+    converted.addPath(pathOf(std::move(path)));
+  }
+  return converted;
 }
 
 }  // namespace Calculations

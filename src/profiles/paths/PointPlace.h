@@ -1,0 +1,23 @@
+/// @file
+/// Where points lie relative to outlines.
+
+#ifndef CALCULATIONS_PROFILES_PATHS_POINT_PLACE_H
+#define CALCULATIONS_PROFILES_PATHS_POINT_PLACE_H
+
+#include "profiles/paths/PathImpl.h"
+
+#include <Calculations/PathHelper.h>
+
+namespace Ruv {
+namespace Calculations {
+
+/// Unlike Path::pointWithin true also on the outline.
+inline bool isInsideOrOn(const Path& outline, const Point2D& p) {
+  return ClipperLib::PointInPolygon(PathHelper::asClipperLibPoint(p), outline.getImpl().points) !=
+         0;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif
