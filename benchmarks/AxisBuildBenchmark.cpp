@@ -1,8 +1,8 @@
 // How long does it take to enter an axis, and how long until it answers the first question?
 
 #include "SpeedGoals.h"
-#include "support/AxisPeers.h"
 #include "support/AxisWorkload.h"
+#include "support/PolylinePeers.h"
 #include "support/Rounds.h"
 
 #include <benchmark/benchmark.h>
@@ -74,10 +74,10 @@ Contender making(Make make, const AxisWorkload& workload) {
   };
 }
 
-Contender buildingATree(const std::vector<Point2D>& vertices, double startStationing) {
-  return [&vertices, startStationing] {
+Contender buildingATree(const std::vector<Point2D>& vertices) {
+  return [&vertices] {
     std::optional<SegmentTree> tree;
-    return std::vector<double>{nanosecondsOf([&] { tree.emplace(vertices, startStationing); })};
+    return std::vector<double>{nanosecondsOf([&] { tree.emplace(vertices); })};
   };
 }
 
@@ -95,8 +95,7 @@ void judgeAgainstTree(const AxisWorkload& workload, const BuildTimes& times, con
   const std::size_t n = workload.exact().plan().size();
   const std::vector<Point2D> vertices = workload.polyline(kPolylineStep);
   const std::vector<double> best =
-      bestOfRounds(effort.rounds, {making(enterAndProjectOnce, workload),
-                                   buildingATree(vertices, workload.exact().startStationing())});
+      bestOfRounds(effort.rounds, {making(enterAndProjectOnce, workload), buildingATree(vertices)});
   table.add({"W0 enter an axis and project once", n, std::min(best[0], times.answered),
              "Boost R-tree, bulk build", best[1], atLeast(std::nullopt)});
 }

@@ -11,6 +11,12 @@ namespace Benchmarks {
 void measureAxisBuild(const Effort& effort, GoalTable& table);
 void measureAxisToGlobal(const Effort& effort, GoalTable& table);
 void measureGlobalToAxis(const Effort& effort, GoalTable& table);
+void measureProfilePoints(const Effort& effort, GoalTable& table);
+void measureProfileAreas(const Effort& effort, GoalTable& table);
+void measureMeasuredReference(const Effort& effort, GoalTable& table);
+void measureFitting(const Effort& effort, GoalTable& table);
+void measureResection(const Effort& effort, GoalTable& table);
+void measurePointDetermination(const Effort& effort, GoalTable& table);
 
 }  // namespace Benchmarks
 

@@ -17,10 +17,10 @@ using Benchmarks::GoalTable;
 
 constexpr int kRounds = 7;
 
-/// About a minute on a quiet machine.
-constexpr Effort kFull = {kRounds, 1000000, 100000, 5, 10000};
-/// Below 20 s: fewer points, and no peer on the longest axis.
-constexpr Effort kQuick = {kRounds, 50000, 10000, 1, 1000};
+/// Two to three minutes.
+constexpr Effort kFull = {kRounds, 1000000, 100000, 5, 10000, 100000, 1000000, 7};
+/// About half a minute: fewer and smaller workloads, and no peer on the longest axis.
+constexpr Effort kQuick = {kRounds, 50000, 10000, 1, 1000, 2000, 10000, 1};
 
 constexpr const char* kHelp =
     "--speed_goals         compare with other libraries and judge the ratios\n"
@@ -29,8 +29,12 @@ constexpr const char* kHelp =
     "Wrong results always fail. Without --speed_goals:\n";
 
 using Measure = void (*)(const Effort&, GoalTable&);
-constexpr std::array<Measure, 3> kMeasures = {
-    Benchmarks::measureAxisBuild, Benchmarks::measureAxisToGlobal, Benchmarks::measureGlobalToAxis};
+constexpr std::array<Measure, 9> kMeasures = {
+    Benchmarks::measureAxisBuild,         Benchmarks::measureAxisToGlobal,
+    Benchmarks::measureGlobalToAxis,      Benchmarks::measureProfilePoints,
+    Benchmarks::measureProfileAreas,      Benchmarks::measureMeasuredReference,
+    Benchmarks::measureFitting,           Benchmarks::measureResection,
+    Benchmarks::measurePointDetermination};
 
 int judgeSpeed(const Effort& effort, bool isGate) {
   GoalTable table;

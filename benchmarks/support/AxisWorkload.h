@@ -23,6 +23,9 @@ using Ruv::Calculations::Point2D;
 /// 0.84, 8.5, 85 and 850 km.
 constexpr std::array<std::size_t, 4> kAxisSizes = {10, 100, 1000, 10000};
 
+/// Vertex distance (m) of the polylines that peers search.
+constexpr double kPolylineStep = 0.1;
+
 /// An axis of n plan elements: groups of a straight, a clothoid, an arc and a clothoid, turning
 /// right and left by turns. Two groups share a radius, so the heading returns and the axis never
 /// meets itself. A point of intersection of grades, rounded by an arc, follows every 400 m.

@@ -59,6 +59,13 @@ std::string ratioText(double ratio) {
   return ratio < kManyDigits ? rounded(ratio) : std::to_string(std::llround(ratio));
 }
 
+void printTable(const char* head, const std::vector<std::string>& rows, std::ostream& out) {
+  out << head;
+  for (const std::string& row : rows) {
+    out << row << '\n';
+  }
+}
+
 }  // namespace
 
 Goal atMost(std::optional<double> must, std::optional<double> stretch) {
@@ -82,6 +89,16 @@ void GoalTable::add(const Comparison& comparison) {
   m_comparisons.push_back(row.str());
 }
 
+void GoalTable::add(const Quantity& quantity) {
+  const Goal& goal = quantity.goal;
+  m_isMet = m_isMet && keeps(goal, goal.must, quantity.value);
+  std::ostringstream row;
+  row << "| " << quantity.work << " | " << quantity.size << " | " << rounded(quantity.value) << ' '
+      << quantity.unit << " | " << limitText(goal, goal.must) << " | "
+      << limitText(goal, goal.stretch) << " | " << verdict(goal, quantity.value) << " |";
+  m_quantities.push_back(row.str());
+}
+
 void GoalTable::add(const Correctness& correctness) {
   const bool isKept = !correctness.must || correctness.largestError <= *correctness.must;
   m_isCorrect = m_isCorrect && isKept;
@@ -98,16 +115,20 @@ void GoalTable::add(const Correctness& correctness) {
 }
 
 void GoalTable::print(std::ostream& out) const {
-  out << "| work | n | ours | peer | its time | ratio | must | stretch | verdict |\n"
-         "|---|---|---|---|---|---|---|---|---|\n";
-  for (const std::string& row : m_comparisons) {
-    out << row << '\n';
-  }
-  out << "\n| results | n | checked | largest error | must | verdict |\n"
-         "|---|---|---|---|---|---|\n";
-  for (const std::string& row : m_errors) {
-    out << row << '\n';
-  }
+  printTable(
+      "| work | n | ours | peer | its time | ratio | must | stretch | verdict |\n"
+      "|---|---|---|---|---|---|---|---|---|\n",
+      m_comparisons, out);
+  out << '\n';
+  printTable(
+      "| memory and counts | n | ours | must | stretch | verdict |\n"
+      "|---|---|---|---|---|---|\n",
+      m_quantities, out);
+  out << '\n';
+  printTable(
+      "| results | n | checked | largest error | must | verdict |\n"
+      "|---|---|---|---|---|---|\n",
+      m_errors, out);
 }
 
 double worse(double error, double other) {

@@ -19,6 +19,9 @@ struct Effort {
   std::size_t pointsOfTrees = 0;
   std::size_t pointsOfLinearSearches = 0;
   std::size_t longestAxisOfTrees = 0;  ///< in elements; no tree over the polyline of a longer one
+  std::size_t largestSection = 0;  ///< in points, of the measured sections whose areas are taken
+  std::size_t largestFit = 0;      ///< in points
+  std::size_t seeds = 0;           ///< of the random fields of fix points
 };
 
 /// What a ratio has to keep: a gate and an aim, either of which may be missing.
@@ -43,6 +46,15 @@ struct Comparison {
   Goal goal;
 };
 
+/// A count or an amount of memory.
+struct Quantity {
+  std::string work;
+  std::size_t size = 0;
+  double value = 0.0;
+  std::string unit;
+  Goal goal;
+};
+
 /// Largest error of all results of one kind. A result that failed counts as infinite.
 struct Correctness {
   std::string work;
@@ -57,9 +69,10 @@ class GoalTable {
  public:
   /// Judged by ours / peer for a goal AtMost, by peer / ours for a goal AtLeast.
   void add(const Comparison& comparison);
+  void add(const Quantity& quantity);
   void add(const Correctness& correctness);
 
-  /// Two Markdown tables.
+  /// Markdown tables.
   void print(std::ostream& out) const;
 
   bool isEverythingCorrect() const { return m_isCorrect; }
@@ -67,6 +80,7 @@ class GoalTable {
 
  private:
   std::vector<std::string> m_comparisons;
+  std::vector<std::string> m_quantities;
   std::vector<std::string> m_errors;
   bool m_isCorrect = true;
   bool m_isMet = true;

@@ -43,6 +43,22 @@ std::vector<double> timesPerItem(Items& items, std::size_t itemsOfSlice, const A
   return times;
 }
 
+/// Does the same work over and over.
+/// @return nanoseconds per call, for each slice of the calls
+template <class Work>
+std::vector<double> timesPerCall(std::size_t slices, std::size_t callsOfSlice, const Work& work) {
+  std::vector<double> times;
+  for (std::size_t slice = 0; slice < slices; ++slice) {
+    const double time = nanosecondsOf([&] {
+      for (std::size_t call = 0; call < callsOfSlice; ++call) {
+        work();
+      }
+    });
+    times.push_back(time / static_cast<double>(callsOfSlice));
+  }
+  return times;
+}
+
 /// Does its work once and returns the times of all slices of it.
 using Contender = std::function<std::vector<double>()>;
 

@@ -4,6 +4,10 @@
 #ifndef CALCULATIONS_BENCHMARKS_SPLIT_MIX64_H
 #define CALCULATIONS_BENCHMARKS_SPLIT_MIX64_H
 
+#include "support/Angles.h"
+
+#include <cmath>
+#include <cstddef>
 #include <cstdint>
 
 namespace Benchmarks {
@@ -23,6 +27,15 @@ class SplitMix64 {
 
   /// In [0, 1), all 53 bits random.
   double uniform() { return static_cast<double>(draw() >> 11U) * 0x1p-53; }
+
+  /// In [0, count), for a count far below 2^64.
+  std::size_t below(std::size_t count) { return static_cast<std::size_t>(draw() % count); }
+
+  /// Standard normal deviate by the method of Box and Muller, whose second deviate is dropped.
+  double normal() {
+    const double radius = std::sqrt(-2.0 * std::log(1.0 - uniform()));
+    return radius * std::cos(kFullTurn * uniform());
+  }
 
  private:
   std::uint64_t m_state;

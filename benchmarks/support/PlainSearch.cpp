@@ -1,0 +1,205 @@
+#include "support/PlainSearch.h"
+
+#include <Eigen/Core>
+#include <Eigen/LU>
+#include <Eigen/SVD>
+
+#include <algorithm>
+#include <cmath>
+#include <deque>
+#include <numeric>
+#include <set>
+
+namespace Benchmarks {
+
+namespace {
+
+constexpr double kTolerance = 0.05;
+constexpr double kHeightTolerance = 0.02;
+constexpr double kCosineOfTilt = 0.17364817766693041;  // 80 degrees
+constexpr std::size_t kFewestMeasured = 3;
+
+/// What both ends of a distance may deviate by, with room for rounding.
+double largestChange() {
+  constexpr double kRounding = 1e-6;
+  return 2.0 * std::sqrt(2.0 * kTolerance * kTolerance + kHeightTolerance * kHeightTolerance) +
+         kRounding;
+}
+
+Eigen::Matrix3Xd columnsOf(const std::vector<ENHPoint>& points,
+                           const std::vector<std::size_t>& which) {
+  Eigen::Matrix3Xd columns(3, static_cast<Eigen::Index>(which.size()));
+  Eigen::Index column = 0;
+  for (const std::size_t index : which) {
+    columns.col(column++) << points[index].east, points[index].north, points[index].height;
+  }
+  return columns;
+}
+
+/// Of columns about their centroids, by Kabsch (Acta Cryst. A32, 1976).
+Eigen::Matrix3d bestRotation(const Eigen::Matrix3Xd& from, const Eigen::Matrix3Xd& to) {
+  const Eigen::JacobiSVD<Eigen::Matrix3d> svd(from * to.transpose(),
+                                              Eigen::ComputeFullU | Eigen::ComputeFullV);
+  Eigen::Matrix3d v = svd.matrixV();
+  if ((v * svd.matrixU().transpose()).determinant() < 0.0) v.col(2) *= -1.0;
+  return v * svd.matrixU().transpose();
+}
+
+std::vector<std::size_t> firstNumbers(std::size_t count) {
+  std::vector<std::size_t> numbers(count);
+  std::iota(numbers.begin(), numbers.end(), std::size_t{0});
+  return numbers;
+}
+
+/// The place of a subset in the queue that holds each subset once for each order in which its
+/// missing members can be left out.
+double placeInRepeatingQueue(const std::vector<std::size_t>& subset, std::size_t count) {
+  const std::size_t removed = count - subset.size();
+  double before = 0.0;
+  double sequences = 1.0;  // of so many removals
+  for (std::size_t i = 0; i < removed; ++i) {
+    before += sequences;
+    sequences *= static_cast<double>(count - i);
+  }
+  // Among those with as many removals: the first sequence leaves out the missing ones in order.
+  double place = 0.0;
+  std::size_t gone = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    if (std::find(subset.begin(), subset.end(), i) != subset.end()) continue;
+    sequences /= static_cast<double>(count - gone);
+    place += sequences * static_cast<double>(i - gone);
+    ++gone;
+  }
+  return before + place + 1.0;
+}
+
+}  // namespace
+
+double PlainSearch::measuredDistance(std::size_t a, std::size_t b) const {
+  return (m_measured[a] - m_measured[b]).length();
+}
+
+bool PlainSearch::strict() { return search(firstNumbers(m_measured.size())); }
+
+bool PlainSearch::robust() {
+  std::set<Indices> searched;
+  std::deque<Indices> queue = {firstNumbers(m_measured.size())};
+  while (!queue.empty()) {
+    const Indices subset = queue.front();
+    queue.pop_front();
+    if (!searched.insert(subset).second) continue;
+    m_searchedSubsets = searched.size();
+    if (search(subset)) {
+      m_numRepeatedSubsets = placeInRepeatingQueue(subset, m_measured.size());
+      return true;
+    }
+    if (subset.size() <= kFewestMeasured) continue;
+    for (std::size_t k = 0; k < subset.size(); ++k) {
+      Indices smaller = subset;
+      smaller.erase(smaller.begin() + static_cast<std::ptrdiff_t>(k));
+      queue.push_back(smaller);
+    }
+  }
+  return false;
+}
+
+bool PlainSearch::search(const Indices& subset) {
+  m_numCombinations = 0.0;
+  double farthest = 0.0;
+  for (const std::size_t i : subset) {
+    farthest = std::max(farthest, measuredDistance(subset.front(), i));
+  }
+  std::vector<std::vector<Neighbour>> neighbours;
+  neighbours.reserve(m_fixPoints.size());
+  for (std::size_t f = 0; f < m_fixPoints.size(); ++f) {
+    neighbours.push_back(neighboursOf(f, farthest + 2.0 * kTolerance));
+  }
+  bool found = false;
+  for (std::size_t f = 0; f < m_fixPoints.size(); ++f) {
+    if (neighbours[f].size() + 2 < subset.size()) continue;
+    const std::vector<Indices> partners = partnersOf(neighbours[f], subset);
+    if (partners.empty()) continue;
+    double combinations = 1.0;
+    for (const Indices& of : partners) {
+      combinations *= static_cast<double>(of.size());
+    }
+    m_numCombinations += combinations;
+    Indices assigned = {f};
+    if (place(subset, partners, assigned)) found = true;
+  }
+  return found;
+}
+
+std::vector<PlainSearch::Neighbour> PlainSearch::neighboursOf(std::size_t fixPoint,
+                                                              double radius) const {
+  std::vector<Neighbour> neighbours;
+  for (std::size_t i = 0; i < m_fixPoints.size(); ++i) {
+    if (i == fixPoint) continue;
+    const double distance = (m_fixPoints[i] - m_fixPoints[fixPoint]).length();
+    if (distance < radius) neighbours.push_back({i, distance});
+  }
+  return neighbours;
+}
+
+/// For each point of the subset after the first one; empty when one of them has none.
+std::vector<PlainSearch::Indices> PlainSearch::partnersOf(const std::vector<Neighbour>& neighbours,
+                                                          const Indices& subset) const {
+  std::vector<Indices> partners;
+  for (std::size_t k = 1; k < subset.size(); ++k) {
+    const double distance = measuredDistance(subset.front(), subset[k]);
+    Indices atDistance;
+    for (const Neighbour& neighbour : neighbours) {
+      if (std::abs(neighbour.distance - distance) < kTolerance) {
+        atDistance.push_back(neighbour.index);
+      }
+    }
+    if (atDistance.empty()) return {};
+    partners.push_back(std::move(atDistance));
+  }
+  return partners;
+}
+
+/// Goes through all combinations that begin with those assigned.
+/// @return whether one of them fits
+bool PlainSearch::place(const Indices& subset, const std::vector<Indices>& partners,
+                        Indices& assigned) const {
+  if (assigned.size() == subset.size()) return fits(subset, assigned);
+  bool found = false;
+  for (const std::size_t next : partners[assigned.size() - 1]) {
+    if (!keepsDistances(subset, assigned, next)) continue;
+    assigned.push_back(next);
+    if (place(subset, partners, assigned)) found = true;
+    assigned.pop_back();
+  }
+  return found;
+}
+
+bool PlainSearch::keepsDistances(const Indices& subset, const Indices& assigned,
+                                 std::size_t next) const {
+  static const double kLargestChange = largestChange();
+  const std::size_t place = assigned.size();
+  for (std::size_t i = 0; i < place; ++i) {
+    const double known = (m_fixPoints[assigned[i]] - m_fixPoints[next]).length();
+    const double seen = measuredDistance(subset[i], subset[place]);
+    if (!(std::abs(known - seen) < kLargestChange)) return false;
+  }
+  return true;
+}
+
+bool PlainSearch::fits(const Indices& subset, const Indices& assigned) const {
+  Eigen::Matrix3Xd measured = columnsOf(m_measured, subset);
+  Eigen::Matrix3Xd fixPoints = columnsOf(m_fixPoints, assigned);
+  measured.colwise() -= Eigen::Vector3d(measured.rowwise().mean());
+  fixPoints.colwise() -= Eigen::Vector3d(fixPoints.rowwise().mean());
+  const Eigen::Matrix3d rotation = bestRotation(measured, fixPoints);
+  const Eigen::Matrix3Xd deviations = rotation * measured - fixPoints;
+  return (deviations.topRows<2>().array().abs() < kTolerance).all() &&
+         (deviations.row(2).array().abs() < kHeightTolerance).all() &&
+         rotation(2, 2) >= kCosineOfTilt;
+}
+
+bool PlainSearch::fit(const std::vector<std::size_t>& fixPoints) const {
+  return fits(firstNumbers(m_measured.size()), fixPoints);
+}
+
+}  // namespace Benchmarks
