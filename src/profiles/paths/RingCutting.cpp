@@ -1,6 +1,7 @@
 #include "profiles/paths/RingCutting.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -64,24 +65,32 @@ std::vector<Ring> ringsWithin(const ClipperLib::Paths& paths, const ClipperLib::
   return rings;
 }
 
-void cutRing(const Ring& ring, ClipperLib::Paths& pieces) {
-  const auto isWide = [](const ClipperLib::Path& hole) {
+/// Where wide enough holes want to be cut. Narrower ones cannot be cut on the grid.
+std::vector<cInt> middlesOf(const ClipperLib::Paths& holes) {
+  std::vector<cInt> middles;
+  for (const ClipperLib::Path& hole : holes) {
     const Bounds bounds = boundsOf(hole);
-    return bounds.right - bounds.left >= 2;
-  };
-  const auto hole = std::find_if(ring.holes.begin(), ring.holes.end(), isWide);
-  if (hole == ring.holes.end()) {
+    const cInt width = bounds.right - bounds.left;
+    if (width >= 2) middles.push_back(bounds.left + width / 2);
+  }
+  return middles;
+}
+
+/// Cuts through the hole in the middle first, so that each cut halves what is left to do.
+void cutRing(const Ring& ring, ClipperLib::Paths& pieces) {
+  std::vector<cInt> middles = middlesOf(ring.holes);
+  if (middles.empty()) {
     pieces.push_back(ring.outline);
     return;
   }
-  const Bounds holeBounds = boundsOf(*hole);
-  const cInt middle = holeBounds.left + (holeBounds.right - holeBounds.left) / 2;
+  const auto median = middles.begin() + static_cast<std::ptrdiff_t>(middles.size() / 2);
+  std::nth_element(middles.begin(), median, middles.end());
   ClipperLib::Paths paths = ring.holes;
   paths.push_back(ring.outline);
   Bounds left = boundsOf(ring.outline);
   Bounds right = left;
-  left.right = middle;
-  right.left = middle;
+  left.right = *median;
+  right.left = *median;
   for (const Bounds& half : {left, right}) {
     for (const Ring& part : ringsWithin(paths, {rectangle(half)})) {
       cutRing(part, pieces);
