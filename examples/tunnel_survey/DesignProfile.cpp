@@ -96,6 +96,27 @@ std::vector<double> DesignProfile::joints() const {
   return derolments;
 }
 
+double DesignProfile::area() const {
+  const unsigned count = m_definition->getNumSegments();
+  const auto triangle = [](const Point2D& a, const Point2D& b) {
+    return (b.x * a.y - a.x * b.y) / 2.0;
+  };
+  double clockwise = triangle(m_definition->getSegmentEndAt(count - 1),  // it may not close exactly
+                              m_definition->getSegmentStartAt(0));
+  for (unsigned i = 0; i < count; ++i) {
+    const Point2D a = m_definition->getSegmentStartAt(i);
+    const Point2D b = m_definition->getSegmentEndAt(i);
+    clockwise += triangle(a, b);
+    const double radius = m_definition->getSegmentRadiusAt(i);
+    if (radius == 0.0) continue;
+    const double halfSine = std::min(1.0, (b - a).length() / (2.0 * std::abs(radius)));
+    const double angle = 2.0 * std::asin(halfSine);
+    // Clockwise arcs bulge out of a clockwise profile.
+    clockwise += std::copysign(radius * radius * (angle - std::sin(angle)) / 2.0, radius);
+  }
+  return std::abs(clockwise);
+}
+
 Point2D DesignProfile::centroid() const {
   double area = 0.0;
   Point2D moment;

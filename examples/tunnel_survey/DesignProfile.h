@@ -29,7 +29,8 @@ class DesignProfile {
   /// Derolments at which its elements meet.
   std::vector<double> joints() const;
   Point2D crown() const { return m_calculator->calcPointOnProfileAtDerolment(0.0); }
-  /// Of the area.
+  /// With the arcs as such, not as chords.
+  double area() const;
   Point2D centroid() const;
   Point2D lowerLeft() const;
   Point2D upperRight() const;

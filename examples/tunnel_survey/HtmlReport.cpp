@@ -177,14 +177,18 @@ void writeTable(std::ostream& out, const SectionTable& table) {
 HtmlReport::HtmlReport(std::ostream& out, const SectionSurvey& survey)
     : m_out(out), m_survey(survey) {}
 
-void HtmlReport::writeHead() {
+void HtmlReport::writeHead(const std::vector<Chapter>& chapters) {
   const std::string title = "Cross-sections of " + m_survey.source;
   m_out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
         << "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>"
         << escaped(title) << "</title>\n<style>" << kStyle << "</style>\n</head>\n<body>\n"
         << "<h1 id=\"top\">Measured and design profile</h1>\n<p>" << escaped(title) << " against "
-        << escaped(m_survey.designSource) << "</p>\n<nav><a href=\"#Map\">Map</a>"
-        << R"(<a href="#tables">Tables</a><a href="#sections">)" << escaped(m_survey.noun)
+        << escaped(m_survey.designSource) << "</p>\n<nav>";
+  for (const Chapter& chapter : chapters) {
+    m_out << "<a href=\"#" << escaped(chapter.heading) << "\">" << escaped(chapter.heading)
+          << "</a>";
+  }
+  m_out << R"(<a href="#tables">Tables</a><a href="#sections">)" << escaped(m_survey.noun)
         << "s</a></nav>\n<div class=\"facts\">\n";
   writeFacts(m_out, factsOf(m_survey));
   writeFacts(m_out, summaryOf(m_survey));
@@ -195,10 +199,10 @@ void HtmlReport::writeHead() {
   }
 }
 
-void HtmlReport::writeFigures(const std::string& heading, const std::vector<Figure>& figures) {
-  if (figures.empty()) return;
-  m_out << R"(<h2 class="page" id=")" << escaped(heading) << "\">" << escaped(heading) << "</h2>\n";
-  for (const Figure& figure : figures) {
+void HtmlReport::writeChapter(const Chapter& chapter) {
+  const std::string heading = escaped(chapter.heading);
+  m_out << R"(<h2 class="page" id=")" << heading << "\">" << heading << "</h2>\n";
+  for (const Figure& figure : chapter.figures) {
     m_out << "<figure>\n";
     writePicture(m_out, figure.svg, figure.caption);
     m_out << "<figcaption>" << escaped(figure.caption) << "</figcaption>\n</figure>\n";

@@ -20,15 +20,20 @@ struct Figure {
   std::string svg;
 };
 
+/// Pictures under a heading.
+struct Chapter {
+  std::string heading;
+  std::vector<Figure> figures;
+};
+
 /// Writes the report piece by piece, as long surveys have many pictures.
 class HtmlReport {
  public:
   HtmlReport(std::ostream& out, const SectionSurvey& survey);
 
-  /// How the survey was made, and its summary.
-  void writeHead();
-  /// A chapter of pictures, which the navigation leads to by its heading; nothing for no pictures.
-  void writeFigures(const std::string& heading, const std::vector<Figure>& figures);
+  /// How the survey was made, and its summary. The navigation leads to the chapters too.
+  void writeHead(const std::vector<Chapter>& chapters);
+  void writeChapter(const Chapter& chapter);
   /// Tables whose rows lead to the sections' pictures.
   void writeTables();
   void beginSections();

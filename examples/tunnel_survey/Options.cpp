@@ -55,11 +55,15 @@ CLI::Option* addAxisOptions(CLI::App& app, Options& options) {
   return landXml;
 }
 
-/// What is measured, and against what.
-void addMeasurementOptions(CLI::Option_group& group, Options& options, CLI::Option* landXml) {
-  auto* design = group.add_option("--design", options.design,
-                                  "CSV of the design profile: start_x, start_y, end_x, end_y, "
-                                  "radius (m; positive for arcs traversed clockwise, 0 straight)");
+CLI::Option* addDesignOption(CLI::Option_group& group, Options& options) {
+  return group.add_option("--design", options.design,
+                          "CSV of the design profile: start_x, start_y, end_x, end_y, radius (m; "
+                          "positive for arcs traversed clockwise, 0 straight)");
+}
+
+/// What is measured.
+void addMeasurementOptions(CLI::Option_group& group, Options& options, CLI::Option* landXml,
+                           CLI::Option* design) {
   auto* sections = group.add_option("--sections", options.sections,
                                     "CSV of measured profile points in the order around the "
                                     "profile: section or ring, x (right), y (up), and optionally "
@@ -120,13 +124,26 @@ void addComparisonOptions(CLI::Option_group& group, Options& options) {
       ->capture_default_str();
 }
 
+void addTransitionOptions(CLI::Option_group& group, Options& options, CLI::Option* design) {
+  auto* transition = group.add_option("--transition-to", options.transitionTo,
+                                      "CSV of a profile to which the design profile changes: draws "
+                                      "the profiles on the way. Measured sections are compared "
+                                      "with the design profile everywhere");
+  auto* stations = group.add_option("--transition-stations", options.transitionStations,
+                                    "Where the change begins and ends (m)");
+  stations->delimiter(',')->expected(2)->check(between(-1e9, 1e9))->needs(transition);
+  transition->needs(design)->needs(stations);
+}
+
 }  // namespace
 
 void addOptions(CLI::App& app, Options& options) {
   CLI::Option* landXml = addAxisOptions(app, options);
   auto* sections = app.add_option_group("Cross-sections");
-  addMeasurementOptions(*sections, options, landXml);
+  CLI::Option* design = addDesignOption(*sections, options);
+  addMeasurementOptions(*sections, options, landXml, design);
   addComparisonOptions(*sections, options);
+  addTransitionOptions(*sections, options, design);
   app.add_option("--output", options.output,
                  "Directory for the results: drawings (SVG and PNG), tables (CSV) and, with "
                  "cross-sections, the report (HTML)");

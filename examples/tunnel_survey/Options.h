@@ -38,6 +38,9 @@ struct Options {
   std::optional<double> geologyFrom;
   double magnify = 1.0;
 
+  std::string transitionTo;
+  std::vector<double> transitionStations;
+
   std::string output;
 };
 

@@ -133,7 +133,6 @@ SectionSurvey surveySections(const Options& options,
   const ComparisonRule rule = ruleOf(options);
   const bool isScan = !options.scan.empty();
   const std::string& source = isScan ? options.scan : options.sections;
-  if (source.empty()) throw Failure("--design needs --sections or --scan");
   const DesignProfile design =
       valueOrFail(readDesignProfile(textOf(options.design)), options.design);
   printHeading("Cross-sections");

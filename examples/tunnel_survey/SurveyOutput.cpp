@@ -8,6 +8,7 @@
 #include "tunnel_survey/Progress.h"
 #include "tunnel_survey/SectionDrawing.h"
 #include "tunnel_survey/SectionTable.h"
+#include "tunnel_survey/TransitionDrawing.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -15,6 +16,7 @@
 #include <iostream>
 #include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace TunnelSurvey {
@@ -65,20 +67,22 @@ void writeSections(const SectionSurvey& survey, const fs::path& directory, HtmlR
   }
 }
 
-void writeSectionResults(const SectionSurvey& survey, const std::vector<Figure>& axisFigures,
+void writeSectionResults(const SectionSurvey& survey, std::vector<Chapter> chapters,
                          const fs::path& directory) {
   writeNamedText(directory / "sections.csv", sectionsAsCsv(survey));
-  const std::string map = writeNamedSheet(developedMapSheet(survey), directory / "developed_map");
+  chapters.push_back({"Map",
+                      {{"Distances of the measured from the design profile over stationing and "
+                        "derolment, interpolated between points and sections.",
+                        writeNamedSheet(developedMapSheet(survey), directory / "developed_map")}}});
   const fs::path pictures = directory / "sections";
   makeDirectory(pictures);
   const fs::path path = directory / "report.html";
   std::ofstream file(path, std::ios::binary);
   HtmlReport report(file, survey);
-  report.writeHead();
-  report.writeFigures("Axis", axisFigures);
-  report.writeFigures("Map", {{"Distances of the measured from the design profile over stationing "
-                               "and derolment, interpolated between points and sections.",
-                               map}});
+  report.writeHead(chapters);
+  for (const Chapter& chapter : chapters) {
+    report.writeChapter(chapter);
+  }
   report.writeTables();
   report.beginSections();
   writeSections(survey, pictures, report);
@@ -89,29 +93,41 @@ void writeSectionResults(const SectionSurvey& survey, const std::vector<Figure>&
             << path.string() << '\n';
 }
 
+Chapter writeAxis(const Options& options, const SurveyResults& results, const fs::path& directory) {
+  SurveyPicture picture = *results.axis;
+  if (!options.points.empty()) {
+    writeNamedText(directory / "points_on_axis.csv", convertedPointsAsCsv(picture.points));
+  }
+  if (results.sections && results.sections->hasStations()) {
+    picture.sections = {*results.sections->results.front().section.station,
+                        *results.sections->results.back().section.station};
+  }
+  std::string plan = writeNamedSheet(planSheet(picture), directory / "plan");
+  std::string section =
+      writeNamedSheet(sectionSheet(picture, options.exaggeration), directory / "section");
+  return {"Axis",
+          {{"Plan of axis " + picture.name, std::move(plan)},
+           {"Longitudinal section of axis " + picture.name, std::move(section)}}};
+}
+
+Chapter writeTransition(const Transition& transition, const fs::path& directory) {
+  writeNamedText(directory / "transition.csv", transitionAsCsv(transition));
+  const std::string caption = "The design profile on its way from " + transition.startSource +
+                              " to " + transition.endSource + ".";
+  return {"Transition",
+          {{caption, writeNamedSheet(transitionSheet(transition), directory / "transition")}}};
+}
+
 }  // namespace
 
-void writeResults(const Options& options, const std::optional<SurveyPicture>& axis,
-                  const std::optional<SectionSurvey>& sections) {
+void writeResults(const Options& options, const SurveyResults& results) {
   const fs::path directory(options.output);
   makeDirectory(directory);
   printHeading("Written");
-  std::vector<Figure> figures;
-  if (axis) {
-    if (!options.points.empty()) {
-      writeNamedText(directory / "points_on_axis.csv", convertedPointsAsCsv(axis->points));
-    }
-    SurveyPicture picture = *axis;
-    if (sections && sections->hasStations()) {
-      picture.sections = {*sections->results.front().section.station,
-                          *sections->results.back().section.station};
-    }
-    figures = {
-        {"Plan of axis " + axis->name, writeNamedSheet(planSheet(picture), directory / "plan")},
-        {"Longitudinal section of axis " + axis->name,
-         writeNamedSheet(sectionSheet(picture, options.exaggeration), directory / "section")}};
-  }
-  if (sections) writeSectionResults(*sections, figures, directory);
+  std::vector<Chapter> chapters;
+  if (results.axis) chapters.push_back(writeAxis(options, results, directory));
+  if (results.transition) chapters.push_back(writeTransition(*results.transition, directory));
+  if (results.sections) writeSectionResults(*results.sections, std::move(chapters), directory);
 }
 
 }  // namespace TunnelSurvey

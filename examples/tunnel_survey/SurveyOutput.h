@@ -7,14 +7,20 @@
 #include "tunnel_survey/Options.h"
 #include "tunnel_survey/SectionSurvey.h"
 #include "tunnel_survey/SurveySheet.h"
+#include "tunnel_survey/Transition.h"
 
 #include <optional>
 
 namespace TunnelSurvey {
 
+struct SurveyResults {
+  std::optional<SurveyPicture> axis;
+  std::optional<Transition> transition;
+  std::optional<SectionSurvey> sections;
+};
+
 /// Prints what it writes. Throws a Failure when it cannot.
-void writeResults(const Options& options, const std::optional<SurveyPicture>& axis,
-                  const std::optional<SectionSurvey>& sections);
+void writeResults(const Options& options, const SurveyResults& results);
 
 }  // namespace TunnelSurvey
 

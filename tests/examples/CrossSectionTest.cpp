@@ -236,12 +236,13 @@ TEST(HtmlReport, NeedsNoOtherFileAndEscapesNames) {
   const SectionSurvey survey = surveyOf({{"<i>", 1.0, pointsAround(5.1, 20)}}, {});
   std::ostringstream out;
   HtmlReport report(out, survey);
-  report.writeHead();
+  report.writeHead({{"A & B", {}}});
   report.writeTables();
   report.writeSection(survey.results[0], "<svg a=\"#1\">100%</svg>");
   report.writeEnd();
   EXPECT_THAT(out.str(),
               HasSubstr("src=\"data:image/svg+xml,%3Csvg a=%22%231%22%3E100%25%3C/svg%3E\""));
+  EXPECT_THAT(out.str(), HasSubstr("<a href=\"#A &amp; B\">A &amp; B</a>"));
   for (const char* text : {"<i>", "<b>", "http", "<script", "<link"}) {
     EXPECT_THAT(out.str(), Not(HasSubstr(text)));
   }
