@@ -100,7 +100,8 @@ class CALCULATIONS_EXPORT Path {
 class CALCULATIONS_EXPORT Pathes {
  public:
   Pathes();
-  explicit Pathes(const Path& path);
+  /// A list of one: a path may stand where a list is expected.
+  Pathes(const Path& path);
   Pathes(const Pathes& other);
   Pathes& operator=(const Pathes& other);
   virtual ~Pathes();

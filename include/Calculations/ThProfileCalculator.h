@@ -41,7 +41,8 @@ class CALCULATIONS_EXPORT IProfileCalculator {
 /// Failure: nothing throws. A profile without segments gives zero results, empty lists, or the
 ///   largest double where a diameter is asked for.
 /// Cost: constructing takes O(C / 0.1 m + n log n), a point O(log n) near the profile.
-/// The profile is read when the calculator is constructed; later changes to it are not seen.
+/// Lifetime: shares ownership of the profile. It is read when the calculator is constructed; later
+///   changes to it are not seen.
 /// Threads: may be shared. Not copyable.
 class CALCULATIONS_EXPORT ThProfileCalculator : public IProfileCalculator {
  public:

@@ -12,8 +12,9 @@ IProfileCalculator::~IProfileCalculator() = default;
 
 ThProfileCalculator::ThProfileCalculator(
     const boost::shared_ptr<const ThProfileDefinition>& profile)
-    : m_impl(profile ? new ThProfileCalculatorImpl(*profile->getImpl(), profile->getCircumference())
-                     : new ThProfileCalculatorImpl(ThProfileDefinitionImpl(), 0.0)) {}
+    : m_impl(new ThProfileCalculatorImpl(
+          profile ? profile
+                  : boost::shared_ptr<const ThProfileDefinition>(new ThProfileDefinition))) {}
 
 ThProfileCalculator::~ThProfileCalculator() = default;
 

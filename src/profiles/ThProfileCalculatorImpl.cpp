@@ -1,6 +1,7 @@
 #include "profiles/ThProfileCalculatorImpl.h"
 
 #include "profiles/ProfileReach.h"
+#include "profiles/ThProfileDefinitionImpl.h"
 #include "shapes/ChainIntersections.h"
 
 #include <Calculations/Utilities.h>
@@ -11,6 +12,7 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace Ruv {
 namespace Calculations {
@@ -95,11 +97,12 @@ std::vector<bool> repeatsEarlierNode(const std::vector<CChainNode>& nodes) {
 
 }  // namespace
 
-ThProfileCalculatorImpl::ThProfileCalculatorImpl(const ThProfileDefinitionImpl& profile,
-                                                 double circumference)
-    : m_chain(profile.nodes),
-      m_circumference(circumference),
-      m_isClockwise(profile.sense.isClockwise()) {
+ThProfileCalculatorImpl::ThProfileCalculatorImpl(
+    boost::shared_ptr<const ThProfileDefinition> profile)
+    : m_profile(std::move(profile)),
+      m_chain(m_profile->getImpl()->nodes),
+      m_circumference(m_profile->getCircumference()),
+      m_isClockwise(m_profile->isDefinedClockwise()) {
   m_crown = rawDerolmentOfCrown();
 }
 

@@ -4,10 +4,12 @@
 #ifndef CALCULATIONS_PROFILES_TH_PROFILE_CALCULATOR_IMPL_H
 #define CALCULATIONS_PROFILES_TH_PROFILE_CALCULATOR_IMPL_H
 
-#include "profiles/ThProfileDefinitionImpl.h"
 #include "shapes/CurveChain.h"
 
 #include <Calculations/ProfilePointResult.h>
+#include <Calculations/ThProfileDefinition.h>
+
+#include <boost/shared_ptr.hpp>
 
 #include <optional>
 #include <vector>
@@ -19,7 +21,7 @@ namespace Calculations {
 /// node. Public ones count from the crown.
 class ThProfileCalculatorImpl {
  public:
-  ThProfileCalculatorImpl(const ThProfileDefinitionImpl& profile, double circumference);
+  explicit ThProfileCalculatorImpl(boost::shared_ptr<const ThProfileDefinition> profile);
 
   double circumference() const { return m_circumference; }
   bool hasSegments() const { return m_chain.nodes().size() >= 2; }
@@ -46,6 +48,7 @@ class ThProfileCalculatorImpl {
   std::vector<double> sortedRawDerolmentsOfVertices() const;
   double rawDerolmentOfCrown() const;
 
+  boost::shared_ptr<const ThProfileDefinition> m_profile;  // kept alive, read only once
   CCurveChain m_chain;
   double m_circumference;
   bool m_isClockwise;

@@ -147,6 +147,13 @@ TEST(GuidanceCalculator, MeasuresFromAxisParallelVectors) {
   EXPECT_EQ(inPlan.absolutePointAtForwardValue(191), ENHPoint());
   // Beyond the tunnel meters the input of the conversion reads as a stationing.
   EXPECT_EQ(inSpace.absolutePointAtForwardValue(300), ENHPoint());
+  const ENHPoint place = gridPoint(axis, AxisPoint(120, 0.5, 1), true);
+  EXPECT_LT((inSpace.absolutePointAtForwardValue(120 - 1012.5) - place).length(), 1e-9);
+  // An origin before the axis counts by its stationing.
+  const VectorPtr before(Factory::createAsAxisParallelFromAxisCoordinate(AxisPoint(90, 0.5, 1)));
+  const GuidanceCalculator fromBefore(before, axis, true);
+  expectOffsets(fromBefore.calculateOffsets(place), 1025 - 90, 0, 0, 1e-9);
+  EXPECT_LT((fromBefore.absolutePointAtForwardValue(1025 - 90) - place).length(), 1e-9);
 }
 
 TEST(GuidanceCalculator, MeasuresFromStraightVectors) {

@@ -159,6 +159,30 @@ TEST(MeasuredProfileCalculator, TellsPointsRelativeToAnyReference) {
   EXPECT_NEAR(byMeasured.calculateProfilePoint(Point2D(1, -3)).distance, 2.0, 1e-12);
 }
 
+TEST(MeasuredProfileCalculator, SeesAreasOfChangedProfiles) {
+  const MeasuredPtr scan = TestSupport::measuredThrough({{0, 0}, {4, 0}, {4, 4}, {0, 4}});
+  const ProfilePtr design =
+      TestSupport::profileThrough({{0, 0, 0}, {0, 2, 0}, {2, 2, 0}, {2, 0, 0}, {0, 0, 0}});
+  const MeasuredProfileCalculator calculator(design, scan);
+  EXPECT_NEAR(calculator.overProfileArea(), 12.0, 1e-7);
+  // As many points and segments as before: the scan smaller, one wall of the design an arc.
+  scan->reset();
+  for (const Point2D& corner : {Point2D(0, 0), Point2D(1, 0), Point2D(1, 1), Point2D(0, 1)}) {
+    scan->addPoint(corner);
+  }
+  EXPECT_NEAR(calculator.comparisonArea(), 1.0, 1e-7);
+  EXPECT_NEAR(calculator.underProfileArea(), 3.0, 1e-7);
+  design->resetThProfile();
+  design->addSegmentArc(0, 0, 0, 2, 1.0);
+  design->addSegmentStraight(0, 2, 2, 2);
+  design->addSegmentStraight(2, 2, 2, 0);
+  design->addSegmentStraight(2, 0, 0, 0);
+  EXPECT_NEAR(calculator.referenceArea(), 4.0 + kPi / 2, 1e-3);
+  scan->reset();
+  EXPECT_EQ(calculator.comparisonArea(), 0.0);
+  EXPECT_EQ(calculator.underProfileArea(), calculator.referenceArea());
+}
+
 TEST(MeasuredProfileCalculator, FindsTheComparisonAlongLines) {
   const MeasuredProfileCalculator calculator(
       TestSupport::circleProfile(2.0),
@@ -235,6 +259,13 @@ TEST(MeasuredProfileCalculator, Filters) {
   // What two wedges share stays allowed.
   calculator.setFilterExcludeBetweenAngles(5 * kPi / 4, 7 * kPi / 4, Point2D(0, 4));
   EXPECT_FALSE(calculator.isInFilteredArea(Point2D(-3, 4)));
+  // Under a wedge upwards the middle of the section stays, and no outline is cut there.
+  calculator.resetAllFilters();
+  calculator.setFilterExcludeBetweenAngles(-0.3, 0.3, Point2D(0, 4));
+  EXPECT_FALSE(calculator.isInFilteredArea(Point2D(0, 3)));
+  EXPECT_TRUE(calculator.isInFilteredArea(Point2D(0, 4)));  // the border
+  EXPECT_TRUE(calculator.isInFilteredArea(Point2D(0, 5)));
+  EXPECT_EQ(calculator.comparisonCircumferenceLines(true).size(), 2u);
 }
 
 TEST(MeasuredProfileCalculator, GivesOutlines) {

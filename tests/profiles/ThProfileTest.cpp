@@ -258,6 +258,27 @@ TEST(ThProfileCalculator, FoldsTheStartOfAnticlockwiseProfiles) {
               1e-12);
 }
 
+TEST(ThProfileCalculator, KeepsTheSignOfHalfACircumference) {
+  const ThProfileCalculator fromInvert(
+      profileThrough({{0, 0, 0}, {-1, 0, 0}, {-1, 2, 0}, {1, 2, 0}, {1, 0, 0}, {0, 0, 0}}));
+  EXPECT_EQ(fromInvert.calculateProfilePoint(Point2D(0, -1)).derolment, -4.0);
+  // Without area there is no crown, and derolments count from the start.
+  const ThProfileCalculator thereAndBack(profileThrough({{0, 0, 0}, {0, 4, 0}, {0, 0, 0}}));
+  EXPECT_EQ(thereAndBack.calculateProfilePoint(Point2D(0, 5)).derolment, 4.0);
+}
+
+TEST(ThProfileCalculator, CountsStationsFromTheStartsGiven) {
+  const ProfilePtr profile = profileThrough({{0, 0, 0}, {0, 4, 0}});
+  profile->addSegmentStraight(2, 4, 4, 4);  // 2 m, stretched over 4 m
+  profile->addSegmentStraight(4, 4, 4, 0);
+  profile->addSegmentStraight(4, 0, 0, 0);
+  const ThProfileCalculator calculator(profile);
+  EXPECT_EQ(profile.use_count(), 2);  // shared with the calculator
+  const double start = calculator.calculateProfilePoint(Point2D(0, 4)).derolment;
+  EXPECT_NEAR(calculator.calculateProfilePoint(Point2D(1, 5)).derolment - start, 0.5, 1e-12);
+  EXPECT_NEAR(calculator.calculateProfilePoint(Point2D(5, 3)).derolment - start, 3.0, 1e-12);
+}
+
 TEST(ThProfileCalculator, AnswersNeutrallyOnDegenerateProfiles) {
   const double largest = std::numeric_limits<double>::max();
   const std::vector<ProfilePtr> profiles = {

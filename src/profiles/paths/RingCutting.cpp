@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 #include <utility>
 #include <vector>
 
@@ -98,13 +99,47 @@ void cutRing(const Ring& ring, ClipperLib::Paths& pieces) {
   }
 }
 
-/// Whether a hole, which may touch the outline but not cross it, lies inside.
-bool holds(const ClipperLib::Path& outline, const ClipperLib::Path& hole) {
+/// So many more corners inside than outside, or the reverse, are no rounding.
+constexpr int kClearMajority = 8;
+
+/// Corners of a hole inside an outline less those outside; further ones do not count after a clear
+/// majority.
+int majorityInside(const ClipperLib::Path& outline, const ClipperLib::Path& hole) {
+  int majority = 0;
   for (const ClipperLib::IntPoint& p : hole) {
     const int place = ClipperLib::PointInPolygon(p, outline);
-    if (place >= 0) return place == 1;
+    if (place >= 0) majority += place == 1 ? 1 : -1;
+    if (std::abs(majority) >= kClearMajority) break;
   }
-  return false;
+  return majority;
+}
+
+bool areApart(const Bounds& a, const Bounds& b) {
+  return a.left > b.right || b.left > a.right || a.bottom > b.top || b.bottom > a.top;
+}
+
+double commonArea(const ClipperLib::Path& a, const ClipperLib::Path& b) {
+  double area = 0.0;
+  for (const Ring& ring : ringsWithin({a}, {b})) {
+    area += ClipperLib::Area(ring.outline);
+    for (const ClipperLib::Path& hole : ring.holes) {
+      area += ClipperLib::Area(hole);
+    }
+  }
+  return area;
+}
+
+/// Whether a hole lies inside. Edges that it shares with the outline may leave its corners on
+/// either side by rounding to the grid; areas decide where corners do not.
+bool holds(const ClipperLib::Path& outline, const ClipperLib::Path& hole) {
+  const double area = std::abs(ClipperLib::Area(hole));
+  if (!(std::abs(ClipperLib::Area(outline)) > area)) return false;
+  if (areApart(boundsOf(outline), boundsOf(hole))) return false;
+  const int majority = majorityInside(outline, hole);
+  const bool isWhollyInside = majority == static_cast<int>(hole.size());
+  if (isWhollyInside || majority >= kClearMajority) return true;
+  if (majority <= -kClearMajority) return false;
+  return commonArea(outline, hole) > area / 2.0;
 }
 
 /// The innermost ring around a hole, null if there is none.
@@ -129,11 +164,11 @@ ClipperLib::Paths cutAtHoles(const ClipperLib::Paths& paths) {
       holes.push_back(path);
     }
   }
+  ClipperLib::Paths pieces;
   for (const ClipperLib::Path& hole : holes) {
     Ring* ring = ringAround(hole, rings);
-    if (ring != nullptr) ring->holes.push_back(hole);
+    (ring != nullptr ? ring->holes : pieces).push_back(hole);
   }
-  ClipperLib::Paths pieces;
   for (const Ring& ring : rings) {
     cutRing(ring, pieces);
   }

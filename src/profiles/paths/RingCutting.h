@@ -12,7 +12,8 @@ namespace Calculations {
 /// Replaces every outline that holds holes by pieces without, whose areas add up to the area of
 /// the outline less its holes. Holes are the paths of negative orientation. The cuts are vertical,
 /// through the middle of a hole, so a symmetric ring gives symmetric pieces and no piece has a
-/// bridge of width zero. A hole narrower than two clipping units is filled.
+/// bridge of width zero. A hole narrower than two clipping units is filled, one in no outline
+/// stays.
 ClipperLib::Paths cutAtHoles(const ClipperLib::Paths& paths);
 
 }  // namespace Calculations

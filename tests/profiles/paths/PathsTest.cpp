@@ -209,6 +209,19 @@ TEST(Pathes, HandOutRingsInSimplePieces) {
   expectSimplePieces(
       Pathes::without(island, Pathes(circle(1.0))),
       outer.area() - circle(3.0).area() + circle(2.0).area() - circle(1.0).area() + 1.0);
+  // Holes that touch the outline with all their corners, and with two edges as the grid allows.
+  const ClipperLib::Paths touching[] = {
+      {{{0, 0}, {400, 0}, {400, 400}, {0, 400}}, {{200, 0}, {0, 200}, {200, 400}, {400, 200}}},
+      {{{50526, 4976}, {53665, 9764}, {53787, 11339}, {50984, 13965}, {50236, 4377}},
+       {{50674, 9997}, {50797, 11572}, {53787, 11338}, {53664, 9763}}}};
+  for (const ClipperLib::Paths& paths : touching) {
+    double sum = 0.0;
+    for (const ClipperLib::Path& piece : PathHelper::convertRingToSimplePaths(paths)) {
+      EXPECT_GT(ClipperLib::Area(piece), 0.0);
+      sum += ClipperLib::Area(piece);
+    }
+    EXPECT_NEAR(sum, ClipperLib::Area(paths[0]) + ClipperLib::Area(paths[1]), 1e4);
+  }
   Random random(101);
   for (int round = 0; round < 15; ++round) {
     Pathes cut;
@@ -279,6 +292,9 @@ TEST(PathHelper, LeavesOutSmallAreas) {
   ASSERT_EQ(areas.size(), 1u);
   EXPECT_GE(areas[0].points()[0].x, 2.0);
   EXPECT_EQ(PathHelper::profileLinesFromPathes(paths).size(), 2u);
+  // A hole in nothing is not cut.
+  EXPECT_EQ(PathHelper::convertRingToSimplePaths({negative}), ClipperLib::Paths(1, negative));
+  EXPECT_EQ(PathHelper::convertRingToSimplePaths({ClipperLib::Path(), negative}).size(), 2u);
 }
 
 }  // namespace
