@@ -46,9 +46,9 @@ class CALCULATIONS_EXPORT AxisDefinition {
   /// True for a shaft whose stationing grows downwards.
   bool isShaftAxisTopDown() const;
   /// Range of stationings that the horizontal and the vertical alignment share; for a shaft that
-  /// of its two vertical points. Both limits are 0.0 while the axis lacks two horizontal entries
-  /// or two vertical points. The lower limit exceeds the upper one when the alignments do not
-  /// overlap.
+  /// of its two vertical points. Both limits are 0.0 while the axis lacks two vertical points or,
+  /// not being a shaft, two horizontal entries. The lower limit exceeds the upper one when the
+  /// alignments do not overlap.
   double minimumStng2d() const;
   double maximumStng2d() const;
   /// @}
@@ -119,7 +119,8 @@ class CALCULATIONS_EXPORT AxisDefinition {
   Polyline getHoralSegmentPolylineAt(unsigned index, double step) const;
   /// Stationing and height of one vertical point: the point itself, or its rounding.
   Polyline getVeralPointPolylineAt(unsigned index, double step) const;
-  /// Stationing and height of all vertical points in turn, without repeats.
+  /// Stationing and height along the whole vertical alignment, without repeats. Never runs back:
+  /// where roundings overlap the earlier one is followed to its end.
   Polyline getVeralPolyline(double step) const;
   /// @}
 

@@ -42,7 +42,7 @@ class CALCULATIONS_EXPORT BlockAxisDefinition {
   /// End stationing on the block axis: start + plan length of the chord.
   double blockEndStng2d() const;
 
-  /// Tunnel meter of the reference axis at the start.
+  /// Tunnel meter of the reference axis at the start; where it has none, the start stationing.
   double blockStartStng3d() const;
   /// Length of the chord in space.
   double blockLength3d() const;

@@ -133,7 +133,7 @@ bool AxisDefinition::isShaftAxisTopDown() const {
   const CVeralElement* first = m_impl->container.veralAt(0);
   const CVeralElement* second = m_impl->container.veralAt(1);
   if (!isShaftAxis() || first == nullptr || second == nullptr) return false;
-  return first->getHeight() >= second->getHeight();
+  return !(first->getHeight() < second->getHeight());
 }
 
 double AxisDefinition::minimumStng2d() const {

@@ -7,7 +7,7 @@ void AxisDefinitionImpl::stationingRange(double& minimum, double& maximum) const
   minimum = 0.0;
   maximum = 0.0;
   if (axisType == AxisType::Shaft) {
-    if (!isCompleteShaft()) return;
+    if (container.numVeral() < 2) return;
     minimum = container.veralAt(0)->getStationing();
     maximum = container.veralAt(1)->getStationing();
   } else if (container.numHoral() >= 2 && container.numVeral() >= 2) {

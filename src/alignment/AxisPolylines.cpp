@@ -18,7 +18,7 @@ constexpr double kMostSteps = 1e7;
 template <class Sample>
 void sampleAlong(double from, double to, double step, const Sample& sample) {
   Utilities::forceInRange(step, kSmallestStep, kLargestStep);
-  sample(from);
+  if (from < to) sample(from);
   const bool isCountable = (to - from) / step <= kMostSteps;
   for (int steps = 1; isCountable && from + steps * step < to; ++steps) {
     sample(from + steps * step);
@@ -40,7 +40,13 @@ void appendVeralPoint(const std::vector<CVeralPoint>& points, std::size_t index,
   });
 }
 
-bool areEqual(const Point2D& a, const Point2D& b) { return a.x == b.x && a.y == b.y; }
+/// True for a repeat of the last point, and for one that lies behind it, as the start of a rounding
+/// that overlaps the rounding before it: the earlier rounding holds there.
+bool isPassed(const Point2D& point, const std::vector<Point2D>& line) {
+  if (line.empty()) return false;
+  const Point2D& last = line.back();
+  return point.x < last.x || (point.x == last.x && point.y == last.y);
+}
 
 }  // namespace
 
@@ -81,7 +87,7 @@ std::vector<Point2D> sampledVeral(const CShapeContainer& container, double step)
     std::vector<Point2D> part;
     appendVeralPoint(points, i, step, part);
     for (const Point2D& point : part) {
-      if (line.empty() || !areEqual(line.back(), point)) line.push_back(point);
+      if (!isPassed(point, line) && !(point.x > points.back().stationing)) line.push_back(point);
     }
   }
   return line;

@@ -23,7 +23,8 @@ std::vector<Point2D> sampledSegment(const CShapeContainer& container, std::size_
 std::vector<Point2D> sampledVeralPoint(const CShapeContainer& container, std::size_t index,
                                        double step);
 
-/// Stationing and height of all vertical points in turn, exact repeats dropped.
+/// Stationing and height along the whole vertical alignment. Repeats are dropped, and what of a
+/// rounding another one already covers or lies beyond the ends.
 std::vector<Point2D> sampledVeral(const CShapeContainer& container, double step);
 
 }  // namespace Calculations

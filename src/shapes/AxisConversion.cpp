@@ -141,9 +141,8 @@ std::optional<ENHPoint> axisToGrid(const CAxisGeometry& axis, const AxisPoint& p
 std::optional<CAxisProperties> axisPropertiesAt(const CAxisGeometry& axis, double stationing) {
   const auto place = placeAt(axis, stationing);
   if (!place) return std::nullopt;
-  return CAxisProperties{reportedAzimuth(place->plan.heading),
-                         reportedRadius(place->plan.curvature), place->profile.grade * kPercentBase,
-                         axis.transSlopes.at(stationing)};
+  return CAxisProperties{reportedAzimuth(place->plan.heading), axis.horal.radiusAt(stationing),
+                         place->profile.grade * kPercentBase, axis.transSlopes.at(stationing)};
 }
 
 std::optional<AxisPoint> gridToAxis(const CAxisGeometry& axis, const ENHPoint& point,

@@ -39,7 +39,8 @@ double footBetween(const ForwardAt& forwardAt, const CSearchNode& ahead,
   double low = ahead.place;
   double high = behind.place;
   const double drop = ahead.forward.value - behind.forward.value;
-  double place = drop > 0.0 ? low + (high - low) * (ahead.forward.value / drop) : low;
+  double place = low + (high - low) * (ahead.forward.value / drop);
+  if (!(place >= low && place <= high)) place = low;  // a drop of zero or of infinity
   for (int step = 0; step < kMostSearchSteps; ++step) {
     const CForwardDistance forward = forwardAt(place);
     (forward.value >= 0.0 ? low : high) = place;

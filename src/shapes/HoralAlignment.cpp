@@ -14,9 +14,6 @@ namespace Ruv {
 
 namespace {
 
-/// Curvatures below this (1/m) are those of a straight: radii of more than a light hour.
-constexpr double kNoCurvature = 1e-15;
-
 /// Azimuths this close (rad) below a full turn are north.
 constexpr double kFullTurnNoise = 1e-12;
 
@@ -54,10 +51,6 @@ double reportedAzimuth(double bearing) {
   return azimuth > kTwoPi - kFullTurnNoise ? 0.0 : azimuth;
 }
 
-double reportedRadius(double curvature) {
-  return std::abs(curvature) < kNoCurvature ? 0.0 : 1.0 / curvature;
-}
-
 CHoralAlignment::CHoralAlignment(double startStationing,
                                  const std::vector<CHoralSegmentData>& segments)
     : m_startStationing(startStationing), m_segments(placedSegments(segments)) {
@@ -73,24 +66,37 @@ CHoralAlignment::CHoralAlignment(double startStationing,
   m_boxes = CBoxTree(std::move(boxes));
 }
 
-std::optional<CCurvePoint> CHoralAlignment::pointAt(double stationing) const {
-  if (!(stationing >= m_startStationing)) return std::nullopt;
+const CHoralSegment* CHoralAlignment::segmentAt(double stationing) const {
+  if (!(stationing >= m_startStationing)) return nullptr;
   std::size_t index = m_ends.firstNotLess(stationing);
   // An element of length 0 can only be met at the very start, where the next one begins too.
   while (index < m_segments.size() && m_segments[index].stationingEnd == stationing &&
          m_segments[index].stationingStart == stationing) {
     ++index;
   }
-  if (index == m_segments.size() || !m_segments[index].isEvaluable) return std::nullopt;
+  if (index == m_segments.size() || !m_segments[index].isEvaluable) return nullptr;
   const CHoralSegment& segment = m_segments[index];
-  return segment.path.at(stationing - segment.stationingStart);
+  // It begins elsewhere when a caller has linked it to another element than the one before it.
+  return stationing >= segment.stationingStart ? &segment : nullptr;
+}
+
+std::optional<CCurvePoint> CHoralAlignment::pointAt(double stationing) const {
+  const CHoralSegment* segment = segmentAt(stationing);
+  if (segment == nullptr) return std::nullopt;
+  return segment->path.at(stationing - segment->stationingStart);
+}
+
+double CHoralAlignment::radiusAt(double stationing) const {
+  const CHoralSegment* segment = segmentAt(stationing);
+  if (segment == nullptr) return 0.0;
+  return segment->path.curve.radiusAt(stationing - segment->stationingStart);
 }
 
 std::optional<CAlignmentPosition> CHoralAlignment::positionAt(double stationing) const {
   const auto point = pointAt(stationing);
   if (!point) return std::nullopt;
-  return CAlignmentPosition{stationing, reportedAzimuth(point->heading),
-                            reportedRadius(point->curvature), point->position};
+  return CAlignmentPosition{stationing, reportedAzimuth(point->heading), radiusAt(stationing),
+                            point->position};
 }
 
 std::optional<CAlignmentFoot> CHoralAlignment::project(const Point2D& p) const {

@@ -41,6 +41,8 @@ class CHoralAlignment {
   /// Evaluates the first segment whose end stationing is not less than the given one. Nothing
   /// outside the alignment or when that segment is not evaluable. O(log n).
   std::optional<CCurvePoint> pointAt(double stationing) const;
+  /// Signed radius at the same place; 0 where it is straight and where pointAt gives nothing.
+  double radiusAt(double stationing) const;
   /// The same as callers are told it.
   std::optional<CAlignmentPosition> positionAt(double stationing) const;
 
@@ -51,6 +53,7 @@ class CHoralAlignment {
   std::optional<CAlignmentFoot> project(const Point2D& p) const;
 
  private:
+  const CHoralSegment* segmentAt(double stationing) const;
   std::optional<CAlignmentFoot> nearestFoot(const Point2D& p) const;
   std::optional<CAlignmentFoot> nearestCorner(const Point2D& p) const;
 
@@ -59,9 +62,6 @@ class CHoralAlignment {
   std::vector<CHoralSegment> m_segments;
   CBoxTree m_boxes;
 };
-
-/// The radius of a curvature, 0 where there is none.
-double reportedRadius(double curvature);
 
 /// Azimuth in [0, 2 pi), with values that only rounding keeps below a full turn given as 0: due
 /// north must not read 6.283.

@@ -1,5 +1,8 @@
 #include "shapes/HoralSegment.h"
 
+#include "foundation/MathConstants.h"
+#include "shapes/ShapeTolerances.h"
+
 #include <Calculations/ShapeElements.h>
 
 #include <algorithm>
@@ -19,6 +22,10 @@ constexpr double kTrustedMissUlps = 4.0;
 /// A chord below this part of the length has no direction: rounding of the curve's own end point
 /// turns it by a microradian.
 constexpr double kClosedChordRatio = 1e-9;
+
+/// Rounding of the end stationing, start + length, in ulps of the stationings; never counted as
+/// more than kFootTolerance.
+constexpr double kStationingUlps = 2.0;
 
 double largestCoordinate(const CHoralSegmentData& data) {
   return std::max(std::max(std::abs(data.start.x), std::abs(data.start.y)),
@@ -57,9 +64,20 @@ bool isFinite(const CHoralSegmentData& data) {
          Ruv::isFinite(data.end);
 }
 
+/// Length of a segment, of which an alignment knows the stationings of both ends only. Their
+/// rounding must not stretch a full circle, which no arc may exceed.
+double lengthOf(const CHoralSegmentData& data) {
+  const double length = data.stationingEnd - data.stationingStart;
+  if (data.radiusStart != data.radiusEnd) return length;
+  const double circle = kTwoPi * std::abs(data.radiusStart);
+  const double largest = std::max(std::abs(data.stationingStart), std::abs(data.stationingEnd));
+  const double rounding =
+      std::min(kStationingUlps * std::numeric_limits<double>::epsilon() * largest, kFootTolerance);
+  return length > circle && length - circle <= rounding ? circle : length;
+}
+
 CPlaneCurve curveOf(const CHoralSegmentData& data) {
-  return curveOfType(data.typeId, data.radiusStart, data.radiusEnd,
-                     data.stationingEnd - data.stationingStart);
+  return curveOfType(data.typeId, data.radiusStart, data.radiusEnd, lengthOf(data));
 }
 
 bool hasShape(const CHoralSegmentData& data, const CPlaneCurve& curve) {

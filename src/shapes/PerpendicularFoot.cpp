@@ -103,8 +103,9 @@ class CPerpendicularSearch {
   CStretch stretchBefore(std::size_t index, double stationing) const {
     if (index == 0 || stationing <= m_axis.minimumStationing) return {};
     const CHoralSegment& segment = m_axis.horal.segments()[index - 1];
-    if (!segment.isEvaluable) return {};
-    return {&segment, &m_axis.veral.pieces()[m_axis.veral.pieceAt(stationing)]};
+    const std::size_t piece = m_axis.veral.pieceAt(stationing);
+    if (!segment.isEvaluable || piece == m_axis.veral.pieces().size()) return {};
+    return {&segment, &m_axis.veral.pieces()[piece]};
   }
 
   void searchBreak(const CStretch& before, const CStretch& after, double stationing) {

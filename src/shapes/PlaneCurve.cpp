@@ -28,6 +28,9 @@ constexpr std::array<CQuadratureNode, 5> kQuadrature = {
      {0.86506336668898451, 0.14945134915058059},
      {0.97390652851717172, 0.06667134430868814}}};
 
+/// Curvatures below this (1/m) are those of a straight: radii of more than a light hour.
+constexpr double kNoCurvature = 1e-15;
+
 double curvatureOfRadius(double radius) {
   return std::abs(radius) <= kZeroLength ? 0.0 : 1.0 / radius;
 }
@@ -158,6 +161,13 @@ CCurvePoint CPlaneCurve::at(double l) const {
           ? turnedTo(m_spiral.toCurve, spiralPoint(m_spiral.startLength + l) - m_spiral.startPoint)
           : positionByQuadrature(l);
   return point;
+}
+
+double CPlaneCurve::radiusAt(double l) const {
+  // The reciprocal of a reciprocal may be an ulp off: 49 would read 49.000000000000007.
+  if (m_kind == Kind::Arc) return m_radius;
+  const double curvature = m_kind == Kind::Straight ? 0.0 : curvatureAt(l);
+  return std::abs(curvature) < kNoCurvature ? 0.0 : 1.0 / curvature;
 }
 
 CCurveFoot CPlaneCurve::footOf(const Point2D& p) const {

@@ -38,6 +38,8 @@ class CPlaneCurve {
   bool isDefined() const { return m_isDefined; }
 
   CCurvePoint at(double l) const;
+  /// Signed radius, that of an arc as it was given; 0 where there is no curvature.
+  double radiusAt(double l) const;
   /// at(length()), computed once.
   const CCurvePoint& end() const { return m_end; }
 

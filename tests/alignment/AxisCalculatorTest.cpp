@@ -142,6 +142,9 @@ TEST(AxisCalculator, MeasuresAgainstAStraightAxisByHand) {
   ASSERT_TRUE(
       calculator.axisPointToEnhPoint(AxisPoint(1100, std::sqrt(2.0), 0), point, false, true));
   EXPECT_LT((point - ENHPoint(100, -1, 54)).length(), 1e-12);
+  AxisPoint back;
+  ASSERT_TRUE(calculator.enhPointToAxisPointVertical(point, back));
+  EXPECT_LT(difference(back, AxisPoint(1100, std::sqrt(2.0), 0)), 1e-12);
   const double length = std::sqrt(200.0 * 200 + 10 * 10) / 200;
   ASSERT_TRUE(calculator.axisPointToEnhPoint(AxisPoint(1100, 0, 2), point, true, false));
   EXPECT_LT((point - ENHPoint(100 - 0.05 * 2 / length, 0, 55 + 2 / length)).length(), 1e-12);
@@ -152,6 +155,30 @@ TEST(AxisCalculator, MeasuresAgainstAStraightAxisByHand) {
   EXPECT_DOUBLE_EQ(properties.slopeRad, std::atan(0.05));
   EXPECT_DOUBLE_EQ(properties.transPercent, 100.0);
   EXPECT_DOUBLE_EQ(properties.transRad, -kPi / 4);
+  axis->resetTransSlope();
+  EXPECT_EQ(Properties(calculator, 1100).transPercent, 0.0);
+}
+
+TEST(AxisCalculator, GoesRoundFullCirclesAtAnyStationing) {
+  // The end stationing is a rounded sum: taken back, it gives more than a full circle or less.
+  for (const double start : {0.0, 987.1, 12345.678, 1e7 / 3}) {
+    for (double radius = 5.0; radius < 60.0; radius += 0.7) {
+      SCOPED_TRACE(testing::Message() << radius << " m from " << start);
+      const double length = 2 * kPi * radius;
+      const AxisPtr axis = newAxis();
+      axis->addHoralSegmentArc(start, 600000, 200000, 0.3, -radius, length);
+      axis->addVeralPointKink(start, 10);
+      axis->addVeralPointKink(start + length, 11);
+      const AxisCalculator calculator(axis);
+      const AxisPoint in(start + length / 3, 2, 1);
+      ENHPoint point;
+      AxisPoint out;
+      ASSERT_TRUE(calculator.axisPointToEnhPointVertical(in, point));
+      ASSERT_TRUE(calculator.enhPointToAxisPointVertical(point, out));
+      EXPECT_LT(difference(in, out), kRoundTrip);
+      EXPECT_EQ(Properties(calculator, in.stationing).radius, -radius);
+    }
+  }
 }
 
 TEST(AxisCalculator, TurnsNoOffsetForANegligibleTransverseSlope) {
@@ -257,6 +284,23 @@ TEST(AxisCalculator, FindsTheNearestFootInSpace) {
   EXPECT_GT(numFound, 100);
 }
 
+TEST(AxisCalculator, FindsNoFootInSpaceWhereTheHeightIsUndefined) {
+  // A rounding that cannot be computed, at the very start and further on.
+  for (const double kink : {0.0, 20.0}) {
+    const AxisPtr axis = newAxis();
+    ChainBuilder(axis, 0, 0, 0, 0).straight(30).straight(70);
+    axis->addVeralPointKink(0, 0);
+    if (kink > 0.0) axis->addVeralPointKink(kink, 0);
+    axis->addVeralPointArc(60, 1, 50);
+    axis->addVeralPointKink(60, 5);
+    axis->addVeralPointKink(100, 5);
+    const AxisCalculator calculator(axis);
+    AxisPoint place;
+    EXPECT_FALSE(calculator.enhPointToAxisPointPerpendicular(ENHPoint(1, 70, 2), place));
+    EXPECT_EQ(calculator.enhPointToAxisPointPerpendicular(ENHPoint(1, 10, 2), place), kink > 0.0);
+  }
+}
+
 TEST(AxisCalculator, ConvertsTunnelMeters) {
   Random random(64);
   for (int round = 0; round < 10; ++round) {
@@ -339,6 +383,9 @@ TEST(AxisCalculator, ConvertsOnShafts) {
     EXPECT_EQ(tangent, ENHPoint(0, 0, c.start > c.end ? -1 : 1));
     EXPECT_FALSE(shaft.tangentAtStationingVertical(41, tangent));
   }
+  // Without any height it counts as top-down.
+  const AxisPtr flat(AxisDefinitionFactory::createShaftAxis(0, 0, 5, 5, 0));
+  EXPECT_EQ(Properties(AxisCalculator(flat), 0).slopeRad, -kPi / 2);
 }
 
 /// Every operation fails, and none touches its output but as promised.
@@ -376,6 +423,16 @@ TEST(AxisCalculator, FailsOnIncompleteAxes) {
   axis->addHoralSegmentStraight(0, 0, 0, 0, 10);
   axis->addVeralPointKink(0, 0);
   expectNothingWorks(AxisCalculator(axis));
+  // Elements that are gone leave nothing behind in a calculator that has used them.
+  for (void (AxisDefinition::*reset)() :
+       {&AxisDefinition::resetHoral, &AxisDefinition::resetVeral}) {
+    const AxisPtr emptied = kinkedAxis(0.1);
+    const AxisCalculator calculator(emptied);
+    ENHPoint point;
+    ASSERT_TRUE(calculator.axisPointToEnhPointVertical(AxisPoint(5, 0, 0), point));
+    (*emptied.*reset)();
+    expectNothingWorks(calculator);
+  }
   expectNothingWorks(AxisCalculator(boost::shared_ptr<const AxisDefinition>()));
   expectNothingWorks(AxisCalculator(boost::shared_ptr<const BlockAxisDefinition>()));
   const AxisPtr shaft(AxisDefinitionFactory::createShaftAxis(0, 0, 0, 10, 0));

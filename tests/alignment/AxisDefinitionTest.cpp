@@ -1,5 +1,6 @@
 #include "support/Axes.h"
 
+#include <Calculations/AxisCalculator.h>
 #include <Calculations/AxisDefinition.h>
 
 #include <gtest/gtest.h>
@@ -147,6 +148,7 @@ TEST(AxisDefinition, AShaftHoldsOnePointAndTwoHeights) {
   EXPECT_TRUE(up->addVeralPointKink(0, 10));
   EXPECT_TRUE(up->addVeralPointKink(5, 5));
   up->resetHoral();
+  EXPECT_EQ(up->maximumStng2d(), 5.0);
   EXPECT_TRUE(up->addHoralSegmentStraight(0, 3, 4, 0, 10));
   EXPECT_EQ(up->maximumStng2d(), 5.0);
 }
@@ -165,6 +167,9 @@ TEST(AxisDefinition, SamplesSegments) {
   EXPECT_EQ(axis->getHoralSegmentPolylineAt(2, 1000).points().size(), 2u);
   EXPECT_EQ(axis->getHoralSegmentPolylineAt(2, std::nan("")).points().size(), 2u);
   EXPECT_TRUE(axis->getHoralSegmentPolylineAt(3, 1.0).points().empty());
+  chain.arc(200, 0).arc(200, 250);
+  EXPECT_EQ(axis->getHoralSegmentPolylineAt(3, 1.0).points().size(), 1u);
+  EXPECT_EQ(axis->getHoralSegmentPolylineAt(4, 1000).points().size(), 4u);  // as 100
 }
 
 TEST(AxisDefinition, SamplesTheVerticalAlignment) {
@@ -186,6 +191,26 @@ TEST(AxisDefinition, SamplesTheVerticalAlignment) {
   EXPECT_EQ(axis->getVeralPolyline(6).points().size(), 9u);
   axis->addVeralPointKink(400, 106);
   EXPECT_EQ(axis->getVeralPolyline(6).points().size(), 9u);  // without the repeat
+}
+
+TEST(AxisDefinition, SamplesOverlappingRoundingsWithoutRunningBack) {
+  // The roundings reach from -70 to 130 and from 20 to 220, the axis from 0 to 150.
+  const AxisPtr axis = newAxis();
+  TestSupport::ChainBuilder(axis, 0, 0, 0, 0).straight(150);
+  axis->addVeralPointKink(0, 0);
+  axis->addVeralPointParabola(30, 0, 2500);
+  axis->addVeralPointParabola(120, 7.2, 2500);
+  axis->addVeralPointKink(150, 7.2);
+  const AxisCalculator calculator(axis);
+  const std::vector<Point2D> line = axis->getVeralPolyline(12).points();
+  ASSERT_GT(line.size(), 10u);
+  for (std::size_t i = 1; i + 1 < line.size(); ++i) {
+    EXPECT_GT(line[i].x, line[i - 1].x);
+    ENHPoint point;
+    ASSERT_TRUE(calculator.axisPointToEnhPointVertical(AxisPoint(line[i].x, 0, 0), point));
+    EXPECT_DOUBLE_EQ(line[i].y, point.height) << line[i].x;
+  }
+  EXPECT_EQ(line.back().x, 150.0);
 }
 
 }  // namespace

@@ -62,8 +62,10 @@ TEST(BlockAxisDefinition, IsTheChordBetweenTwoPointsOfTheAxis) {
     EXPECT_NEAR(block->asAxisDefinition()->maximumStng2d(), block->blockEndStng2d() + 2, 1e-9);
     // Cross fall and tunnel meter continue those of the axis.
     EXPECT_DOUBLE_EQ(transSlopeAt(chord, start - 1), transSlopeAt(reference, start));
-    EXPECT_NEAR(transSlopeAt(chord, (start + block->blockEndStng2d()) / 2),
-                (transSlopeAt(reference, start) + transSlopeAt(reference, end)) / 2, 1e-9);
+    EXPECT_NEAR(transSlopeAt(chord, start + block->blockLength2d() / 4),
+                0.75 * transSlopeAt(reference, start) + 0.25 * transSlopeAt(reference, end), 1e-9);
+    EXPECT_DOUBLE_EQ(transSlopeAt(chord, block->blockEndStng2d() + 1),
+                     transSlopeAt(reference, end));
     double expected = 0, actual = 0;
     ASSERT_TRUE(reference.stationingToTunnelmeter(start, expected));
     ASSERT_TRUE(chord.stationingToTunnelmeter(start, actual));
@@ -103,7 +105,9 @@ TEST(BlockAxisDefinition, StaysNeutralWhereTheAxisCannotBeEvaluated) {
   EXPECT_EQ(nothing->blockLength2d(), 0.0);
   EXPECT_EQ(nothing->blockLength3d(), 0.0);
   EXPECT_EQ(nothing->blockStartStng3d(), 1.0);
-  EXPECT_EQ(blockOf(axis, -20, -10)->blockLength3d(), 0.0);
+  const BlockPtr before = blockOf(axis, -20, -10);
+  EXPECT_EQ(before->blockLength3d(), 0.0);
+  EXPECT_EQ(before->asAxisDefinition()->getStationingMappingValue3dAtOrigin(), 0.0);
   const BlockPtr empty = blockOf(axis, 20, 20);
   ENHPoint point;
   EXPECT_TRUE(AxisCalculator(empty).axisPointToEnhPointVertical(AxisPoint(21, 0, 0), point));
@@ -150,6 +154,10 @@ TEST(AxisMapper, CarriesStationingsBetweenAxesAndBlocks) {
   EXPECT_FALSE(same.canMap(axis->maximumStng2d() + 1, false));
   EXPECT_FALSE(same.canMap(1e300, true));
   EXPECT_EQ(same.mapStationing(std::nan(""), true, true), 0.0);
+  // A target without tunnel meters.
+  axis->setStationingMappingValues(std::nan(""), 0.0);
+  EXPECT_TRUE(same.canMap(start, false));
+  EXPECT_EQ(same.mapStationing(start, false, true), 0.0);
 }
 
 }  // namespace

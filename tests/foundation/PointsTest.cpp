@@ -30,6 +30,15 @@ TEST(ENHPoint, ArithmeticIsComponentWise) {
   EXPECT_EQ((ENHPoint(5.0, 5.0, 5.0) / 49.0).east, 5.0 / 49.0);
 }
 
+TEST(XYZPoint, HasTheSameArithmetic) {
+  XYZPoint p = (XYZPoint(1.0, 2.0, 4.0) - XYZPoint(8.0, 16.0, 32.0)) / 0.5;
+  p += XYZPoint(1.0, 1.0, 1.0);
+  EXPECT_EQ(p.x, -13.0);
+  EXPECT_EQ(p.y, -27.0);
+  EXPECT_EQ(p.z, -55.0);
+  EXPECT_TRUE(p != XYZPoint(-13.0, -27.0, 55.0));
+}
+
 TEST(ENHPoint, EqualityHasNoTolerance) {
   EXPECT_FALSE(ENHPoint(1, 2, 3) == ENHPoint(1, 2, 3 + 1e-15));
   EXPECT_TRUE(ENHPoint(1, 2, 3) != ENHPoint(1 + 1e-15, 2, 3));
@@ -40,6 +49,7 @@ TEST(ENHPoint, EqualityHasNoTolerance) {
 TEST(ENHPoint, DirectionsBelowAMillimetreAreZero) {
   EXPECT_EQ(ENHPoint(0.0009, -0.0009, 5).azimuthAngle(), 0.0);
   EXPECT_EQ(ENHPoint(0.0009, -0.001, 5).azimuthAngle(), std::atan2(0.0009, -0.001));
+  EXPECT_EQ(ENHPoint(0.001, 0.0009, 5).azimuthAngle(), std::atan2(0.001, 0.0009));
   EXPECT_EQ(ENHPoint(0, -1, 0).azimuthAngle(), kPi);
   EXPECT_DOUBLE_EQ(ENHPoint(-1, 0, 0).azimuthAngle(), 1.5 * kPi);
   EXPECT_DOUBLE_EQ(ENHPoint(0, 0, 1).elevationAngle(), kPi / 2);
@@ -84,7 +94,7 @@ TEST(PointLists, KeepTheirOwnCopy) {
   Polyline line;
   line = Polyline(points);
   points.clear();
-  EXPECT_EQ(ring.points().size(), 2u);
+  EXPECT_EQ(Polygon(ring).points().size(), 2u);
   EXPECT_EQ(line.points().back().y, 4.0);
 }
 

@@ -221,6 +221,18 @@ TEST(GuidanceAngles, RebuildTheDirectionFromAnyTwoViews) {
   }
 }
 
+TEST(GuidanceAngles, TakeRoundingBelowZeroForZero) {
+  // Level directions: the square of the upward component is noise of either sign.
+  for (double top = 0.05; top < 6.28; top += 0.1) {
+    const AxisPoint level(3.0 * std::cos(top), 3.0 * std::sin(top), 0.0);
+    const AxisPoint v = Utilities::getGuidanceVectorFromFrontAndTopViewAngles(
+        Utilities::getGuidanceAngleInFrontView(level), top, 3.0);
+    EXPECT_NEAR(v.stationing, level.stationing, 1e-12);
+    EXPECT_NEAR(v.offset, level.offset, 1e-12);
+    EXPECT_NEAR(v.height, 0.0, 1e-7) << top;
+  }
+}
+
 TEST(GuidanceAngles, KnowTheSpecialDirections) {
   EXPECT_EQ(Utilities::getGuidanceVectorFromFrontAndTopViewAngles(0, 0, 2).stationing, 2.0);
   EXPECT_EQ(Utilities::getGuidanceVectorFromFrontAndTopViewAngles(0, kPi, 2).stationing, -2.0);

@@ -1,5 +1,6 @@
 #include "shapes/PlaneCurve.h"
 
+#include "shapes/FootSearch.h"
 #include "support/Axes.h"
 #include "support/Csv.h"
 #include "support/Random.h"
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <ostream>
 #include <string>
 
@@ -178,6 +180,15 @@ TEST(PlaneCurveFoot, OnArcsCountsOnlyTheNearSide) {
   }
 }
 
+TEST(FootSearch, StaysBetweenItsEndsWhenDistancesOverflow) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  const auto forwardAt = [&](double place) {
+    EXPECT_TRUE(place >= 3.0 && place <= 5.0);
+    return Ruv::CForwardDistance{place < 4.0 ? infinity : -infinity, -1.0};
+  };
+  EXPECT_NEAR(Ruv::footBetween(forwardAt, {3.0, forwardAt(3.0)}, {5.0, forwardAt(5.0)}), 4.0, 1e-9);
+}
+
 TEST(PlaneCurve, RefusesWhatHasNoShape) {
   const double nan = std::nan("");
   EXPECT_FALSE(CPlaneCurve().isDefined());
@@ -215,7 +226,7 @@ TEST(ClothoidCurve, EvaluatesMagnitudesInItsOwnFrame) {
   for (const double l : {200.0, -200.0}) {
     EXPECT_TRUE(curve.localX(l, -400, 100, out));
     EXPECT_NEAR(out, 0.9752876882 * 200, 1e-8);
-    EXPECT_TRUE(curve.localY(l, 400, 100, out));
+    EXPECT_TRUE(curve.localY(l, -400, 100, out));
     EXPECT_NEAR(out, 0.1637140474 * 200, 1e-8);
   }
   const Point2D expected = TestSupport::referencePoint(0.0, 1 / 90.0, 250.0, 250.0);
@@ -230,6 +241,7 @@ TEST(ClothoidCurve, FlagsZeroProductsAndGrowingTerms) {
   double out = -1.0;
   EXPECT_FALSE(curve.curvature(50, 0, 100, out));
   EXPECT_EQ(out, 0.0);
+  EXPECT_FALSE(curve.curvature(50, -std::numeric_limits<double>::min(), 1, out));
   EXPECT_TRUE(curve.tangentAngle(50, 0, 100, out));
   EXPECT_EQ(out, 0.0);
   EXPECT_TRUE(curve.localX(50, 0, 100, out));

@@ -118,6 +118,7 @@ TEST(ShapeContainer, AnswersFromTheElementsAsTheyAre) {
   CAlignmentPosition place;
   ASSERT_TRUE(container.positionAt(50.0, place));
   EXPECT_EQ(place.position.y, 250.0);
+  EXPECT_EQ(place.stationing, 50.0);
   container.horalAt(1)->setEast(150.0);
   ASSERT_TRUE(container.positionAt(50.0, place));
   EXPECT_EQ(place.position.x, 150.0);
@@ -125,6 +126,10 @@ TEST(ShapeContainer, AnswersFromTheElementsAsTheyAre) {
   container.horalAt(1)->setTypeId(CShapeType::StartPoint);
   EXPECT_FALSE(container.positionAt(50.0, place));
   container.horalAt(1)->setTypeId(CShapeType::Straight);
+  const auto elsewhere = endAt(CShapeType::StartPoint, 49.0, 150, 249);
+  container.horalAt(1)->setPrevious(elsewhere.get());
+  EXPECT_TRUE(container.positionAt(49.5, place));
+  EXPECT_FALSE(container.positionAt(48.5, place));  // before that start
   container.horalAt(1)->setPrevious(nullptr);
   EXPECT_FALSE(container.positionAt(50.0, place));
   container.appendHoral(endAt(CShapeType::Straight, 80.0, 150, 290));

@@ -148,7 +148,26 @@ TEST_P(Rounding, MeetsBothGradeLinesWithHeightAndGrade) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, Rounding,
-                         testing::Values(CShapeType::VerticalArc, CShapeType::VerticalParabola));
+                         testing::Values(CShapeType::VerticalArc, CShapeType::VerticalParabola,
+                                         CShapeType::VerticalParabolaVariant));
+
+TEST(VeralAlignment, RoundsEveryTypeButKinks) {
+  const auto heightOver = [](std::int32_t typeId) {
+    return CVeralAlignment({{CShapeType::VerticalKink, 0, 0, 0},
+                            {typeId, 50, 0, 1000},
+                            {CShapeType::VerticalKink, 100, 2, 0}})
+        .at(50.0)
+        ->height;
+  };
+  EXPECT_EQ(heightOver(CShapeType::VerticalKink), 0.0);
+  EXPECT_DOUBLE_EQ(heightOver(CShapeType::VerticalParabola), 20.0 * 20.0 / 2000.0);
+  EXPECT_EQ(heightOver(CShapeType::VerticalParabolaVariant),
+            heightOver(CShapeType::VerticalParabola));
+  // The circle touches the level line where the tangent of half the turning begins.
+  const double tangent = 1000.0 * std::tan(std::atan(0.04) / 2);
+  EXPECT_NEAR(heightOver(CShapeType::VerticalArc), 1000.0 - std::sqrt(1e6 - tangent * tangent),
+              1e-12);
+}
 
 TEST(VeralAlignment, HasNoRoundingBetweenEqualGradesOrOfRadiusZero) {
   const CVeralPoint before{CShapeType::VerticalKink, 0, 0, 0};
@@ -160,6 +179,7 @@ TEST(VeralAlignment, HasNoRoundingBetweenEqualGradesOrOfRadiusZero) {
     EXPECT_FALSE(result.rounding);
   }
   EXPECT_FALSE(roundingOf(before, {CShapeType::VerticalArc, 0, 1, 500}, after).isComputable);
+  EXPECT_FALSE(lineBetween(before, {CShapeType::VerticalKink, 1e-39, 0, 0}).at(0.0));
   EXPECT_FALSE(
       roundingOf(before, {CShapeType::VerticalArc, 10, std::nan(""), 500}, after).isComputable);
 }
