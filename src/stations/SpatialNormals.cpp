@@ -50,6 +50,8 @@ struct ScaledNormals {
 
 std::optional<Eigen::Matrix4d> inverseOfNormals(const Eigen::Matrix4d& normals) {
   const ScaledNormals scaled(normals);
+  // The solver leaves out a pivot of exactly zero, and then nothing looks large in the inverse.
+  if (!(scaled.factors.vectorD().minCoeff() > 0.0)) return std::nullopt;
   const Eigen::Matrix4d inverse = scaled.factors.solve(Eigen::Matrix4d::Identity());
   const double condition = norm1(scaled.matrix) * norm1(inverse);
   if (!(condition * kSmallestReciprocalCondition <= 1.0)) return std::nullopt;

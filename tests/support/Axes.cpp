@@ -135,6 +135,26 @@ AxisPtr randomSmoothAxis(Random& random) {
   return axis;
 }
 
+namespace {
+
+/// A compensated sum (Kahan 1965): long double is no wider than double on some machines.
+class Sum {
+ public:
+  void add(long double term) {
+    const long double corrected = term - m_excess;
+    const long double next = m_value + corrected;
+    m_excess = (next - m_value) - corrected;
+    m_value = next;
+  }
+  long double value() const { return m_value; }
+
+ private:
+  long double m_value = 0.0L;
+  long double m_excess = 0.0L;
+};
+
+}  // namespace
+
 Point2D referencePoint(double curvatureStart, double curvatureEnd, double length, double l) {
   // Gauss-Legendre, 5 points a panel.
   constexpr std::array<long double, 5> kPlaces = {
@@ -148,17 +168,17 @@ Point2D referencePoint(double curvatureStart, double curvatureEnd, double length
   const long double change =
       (static_cast<long double>(curvatureEnd) - curvatureStart) / (2.0L * length);
   const long double half = static_cast<long double>(l) / kPanels / 2.0L;
-  long double x = 0.0L;
-  long double y = 0.0L;
+  Sum x;
+  Sum y;
   for (int panel = 0; panel < kPanels; ++panel) {
     for (std::size_t k = 0; k < kPlaces.size(); ++k) {
       const long double place = half * (2 * panel + 1 + kPlaces[k]);
       const long double heading = (curvatureStart + change * place) * place;
-      x += kWeights[k] * std::sin(heading);
-      y += kWeights[k] * std::cos(heading);
+      x.add(kWeights[k] * std::sin(heading));
+      y.add(kWeights[k] * std::cos(heading));
     }
   }
-  return Point2D(static_cast<double>(x * half), static_cast<double>(y * half));
+  return Point2D(static_cast<double>(x.value() * half), static_cast<double>(y.value() * half));
 }
 
 }  // namespace TestSupport

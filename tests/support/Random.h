@@ -4,6 +4,7 @@
 #ifndef CALCULATIONS_TESTS_SUPPORT_RANDOM_H
 #define CALCULATIONS_TESTS_SUPPORT_RANDOM_H
 
+#include <cstddef>
 #include <cstdint>
 
 namespace TestSupport {
@@ -26,7 +27,7 @@ class Random {
   }
 
   /// 0 .. count - 1
-  std::uint64_t index(std::uint64_t count) { return bits() % count; }
+  std::size_t index(std::size_t count) { return static_cast<std::size_t>(bits() % count); }
 
  private:
   std::uint64_t m_state;

@@ -1,0 +1,132 @@
+#include "Digest.h"
+#include "support/Axes.h"
+
+#include <Calculations/AxisCalculator.h>
+#include <Calculations/AxisMapper.h>
+#include <Calculations/GuidanceCalculator.h>
+
+#include <cmath>
+
+namespace Digest {
+
+using namespace Ruv::Calculations;
+using TestSupport::AxisPtr;
+using TestSupport::Random;
+
+namespace {
+
+/// Calculators are used with both planes, with and without transverse slope.
+constexpr int kWays = 4;
+
+ENHPoint measured(const ENHPoint& p) {
+  return {rounded(p.east), rounded(p.north), rounded(p.height)};
+}
+
+AxisPoint randomPoint(const AxisDefinition& axis, Random& random) {
+  return {random.uniform(axis.minimumStng2d(), axis.maximumStng2d()), random.uniform(-12.0, 12.0),
+          random.uniform(-6.0, 6.0)};
+}
+
+void conversions(const AxisCalculator& calculator, const AxisPoint& place, int way) {
+  const bool perpendicular = (way & 1) != 0;
+  const bool withTransSlope = (way & 2) != 0;
+  ENHPoint grid;
+  const bool there = calculator.axisPointToEnhPoint(place, grid, perpendicular, withTransSlope);
+  record("axis-to-grid", largest(grid), {double(there), grid.east, grid.north, grid.height});
+
+  AxisPoint found;
+  const ENHPoint point = measured(grid);
+  const bool back = calculator.enhPointToAxisPoint(point, found, perpendicular, withTransSlope);
+  record("grid-to-axis", largest(grid),
+         {double(back), found.stationing, found.offset, found.height});
+}
+
+void directions(const AxisCalculator& calculator, double stationing) {
+  double azimuth = 0;
+  double radius = 0;
+  double slope = 0;
+  double percent = 0;
+  double transSlope = 0;
+  double transPercent = 0;
+  const bool ok = calculator.axisPropertiesAtStationing(stationing, azimuth, radius, slope, percent,
+                                                        transSlope, transPercent);
+  record("axis-radius", std::abs(radius) + 1.0, {double(ok), radius});
+  record("axis-direction", 1.0, {azimuth, slope, percent, transSlope, transPercent});
+  ENHPoint plan;
+  ENHPoint space;
+  calculator.tangentAtStationingVertical(stationing, plan);
+  calculator.tangentAtStationingPerpendicular(stationing, space);
+  record("axis-tangents", 1.0, {plan.east, plan.north, space.east, space.north, space.height});
+}
+
+void tunnelMeters(const AxisCalculator& calculator, double stationing) {
+  double meter = 0;
+  double back = 0;
+  calculator.stationingToTunnelmeter(stationing, meter);
+  calculator.tunnelmeterToStationing(rounded(meter), back);
+  record("tunnel-meter", std::abs(stationing) + 1.0, {meter, back});
+}
+
+void blocks(const AxisPtr& axis, const AxisPoint& place) {
+  const boost::shared_ptr<const BlockAxisDefinition> block(
+      new BlockAxisDefinition(axis, place.stationing, place.stationing + 6.0));
+  record("block-axis", std::abs(place.stationing) + 1.0,
+         {block->blockLength2d(), block->blockLength3d(), block->blockStartStng3d()});
+  const AxisPoint inBlock(place.stationing + 1.0, place.offset, place.height);
+  ENHPoint grid;
+  AxisCalculator(block).axisPointToEnhPointPerpendicular(inBlock, grid);
+  record("block-axis", largest(grid), {grid.east, grid.north, grid.height});
+  const AxisMapper mapper(block, axis);
+  record("axis-mapping", std::abs(place.stationing) + 1.0,
+         {mapper.mapStationing(place.stationing + 2.0, false, false),
+          mapper.mapStationing(place.stationing + 3.0, false, true)});
+}
+
+void guidance(const AxisPtr& axis, const AxisPoint& place, bool perpendicular) {
+  ENHPoint point;
+  AxisCalculator(axis).axisPointToEnhPointVertical(place, point);
+  point = measured(point + ENHPoint(1.5, 0.5, -0.3));
+  const GuidanceOffsets direction(0.8, place.offset / 20.0, 0.2);
+  for (GuidanceVectorDefinition* vector :
+       {GuidanceVectorFactory::createAsAxisParallelFromAxisCoordinate(place),
+        GuidanceVectorFactory::createAsStraightFromAxisCoordinateAndVectorComponents(place,
+                                                                                     direction)}) {
+    const GuidanceCalculator calculator(boost::shared_ptr<const GuidanceVectorDefinition>(vector),
+                                        axis, perpendicular);
+    const GuidanceOffsets offsets = calculator.calculateOffsets(point);
+    const ENHPoint ahead = calculator.absolutePointAtForwardValue(2.0);
+    record("guidance", largest(point),
+           {offsets.forward, offsets.horizontal, offsets.vertical, ahead.east, ahead.north,
+            ahead.height});
+  }
+}
+
+void onAxis(const AxisPtr& axis, Random& random) {
+  constexpr int kPlaces = 40;
+  const AxisCalculator calculator(axis);
+  for (int i = 0; i < kPlaces; ++i) {
+    const AxisPoint place = randomPoint(*axis, random);
+    conversions(calculator, place, i % kWays);
+    directions(calculator, place.stationing);
+    tunnelMeters(calculator, place.stationing);
+    guidance(axis, place, i % 2 == 0);
+    blocks(axis, place);
+  }
+  for (unsigned i = 0; i < axis->getNumHoralSegments() && i < 8; ++i) {
+    record("axis-polylines", axis->getHoralSegmentPolylineAt(i, 5.0).points());
+  }
+}
+
+}  // namespace
+
+void axes() {
+  Random random(20080601);
+  for (const char* name : {"metro_th_3122m", "rail_ch_2500m", "rail_ch_a50068a", "rail_fr_v1",
+                           "rail_it_1030m", "road_au_12d_6", "road_au_12d_8",
+                           "road_de_roundabout_30m", "tram_fr_san1_com", "tram_fr_san1_xd_b02"}) {
+    onAxis(TestSupport::goldenAxis(name), random);
+  }
+  onAxis(AxisPtr(AxisDefinitionFactory::createShaftAxis(1000, 2000, 500, 400, 100)), random);
+}
+
+}  // namespace Digest

@@ -1,0 +1,43 @@
+#include "Digest.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace Digest {
+
+void record(const std::string& group, double scale, const std::vector<double>& values) {
+  std::printf("%s %a", group.c_str(), scale);
+  for (const double value : values) {
+    std::printf(" %a", value);
+  }
+  std::printf("\n");
+}
+
+void record(const std::string& group, const std::vector<Ruv::Calculations::Point2D>& points) {
+  std::vector<double> values;
+  double scale = 1.0;
+  for (const auto& point : points) {
+    values.insert(values.end(), {point.x, point.y});
+    scale = std::max({scale, std::abs(point.x), std::abs(point.y)});
+  }
+  record(group, scale, values);
+}
+
+double largest(const Ruv::Calculations::ENHPoint& point) {
+  return std::max({std::abs(point.east), std::abs(point.north), std::abs(point.height)});
+}
+
+double rounded(double value, double perUnit) { return std::round(value * perUnit) / perUnit; }
+
+}  // namespace Digest
+
+int main() {
+  Digest::angles();
+  Digest::axes();
+  Digest::profiles();
+  Digest::outlines();
+  Digest::morphing();
+  Digest::fits();
+  Digest::stations();
+}

@@ -1,0 +1,42 @@
+/// @file
+/// Writes results so that those of two machines can be compared to the bit.
+
+#ifndef CALCULATIONS_TOOLS_DIGEST_DIGEST_H
+#define CALCULATIONS_TOOLS_DIGEST_DIGEST_H
+
+#include <Calculations/Points.h>
+
+#include <string>
+#include <vector>
+
+namespace Digest {
+
+/// One line on standard output: the group, the scale, then the values, numbers in hexadecimal.
+/// Counts and truth values go in as numbers.
+/// @param scale magnitude of the coordinates behind the values; differences are relative to it
+void record(const std::string& group, double scale, const std::vector<double>& values);
+/// Coordinates, with the largest of them as scale.
+void record(const std::string& group, const std::vector<Ruv::Calculations::Point2D>& points);
+
+double largest(const Ruv::Calculations::ENHPoint& point);
+
+/// A coordinate or reading to a decimal place. What the mathematical functions of two machines
+/// tell differently in the last bit becomes the same input again.
+double rounded(double value, double perUnit = 1e4);
+
+/// The inputs are the same numbers on every machine: files, seeded random numbers, and what
+/// addition, multiplication and square roots make of them. Several random numbers stand in braces,
+/// which have an order; the arguments of a call have none.
+/// @{
+void axes();
+void profiles();
+void outlines();
+void morphing();
+void fits();
+void stations();
+void angles();
+/// @}
+
+}  // namespace Digest
+
+#endif

@@ -1,0 +1,156 @@
+#include "Digest.h"
+#include "support/Profiles.h"
+#include "support/Random.h"
+
+#include <Calculations/MeasuredProfileCalculator.h>
+#include <Calculations/Paths.h>
+#include <Calculations/ThProfileCalculator.h>
+#include <Calculations/ThProfileMorpher.h>
+
+#include <array>
+#include <cmath>
+
+namespace Digest {
+
+using namespace Ruv::Calculations;
+using TestSupport::Random;
+
+namespace {
+
+constexpr double kSize = 10.0;  // of tunnel sections, m
+constexpr double kArea = kSize * kSize;
+
+const std::array<const char*, 6> kSections = {
+    "circle_r2900", "cz_rail1_160_in", "cz_rail2_230_out", "cz_road_80_cut", "no_t8p5", "no_t12p5"};
+
+/// On the unit circle, without sine and cosine: from straight down anticlockwise.
+Point2D onUnitCircle(double turn) {
+  const double t = 4.0 * turn - 1.0 - (turn < 0.5 ? 0.0 : 2.0);
+  const double x = (1.0 - t * t) / (1.0 + t * t);
+  const double y = 2.0 * t / (1.0 + t * t);
+  return turn < 0.5 ? Point2D(x, y) : Point2D(-x, -y);
+}
+
+std::vector<Point2D> excavation(Random& random, int count) {
+  std::vector<Point2D> points;
+  for (int i = 0; i < count; ++i) {
+    points.push_back(onUnitCircle(double(i) / count) * random.uniform(4.9, 6.2) + Point2D(0, 4));
+  }
+  return points;
+}
+
+void recordOutlines(const std::vector<Polygon>& polygons) {
+  for (const Polygon& polygon : polygons) {
+    record("area-outlines", polygon.points());
+  }
+}
+
+void design(const ThProfileCalculator& calculator, Random& random) {
+  for (int i = 0; i < 40; ++i) {
+    const Point2D p{random.uniform(-8.0, 8.0), random.uniform(-3.0, 11.0)};
+    const ProfilePointResult r = calculator.calculateProfilePoint(p);
+    record("profile-point", {r.profilePoint});
+    record("profile-distance", kSize, {r.distance, r.derolment});
+    record("profile-offset", {calculator.applyRadialOffset(p, 0.4)});
+    record("profile-at-derolment", {calculator.calcPointOnProfileAtDerolment(p.x)});
+    record("profile-diameter", kSize, {calculator.diameterAtProfilePoint(p)});
+    record("profile-cuts", calculator.profilePointsAtGivenUpOffset(p.y));
+    record("profile-cuts", calculator.profilePointsAtGivenRightOffset(p.x));
+  }
+  record("profile-samples", calculator.pointsOnProfileByFixedNumber(60, nullptr));
+}
+
+void measuredLines(const MeasuredProfileCalculator& calculator, Random& random) {
+  for (int i = 0; i < 60; ++i) {
+    const Point2D p{random.uniform(-8.0, 8.0), random.uniform(-3.0, 11.0)};
+    const ProfilePointResult r = calculator.calculateProfilePoint(p);
+    record("measured-distance", kSize, {r.distance, r.derolment});
+    record("measured-cuts", {calculator.horizontalDistanceToComparisonProfile(p)});
+    record("measured-cuts", {calculator.radialDistanceToComparisonProfile(p)});
+    record("measured-cuts", calculator.intersectionsAtGivenUpOffsetOfComparisonProfile(p.y));
+  }
+}
+
+void measuredAreas(const MeasuredProfileCalculator& calculator) {
+  record("areas", kArea,
+         {calculator.comparisonArea(), calculator.referenceArea(), calculator.overProfileArea(),
+          calculator.underProfileArea()});
+  record("circumferences", kSize,
+         {calculator.comparisonCircumference(), calculator.referenceCircumference()});
+  recordOutlines(calculator.overProfileAreaPathes());
+  recordOutlines(calculator.underProfileAreaPathes());
+  for (const auto method : {GeologicalOverProfileMethod::GeologicalBandFromReference,
+                            GeologicalOverProfileMethod::GeologicalBandBetweenLimits,
+                            GeologicalOverProfileMethod::GeologicalBeyondLimitOnly}) {
+    record("geological-areas", kArea, {calculator.geologicalOverProfileArea(method, 0.3, 0.1)});
+    recordOutlines(calculator.geologicalOverProfileAreaPathes(method, 0.3, 0.1));
+  }
+}
+
+Path randomOutline(Random& random) {
+  Path path;
+  for (int i = 0; i <= 12; ++i) {
+    const Point2D p = onUnitCircle(i / 13.0) * random.uniform(2.0, 6.0);
+    path.addSegment(PathSegment(p.x, p.y, i % 3 == 0 ? -7.0 : 0.0));
+  }
+  path.close(true);
+  return path;
+}
+
+void recordPaths(const Pathes& paths) {
+  for (unsigned i = 0; i < paths.numPathes(); ++i) {
+    const Path path = paths.pathAt(i);
+    std::vector<Point2D> points;
+    for (unsigned k = 0; k < path.numDiscretePathPoints(); ++k) {
+      points.push_back(path.discretePathPointAt(k));
+    }
+    record("outlines", points);
+  }
+  record("outlines", kArea, {paths.area(), paths.linesLength()});
+}
+
+}  // namespace
+
+void profiles() {
+  Random random(31);
+  for (const char* section : kSections) {
+    const auto reference = TestSupport::goldenProfile(section);
+    design(ThProfileCalculator(reference), random);
+    MeasuredProfileCalculator calculator(reference,
+                                         TestSupport::measuredThrough(excavation(random, 120)));
+    measuredLines(calculator, random);
+    measuredAreas(calculator);
+    calculator.setFilterExcludeBelow(1.0);
+    calculator.setFilterExcludeBetweenAngles(0.5, 1.0, Point2D(0, 4));
+    measuredAreas(calculator);
+  }
+}
+
+void outlines() {
+  Random random(32);
+  for (int i = 0; i < 8; ++i) {
+    const Path a = randomOutline(random);
+    const Path b = randomOutline(random);
+    recordPaths(Path::within(a, b));
+    recordPaths(Path::without(a, b));
+    recordPaths(Path::expand(a, 0.25));
+    recordPaths(Path::linesWithin(a, b));
+  }
+}
+
+void morphing() {
+  for (std::size_t i = 1; i < kSections.size(); ++i) {
+    const ThProfileMorpher morpher(TestSupport::goldenProfile(kSections[i - 1]),
+                                   TestSupport::goldenProfile(kSections[i]), 100.0, 120.0);
+    for (double at = 100.0; at <= 120.0; at += 2.5) {
+      const auto profile = morpher.getMorphedProfile(at);
+      for (unsigned k = 0; k < profile->getNumSegments(); ++k) {
+        record("morphed-profiles", {profile->getSegmentStartAt(k), profile->getSegmentEndAt(k)});
+        const double radius = profile->getSegmentRadiusAt(k);
+        record("morphed-radii", std::abs(radius) + 1.0, {radius});
+      }
+    }
+  }
+}
+
+}  // namespace Digest

@@ -1,0 +1,164 @@
+#include "Digest.h"
+#include "stations/TransformationCase.h"
+#include "support/Random.h"
+
+#include <Calculations/FittingHelper.h>
+#include <Calculations/PointDetermination.h>
+#include <Calculations/Resection.h>
+#include <Calculations/TransitionCurves.h>
+#include <Calculations/Utilities.h>
+
+#include <cmath>
+#include <iostream>
+
+namespace Digest {
+
+using namespace Ruv::Calculations;
+using TestSupport::Random;
+
+namespace {
+
+constexpr double kAngleReadings = 1e7;  // per radian: a good instrument's
+
+void record(const std::string& group, const FittingResult& fit) {
+  Digest::record(group, fit.semiAxisA + std::abs(fit.center.x) + std::abs(fit.center.y),
+                 {fit.center.x, fit.center.y, fit.radius, fit.semiAxisA, fit.semiAxisB});
+}
+
+/// Noisy points of an ellipse, or of a circle, on an arc that begins straight down.
+std::vector<Point2D> scannedArc(Random& random, double a, double b, int count) {
+  std::vector<Point2D> points;
+  for (int i = 0; i < count; ++i) {
+    const double t = 6.0 * i / count - 3.0;
+    const double noise = random.uniform(0.99, 1.01) / (1.0 + t * t);
+    points.emplace_back(1.0 + a * noise * (1.0 - t * t), 2.0 + b * noise * 2.0 * t);
+  }
+  return points;
+}
+
+struct Setup {
+  Resection resection;
+  PointDetermination determination;
+  double size = 1.0;
+};
+
+void add(Setup& setup, const std::wstring& id, const ENHPoint& point, const PolarPoint& measured) {
+  setup.resection.addFixPoint(id, point);
+  setup.resection.addMeasurement(id, measured);
+  setup.determination.addPoint(id, point);
+  setup.determination.addMeasurement(L"m" + id, measured);
+  setup.size = std::max(setup.size, largest(point));
+}
+
+void record(const Setup& setup) {
+  for (const auto& [group, method] :
+       {std::pair("resection-2d", &Resection::calculateResectionHelmert2d),
+        std::pair("resection-3d", &Resection::calculateResectionHelmert3d)}) {
+    ENHPoint p;
+    ENHPoint deviation;
+    double orientation = 0;
+    double scale = 0;
+    double orientationDeviation = 0;
+    double scaleDeviation = 0;
+    const bool ok = (setup.resection.*method)(p, orientation, scale, deviation,
+                                              orientationDeviation, scaleDeviation);
+    Digest::record(group, setup.size,
+                   {double(ok), p.east, p.north, p.height, deviation.east, deviation.height});
+    Digest::record(group, 1.0, {orientation, scale, orientationDeviation, scaleDeviation});
+  }
+}
+
+void identify(Setup& setup) {
+  const bool found = setup.determination.determineMeasuredPointsRobust();
+  std::vector<double> answer = {double(found),
+                                double(setup.determination.isBestSolutionSignificantlyBetter())};
+  for (const wchar_t name : std::wstring(L"abcdefgh")) {
+    const std::wstring id =
+        setup.determination.getFixPointIdForMeasurementId(std::wstring(L"m") + name);
+    answer.push_back(id.empty() ? 0.0 : double(id.front()));
+  }
+  Digest::record("point-determination", 1.0, answer);
+}
+
+void freeStation(Random& random) {
+  const ENHPoint station{670000.0 + random.uniform(0, 50), 1520000.0 + random.uniform(0, 50), 400};
+  const double orientation = random.uniform(0.0, 6.0);
+  Setup setup;
+  for (const wchar_t name : std::wstring(L"abcdefgh")) {
+    const ENHPoint target{random.uniform(-60, 60), random.uniform(-60, 60), random.uniform(-4, 4)};
+    const PolarPoint exact = Utilities::convertToPolarMeasurement(target);
+    const PolarPoint read(rounded(exact.horizontalAngle - orientation + 7.0, kAngleReadings),
+                          rounded(exact.verticalAngle, kAngleReadings),
+                          rounded(exact.slopeDistance));
+    add(setup, std::wstring(1, name), station + target, read);
+  }
+  record(setup);
+  identify(setup);
+}
+
+void publishedStation(const std::string& name) {
+  Setup setup;
+  for (const auto& point : TestSupport::TransformationCase(name).points) {
+    if (point.isFixPoint) add(setup, point.id, point.global, point.measured);
+  }
+  record(setup);
+}
+
+}  // namespace
+
+void fits() {
+  Random random(41);
+  for (int i = 0; i < 40; ++i) {
+    const double radius = random.uniform(2.0, 8.0);
+    const auto circle = scannedArc(random, radius, radius, 50 + i);
+    record("fit-kasa", FittingHelper::circleFitKasa(circle));
+    record("fit-landau", FittingHelper::circleFitLandau(circle));
+    record("fit-legacy", FittingHelper::circleFitRuvLegacy(circle));
+    std::vector<bool> used(circle.size(), true);
+    const auto ellipse = scannedArc(random, radius, radius * random.uniform(0.3, 0.9), 50 + i);
+    const FittingResult fit = FittingHelper::ellipseFitFitzgibbon(ellipse, used, i % 4);
+    record("fit-ellipse", fit);
+    Digest::record("fit-ellipse", 1.0, {fit.rotation});
+  }
+}
+
+void stations() {
+  std::clog.rdbuf(nullptr);
+  Random random(42);
+  for (int i = 0; i < 40; ++i) {
+    freeStation(random);
+  }
+  for (const char* name : {"plane_geoeasy6", "space_dewitt4", "space_ghilani4", "space_tbm17"}) {
+    publishedStation(name);
+  }
+}
+
+void angles() {
+  Random random(43);
+  for (int i = 0; i < 150; ++i) {
+    const double a = random.uniform(-20.0, 20.0);
+    const double b = random.uniform(0.2, 1.4);
+    const ENHPoint p{random.uniform(-9, 9), random.uniform(-9, 9), random.uniform(-9, 9)};
+    Digest::record("angle-normalising", 1.0,
+                   {Utilities::getAngleAsZeroToTwoPi(a), Utilities::getangleAsMinusPiToPi(a),
+                    Utilities::gon2rad(a), Utilities::rad2deg(a)});
+    Digest::record("slope-conversions", 1.0,
+                   {Utilities::anglePercentToRad(a), Utilities::longSlopeRadToPercent(b)});
+    const PolarPoint polar = Utilities::convertToPolarMeasurement(p);
+    const ENHPoint turned = Utilities::transformLocalToGlobal(p, ENHPoint(1, 2, 3), a, 1.0001);
+    const AxisPoint direction =
+        Utilities::rotateENHdiffToAxisDirectionComponents(p, a, b / 10.0, a / 4.0);
+    Digest::record("azimuths", 1.0, {polar.horizontalAngle, polar.verticalAngle});
+    Digest::record("rotations", 10.0,
+                   {polar.slopeDistance, turned.east, turned.north, turned.height,
+                    direction.stationing, direction.offset, direction.height});
+    const Ruv::CClothoidCurve clothoid;
+    double x = 0;
+    double y = 0;
+    clothoid.localX(a * 3.0, 100.0 * b, 60.0, x);
+    clothoid.localY(a * 3.0, 100.0 * b, 60.0, y);
+    Digest::record("clothoid", 60.0, {x, y});
+  }
+}
+
+}  // namespace Digest
