@@ -47,20 +47,21 @@ void Diagram::line(const Point& from, const Point& to, const Pen& pen) const {
   m_canvas->line(page(from), page(to), pen);
 }
 
-void Diagram::curve(const std::vector<Point>& points, const Pen& pen) const {
+std::vector<Point> Diagram::page(const std::vector<Point>& points) const {
   std::vector<Point> onPage;
+  onPage.reserve(points.size());
   for (const Point& point : points) {
     onPage.push_back(page(point));
   }
-  m_canvas->polyline(onPage, pen);
+  return onPage;
+}
+
+void Diagram::curve(const std::vector<Point>& points, const Pen& pen) const {
+  m_canvas->polyline(page(points), pen);
 }
 
 void Diagram::area(const std::vector<Point>& points, const Colour& fill) const {
-  std::vector<Point> onPage;
-  for (const Point& point : points) {
-    onPage.push_back(page(point));
-  }
-  m_canvas->polygon(onPage, fill);
+  m_canvas->polygon(page(points), fill);
 }
 
 void Diagram::arrow(const Point& from, const Point& to, const Pen& pen) const {

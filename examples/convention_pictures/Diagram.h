@@ -49,6 +49,7 @@ class Diagram {
 
  private:
   Point page(const Point& p) const;
+  std::vector<Point> page(const std::vector<Point>& points) const;
   void arrowHead(const Point& tip, const Point& direction, const Pen& pen) const;
 
   Drawing::Canvas* m_canvas;

@@ -13,29 +13,23 @@
 namespace {
 
 using namespace Ruv::Calculations;
-using TestSupport::AxisPtr;
-using TestSupport::ChainBuilder;
-using TestSupport::newAxis;
-using TestSupport::Random;
+using namespace TestSupport;
 
 constexpr double kPi = 3.141592653589793;
 
 /// The rounding of coordinates of 600 km is 1e-10; the conversions add little to it.
 constexpr double kRoundTrip = 1e-9;
 
-struct Properties {
-  double azimuth = -1, radius = -1, slopeRad = -1, slopePercent = -1;
-  double transRad = -1, transPercent = -1;
-  bool ok;
-
-  Properties(const AxisCalculator& axis, double stationing)
-      : ok(axis.axisPropertiesAtStationing(stationing, azimuth, radius, slopeRad, slopePercent,
-                                           transRad, transPercent)) {}
-};
-
 double difference(const AxisPoint& a, const AxisPoint& b) {
   return std::max({std::abs(a.stationing - b.stationing), std::abs(a.offset - b.offset),
                    std::abs(a.height - b.height)});
+}
+
+void expectReturn(const AxisCalculator& calculator, const AxisPoint& in, bool inSpace,
+                  bool withTransSlope) {
+  SCOPED_TRACE(testing::Message() << in.stationing << " " << in.offset << " " << in.height);
+  const ENHPoint point = gridPoint(calculator, in, inSpace, withTransSlope);
+  EXPECT_LT(difference(in, axisPoint(calculator, point, inSpace, withTransSlope)), kRoundTrip);
 }
 
 class AxisRoundTrip : public testing::TestWithParam<int> {
@@ -47,7 +41,7 @@ class AxisRoundTrip : public testing::TestWithParam<int> {
 TEST_P(AxisRoundTrip, ReturnsEveryPoint) {
   Random random(61);
   for (int round = 0; round < 15; ++round) {
-    const AxisPtr axis = TestSupport::randomSmoothAxis(random);
+    const AxisPtr axis = randomSmoothAxis(random);
     const AxisCalculator calculator(axis);
     std::vector<double> stationings = {axis->minimumStng2d(), axis->maximumStng2d()};
     for (unsigned i = 0; i + 1 < axis->getNumHoralSegments(); ++i) {
@@ -58,13 +52,8 @@ TEST_P(AxisRoundTrip, ReturnsEveryPoint) {
     }
     for (const double stationing : stationings) {
       const AxisPoint in(stationing, random.uniform(-20, 20), random.uniform(-10, 10));
-      SCOPED_TRACE(testing::Message() << "round " << round << ": " << in.stationing << " "
-                                      << in.offset << " " << in.height);
-      ENHPoint point;
-      AxisPoint out;
-      ASSERT_TRUE(calculator.axisPointToEnhPoint(in, point, m_perpendicular, m_withTransSlope));
-      ASSERT_TRUE(calculator.enhPointToAxisPoint(point, out, m_perpendicular, m_withTransSlope));
-      EXPECT_LT(difference(in, out), kRoundTrip);
+      SCOPED_TRACE(round);
+      expectReturn(calculator, in, m_perpendicular, m_withTransSlope);
     }
   }
 }
@@ -85,12 +74,7 @@ TEST_P(AxisRoundTrip, ReturnsPointsBesideKinks) {
     for (double stationing = 0; stationing <= 100; stationing += 0.5) {
       // On the outer side of the kink, where sections do not cross.
       const AxisPoint in(stationing, 3, grade > 0 ? -5 : 5);
-      ENHPoint point;
-      AxisPoint out;
-      ASSERT_TRUE(calculator.axisPointToEnhPoint(in, point, m_perpendicular, m_withTransSlope));
-      ASSERT_TRUE(calculator.enhPointToAxisPoint(point, out, m_perpendicular, m_withTransSlope))
-          << stationing;
-      EXPECT_LT(difference(in, out), kRoundTrip) << stationing;
+      expectReturn(calculator, in, m_perpendicular, m_withTransSlope);
     }
   }
 }
@@ -99,25 +83,25 @@ INSTANTIATE_TEST_SUITE_P(Flags, AxisRoundTrip, testing::Range(0, 4));
 
 TEST(AxisCalculator, LaysOutTheSectionInThePlaneAskedFor) {
   Random random(62);
-  const AxisPtr axis = TestSupport::randomSmoothAxis(random);
+  const AxisPtr axis = randomSmoothAxis(random);
   const AxisCalculator calculator(axis);
   for (int i = 0; i < 200; ++i) {
     const double s = random.uniform(axis->minimumStng2d(), axis->maximumStng2d());
-    const double offset = random.uniform(-9, 9);
-    const double height = random.uniform(-9, 9);
-    const Properties axisAt(calculator, s);
+    const AxisPoint in(s, random.uniform(-9, 9), random.uniform(-9, 9));
+    const AxisProperties axisAt(calculator, s);
     ASSERT_TRUE(axisAt.ok);
-    ENHPoint origin, vertical, perpendicular;
-    ASSERT_TRUE(calculator.axisPointToEnhPointVertical(AxisPoint(s, 0, 0), origin));
-    ASSERT_TRUE(calculator.axisPointToEnhPointVertical(AxisPoint(s, offset, height), vertical));
-    ASSERT_TRUE(
-        calculator.axisPointToEnhPointPerpendicular(AxisPoint(s, offset, height), perpendicular));
+    const ENHPoint origin = gridPoint(calculator, AxisPoint(s, 0, 0));
+    ENHPoint point;
+    ASSERT_TRUE(calculator.axisPointToEnhPointVertical(in, point));
+    EXPECT_EQ(point, gridPoint(calculator, in, false));
+    ASSERT_TRUE(calculator.axisPointToEnhPointPerpendicular(in, point));
+    EXPECT_EQ(point, gridPoint(calculator, in, true));
     // Guidance works with the rotations of Utilities, so both must agree.
     for (const bool inSpace : {false, true}) {
-      const ENHPoint expected = origin + Utilities::rotateAxisDirectionComponentsToENHdiff(
-                                             AxisPoint(0, offset, height), axisAt.azimuth,
-                                             inSpace ? axisAt.slopeRad : 0.0, axisAt.transPercent);
-      EXPECT_LT((expected - (inSpace ? perpendicular : vertical)).length(), 1e-9);
+      const double slope = inSpace ? axisAt.slopeRad : 0.0;
+      const ENHPoint aside = Utilities::rotateAxisDirectionComponentsToENHdiff(
+          AxisPoint(0, in.offset, in.height), axisAt.azimuth, slope, axisAt.transPercent);
+      EXPECT_LT((origin + aside - gridPoint(calculator, in, inSpace)).length(), 1e-9);
     }
     ENHPoint tangent;
     ASSERT_TRUE(calculator.tangentAtStationingPerpendicular(s, tangent));
@@ -130,25 +114,18 @@ TEST(AxisCalculator, LaysOutTheSectionInThePlaneAskedFor) {
 }
 
 TEST(AxisCalculator, MeasuresAgainstAStraightAxisByHand) {
-  const AxisPtr axis = newAxis();
-  ChainBuilder(axis, 1000, 0, 0, kPi / 2).straight(200);
-  axis->addVeralPointKink(1000, 50);
-  axis->addVeralPointKink(1200, 60);
+  const AxisPtr axis = straightAxis(kPi / 2, 1000, 200, 50, 60);
   axis->addTransSlopeSegmentConstant(1000, 1200, 100.0);  // right side down 45 degrees
   const AxisCalculator calculator(axis);
-  ENHPoint point;
-  ASSERT_TRUE(calculator.axisPointToEnhPoint(AxisPoint(1100, 3, 2), point, false, false));
-  EXPECT_LT((point - ENHPoint(100, -3, 57)).length(), 1e-12);
-  ASSERT_TRUE(
-      calculator.axisPointToEnhPoint(AxisPoint(1100, std::sqrt(2.0), 0), point, false, true));
-  EXPECT_LT((point - ENHPoint(100, -1, 54)).length(), 1e-12);
-  AxisPoint back;
-  ASSERT_TRUE(calculator.enhPointToAxisPointVertical(point, back));
-  EXPECT_LT(difference(back, AxisPoint(1100, std::sqrt(2.0), 0)), 1e-12);
+  const ENHPoint level = gridPoint(calculator, AxisPoint(1100, 3, 2), false, false);
+  EXPECT_LT((level - ENHPoint(100, -3, 57)).length(), 1e-12);
+  const AxisPoint inclined(1100, std::sqrt(2.0), 0);
+  EXPECT_LT((gridPoint(calculator, inclined) - ENHPoint(100, -1, 54)).length(), 1e-12);
+  EXPECT_LT(difference(axisPoint(calculator, ENHPoint(100, -1, 54)), inclined), 1e-12);
   const double length = std::sqrt(200.0 * 200 + 10 * 10) / 200;
-  ASSERT_TRUE(calculator.axisPointToEnhPoint(AxisPoint(1100, 0, 2), point, true, false));
-  EXPECT_LT((point - ENHPoint(100 - 0.05 * 2 / length, 0, 55 + 2 / length)).length(), 1e-12);
-  const Properties properties(calculator, 1100);
+  const ENHPoint square = gridPoint(calculator, AxisPoint(1100, 0, 2), true, false);
+  EXPECT_LT((square - ENHPoint(100 - 0.05 * 2 / length, 0, 55 + 2 / length)).length(), 1e-12);
+  const AxisProperties properties(calculator, 1100);
   EXPECT_DOUBLE_EQ(properties.azimuth, kPi / 2);
   EXPECT_EQ(properties.radius, 0.0);
   EXPECT_DOUBLE_EQ(properties.slopePercent, 5.0);
@@ -156,7 +133,7 @@ TEST(AxisCalculator, MeasuresAgainstAStraightAxisByHand) {
   EXPECT_DOUBLE_EQ(properties.transPercent, 100.0);
   EXPECT_DOUBLE_EQ(properties.transRad, -kPi / 4);
   axis->resetTransSlope();
-  EXPECT_EQ(Properties(calculator, 1100).transPercent, 0.0);
+  EXPECT_EQ(AxisProperties(calculator, 1100).transPercent, 0.0);
 }
 
 TEST(AxisCalculator, GoesRoundFullCirclesAtAnyStationing) {
@@ -170,13 +147,8 @@ TEST(AxisCalculator, GoesRoundFullCirclesAtAnyStationing) {
       axis->addVeralPointKink(start, 10);
       axis->addVeralPointKink(start + length, 11);
       const AxisCalculator calculator(axis);
-      const AxisPoint in(start + length / 3, 2, 1);
-      ENHPoint point;
-      AxisPoint out;
-      ASSERT_TRUE(calculator.axisPointToEnhPointVertical(in, point));
-      ASSERT_TRUE(calculator.enhPointToAxisPointVertical(point, out));
-      EXPECT_LT(difference(in, out), kRoundTrip);
-      EXPECT_EQ(Properties(calculator, in.stationing).radius, -radius);
+      expectReturn(calculator, AxisPoint(start + length / 3, 2, 1), false, true);
+      EXPECT_EQ(AxisProperties(calculator, start + length / 3).radius, -radius);
     }
   }
 }
@@ -185,68 +157,50 @@ TEST(AxisCalculator, TurnsNoOffsetForANegligibleTransverseSlope) {
   // From 2^-23 percent on; on the way back only above it.
   const double limit = 1.1920928955078125e-7;
   for (const double slope : {limit, std::nextafter(limit, 0.0)}) {
-    const AxisPtr axis = newAxis();
-    ChainBuilder(axis, 0, 0, 0, 0).straight(10);
-    axis->addVeralPointKink(0, 0);
-    axis->addVeralPointKink(10, 0);
+    const AxisPtr axis = straightAxis(0, 0, 10, 0, 0);
     axis->addTransSlopeSegmentConstant(0, 10, slope);
     const AxisCalculator calculator(axis);
-    ENHPoint point;
-    AxisPoint back;
-    ASSERT_TRUE(calculator.axisPointToEnhPointVertical(AxisPoint(5, 1000, 0), point));
-    EXPECT_EQ(point.height != 0.0, slope == limit);
-    ASSERT_TRUE(calculator.enhPointToAxisPointVertical(ENHPoint(1000, 5, 0), back));
-    EXPECT_EQ(back.height, 0.0);
+    EXPECT_EQ(gridPoint(calculator, AxisPoint(5, 1000, 0)).height != 0.0, slope == limit);
+    EXPECT_EQ(axisPoint(calculator, ENHPoint(1000, 5, 0)).height, 0.0);
   }
 }
 
 TEST(AxisCalculator, EndsAtItsLimits) {
   const AxisPtr axis = kinkedAxis(0.1);
   const AxisCalculator calculator(axis);
-  const ENHPoint untouched(1, 2, 3);
-  ENHPoint point = untouched;
+  ENHPoint point(1, 2, 3);
   AxisPoint place(4, 5, 6);
   for (const bool inSpace : {false, true}) {
-    EXPECT_FALSE(calculator.axisPointToEnhPoint(AxisPoint(-1e-9, 0, 0), point, inSpace, true));
-    EXPECT_FALSE(
-        calculator.axisPointToEnhPoint(AxisPoint(100.0000001, 0, 0), point, inSpace, true));
-    EXPECT_EQ(point, untouched);
-    EXPECT_FALSE(
-        calculator.enhPointToAxisPoint(ENHPoint(600000, 199999.999, 500), place, inSpace, true));
+    for (const double outside : {-1e-9, 100.0000001}) {
+      EXPECT_FALSE(calculator.axisPointToEnhPoint(AxisPoint(outside, 0, 0), point, inSpace, true));
+    }
+    EXPECT_EQ(point, ENHPoint(1, 2, 3));
+    const ENHPoint before(600000, 199999.999, 500);
+    EXPECT_FALSE(calculator.enhPointToAxisPoint(before, place, inSpace, true));
     EXPECT_EQ(place.offset, 5.0);
     // What rounding puts outside lies at the limit.
-    ASSERT_TRUE(calculator.enhPointToAxisPoint(ENHPoint(600001, 200000 - 0.9e-7, 500), place,
-                                               inSpace, true));
-    EXPECT_EQ(place.stationing, 0.0);
-    place = AxisPoint(4, 5, 6);
+    const ENHPoint rounded(600001, 200000 - 0.9e-7, 500);
+    EXPECT_EQ(axisPoint(calculator, rounded, inSpace).stationing, 0.0);
   }
   // The foot in space of a point beyond the end of a rising axis, and the other way round.
-  ASSERT_TRUE(calculator.enhPointToAxisPointPerpendicular(ENHPoint(600000, 200100.3, 500), place));
-  EXPECT_NEAR(place.stationing, 100 + (0.3 - 0.5) / 1.01, 1e-9);
+  const AxisPoint end = axisPoint(calculator, ENHPoint(600000, 200100.3, 500), true);
+  EXPECT_NEAR(end.stationing, 100 + (0.3 - 0.5) / 1.01, 1e-9);
   EXPECT_FALSE(calculator.enhPointToAxisPointPerpendicular(ENHPoint(600000, 200099.7, 510), place));
 }
 
-TEST(AxisCalculator, TakesTheBreakInTheWedgeAboveACrest) {
-  const AxisCalculator calculator(kinkedAxis(-0.2));
-  AxisPoint place;
-  ASSERT_TRUE(calculator.enhPointToAxisPoint(ENHPoint(600003, 200050.3, 504), place, true, false));
-  EXPECT_EQ(place.stationing, 50.0);
-  EXPECT_NEAR(place.offset, 3.0, 1e-9);
-  EXPECT_NEAR(place.height, std::sqrt(16 + 0.09), 1e-9);  // the distance is kept
-}
-
-TEST(AxisCalculator, TakesTheCornerOutsideAKinkInPlan) {
+TEST(AxisCalculator, TakesTheBreakAboveACrestAndTheCornerOutsideAKinkInPlan) {
+  const AxisPoint crest =
+      axisPoint(AxisCalculator(kinkedAxis(-0.2)), ENHPoint(600003, 200050.3, 504), true);
+  // The distance is kept.
+  EXPECT_LT(difference(crest, AxisPoint(50, 3, std::sqrt(16 + 0.09))), 1e-9);
   const AxisPtr axis = newAxis();
   ChainBuilder(axis, 0, 0, 0, 0).straight(50).turn(kPi / 2).straight(50);
   axis->addVeralPointKink(0, 10);
   axis->addVeralPointKink(100, 10);
   const AxisCalculator calculator(axis);
   for (const bool inSpace : {false, true}) {
-    AxisPoint place;
-    ASSERT_TRUE(calculator.enhPointToAxisPoint(ENHPoint(-3, 54, 12), place, inSpace, true));
-    EXPECT_NEAR(place.stationing, 50, 1e-12);
-    EXPECT_NEAR(place.offset, -5, 1e-12);
-    EXPECT_NEAR(place.height, 2, 1e-9);
+    const AxisPoint place = axisPoint(calculator, ENHPoint(-3, 54, 12), inSpace);
+    EXPECT_LT(difference(place, AxisPoint(50, -5, 2)), 1e-12);
   }
 }
 
@@ -262,9 +216,7 @@ TEST(AxisCalculator, FindsTheNearestFootInSpace) {
   const AxisCalculator calculator(axis);
   std::vector<ENHPoint> samples;
   for (int i = 0; i <= 120000; ++i) {
-    ENHPoint sample;
-    ASSERT_TRUE(calculator.axisPointToEnhPointVertical(AxisPoint(i / 1000.0, 0, 0), sample));
-    samples.push_back(sample);
+    samples.push_back(gridPoint(calculator, AxisPoint(i / 1000.0, 0, 0)));
   }
   int numFound = 0;
   for (int i = 0; i < 150; ++i) {
@@ -276,8 +228,7 @@ TEST(AxisCalculator, FindsTheNearestFootInSpace) {
         [&](const ENHPoint& a, const ENHPoint& b) { return (a - p).length() < (b - p).length(); });
     if (nearest == samples.begin() || nearest + 1 == samples.end()) continue;
     ++numFound;
-    AxisPoint place;
-    ASSERT_TRUE(calculator.enhPointToAxisPoint(p, place, true, false));
+    const AxisPoint place = axisPoint(calculator, p, true);
     EXPECT_NEAR(place.stationing, static_cast<double>(nearest - samples.begin()) / 1000, 0.002);
     EXPECT_NEAR(std::hypot(place.offset, place.height), (*nearest - p).length(), 1e-6);
   }
@@ -304,7 +255,7 @@ TEST(AxisCalculator, FindsNoFootInSpaceWhereTheHeightIsUndefined) {
 TEST(AxisCalculator, ConvertsTunnelMeters) {
   Random random(64);
   for (int round = 0; round < 10; ++round) {
-    const AxisPtr axis = TestSupport::randomSmoothAxis(random);
+    const AxisPtr axis = randomSmoothAxis(random);
     const AxisCalculator calculator(axis);
     const double first = axis->minimumStng2d();
     const double last = axis->maximumStng2d();
@@ -329,16 +280,10 @@ TEST(AxisCalculator, ConvertsTunnelMeters) {
     EXPECT_FALSE(calculator.tunnelmeterToStationing(previous + 1, result));
     EXPECT_EQ(result, previous + 1);
   }
-}
-
-TEST(AxisCalculator, ExtendsTheTunnelMeterToAnOriginBeforeTheAxis) {
-  const AxisPtr axis = newAxis();
-  ChainBuilder(axis, 1000, 0, 0, 0).straight(100);
-  axis->addVeralPointKink(1000, 0);
-  axis->addVeralPointKink(1100, 75);
-  const AxisCalculator calculator(axis);
+  // From an origin before the axis the first grade is extended.
   double tunnelmeter = 0;
-  ASSERT_TRUE(calculator.stationingToTunnelmeter(1100, tunnelmeter));
+  const AxisCalculator rising(straightAxis(0, 1000, 100, 0, 75));
+  ASSERT_TRUE(rising.stationingToTunnelmeter(1100, tunnelmeter));
   EXPECT_DOUBLE_EQ(tunnelmeter, 1125.0);
 }
 
@@ -350,11 +295,9 @@ TEST(AxisCalculator, ConvertsOnShafts) {
     const AxisCalculator shaft(
         AxisPtr(AxisDefinitionFactory::createShaftAxis(1000, 2000, c.start, c.end, 0)));
     for (const bool flag : {false, true}) {
-      ENHPoint point;
-      ASSERT_TRUE(shaft.axisPointToEnhPoint(AxisPoint(10, 1, 2), point, flag, !flag));
+      ENHPoint point = gridPoint(shaft, AxisPoint(10, 1, 2), flag, !flag);
       EXPECT_EQ(point, ENHPoint(c.east, 2002, c.height));
-      AxisPoint back;
-      ASSERT_TRUE(shaft.enhPointToAxisPoint(point, back, flag, !flag));
+      AxisPoint back = axisPoint(shaft, point, flag, !flag);
       EXPECT_EQ(difference(back, AxisPoint(10, 1, 2)), 0.0);
       EXPECT_FALSE(shaft.axisPointToEnhPoint(AxisPoint(41, 1, 2), point, flag, flag));
       EXPECT_EQ(point.north, 2002.0);
@@ -362,13 +305,13 @@ TEST(AxisCalculator, ConvertsOnShafts) {
       EXPECT_FALSE(shaft.enhPointToAxisPoint(ENHPoint(1000, 2000, 501), back, flag, flag));
       EXPECT_TRUE(back.stationing == -1.0 || back.stationing == 41.0);
     }
-    const Properties inside(shaft, 40);
+    const AxisProperties inside(shaft, 40);
     EXPECT_TRUE(inside.ok);
     EXPECT_EQ(inside.azimuth, c.azimuth);
     EXPECT_EQ(inside.slopeRad, c.slope);
     EXPECT_EQ(inside.slopePercent, Utilities::angleRadToPercent(c.slope));
     EXPECT_EQ(inside.radius + inside.transRad + inside.transPercent, 0.0);
-    const Properties outside(shaft, 41);
+    const AxisProperties outside(shaft, 41);
     EXPECT_FALSE(outside.ok);
     EXPECT_EQ(outside.slopeRad, c.slope);
     double result = 0;
@@ -376,16 +319,16 @@ TEST(AxisCalculator, ConvertsOnShafts) {
     EXPECT_EQ(result, 12.0);
     EXPECT_FALSE(shaft.tunnelmeterToStationing(-1, result));
     EXPECT_EQ(result, -1.0);
-    ENHPoint tangent;
-    EXPECT_TRUE(shaft.tangentAtStationingVertical(12, tangent));
-    EXPECT_EQ(tangent, ENHPoint(0, 0, c.start > c.end ? -1 : 1));
-    EXPECT_TRUE(shaft.tangentAtStationingPerpendicular(12, tangent));
-    EXPECT_EQ(tangent, ENHPoint(0, 0, c.start > c.end ? -1 : 1));
-    EXPECT_FALSE(shaft.tangentAtStationingVertical(41, tangent));
+    ENHPoint vertical, perpendicular;
+    EXPECT_TRUE(shaft.tangentAtStationingVertical(12, vertical));
+    EXPECT_TRUE(shaft.tangentAtStationingPerpendicular(12, perpendicular));
+    EXPECT_EQ(vertical, ENHPoint(0, 0, c.start > c.end ? -1 : 1));
+    EXPECT_EQ(perpendicular, vertical);
+    EXPECT_FALSE(shaft.tangentAtStationingVertical(41, vertical));
   }
   // Without any height it counts as top-down.
   const AxisPtr flat(AxisDefinitionFactory::createShaftAxis(0, 0, 5, 5, 0));
-  EXPECT_EQ(Properties(AxisCalculator(flat), 0).slopeRad, -kPi / 2);
+  EXPECT_EQ(AxisProperties(AxisCalculator(flat), 0).slopeRad, -kPi / 2);
 }
 
 /// Every operation fails, and none touches its output but as promised.
@@ -405,7 +348,7 @@ void expectNothingWorks(const AxisCalculator& calculator) {
     EXPECT_FALSE(calculator.stationingToTunnelmeter(value, result));
     EXPECT_TRUE(result == value || std::isnan(value));
     EXPECT_FALSE(calculator.tunnelmeterToStationing(value, result));
-    const Properties properties(calculator, value);
+    const AxisProperties properties(calculator, value);
     EXPECT_FALSE(properties.ok);
     EXPECT_EQ(properties.azimuth + properties.radius + properties.slopeRad +
                   properties.slopePercent + properties.transRad + properties.transPercent,
@@ -426,21 +369,16 @@ TEST(AxisCalculator, FailsOnIncompleteAxes) {
   // Elements that are gone leave nothing behind in a calculator that has used them.
   for (void (AxisDefinition::*reset)() :
        {&AxisDefinition::resetHoral, &AxisDefinition::resetVeral}) {
-    const AxisPtr emptied = kinkedAxis(0.1);
-    const AxisCalculator calculator(emptied);
-    ENHPoint point;
-    ASSERT_TRUE(calculator.axisPointToEnhPointVertical(AxisPoint(5, 0, 0), point));
-    (*emptied.*reset)();
-    expectNothingWorks(calculator);
+    const AxisPtr shaft(AxisDefinitionFactory::createShaftAxis(0, 0, 0, 10, 0));
+    for (const AxisPtr& emptied : {kinkedAxis(0.1), shaft}) {
+      const AxisCalculator calculator(emptied);
+      gridPoint(calculator, AxisPoint(5, 0, 0));
+      (*emptied.*reset)();
+      expectNothingWorks(calculator);
+    }
   }
   expectNothingWorks(AxisCalculator(boost::shared_ptr<const AxisDefinition>()));
   expectNothingWorks(AxisCalculator(boost::shared_ptr<const BlockAxisDefinition>()));
-  const AxisPtr shaft(AxisDefinitionFactory::createShaftAxis(0, 0, 0, 10, 0));
-  shaft->resetHoral();
-  expectNothingWorks(AxisCalculator(shaft));
-  const AxisPtr heights(AxisDefinitionFactory::createShaftAxis(0, 0, 0, 10, 0));
-  heights->resetVeral();
-  expectNothingWorks(AxisCalculator(heights));
 }
 
 }  // namespace

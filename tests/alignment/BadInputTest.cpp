@@ -1,5 +1,4 @@
-// Values that no caller should hand over, on every public operation of the alignment: nothing may
-// hang, crash or leave a cast undefined. The sanitizers watch.
+// Values that no caller should hand over: nothing may hang, crash or leave a cast undefined.
 
 #include "support/Axes.h"
 
@@ -16,8 +15,7 @@
 namespace {
 
 using namespace Ruv::Calculations;
-using TestSupport::AxisPtr;
-using TestSupport::newAxis;
+using namespace TestSupport;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
@@ -86,7 +84,7 @@ TEST(BadInput, InVerticalPointsAndTransverseSlopes) {
       double v[] = {10, 1, 500};  // stationing, height, rounding
       v[slot] = bad;
       const AxisPtr axis = newAxis();
-      TestSupport::ChainBuilder(axis, 0, 0, 0, 0).straight(10).arc(60, 20);
+      ChainBuilder(axis, 0, 0, 0, 0).straight(10).arc(60, 20);
       EXPECT_TRUE(axis->addVeralPointKink(0, 0));
       EXPECT_TRUE(axis->addVeralPointParabola(v[0], v[1], v[2]));
       EXPECT_TRUE(axis->addVeralPointArc(15, 2, v[2]));

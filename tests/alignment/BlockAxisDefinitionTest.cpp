@@ -8,15 +8,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <memory>
 
 namespace {
 
 using namespace Ruv::Calculations;
-using TestSupport::AxisPtr;
-using TestSupport::ChainBuilder;
-using TestSupport::newAxis;
-using TestSupport::Random;
+using namespace TestSupport;
 
 using BlockPtr = boost::shared_ptr<const BlockAxisDefinition>;
 
@@ -25,41 +21,37 @@ BlockPtr blockOf(const boost::shared_ptr<const AxisDefinition>& axis, double sta
 }
 
 double transSlopeAt(const AxisCalculator& calculator, double stationing) {
-  double azimuth = 0, radius = 0, rad = 0, percent = 0, transRad = 0, transPercent = 0;
-  EXPECT_TRUE(calculator.axisPropertiesAtStationing(stationing, azimuth, radius, rad, percent,
-                                                    transRad, transPercent));
-  return transPercent;
+  return AxisProperties(calculator, stationing).transPercent;
+}
+
+ENHPoint axisPointAt(const AxisCalculator& calculator, double stationing) {
+  return gridPoint(calculator, AxisPoint(stationing, 0, 0));
 }
 
 TEST(BlockAxisDefinition, IsTheChordBetweenTwoPointsOfTheAxis) {
   Random random(71);
   for (int i = 0; i < 20; ++i) {
-    const AxisPtr axis = TestSupport::randomSmoothAxis(random);
+    const AxisPtr axis = randomSmoothAxis(random);
     const double start = random.uniform(axis->minimumStng2d(), axis->maximumStng2d() - 40);
     const double end = start + random.uniform(1.0, 40.0);
     const BlockPtr block = blockOf(axis, start, end);
     const AxisCalculator reference(axis);
     const AxisCalculator chord(block);
-    ENHPoint first, last, point;
-    ASSERT_TRUE(reference.axisPointToEnhPointVertical(AxisPoint(start, 0, 0), first));
-    ASSERT_TRUE(reference.axisPointToEnhPointVertical(AxisPoint(end, 0, 0), last));
+    const ENHPoint first = axisPointAt(reference, start);
+    const ENHPoint last = axisPointAt(reference, end);
     EXPECT_EQ(block->blockStartStng2d(), start);
     EXPECT_EQ(block->blockEndStng2dOnRefAxis(), end);
     EXPECT_NEAR(block->blockLength2d(), (last - first).lengthOfEastNorthProjection(), 1e-9);
     EXPECT_NEAR(block->blockLength3d(), (last - first).length(), 1e-9);
     EXPECT_DOUBLE_EQ(block->blockEndStng2d(), start + block->blockLength2d());
-    ASSERT_TRUE(chord.axisPointToEnhPointVertical(AxisPoint(start, 0, 0), point));
-    EXPECT_LT((point - first).length(), 1e-9);
-    ASSERT_TRUE(chord.axisPointToEnhPointVertical(AxisPoint(block->blockEndStng2d(), 0, 0), point));
-    EXPECT_LT((point - last).length(), 1e-9);
+    EXPECT_LT((axisPointAt(chord, start) - first).length(), 1e-9);
+    EXPECT_LT((axisPointAt(chord, block->blockEndStng2d()) - last).length(), 1e-9);
     // Two metres more at both ends, straight on.
-    ASSERT_TRUE(chord.axisPointToEnhPointVertical(AxisPoint(start - 2, 0, 0), point));
-    const ENHPoint direction = (last - first) / block->blockLength2d();
-    EXPECT_LT((point - (first - direction * 2)).length(), 1e-8);
-    ASSERT_TRUE(chord.axisPointToEnhPointVertical(
-        AxisPoint(block->asAxisDefinition()->maximumStng2d(), 0, 0), point));
-    EXPECT_LT((point - (last + direction * 2)).length(), 1e-8);
-    EXPECT_NEAR(block->asAxisDefinition()->maximumStng2d(), block->blockEndStng2d() + 2, 1e-9);
+    const ENHPoint twoMetres = (last - first) * (2 / block->blockLength2d());
+    EXPECT_LT((axisPointAt(chord, start - 2) - (first - twoMetres)).length(), 1e-8);
+    const double maximum = block->asAxisDefinition()->maximumStng2d();
+    EXPECT_LT((axisPointAt(chord, maximum) - (last + twoMetres)).length(), 1e-8);
+    EXPECT_NEAR(maximum, block->blockEndStng2d() + 2, 1e-9);
     // Cross fall and tunnel meter continue those of the axis.
     EXPECT_DOUBLE_EQ(transSlopeAt(chord, start - 1), transSlopeAt(reference, start));
     EXPECT_NEAR(transSlopeAt(chord, start + block->blockLength2d() / 4),
@@ -85,21 +77,15 @@ TEST(BlockAxisDefinition, OfAShaftIsAShaft) {
     EXPECT_EQ(block->asAxisDefinition()->isShaftAxisTopDown(), topDown);
     EXPECT_EQ(block->asAxisDefinition()->minimumStng2d(), 13.0);
     EXPECT_EQ(block->asAxisDefinition()->maximumStng2d(), 27.0);
-    EXPECT_EQ(block->blockLength2d(), 10.0);
     EXPECT_EQ(block->blockLength3d(), 10.0);
     EXPECT_EQ(block->blockStartStng3d(), 15.0);
-    ENHPoint onShaft, onBlock;
-    ASSERT_TRUE(AxisCalculator(shaft).axisPointToEnhPointVertical(AxisPoint(18, 1, 2), onShaft));
-    ASSERT_TRUE(AxisCalculator(block).axisPointToEnhPointVertical(AxisPoint(18, 1, 2), onBlock));
-    EXPECT_EQ(onShaft, onBlock);
+    EXPECT_EQ(gridPoint(AxisCalculator(shaft), AxisPoint(18, 1, 2)),
+              gridPoint(AxisCalculator(block), AxisPoint(18, 1, 2)));
   }
 }
 
 TEST(BlockAxisDefinition, StaysNeutralWhereTheAxisCannotBeEvaluated) {
-  const AxisPtr axis = newAxis();
-  ChainBuilder(axis, 0, 100, 100, 1).straight(50);
-  axis->addVeralPointKink(0, 7);
-  axis->addVeralPointKink(50, 8);
+  const AxisPtr axis = straightAxis(1, 0, 50, 7, 8);
   const BlockPtr nothing = blockOf(boost::shared_ptr<const AxisDefinition>(), 1, 2);
   EXPECT_FALSE(nothing->asAxisDefinition());
   EXPECT_EQ(nothing->blockLength2d(), 0.0);
@@ -121,7 +107,7 @@ TEST(BlockAxisDefinition, StaysNeutralWhereTheAxisCannotBeEvaluated) {
 
 TEST(AxisMapper, CarriesStationingsBetweenAxesAndBlocks) {
   Random random(72);
-  const AxisPtr axis = TestSupport::randomSmoothAxis(random);
+  const AxisPtr axis = randomSmoothAxis(random);
   const double start = axis->minimumStng2d() + 30;
   const BlockPtr block = blockOf(axis, start, start + 60);
   const AxisMapper same(axis, axis);
@@ -131,11 +117,8 @@ TEST(AxisMapper, CarriesStationingsBetweenAxesAndBlocks) {
   const AxisCalculator reference(axis);
   const AxisCalculator chord(block);
   for (double s = start; s <= start + 60; s += 4) {
-    ENHPoint point;
-    AxisPoint expected;
+    const AxisPoint expected = axisPoint(chord, axisPointAt(reference, s));
     double tunnelmeter = 0, expectedTunnelmeter = 0;
-    ASSERT_TRUE(reference.axisPointToEnhPointVertical(AxisPoint(s, 0, 0), point));
-    ASSERT_TRUE(chord.enhPointToAxisPointVertical(point, expected));
     ASSERT_TRUE(reference.stationingToTunnelmeter(s, tunnelmeter));
     ASSERT_TRUE(chord.stationingToTunnelmeter(expected.stationing, expectedTunnelmeter));
     EXPECT_NEAR(same.mapStationing(s, false, false), s, 1e-9);

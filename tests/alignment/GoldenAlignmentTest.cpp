@@ -13,22 +13,19 @@
 namespace {
 
 using namespace Ruv::Calculations;
-using TestSupport::Csv;
-using TestSupport::CsvRow;
+using namespace TestSupport;
 
 /// Ulps of the coordinates that a result may be off.
 constexpr double kUlps = 3.0;
 
-double coordinateTolerance(const CsvRow& row, const char* column) {
-  const double value = std::abs(row.number(column));
-  return std::max(1e-10, kUlps * (std::nextafter(value, 1e300) - value));
+void expectCoordinate(double actual, double expected) {
+  const double size = std::abs(expected);
+  EXPECT_NEAR(actual, expected, std::max(1e-10, kUlps * (std::nextafter(size, 1e300) - size)));
 }
 
 void expectPoint(const ENHPoint& actual, const CsvRow& row, const std::string& suffix) {
-  const std::string east = "east" + suffix;
-  const std::string north = "north" + suffix;
-  EXPECT_NEAR(actual.east, row.number(east), coordinateTolerance(row, east.c_str()));
-  EXPECT_NEAR(actual.north, row.number(north), coordinateTolerance(row, north.c_str()));
+  expectCoordinate(actual.east, row.number("east" + suffix));
+  expectCoordinate(actual.north, row.number("north" + suffix));
   EXPECT_NEAR(actual.height, row.number("height" + suffix), 1e-10);
 }
 
@@ -39,14 +36,13 @@ class GoldenAlignment : public testing::TestWithParam<const char*> {
   GoldenAlignment() : m_folder(std::string("alignments/") + GetParam()) {}
 
   std::string m_folder;
-  TestSupport::AxisPtr m_axis = TestSupport::goldenAxis(GetParam());
+  AxisPtr m_axis = goldenAxis(GetParam());
   AxisCalculator m_calculator{m_axis};
 };
 
 TEST_P(GoldenAlignment, AxisPoints) {
-  const Csv file(m_folder + "/axis_points.csv");
   double lengthOffset = std::nan("");
-  for (const CsvRow& row : file.rows()) {
+  for (const CsvRow& row : rowsOf(m_folder + "/axis_points.csv")) {
     const double s = row.number("station");
     SCOPED_TRACE(s);
     ENHPoint point;
@@ -55,14 +51,13 @@ TEST_P(GoldenAlignment, AxisPoints) {
     if (!isInRange) continue;
     ASSERT_TRUE(row.has("height"));
     expectPoint(point, row, "");
-    double azimuth = 0, radius = 0, rad = 0, percent = 0, transRad = 0, transPercent = 0;
-    ASSERT_TRUE(m_calculator.axisPropertiesAtStationing(s, azimuth, radius, rad, percent, transRad,
-                                                        transPercent));
+    const AxisProperties properties(m_calculator, s);
+    ASSERT_TRUE(properties.ok);
     // Kinks of the source: at a joint the earlier element holds only if the stations are equal.
-    EXPECT_NEAR(Utilities::getangleAsMinusPiToPi(azimuth - row.number("azimuth")), 0.0,
+    EXPECT_NEAR(Utilities::getangleAsMinusPiToPi(properties.azimuth - row.number("azimuth")), 0.0,
                 std::string(GetParam()) == "rail_ch_a50068a" ? 2.1e-5 : 1e-12);
-    EXPECT_NEAR(percent, row.number("grade_percent"), 1e-11);
-    EXPECT_NEAR(curvatureOf(radius), curvatureOf(row.number("radius")), 1e-15);
+    EXPECT_NEAR(properties.slopePercent, row.number("grade_percent"), 1e-11);
+    EXPECT_NEAR(curvatureOf(properties.radius), curvatureOf(row.number("radius")), 1e-15);
 
     double tunnelmeter = 0;
     double back = 0;
@@ -75,17 +70,13 @@ TEST_P(GoldenAlignment, AxisPoints) {
 }
 
 TEST_P(GoldenAlignment, OffsetPoints) {
-  const Csv file(m_folder + "/offset_points.csv");
-  for (const CsvRow& row : file.rows()) {
+  for (const CsvRow& row : rowsOf(m_folder + "/offset_points.csv")) {
     if (!row.has("height")) continue;
     SCOPED_TRACE(row.text("station"));
     const AxisPoint in(row.number("station"), row.number("offset"),
                        row.number("height_above_axis"));
-    ENHPoint point;
-    ASSERT_TRUE(m_calculator.axisPointToEnhPoint(in, point, false, false));
-    expectPoint(point, row, "");
-    ASSERT_TRUE(m_calculator.axisPointToEnhPoint(in, point, false, true));
-    expectPoint(point, row, "_with_slope");
+    expectPoint(gridPoint(m_calculator, in, false, false), row, "");
+    expectPoint(gridPoint(m_calculator, in, false, true), row, "_with_slope");
   }
 }
 
@@ -99,14 +90,12 @@ INSTANTIATE_TEST_SUITE_P(Cases, GoldenAlignment,
                          [](const auto& test) { return std::string(test.param); });
 
 TEST(GoldenPrintedPoints, Metro) {
-  const AxisCalculator calculator(TestSupport::goldenAxis("metro_th_3122m"));
-  const Csv file("alignments/metro_th_3122m/source_points.csv");
-  for (const CsvRow& row : file.rows()) {
+  const AxisCalculator calculator(goldenAxis("metro_th_3122m"));
+  for (const CsvRow& row : rowsOf("alignments/metro_th_3122m/source_points.csv")) {
     SCOPED_TRACE(row.text("station"));
-    ENHPoint point;
-    ASSERT_TRUE(calculator.axisPointToEnhPointVertical(
-        AxisPoint(row.number("station"), row.number("offset"), row.number("height_above_axis")),
-        point));
+    const AxisPoint in(row.number("station"), row.number("offset"),
+                       row.number("height_above_axis"));
+    const ENHPoint point = gridPoint(calculator, in);
     EXPECT_NEAR(point.east, row.number("east"), 2e-9);
     EXPECT_NEAR(point.north, row.number("north"), 2e-9);
     EXPECT_NEAR(point.height, row.number("height"), 2e-9);
@@ -114,14 +103,11 @@ TEST(GoldenPrintedPoints, Metro) {
 }
 
 TEST(GoldenPrintedPoints, SignalsBesideTheTrack) {
-  const AxisCalculator calculator(TestSupport::goldenAxis("rail_it_1030m"));
-  const Csv file("alignments/rail_it_1030m/placed_signals.csv");
-  for (const CsvRow& row : file.rows()) {
-    AxisPoint point;
-    ASSERT_TRUE(calculator.enhPointToAxisPoint(
-        ENHPoint(row.number("source_east"), row.number("source_north"),
-                 row.number("source_height")),
-        point, false, false));
+  const AxisCalculator calculator(goldenAxis("rail_it_1030m"));
+  for (const CsvRow& row : rowsOf("alignments/rail_it_1030m/placed_signals.csv")) {
+    const ENHPoint in(row.number("source_east"), row.number("source_north"),
+                      row.number("source_height"));
+    const AxisPoint point = axisPoint(calculator, in, false, false);
     EXPECT_NEAR(point.stationing, row.number("station"), 1e-8);
     EXPECT_NEAR(point.offset, row.number("offset"), 1e-8);
     EXPECT_NEAR(point.height, row.number("height_above_axis"), 1e-8);

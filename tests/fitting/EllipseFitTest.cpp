@@ -56,8 +56,7 @@ std::vector<bool> usedBut(const std::string& rejected, std::size_t count) {
 }
 
 TEST(EllipseFit, FindsTheGoldenEllipses) {
-  const Csv expected("fits/ellipses_expected.csv");
-  for (const CsvRow& row : expected.rows()) {
+  for (const CsvRow& row : rowsOf("fits/ellipses_expected.csv")) {
     SCOPED_TRACE(row.text("case"));
     const Points points = goldenPoints(row);
     const double tolerance = 1e-12 * row.number("semi_axis_a");

@@ -11,7 +11,6 @@
 
 #include <cmath>
 #include <limits>
-#include <string>
 #include <vector>
 
 namespace TestSupport {
@@ -22,9 +21,8 @@ using Points = std::vector<Point2D>;
 constexpr double kPi = 3.141592653589793;
 
 inline Points goldenPoints(const CsvRow& row) {
-  const Csv file("fits/" + row.text("case") + ".csv");
   Points points;
-  for (const CsvRow& point : file.rows()) {
+  for (const CsvRow& point : rowsOf("fits/" + row.text("case") + ".csv")) {
     points.emplace_back(point.number("x"), point.number("y"));
   }
   return points;

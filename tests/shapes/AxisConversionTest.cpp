@@ -50,17 +50,18 @@ TEST(AxisConversion, AppliesAGivenTransverseSlope) {
   fillRising(container, 0.0);
   CConversionOptions options;
   options.givenTransSlope = 100.0;  // counts in its own mode only
+  const AxisPoint in(40, std::sqrt(2.0), 0);
   for (const auto mode : {CTransSlopeMode::OfAxis, CTransSlopeMode::Ignored}) {
     options.transSlopeMode = mode;
-    EXPECT_EQ(axisToGrid(container.geometry(), AxisPoint(40, 2, 0), options)->height, 0.0);
+    EXPECT_EQ(axisToGrid(container.geometry(), in, options)->height, 0.0);
   }
   options.transSlopeMode = CTransSlopeMode::Given;
-  const auto point = axisToGrid(container.geometry(), AxisPoint(40, std::sqrt(2.0), 0), options);
+  const auto point = axisToGrid(container.geometry(), in, options);
   ASSERT_TRUE(point);
   EXPECT_LT((*point - ENHPoint(1, 40, -1)).length(), 1e-14);
   const auto back = gridToAxis(container.geometry(), *point, options);
   ASSERT_TRUE(back);
-  EXPECT_DOUBLE_EQ(back->offset, std::sqrt(2.0));
+  EXPECT_DOUBLE_EQ(back->offset, in.offset);
 }
 
 }  // namespace

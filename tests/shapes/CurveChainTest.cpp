@@ -11,7 +11,7 @@
 namespace {
 
 using namespace Ruv;
-using TestSupport::Random;
+using namespace TestSupport;
 
 /// A closed or open chain of straights and arcs, with crossings and repeated points.
 std::vector<CChainNode> randomNodes(Random& random, int count) {
@@ -25,10 +25,11 @@ std::vector<CChainNode> randomNodes(Random& random, int count) {
       const double chord = (point - nodes.back().point).length();
       radius = random.uniform(0.5, 3.0) * chord * (random.index(2) == 0 ? 1 : -1);
     }
-    const double station =
-        i == 0 ? 0.0
-               : nodes.back().station +
-                     CChainSegment::between(nodes.back().point, point, radius).length;
+    double station = 0.0;
+    if (i > 0) {
+      const CChainNode& last = nodes.back();
+      station = last.station + CChainSegment::between(last.point, point, radius).length;
+    }
     nodes.push_back({point, station, radius});
   }
   return nodes;
@@ -80,14 +81,10 @@ TEST(CurveChain, SpreadsGivenStationsOverItsSegments) {
   EXPECT_FALSE(chain.pointAt(std::nan("")));
 }
 
-std::vector<CChainSegment> segmentsOf(const std::vector<CChainNode>& nodes) {
-  return CCurveChain(nodes).segments();
-}
-
 TEST(ChainIntersections, MeetTheLineAndTheChain) {
   Random random(92);
   for (int round = 0; round < 200; ++round) {
-    const std::vector<CChainSegment> chain = segmentsOf(randomNodes(random, 12));
+    const std::vector<CChainSegment> chain = CCurveChain(randomNodes(random, 12)).segments();
     const Point2D a(random.uniform(-7, 7), random.uniform(-7, 7));
     const Point2D b(random.uniform(-7, 7), random.uniform(-7, 7));
     // Changes of side along a dense walk.
@@ -117,12 +114,9 @@ TEST(ChainIntersections, MeetTheLineAndTheChain) {
 }
 
 TEST(ChainIntersections, CountTouchesJointsAndOverlapsOnce) {
-  const std::vector<CChainSegment> chain = segmentsOf({{{-1, 0}, 0, 0},
-                                                       {{1, 0}, 0, 1},
-                                                       {{3, 0}, 0, 0},
-                                                       {{3, -2}, 0, 0},
-                                                       {{-1, -2}, 0, 0},
-                                                       {{-1, 0}, 0, 0}});
+  const std::vector<CChainNode> nodes = {{{-1, 0}, 0, 0}, {{1, 0}, 0, 1},   {{3, 0}, 0, 0},
+                                         {{3, -2}, 0, 0}, {{-1, -2}, 0, 0}, {{-1, 0}, 0, 0}};
+  const std::vector<CChainSegment> chain = CCurveChain(nodes).segments();
   const auto count = [&](const Point2D& a, const Point2D& b) {
     return intersectionsOf(chain, a, b).size();
   };

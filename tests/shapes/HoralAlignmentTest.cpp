@@ -14,7 +14,7 @@
 namespace {
 
 using namespace Ruv;
-using TestSupport::Random;
+using namespace TestSupport;
 
 constexpr double kPi = 3.141592653589793;
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
@@ -119,34 +119,24 @@ TEST(HoralAlignment, ProjectsLikeAPlainWalk) {
   EXPECT_LT(numNothing, 1000);
 }
 
-/// A right-angled corner: north, then east.
-CHoralAlignment rightAngle(double secondAzimuth = kPi / 2) {
-  std::vector<CHoralSegmentData> chain;
-  append(chain, CShapeType::Straight, 0, 0, 100, 0.0, true);
-  append(chain, CShapeType::Straight, 0, 0, 100, secondAzimuth, true);
-  return CHoralAlignment(1000.0, chain);
-}
-
-TEST(HoralAlignment, TakesTheCornerOnItsOuterSide) {
-  const CHoralAlignment alignment = rightAngle();
-  const auto foot = alignment.project(Point2D(600000.0 - 3, 200100.0 + 4));
-  ASSERT_TRUE(foot);
-  EXPECT_EQ(foot->stationing, 1100.0);
-  EXPECT_DOUBLE_EQ(foot->offset, -5.0);
-  const auto mirrored = rightAngle(-kPi / 2).project(Point2D(600000.0 + 3, 200100.0 + 4));
-  ASSERT_TRUE(mirrored);
-  EXPECT_DOUBLE_EQ(mirrored->offset, 5.0);
-  EXPECT_FALSE(alignment.project(Point2D(600000.0 - 3, 200000.0 - 4)));
-  EXPECT_FALSE(alignment.project(Point2D(kUnknown, 200000.0)));
-  EXPECT_FALSE(alignment.project(Point2D(1e300, -1e300)));
+TEST(HoralAlignment, TakesTheCornerOnItsOuterSideAndTheFirstSegmentOnTheInner) {
+  for (const double side : {1.0, -1.0}) {
+    std::vector<CHoralSegmentData> chain;
+    append(chain, CShapeType::Straight, 0, 0, 100, 0.0, true);
+    append(chain, CShapeType::Straight, 0, 0, 100, side * kPi / 2, true);
+    const CHoralAlignment alignment(1000.0, chain);
+    const auto outer = alignment.project(Point2D(600000.0 - 3 * side, 200100.0 + 4));
+    ASSERT_TRUE(outer);
+    EXPECT_EQ(outer->stationing, 1100.0);
+    EXPECT_DOUBLE_EQ(outer->offset, -5.0 * side);
+    const auto inner = alignment.project(Point2D(600000.0 + 20 * side, 200080.0));
+    ASSERT_TRUE(inner);  // as far from the second segment
+    EXPECT_DOUBLE_EQ(inner->stationing, 1080.0);
+    EXPECT_DOUBLE_EQ(inner->offset, 20.0 * side);
+    EXPECT_FALSE(alignment.project(Point2D(kUnknown, 200000.0)));
+    EXPECT_FALSE(alignment.project(Point2D(1e300, -1e300)));
+  }
   EXPECT_FALSE(CHoralAlignment().project(Point2D(0, 0)));
-}
-
-TEST(HoralAlignment, GivesEqualDistancesToTheFirstSegment) {
-  const auto foot = rightAngle().project(Point2D(600020.0, 200080.0));
-  ASSERT_TRUE(foot);
-  EXPECT_DOUBLE_EQ(foot->stationing, 1080.0);
-  EXPECT_DOUBLE_EQ(foot->offset, 20.0);
 }
 
 TEST(HoralAlignment, KeepsPointsOnTheNormalsOfJointsAndEnds) {
@@ -182,10 +172,10 @@ TEST(HoralAlignment, PlacesSegmentsBetweenTheirEndPoints) {
     CHoralSegmentData& data = chain.back();
     data.end = {std::round(data.end.x * 1000) / 1000, std::round(data.end.y * 1000) / 1000};
     const CHoralAlignment alignment(1000.0, chain);
-    const auto end = alignment.positionAt(data.stationingEnd);
-    ASSERT_TRUE(end);
-    EXPECT_LT((end->position - data.end).length(), 2e-10);
     const auto start = alignment.positionAt(1000.0);
+    const auto end = alignment.positionAt(data.stationingEnd);
+    ASSERT_TRUE(start && end);
+    EXPECT_LT((end->position - data.end).length(), 2e-10);
     EXPECT_LT((start->position - data.start).length(), 1e-12);
     EXPECT_NEAR(std::remainder(start->azimuth - azimuth, 2 * kPi), 0.0,
                 0.001 / (data.end - data.start).length());

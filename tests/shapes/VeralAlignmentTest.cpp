@@ -17,9 +17,7 @@
 namespace {
 
 using namespace Ruv;
-using TestSupport::Csv;
-using TestSupport::CsvRow;
-using TestSupport::Random;
+using namespace TestSupport;
 
 /// The evaluation as a plain walk over the points.
 std::optional<CHeightAndGrade> walk(const std::vector<CVeralPoint>& points, double s) {
@@ -42,15 +40,16 @@ std::optional<CHeightAndGrade> walk(const std::vector<CVeralPoint>& points, doub
   return std::nullopt;
 }
 
+constexpr std::int32_t kTypes[] = {CShapeType::VerticalKink, CShapeType::VerticalArc,
+                                   CShapeType::VerticalParabola,
+                                   CShapeType::VerticalParabolaVariant};
+
 /// Points whose roundings often overlap, reach beyond their neighbours or cannot be computed.
 std::vector<CVeralPoint> randomPoints(Random& random) {
   std::vector<CVeralPoint> points;
   double stationing = -100.0;
   for (int i = 0; i < 30; ++i) {
-    const std::int32_t types[] = {CShapeType::VerticalKink, CShapeType::VerticalArc,
-                                  CShapeType::VerticalParabola,
-                                  CShapeType::VerticalParabolaVariant};
-    points.push_back({types[random.index(4)], stationing, random.uniform(0.0, 6.0),
+    points.push_back({kTypes[random.index(4)], stationing, random.uniform(0.0, 6.0),
                       random.uniform(-400.0, 400.0)});
     if (random.index(25) != 0) stationing += random.uniform(2.0, 60.0);
   }
@@ -94,8 +93,7 @@ TEST(VeralAlignment, EvaluatesLikeAPlainWalk) {
 }
 
 TEST(VeralAlignment, GoldenRoundings) {
-  const Csv index("segments/profile_index.csv");
-  for (const CsvRow& row : index.rows()) {
+  for (const CsvRow& row : rowsOf("segments/profile_index.csv")) {
     SCOPED_TRACE(row.text("case"));
     const bool isArc = row.text("kind") == "arc";
     const std::int32_t type = isArc ? CShapeType::VerticalArc : CShapeType::VerticalParabola;
@@ -103,8 +101,7 @@ TEST(VeralAlignment, GoldenRoundings) {
         {{CShapeType::VerticalKink, row.number("station_0"), row.number("height_0"), 0.0},
          {type, row.number("station_1"), row.number("height_1"), row.number("rounding")},
          {CShapeType::VerticalKink, row.number("station_2"), row.number("height_2"), 0.0}});
-    const Csv places("segments/" + row.text("case") + ".csv");
-    for (const CsvRow& place : places.rows()) {
+    for (const CsvRow& place : rowsOf("segments/" + row.text("case") + ".csv")) {
       const auto result = alignment.at(place.number("station"));
       ASSERT_TRUE(result);
       EXPECT_NEAR(result->height, place.number("height"), isArc ? 1.3e-9 : 3e-14);
@@ -147,41 +144,22 @@ TEST_P(Rounding, MeetsBothGradeLinesWithHeightAndGrade) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Kinds, Rounding,
-                         testing::Values(CShapeType::VerticalArc, CShapeType::VerticalParabola,
-                                         CShapeType::VerticalParabolaVariant));
+// All but the kink.
+INSTANTIATE_TEST_SUITE_P(Kinds, Rounding, testing::ValuesIn(kTypes + 1, kTypes + 4));
 
-TEST(VeralAlignment, RoundsEveryTypeButKinks) {
-  const auto heightOver = [](std::int32_t typeId) {
-    return CVeralAlignment({{CShapeType::VerticalKink, 0, 0, 0},
-                            {typeId, 50, 0, 1000},
-                            {CShapeType::VerticalKink, 100, 2, 0}})
-        .at(50.0)
-        ->height;
-  };
-  EXPECT_EQ(heightOver(CShapeType::VerticalKink), 0.0);
-  EXPECT_DOUBLE_EQ(heightOver(CShapeType::VerticalParabola), 20.0 * 20.0 / 2000.0);
-  EXPECT_EQ(heightOver(CShapeType::VerticalParabolaVariant),
-            heightOver(CShapeType::VerticalParabola));
-  // The circle touches the level line where the tangent of half the turning begins.
-  const double tangent = 1000.0 * std::tan(std::atan(0.04) / 2);
-  EXPECT_NEAR(heightOver(CShapeType::VerticalArc), 1000.0 - std::sqrt(1e6 - tangent * tangent),
-              1e-12);
-}
-
-TEST(VeralAlignment, HasNoRoundingBetweenEqualGradesOrOfRadiusZero) {
+TEST(VeralAlignment, HasNoRoundingAtKinksBetweenEqualGradesOrOfRadiusZero) {
+  EXPECT_FALSE(hasRoundingType({CShapeType::VerticalKink, 10, 1, 500}));
   const CVeralPoint before{CShapeType::VerticalKink, 0, 0, 0};
   const CVeralPoint after{CShapeType::VerticalKink, 20, 2, 0};
-  for (const CVeralPoint& point : {CVeralPoint{CShapeType::VerticalArc, 10, 1, 500},
-                                   CVeralPoint{CShapeType::VerticalArc, 10, 2, 0.0}}) {
-    const CRoundingResult result = roundingOf(before, point, after);
-    EXPECT_TRUE(result.isComputable);
-    EXPECT_FALSE(result.rounding);
+  const auto roundingBy = [&](double stationing, double height, double radius) {
+    return roundingOf(before, {CShapeType::VerticalArc, stationing, height, radius}, after);
+  };
+  for (const CRoundingResult& result : {roundingBy(10, 1, 500), roundingBy(10, 2, 0.0)}) {
+    EXPECT_TRUE(result.isComputable && !result.rounding);
   }
-  EXPECT_FALSE(roundingOf(before, {CShapeType::VerticalArc, 0, 1, 500}, after).isComputable);
+  EXPECT_FALSE(roundingBy(0, 1, 500).isComputable);
+  EXPECT_FALSE(roundingBy(10, std::nan(""), 500).isComputable);
   EXPECT_FALSE(lineBetween(before, {CShapeType::VerticalKink, 1e-39, 0, 0}).at(0.0));
-  EXPECT_FALSE(
-      roundingOf(before, {CShapeType::VerticalArc, 10, std::nan(""), 500}, after).isComputable);
 }
 
 TEST(VeralAlignment, MeasuresItsLengthInSpace) {
@@ -190,9 +168,7 @@ TEST(VeralAlignment, MeasuresItsLengthInSpace) {
     std::vector<CVeralPoint> points;
     const double radius = round % 2 == 0 ? 1e6 : 800.0;
     for (int i = 0; i < 6; ++i) {
-      const std::int32_t types[] = {CShapeType::VerticalKink, CShapeType::VerticalArc,
-                                    CShapeType::VerticalParabola};
-      points.push_back({types[random.index(3)], 7000.0 + 100 * i,
+      points.push_back({kTypes[random.index(4)], 7000.0 + 100 * i,
                         random.uniform(0.0, 100.0 * 30 / radius), radius});
     }
     const CVeralAlignment alignment(points);

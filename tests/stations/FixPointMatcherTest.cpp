@@ -24,7 +24,7 @@
 namespace {
 
 using namespace Ruv::Calculations;
-using TestSupport::Random;
+using namespace TestSupport;
 
 using Indices = std::vector<std::size_t>;
 using Points = std::vector<ENHPoint>;

@@ -2,6 +2,7 @@
 
 #include "support/Random.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <Eigen/Dense>
 
@@ -11,7 +12,7 @@ namespace {
 
 using Eigen::MatrixXd;
 using Ruv::Calculations::MatrixPointsFit;
-using TestSupport::Random;
+using namespace TestSupport;
 
 MatrixXd randomPoints(Random& random, Eigen::Index dimension, Eigen::Index count) {
   return MatrixXd::NullaryExpr(dimension, count, [&] { return random.uniform(-20.0, 20.0); });
@@ -70,12 +71,9 @@ TEST(MatrixPointsFit, OfEqualSetsIsTheIdentity) {
 TEST(MatrixPointsFit, RefusesDifferentShapesAndMarksWhatIsNotFinite) {
   const MatrixXd points = MatrixXd::Random(3, 4);
   for (const MatrixXd& other : {MatrixXd(points.leftCols(3)), MatrixXd(points.topRows(2))}) {
-    try {
-      const MatrixPointsFit fit(points, other);
-      ADD_FAILURE() << "nothing thrown";
-    } catch (const std::exception& e) {
-      EXPECT_STREQ(e.what(), "matrixPointsToMatch and matrixPointsCandidates have different size");
-    }
+    EXPECT_THAT([&] { MatrixPointsFit(points, other); },
+                testing::ThrowsMessage<std::exception>(
+                    "matrixPointsToMatch and matrixPointsCandidates have different size"));
   }
   for (const double bad : {std::numeric_limits<double>::quiet_NaN(), 1e300}) {
     const MatrixXd far = points * bad;

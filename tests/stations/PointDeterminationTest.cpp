@@ -19,8 +19,7 @@ namespace {
 using namespace Ruv::Calculations;
 using testing::Each;
 using testing::ElementsAre;
-using TestSupport::Random;
-using TestSupport::TransformationCase;
+using namespace TestSupport;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -65,8 +64,7 @@ std::vector<ENHPoint> seen(const std::vector<std::size_t>& indices, double turn,
   return locals;
 }
 
-template <class T>
-void shuffle(std::vector<T>& list, Random& random) {
+void shuffle(std::vector<TransformationPoint>& list, Random& random) {
   for (std::size_t i = list.size(); i > 1; --i) {
     std::swap(list[i - 1], list[random.index(i)]);
   }
@@ -174,29 +172,20 @@ TEST(PointDetermination, SettingsRefuseWhatMakesNoSense) {
 }
 
 TEST(PointDetermination, IdsAreUniqueAndCopiesShared) {
-  PointDetermination other;
-  {
-    PointDetermination d;
-    other = d;
-    EXPECT_FALSE(d.addPoint(L"", ENHPoint()));
-    EXPECT_FALSE(d.addMeasurement(L"", PolarPoint()));
-    EXPECT_TRUE(d.addPoint(L"A", ENHPoint()));
-    EXPECT_FALSE(d.addPoint(L"A", ENHPoint(1.0, 2.0, 3.0)));
-    EXPECT_TRUE(d.addMeasurement(L"A", PolarPoint()));
-    EXPECT_FALSE(d.addMeasurement(L"A", PolarPoint()));
-  }
-  const PointDetermination copy(other);
+  PointDetermination d;
+  const PointDetermination copy(d);
+  EXPECT_FALSE(d.addPoint(L"", ENHPoint()));
+  EXPECT_FALSE(d.addMeasurement(L"", PolarPoint()));
+  EXPECT_TRUE(d.addPoint(L"A", ENHPoint()));
+  EXPECT_FALSE(d.addPoint(L"A", ENHPoint(1.0, 2.0, 3.0)));
+  EXPECT_TRUE(d.addMeasurement(L"A", PolarPoint()));
+  EXPECT_FALSE(d.addMeasurement(L"A", PolarPoint()));
   EXPECT_EQ(copy.getNumPoints() + copy.getNumMeasurements(), 2u);
+  PointDetermination other;
+  other = d;
+  d = PointDetermination();
   other.reset();
   EXPECT_EQ(copy.getNumPoints() + copy.getNumMeasurements(), 0u);
-}
-
-TEST(PointDetermination, ManyPointsAtOnePlaceDoNotMultiplySolutions) {
-  PointDetermination d;
-  addPoints(d, std::vector<ENHPoint>(100, ENHPoint(5.0, 6.0, 7.0)));
-  addMeasurements(d, std::vector<ENHPoint>(10, ENHPoint(1.0, 2.0, 3.0)));
-  EXPECT_TRUE(d.determineMeasuredPointsStrict());
-  EXPECT_TRUE(d.isBestSolutionSignificantlyBetter()) << "they differ in the id only";
 }
 
 TEST(PointDetermination, FindsWhatMatchesAmongBadCoordinates) {
@@ -242,6 +231,11 @@ TEST(PointDetermination, RegularGridsAndStraysTakeNoTime) {
     addMeasurements(fitting, {grid[(50 + 7 * i) % 100]});
   }
   EXPECT_TRUE(fitting.determineMeasuredPointsStrict());
+  PointDetermination onePlace;
+  addPoints(onePlace, std::vector<ENHPoint>(100, ENHPoint(5.0, 6.0, 7.0)));
+  addMeasurements(onePlace, std::vector<ENHPoint>(10, ENHPoint(1.0, 2.0, 3.0)));
+  EXPECT_TRUE(onePlace.determineMeasuredPointsStrict());
+  EXPECT_TRUE(onePlace.isBestSolutionSignificantlyBetter()) << "they differ in the id only";
   // Some 10 ms. Without cuts these are millions of searches.
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
 }

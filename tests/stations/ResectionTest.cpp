@@ -22,8 +22,7 @@
 namespace {
 
 using namespace Ruv::Calculations;
-using TestSupport::Random;
-using TestSupport::TransformationCase;
+using namespace TestSupport;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -38,9 +37,7 @@ struct Result {
   bool operator==(const Result& o) const { return ok == o.ok && values == o.values; }
 };
 
-constexpr Eigen::Index kOrientation = 3;
-constexpr Eigen::Index kScale = 4;
-constexpr Eigen::Index kScaleStdDev = 9;
+constexpr Eigen::Index kOrientation = 3, kScale = 4, kScaleStdDev = 9;
 
 Result resultOf(const Resection& resection, decltype(&Resection::calculateResectionHelmert2d) by) {
   Result r;
@@ -231,7 +228,7 @@ TEST(Resection, CountsMeasurementsAndPairsByIdInAllCopies) {
   EXPECT_FALSE(resection.addMeasurement(L"", PolarPoint()));
   EXPECT_FALSE(resection.addFixPointU({}, ENHPoint()));
   EXPECT_FALSE(resection.addMeasurementU({}, PolarPoint()));
-  EXPECT_TRUE(resection.addFixPoint(L"never measured", ENHPoint(1.0, 1.0, 1.0)));
+  resection.addFixPoint(L"never measured", ENHPoint(1.0, 1.0, 1.0));
   EXPECT_TRUE(original->addMeasurement(L"unknown", PolarPoint(1.0, 1.0, 1.0)));
   original.reset();
   EXPECT_TRUE(resection.addMeasurement(L"unknown", PolarPoint(1.0, 1.0, 2.0)));
@@ -289,11 +286,11 @@ TEST(ResectionHelmert3d, RefusesWhatLeavesTheRotationOpen) {
   }
   EXPECT_TRUE(isRefused({kSquare[0], kSquare[1], kSquare[1]})) << "two places";
   // The mean of three equal points differs from them by rounding.
-  std::vector<Pair> oneFixPoint(kSquare.begin(), kSquare.begin() + 3);
-  std::vector<Pair> oneTarget = oneFixPoint;
+  std::vector<Pair> oneFixPoint;
+  std::vector<Pair> oneTarget;
   for (std::size_t i = 0; i < 3; ++i) {
-    oneFixPoint[i].global = ENHPoint(0.1, 0.2, 0.3);
-    oneTarget[i].local = ENHPoint(0.7, 0.2, 0.3);
+    oneFixPoint.push_back({kSquare[i].local, ENHPoint(0.1, 0.2, 0.3)});
+    oneTarget.push_back({ENHPoint(0.7, 0.2, 0.3), kSquare[i].global});
   }
   EXPECT_TRUE(isRefused(oneFixPoint));
   EXPECT_TRUE(isRefused(oneTarget));

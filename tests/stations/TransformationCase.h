@@ -26,10 +26,9 @@ struct TransformationPoint {
 
 struct TransformationCase {
   explicit TransformationCase(const std::string& name) {
-    const Csv pointRows("transformations/" + name + ".csv");
-    for (const CsvRow& row : pointRows.rows()) {
+    for (const CsvRow& row : rowsOf("transformations/" + name + ".csv")) {
       TransformationPoint p;
-      p.id = std::wstring(row.text("id").begin(), row.text("id").end());
+      p.id.assign(row.text("id").begin(), row.text("id").end());
       p.measured = {row.number("horizontal_angle"), row.number("zenith_angle"),
                     row.number("slope_distance")};
       p.isFixPoint = row.has("global_east");
@@ -39,8 +38,7 @@ struct TransformationCase {
       }
       points.push_back(p);
     }
-    const Csv expectedRows("transformations/" + name + "_expected.csv");
-    for (const CsvRow& row : expectedRows.rows()) {
+    for (const CsvRow& row : rowsOf("transformations/" + name + "_expected.csv")) {
       expected[row.text("group") + "." + row.text("quantity")] = row.number("value");
     }
   }

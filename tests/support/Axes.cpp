@@ -4,6 +4,8 @@
 
 #include <Calculations/ShapeElements.h>
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <cmath>
 #include <utility>
@@ -13,6 +15,15 @@ namespace TestSupport {
 using namespace Ruv::Calculations;
 
 AxisPtr newAxis() { return AxisPtr(AxisDefinitionFactory::createHoralVeralAxis()); }
+
+AxisPtr straightAxis(double azimuth, double stationing, double length, double heightStart,
+                     double heightEnd) {
+  AxisPtr axis = newAxis();
+  axis->addHoralSegmentStraight(stationing, 0, 0, azimuth, length);
+  axis->addVeralPointKink(stationing, heightStart);
+  axis->addVeralPointKink(stationing + length, heightEnd);
+  return axis;
+}
 
 namespace {
 
@@ -49,23 +60,33 @@ void addVeral(AxisDefinition& axis, const CsvRow& row) {
 AxisPtr goldenAxis(const std::string& name) {
   const std::string folder = "alignments/" + name;
   AxisPtr axis = newAxis();
-  const Csv horal(folder + "/horizontal.csv");
-  for (const CsvRow& row : horal.rows()) {
+  for (const CsvRow& row : rowsOf(folder + "/horizontal.csv")) {
     addHoral(*axis, row);
   }
-  const Csv veral(folder + "/vertical.csv");
-  for (const CsvRow& row : veral.rows()) {
+  for (const CsvRow& row : rowsOf(folder + "/vertical.csv")) {
     addVeral(*axis, row);
   }
-  if (Csv::exists(folder + "/transverse_slope.csv")) {
-    const Csv slopes(folder + "/transverse_slope.csv");
-    for (const CsvRow& row : slopes.rows()) {
-      axis->addTransSlopeSegmentLinear(row.number("station_from"), row.number("station_to"),
-                                       row.number("slope_from_percent"),
-                                       row.number("slope_to_percent"));
-    }
+  if (!isGoldenFile(folder + "/transverse_slope.csv")) return axis;
+  for (const CsvRow& row : rowsOf(folder + "/transverse_slope.csv")) {
+    axis->addTransSlopeSegmentLinear(row.number("station_from"), row.number("station_to"),
+                                     row.number("slope_from_percent"),
+                                     row.number("slope_to_percent"));
   }
   return axis;
+}
+
+ENHPoint gridPoint(const AxisCalculator& calculator, const AxisPoint& point, bool inSpace,
+                   bool withTransSlope) {
+  ENHPoint result;
+  EXPECT_TRUE(calculator.axisPointToEnhPoint(point, result, inSpace, withTransSlope));
+  return result;
+}
+
+AxisPoint axisPoint(const AxisCalculator& calculator, const ENHPoint& point, bool inSpace,
+                    bool withTransSlope) {
+  AxisPoint result;
+  EXPECT_TRUE(calculator.enhPointToAxisPoint(point, result, inSpace, withTransSlope));
+  return result;
 }
 
 ChainBuilder::ChainBuilder(AxisPtr axis, double stationing, double east, double north,

@@ -6,6 +6,7 @@
 
 #include "support/Random.h"
 
+#include <Calculations/AxisCalculator.h>
 #include <Calculations/AxisDefinition.h>
 #include <Calculations/Points.h>
 
@@ -19,8 +20,30 @@ using AxisPtr = boost::shared_ptr<Ruv::Calculations::AxisDefinition>;
 
 AxisPtr newAxis();
 
+/// An even grade over a straight that begins at the origin.
+AxisPtr straightAxis(double azimuth, double stationing, double length, double heightStart,
+                     double heightEnd);
+
+struct AxisProperties {
+  double azimuth = -1, radius = -1, slopeRad = -1, slopePercent = -1;
+  double transRad = -1, transPercent = -1;
+  bool ok;
+
+  AxisProperties(const Ruv::Calculations::AxisCalculator& axis, double stationing)
+      : ok(axis.axisPropertiesAtStationing(stationing, azimuth, radius, slopeRad, slopePercent,
+                                           transRad, transPercent)) {}
+};
+
 /// An axis of tests/golden/alignments.
 AxisPtr goldenAxis(const std::string& name);
+
+/// Conversions that have to succeed.
+Ruv::Calculations::ENHPoint gridPoint(const Ruv::Calculations::AxisCalculator& calculator,
+                                      const Ruv::Calculations::AxisPoint& point,
+                                      bool inSpace = false, bool withTransSlope = true);
+Ruv::Calculations::AxisPoint axisPoint(const Ruv::Calculations::AxisCalculator& calculator,
+                                       const Ruv::Calculations::ENHPoint& point,
+                                       bool inSpace = false, bool withTransSlope = true);
 
 /// Adds segments one behind the other. Headings are exact sums; end points are the library's own.
 class ChainBuilder {

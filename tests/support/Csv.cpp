@@ -1,5 +1,6 @@
 #include "support/Csv.h"
 
+#include <cstddef>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -22,27 +23,24 @@ std::vector<std::string> fieldsOf(std::string line) {
 
 }  // namespace
 
-Csv::Csv(const std::string& path) {
+std::vector<CsvRow> rowsOf(const std::string& path) {
   std::ifstream file(fullPath(path));
   std::string line;
   if (!std::getline(file, line)) throw std::runtime_error("cannot read golden file " + path);
-  for (const std::string& name : fieldsOf(line)) {
-    m_columns.emplace(name, m_columns.size());
-  }
-  while (std::getline(file, line)) {
-    if (!line.empty()) m_rows.push_back(fieldsOf(line));
-  }
-}
-
-std::vector<CsvRow> Csv::rows() const {
+  const std::vector<std::string> columns = fieldsOf(line);
   std::vector<CsvRow> rows;
-  rows.reserve(m_rows.size());
-  for (const auto& fields : m_rows) {
-    rows.emplace_back(&m_columns, fields);
+  while (std::getline(file, line)) {
+    if (line.empty()) continue;
+    const std::vector<std::string> fields = fieldsOf(line);
+    std::map<std::string, std::string> byColumn;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      byColumn.emplace(columns[i], fields.at(i));
+    }
+    rows.emplace_back(byColumn);
   }
   return rows;
 }
 
-bool Csv::exists(const std::string& path) { return std::ifstream(fullPath(path)).good(); }
+bool isGoldenFile(const std::string& path) { return std::ifstream(fullPath(path)).good(); }
 
 }  // namespace TestSupport

@@ -4,41 +4,28 @@
 #ifndef CALCULATIONS_TESTS_SUPPORT_CSV_H
 #define CALCULATIONS_TESTS_SUPPORT_CSV_H
 
-#include <cstddef>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace TestSupport {
 
 class CsvRow {
  public:
-  CsvRow(const std::map<std::string, std::size_t>* columns, std::vector<std::string> fields)
-      : m_columns(columns), m_fields(std::move(fields)) {}
+  explicit CsvRow(std::map<std::string, std::string> fields) : m_fields(std::move(fields)) {}
 
-  const std::string& text(const std::string& column) const {
-    return m_fields.at(m_columns->at(column));
-  }
+  const std::string& text(const std::string& column) const { return m_fields.at(column); }
   bool has(const std::string& column) const { return !text(column).empty(); }
   double number(const std::string& column) const { return std::stod(text(column)); }
 
  private:
-  const std::map<std::string, std::size_t>* m_columns;
-  std::vector<std::string> m_fields;
+  std::map<std::string, std::string> m_fields;  ///< by column
 };
 
-/// A file below tests/golden. Throws std::runtime_error when it cannot be read.
-class Csv {
- public:
-  explicit Csv(const std::string& path);
-
-  std::vector<CsvRow> rows() const;
-  static bool exists(const std::string& path);
-
- private:
-  std::map<std::string, std::size_t> m_columns;
-  std::vector<std::vector<std::string>> m_rows;
-};
+/// Of a file below tests/golden. Throws std::runtime_error when it cannot be read.
+std::vector<CsvRow> rowsOf(const std::string& path);
+bool isGoldenFile(const std::string& path);
 
 }  // namespace TestSupport
 

@@ -2,11 +2,18 @@
 
 #include "support/Csv.h"
 
+#include <gtest/gtest.h>
+
 #include <cmath>
 
 namespace TestSupport {
 
 using namespace Ruv::Calculations;
+
+void expectPoint(const Point2D& actual, const Point2D& expected, double tolerance) {
+  EXPECT_NEAR(actual.x, expected.x, tolerance);
+  EXPECT_NEAR(actual.y, expected.y, tolerance);
+}
 
 namespace {
 
@@ -23,15 +30,12 @@ void addSegment(ThProfileDefinition& profile, const Point2D& from, const Point2D
 
 ProfilePtr profileThrough(const std::vector<ProfileNode>& nodes, bool backwards) {
   ProfilePtr profile(new ThProfileDefinition);
-  const auto pointOf = [](const ProfileNode& node) { return Point2D(node.x, node.y); };
-  if (backwards) {
-    for (std::size_t i = nodes.size() - 1; i > 0; --i) {
-      addSegment(*profile, pointOf(nodes[i]), pointOf(nodes[i - 1]), -nodes[i].radius);
-    }
-  } else {
-    for (std::size_t i = 1; i < nodes.size(); ++i) {
-      addSegment(*profile, pointOf(nodes[i - 1]), pointOf(nodes[i]), nodes[i].radius);
-    }
+  for (std::size_t i = 1; i < nodes.size(); ++i) {
+    const std::size_t to = backwards ? nodes.size() - i : i;
+    const Point2D before(nodes[to - 1].x, nodes[to - 1].y);
+    const Point2D at(nodes[to].x, nodes[to].y);
+    addSegment(*profile, backwards ? at : before, backwards ? before : at,
+               backwards ? -nodes[to].radius : nodes[to].radius);
   }
   return profile;
 }
@@ -53,12 +57,19 @@ ProfilePtr circleProfile(double radius, double x, double y) {
 
 ProfilePtr goldenProfile(const std::string& name) {
   ProfilePtr profile(new ThProfileDefinition);
-  const Csv file("profiles/theoretical/" + name + ".csv");
-  for (const CsvRow& row : file.rows()) {
+  for (const CsvRow& row : rowsOf("profiles/theoretical/" + name + ".csv")) {
     addSegment(*profile, Point2D(row.number("start_x"), row.number("start_y")),
                Point2D(row.number("end_x"), row.number("end_y")), row.number("radius"));
   }
   return profile;
+}
+
+std::vector<Point2D> digitisedOutline() {
+  std::vector<Point2D> corners;
+  for (const CsvRow& row : rowsOf("profiles/digitised/maoliling_first_lining.csv")) {
+    corners.emplace_back(row.number("x"), row.number("y"));
+  }
+  return corners;
 }
 
 MeasuredPtr measuredThrough(const std::vector<Point2D>& points) {

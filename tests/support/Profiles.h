@@ -24,6 +24,9 @@ struct ProfileNode {
   double radius;
 };
 
+void expectPoint(const Ruv::Calculations::Point2D& actual,
+                 const Ruv::Calculations::Point2D& expected, double tolerance);
+
 /// Through the nodes in order, or backwards with the radii negated.
 ProfilePtr profileThrough(const std::vector<ProfileNode>& nodes, bool backwards = false);
 
@@ -33,6 +36,9 @@ std::vector<ProfileNode> roadTunnelNodes();
 
 /// Four quarter arcs, clockwise from the left.
 ProfilePtr circleProfile(double radius, double x = 0.0, double y = 0.0);
+
+/// The corners of tests/golden/profiles/digitised.
+std::vector<Ruv::Calculations::Point2D> digitisedOutline();
 
 /// A section of tests/golden/profiles/theoretical.
 ProfilePtr goldenProfile(const std::string& name);

@@ -55,8 +55,7 @@ double largestDistanceFrom(const ConstProfilePtr& profile, const IProfileSegment
 
 std::vector<std::string> goldenProfileNames() {
   std::vector<std::string> names;
-  const Csv file("profiles/theoretical_expected.csv");
-  for (const CsvRow& row : file.rows()) {
+  for (const CsvRow& row : rowsOf("profiles/theoretical_expected.csv")) {
     names.push_back(row.text("case"));
   }
   return names;
@@ -72,30 +71,21 @@ ProfilePtr horseshoeWithBenches(double halfWidth, double wall, double benchWidth
                                 double benchHeight) {
   const double w = halfWidth;
   const double floor = w - benchWidth;
-  return profileThrough({{-floor, 0, 0},
-                         {-floor, benchHeight, 0},
-                         {-w, benchHeight, 0},
-                         {-w, wall, 0},
-                         {0, wall + w, w},
-                         {w, wall, w},
-                         {w, benchHeight, 0},
-                         {floor, benchHeight, 0},
-                         {floor, 0, 0},
-                         {-floor, 0, 0}});
+  const std::vector<ProfileNode> nodes = {{-floor, 0, 0},       {-floor, benchHeight, 0},
+                                          {-w, benchHeight, 0}, {-w, wall, 0},
+                                          {0, wall + w, w},     {w, wall, w},
+                                          {w, benchHeight, 0},  {floor, benchHeight, 0},
+                                          {floor, 0, 0},        {-floor, 0, 0}};
+  return profileThrough(nodes);
 }
 
 ProfilePtr horseshoeWithNiche(double halfWidth, double wall, double depth) {
   const double w = halfWidth;
-  return profileThrough({{-w, 0, 0},
-                         {-w, 1, 0},
-                         {-w - depth, 1, 0},
-                         {-w - depth, 2.5, 0},
-                         {-w, 2.5, 0},
-                         {-w, wall, 0},
-                         {0, wall + w, w},
-                         {w, wall, w},
-                         {w, 0, 0},
-                         {-w, 0, 0}});
+  const std::vector<ProfileNode> nodes = {
+      {-w, 0, 0},   {-w, 1, 0},    {-w - depth, 1, 0}, {-w - depth, 2.5, 0},
+      {-w, 2.5, 0}, {-w, wall, 0}, {0, wall + w, w},   {w, wall, w},
+      {w, 0, 0},    {-w, 0, 0}};
+  return profileThrough(nodes);
 }
 
 ProfilePtr rectangle(double halfWidth, double height) {

@@ -1,8 +1,8 @@
 #include <Calculations/ThProfileMorpher.h>
 
 #include "profiles/morphing/Outlines.h"
-#include "support/Csv.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -142,13 +142,11 @@ TEST(ThProfileMorpher, MovesAndMirrorsAndTurnsBackWithItsInputs) {
     SCOPED_TRACE(pair.name);
     for (const double t : {0.125, 0.5, 0.9}) {
       const ConstProfilePtr profile = morphed(pair.start, pair.end, t);
-      // Shifted. Coordinates of 70 km have 1e-11 m.
+      // Coordinates of 70 km have 1e-11 m.
       const ConstProfilePtr shifted =
           morphed(moved(*pair.start, 0, 7e4, -3e4), moved(*pair.end, 0, 7e4, -3e4), t);
       EXPECT_LT(distanceBetween(shifted, moved(*profile, 0, 7e4, -3e4)), 1e-8);
-      // From end to start.
       EXPECT_LT(distanceBetween(morphed(pair.end, pair.start, 1 - t), profile), 1e-9);
-      // Begun elsewhere.
       EXPECT_LT(
           distanceBetween(morphed(begunAt(*pair.start, 2), begunAt(*pair.end, 1), t), profile),
           1e-9);
@@ -188,21 +186,17 @@ TEST(ThProfileMorpher, GrowsFilletsFromCorners) {
   EXPECT_LT(distanceBetween(half, expected), kRounding);
 }
 
-/// Walls that lean by half a millimetre a metre are walls.
-TEST(ThProfileMorpher, TakesNearlyParallelLinesForParallel) {
-  const ConstProfilePtr rounded =
-      profileThrough({{-5, 0, 0}, {-5.001, 2, 0}, {0, 7, 5}, {5.001, 2, 5}, {5, 0, 0}, {-5, 0, 0}});
-  EXPECT_EQ(morphed(rectangle(4, 6), rounded, 0.5)->getNumSegments(), 6u);
-}
-
 TEST(ThProfileMorpher, TurnsAFlatInvertIntoACurvedOne) {
-  const ConstProfilePtr flat = rectangle(5, 4);
   const ConstProfilePtr curved =
       profileThrough({{-5, 0, 0}, {-5, 4, 0}, {5, 4, 0}, {5, 0, 0}, {-5, 0, 10}});
-  const ConstProfilePtr half = morphed(flat, curved, 0.5);
+  const ConstProfilePtr half = morphed(rectangle(5, 4), curved, 0.5);
   ASSERT_EQ(half->getNumSegments(), 4u);
   // An arc over the same chord that turns by half of 60 degrees.
   EXPECT_NEAR(half->getSegmentRadiusAt(3), 5 / std::sin(kPi / 12), kRounding);
+  // Walls that lean by half a millimetre a metre are walls.
+  const ConstProfilePtr rounded =
+      profileThrough({{-5, 0, 0}, {-5.001, 2, 0}, {0, 7, 5}, {5.001, 2, 5}, {5, 0, 0}, {-5, 0, 0}});
+  EXPECT_EQ(morphed(rectangle(4, 6), rounded, 0.5)->getNumSegments(), 6u);
 }
 
 TEST(ThProfileMorpher, KeepsBenchesAndNichesWhatTheyAre) {
@@ -219,41 +213,23 @@ TEST(ThProfileMorpher, KeepsBenchesAndNichesWhatTheyAre) {
   // So it does when its top has been rounded, by less than a thousandth of its length, or when the
   // sections differ elsewhere.
   const ConstProfilePtr low = horseshoeWithBenches(6, 2, 2, 0.5);
-  const ConstProfilePtr rounded = profileThrough({{-6.3, 0, 0},
-                                                  {-6.3, 1.5, 0},
-                                                  {-7, 1.5006, 0},
-                                                  {-7, 3, 0},
-                                                  {0, 10, 7},
-                                                  {7, 3, 7},
-                                                  {7, 1.5, 0},
-                                                  {6.3, 1.5, 0},
-                                                  {6.3, 0, 0},
-                                                  {-6.3, 0, 0}});
-  EXPECT_EQ(morphed(low, rounded, 0.5)->getNumSegments(), 9u);
-  const ConstProfilePtr boxy = profileThrough({{-6.3, 0, 0},
-                                               {-6.3, 1.5, 0},
-                                               {-7, 1.5, 0},
-                                               {-7, 8, 0},
-                                               {7, 8, 0},
-                                               {7, 1.5, 0},
-                                               {6.3, 1.5, 0},
-                                               {6.3, 0, 0},
-                                               {-6.3, 0, 0}});
-  const std::vector<ProfileSegment> half = segmentsOf(*morphed(low, boxy, 0.5));
+  const std::vector<ProfileNode> rounded = {
+      {-6.3, 0, 0}, {-6.3, 1.5, 0}, {-7, 1.5006, 0}, {-7, 3, 0},  {0, 10, 7},
+      {7, 3, 7},    {7, 1.5, 0},    {6.3, 1.5, 0},   {6.3, 0, 0}, {-6.3, 0, 0}};
+  EXPECT_EQ(morphed(low, profileThrough(rounded), 0.5)->getNumSegments(), 9u);
+  const std::vector<ProfileNode> boxy = {{-6.3, 0, 0},  {-6.3, 1.5, 0}, {-7, 1.5, 0},
+                                         {-7, 8, 0},    {7, 8, 0},      {7, 1.5, 0},
+                                         {6.3, 1.5, 0}, {6.3, 0, 0},    {-6.3, 0, 0}};
+  const std::vector<ProfileSegment> half = segmentsOf(*morphed(low, profileThrough(boxy), 0.5));
   ASSERT_EQ(half.size(), 10u);
   EXPECT_LT((half[0].end - Point2D(-5.15, 1)).length(), kRounding);
   EXPECT_LT((half[1].end - Point2D(-6.5, 1)).length(), kRounding);
   // Niches and gutters become deeper, out of nothing too.
   const auto floorWithGutter = [](double depth) {
-    return profileThrough({{-5, 0, 0},
-                           {-5, 4, 0},
-                           {5, 4, 0},
-                           {5, 0, 0},
-                           {1, 0, 0},
-                           {1, -depth, 0},
-                           {-1, -depth, 0},
-                           {-1, 0, 0},
-                           {-5, 0, 0}});
+    const std::vector<ProfileNode> nodes = {{-5, 0, 0},      {-5, 4, 0}, {5, 4, 0},
+                                            {5, 0, 0},       {1, 0, 0},  {1, -depth, 0},
+                                            {-1, -depth, 0}, {-1, 0, 0}, {-5, 0, 0}};
+    return profileThrough(nodes);
   };
   for (const double t : {0.01, 0.5, 0.99}) {
     EXPECT_LT(distanceBetween(morphed(rectangle(5, 4), floorWithGutter(0.6), t),
@@ -301,45 +277,32 @@ TEST(ThProfileMorpher, MorphsStarShapedProfilesWithoutCrossings) {
 
 TEST(ThProfileMorpher, MorphsADigitisedOutline) {
   std::vector<ProfileNode> nodes;
-  const Csv file("profiles/digitised/maoliling_first_lining.csv");
-  for (const CsvRow& row : file.rows()) {
-    nodes.push_back({row.number("x"), row.number("y"), 0});
+  for (const Point2D& corner : digitisedOutline()) {
+    nodes.push_back({corner.x, corner.y, 0});
   }
   nodes.push_back(nodes.front());
-  const ProfilePtr digitised = profileThrough(nodes);
   for (const double t : {0.2, 0.7}) {
-    const ConstProfilePtr profile = morphed(digitised, goldenProfile("cz_road_90_in"), t);
-    EXPECT_TRUE(isSound(*profile));
+    EXPECT_TRUE(isSound(*morphed(profileThrough(nodes), goldenProfile("cz_road_90_in"), t)));
   }
-}
-
-std::string messageOf(const ThProfileMorpher& morpher, double at) {
-  try {
-    morpher.getMorphedProfile(at);
-  } catch (const std::exception& error) {
-    return error.what();
-  }
-  return "";
 }
 
 TEST(ThProfileMorpher, ThrowsOnMisuseOnly) {
   const double nan = std::nan("");
   const double infinity = std::numeric_limits<double>::infinity();
   const ConstProfilePtr profile = horseshoe(5, 2);
-  const char* notSet = "input profiles not set";
-  const char* noRange = "fromStationing must be less than toStationing";
-  const char* outside = "atStationing is out of range";
-  EXPECT_EQ(messageOf(ThProfileMorpher(nullptr, profile, 2, 1), 9), notSet);
-  EXPECT_EQ(messageOf(ThProfileMorpher(profile, nullptr, 1, 2), 1), notSet);
-  for (const auto& range : {std::make_pair(1.0, 1.0), {2.0, 1.0}, {nan, 1.0}, {1.0, nan}}) {
-    EXPECT_EQ(messageOf(ThProfileMorpher(profile, profile, range.first, range.second), 1), noRange);
+  const auto expectMessage = [](const ThProfileMorpher& morpher, double at, const char* text) {
+    EXPECT_THAT([&] { morpher.getMorphedProfile(at); },
+                testing::ThrowsMessage<std::exception>(text));
+  };
+  expectMessage(ThProfileMorpher(nullptr, profile, 2, 1), 9, "input profiles not set");
+  expectMessage(ThProfileMorpher(profile, nullptr, 1, 2), 1, "input profiles not set");
+  for (const auto& [from, to] : {std::pair(1.0, 1.0), {2.0, 1.0}, {nan, 1.0}, {1.0, nan}}) {
+    expectMessage(ThProfileMorpher(profile, profile, from, to), 1,
+                  "fromStationing must be less than toStationing");
   }
-  const ThProfileMorpher morpher(profile, profile, 1, 2);
   for (const double at : {0.9999, 2.0001, nan, infinity}) {
-    EXPECT_EQ(messageOf(morpher, at), outside);
+    expectMessage(ThProfileMorpher(profile, profile, 1, 2), at, "atStationing is out of range");
   }
-  EXPECT_EQ(messageOf(morpher, 1), "");
-  EXPECT_EQ(messageOf(morpher, 2), "");
   // The widest range of all.
   const double most = std::numeric_limits<double>::max();
   EXPECT_LT(
@@ -361,10 +324,9 @@ TEST(ThProfileMorpher, GivesNothingForWhatIsNoOutline) {
       profileThrough({{0, 0, 0}, {0, 5, 2.4}, {5, 5, 0}, {0, 0, 0}}),
       profileThrough({{0, 0, 0}, {0, 1e200, 0}, {1e200, 0, 0}, {0, 0, 0}}),
       profileThrough({{0, 0, 0}, {5, 5, 0}, {5, 0, 0}, {0, 8, 0}, {0, 0, 0}})};
-  for (std::size_t i = 0; i < unsound.size(); ++i) {
-    SCOPED_TRACE(i);
-    EXPECT_FALSE(morphedIfPossible(unsound[i], sound, 0.5));
-    EXPECT_FALSE(morphedIfPossible(sound, unsound[i], 0.5));
+  for (const ConstProfilePtr& profile : unsound) {
+    EXPECT_FALSE(morphedIfPossible(profile, sound, 0.5)) << &profile - unsound.data();
+    EXPECT_FALSE(morphedIfPossible(sound, profile, 0.5)) << &profile - unsound.data();
   }
 }
 
