@@ -64,11 +64,6 @@ CCurvePoint CChainSegment::at(double l) const {
   return point;
 }
 
-CCurveFoot CChainSegment::footOf(const Point2D& p) const {
-  const Point2D local = turnedFrom(startDirection, p - start);
-  return radius == 0.0 ? footOnStraight(length, local) : footOnArc(radius, length, local);
-}
-
 double CChainSegment::doubledAreaFrom(const Point2D& reference) const {
   const Point2D a = start - reference;
   const Point2D b = end - reference;

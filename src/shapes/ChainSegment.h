@@ -5,6 +5,7 @@
 #define CALCULATIONS_SHAPES_CHAIN_SEGMENT_H
 
 #include "shapes/CurvePoint.h"
+#include "shapes/StraightAndArc.h"
 
 namespace Ruv {
 
@@ -36,6 +37,11 @@ struct CChainSegment {
   /// anticlockwise: summed over a closed chain, twice its signed area.
   double doubledAreaFrom(const Point2D& reference) const;
 };
+
+inline CCurveFoot CChainSegment::footOf(const Point2D& p) const {
+  const Point2D local = turnedFrom(startDirection, p - start);
+  return radius == 0.0 ? footOnStraight(length, local) : footOnArc(radius, length, local);
+}
 
 }  // namespace Ruv
 

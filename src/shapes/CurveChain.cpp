@@ -41,16 +41,6 @@ CBox boxOf(const CChainSegment& segment) {
   return boxAroundCurve(segment.start, segment.end, length);
 }
 
-/// The nearer end for a foot that misses the segment.
-bool isNearerToStart(const CChainSegment& segment, const Point2D& p) {
-  return (p - segment.start).length() <= (p - segment.end).length();
-}
-
-/// The foot at the nearer end of a segment.
-CCurveFoot footAtEnd(const CChainSegment& segment, const Point2D& p) {
-  return isNearerToStart(segment, p) ? footBeforeStart(0.0) : footBeyondEnd(segment.length, 0.0);
-}
-
 }  // namespace
 
 CCurveChain::CCurveChain(std::vector<CChainNode> nodes)
@@ -74,9 +64,11 @@ std::optional<CChainFoot> CCurveChain::project(const Point2D& p) const {
     if (segment.hasExtent()) candidate.foot = segment.footOf(p);
     double distance = std::abs(candidate.foot.lateral);
     if (candidate.foot.report != CFootReport::OnCurve) {
-      candidate.foot = footAtEnd(segment, p);
-      const bool isStart = candidate.foot.report == CFootReport::BeforeStart;
-      distance = (p - (isStart ? segment.start : segment.end)).length();
+      const double fromStart = (p - segment.start).length();
+      const double fromEnd = (p - segment.end).length();
+      const bool isStartNearer = fromStart <= fromEnd;
+      candidate.foot = isStartNearer ? footBeforeStart(0.0) : footBeyondEnd(segment.length, 0.0);
+      distance = isStartNearer ? fromStart : fromEnd;
     }
     nearest.offer(distance, static_cast<double>(index), candidate);
   };

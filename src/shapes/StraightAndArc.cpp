@@ -29,12 +29,6 @@ CCurvePoint pointOnArc(double radius, double l) {
   return point;
 }
 
-CCurveFoot footOnStraight(double length, const Point2D& p) {
-  if (p.y < 0.0) return footBeforeStart(-p.y);
-  if (p.y > length) return footBeyondEnd(length, p.y - length);
-  return {CFootReport::OnCurve, p.y, p.x, 0.0};
-}
-
 CCurveFoot footOnArc(double radius, double length, const Point2D& p) {
   const double size = std::abs(radius);
   const double turning = length / size;

@@ -12,7 +12,12 @@ namespace Ruv {
 /// @param radius not zero, positive to the right
 CCurvePoint pointOnArc(double radius, double l);
 
-CCurveFoot footOnStraight(double length, const Point2D& p);
+/// Inline: a measured profile asks it of a few segments for every point.
+inline CCurveFoot footOnStraight(double length, const Point2D& p) {
+  if (p.y < 0.0) return footBeforeStart(-p.y);
+  if (p.y > length) return footBeyondEnd(length, p.y - length);
+  return {CFootReport::OnCurve, p.y, p.x, 0.0};
+}
 
 /// Only the near side of the centre counts; the centre itself has its foot at the start. Of the
 /// points that miss the arc, those nearer to its start than to its end by angle lie before it.
