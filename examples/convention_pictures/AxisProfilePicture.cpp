@@ -62,7 +62,9 @@ Drawing::Sheet axisProfilePicture() {
     const Diagram diagram(canvas, {10.0, 50.0}, 0.9);
     diagram.curve({on(kStart), on(kSummit), on(kSag), on(kEnd)}, helper());
     std::vector<Point> line;
-    for (double stationing = 0.0; stationing <= kEnd.stationing; stationing += 0.5) {
+    constexpr int kPieces = 400;
+    for (int i = 0; i <= kPieces; ++i) {
+      const double stationing = kEnd.stationing * i / kPieces;
       line.push_back({stationing, heightAt(calculator, stationing)});
     }
     diagram.curve(line, subject());

@@ -33,6 +33,7 @@ Point2D onUnitCircle(double turn) {
 
 std::vector<Point2D> excavation(Random& random, int count) {
   std::vector<Point2D> points;
+  points.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
     points.push_back(onUnitCircle(double(i) / count) * random.uniform(4.9, 6.2) + Point2D(0, 4));
   }
@@ -142,8 +143,8 @@ void morphing() {
   for (std::size_t i = 1; i < kSections.size(); ++i) {
     const ThProfileMorpher morpher(TestSupport::goldenProfile(kSections[i - 1]),
                                    TestSupport::goldenProfile(kSections[i]), 100.0, 120.0);
-    for (double at = 100.0; at <= 120.0; at += 2.5) {
-      const auto profile = morpher.getMorphedProfile(at);
+    for (int step = 0; step <= 8; ++step) {
+      const auto profile = morpher.getMorphedProfile(100.0 + 2.5 * step);
       for (unsigned k = 0; k < profile->getNumSegments(); ++k) {
         record("morphed-profiles", {profile->getSegmentStartAt(k), profile->getSegmentEndAt(k)});
         const double radius = profile->getSegmentRadiusAt(k);
