@@ -17,6 +17,8 @@ install(FILES
   ${PROJECT_BINARY_DIR}/${PROJECT_NAME}ConfigVersion.cmake
   DESTINATION ${packageDir})
 
+# The package finds its folder by itself, so that an installation may be moved.
+file(RELATIVE_PATH prefixFromPackage /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/library.pc.in ${PROJECT_NAME}.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/${PROJECT_NAME}.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
