@@ -95,7 +95,7 @@ class AreaContest {
          repeating(m_size, [this] { return geosOverAndUnder(m_geos, m_reference, m_section); }),
          repeating(m_size, [this] { return geologicalArea(newCalculator()); }),
          repeating(m_size, [this] {
-           return clipGeologicalArea(m_reference, m_section, kGeologicalDistance, Holes::Kept);
+           return clipGeologicalArea(m_reference, m_section, kGeologicalDistance);
          })});
     const std::string areas = "W4 over and under" + suffix();
     table.add({areas, m_size, best[0], "Clipper, two differences", best[1],
@@ -139,10 +139,10 @@ class AreaContest {
   std::string suffix() const { return m_isDesign ? ", design" : ", fine section"; }
 
   void checkGeology(double slack, GoalTable& table) const {
-    const double chain =
-        clipGeologicalArea(m_reference, m_section, kGeologicalDistance, Holes::Cut);
-    table.add({"W4 geological area against Clipper" + suffix(), m_size, 1,
-               std::abs(geologicalArea(newCalculator()) - chain), "m2", kSameGrid});
+    const double area = geologicalArea(newCalculator());
+    const double chain = clipGeologicalArea(m_reference, m_section, kGeologicalDistance);
+    table.add({"W4 geological area against Clipper" + suffix(), m_size, 1, std::abs(area - chain),
+               "m2", kSameGrid});
     const double beyond = newCalculator().geologicalOverProfileArea(
         GeologicalOverProfileMethod::GeologicalBeyondLimitOnly, kGeologicalDistance, 0.0);
     const double exact = geosAreaBeyond(m_geos, m_reference, m_section, kGeologicalDistance);

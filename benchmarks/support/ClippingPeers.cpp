@@ -80,13 +80,12 @@ Paths linesInside(const Path& line, const Paths& area) {
   return PathHelper::simplyfyLines(lines, kCleaningUnits);
 }
 
-Paths bandsAround(const Paths& lines, double halfWidth, Holes holes) {
+Paths bandsAround(const Paths& lines, double halfWidth) {
   ClipperLib::ClipperOffset offset;
   offset.AddPaths(PathHelper::simplyfyLines(lines, kCleaningUnits), ClipperLib::jtRound,
                   ClipperLib::etOpenButt);
   Paths bands;
   offset.Execute(bands, static_cast<double>(units(halfWidth)));
-  if (holes == Holes::Cut) bands = PathHelper::convertRingToSimplePaths(bands);
   return PathHelper::simplyfyLines(bands, kCleaningUnits);
 }
 
@@ -114,13 +113,13 @@ std::size_t offsetOutline(const std::vector<Point2D>& outline, double distance) 
 }
 
 double clipGeologicalArea(const std::vector<Point2D>& reference,
-                          const std::vector<Point2D>& excavation, double distance, Holes holes) {
+                          const std::vector<Point2D>& excavation, double distance) {
   const Path design = onGrid(reference);
   const Path actual = onGrid(excavation);
   const Path limit = closedOffset(design, distance);
   const Path centreLine = closedOffset(design, distance / 2.0);
-  const Paths near = bandsAround(linesInside(limit, {actual}), distance, holes);
-  const Paths band = bandsAround(linesInside(centreLine, near), distance / 2.0, holes);
+  const Paths near = bandsAround(linesInside(limit, {actual}), distance);
+  const Paths band = bandsAround(linesInside(centreLine, near), distance / 2.0);
   return squareMetres(band) + squareMetres(difference(actual, limit));
 }
 

@@ -35,14 +35,10 @@ OverAndUnder clipOverAndUnder(const std::vector<Point2D>& reference,
 /// @return the number of points of the result
 std::size_t offsetOutline(const std::vector<Point2D>& outline, double distance);
 
-/// Whether holes of bands stay, or are cut open as the library cuts them, whose areas never have
-/// any.
-enum class Holes { Kept, Cut };
-
 /// The area excavated beyond a distance from the reference, and of the band from the reference to
 /// that distance beside those places: the chain of offsets and clippings with nothing between.
 double clipGeologicalArea(const std::vector<Point2D>& reference,
-                          const std::vector<Point2D>& excavation, double distance, Holes holes);
+                          const std::vector<Point2D>& excavation, double distance);
 /// @}
 
 /// @name GEOS, in doubles

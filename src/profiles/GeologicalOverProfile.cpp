@@ -1,5 +1,7 @@
 #include "profiles/GeologicalOverProfile.h"
 
+#include "profiles/paths/Bands.h"
+
 namespace Ruv {
 namespace Calculations {
 
@@ -34,9 +36,14 @@ Pathes bandNear(const Path& outerLimit, const Path& reference, const Path& excav
   const BandShape shape = bandShapeOf(limits);
   const Path centreLine = offsetReference(reference, shape.centre);
   const Pathes passed = Path::linesWithin(outerLimit, excavation);
-  const Pathes near = Pathes::expandLines(passed, limits.outer);
+  const Pathes near = bandsWithHoles(passed, limits.outer);
   const Pathes affected = Pathes::linesWithin(Pathes(centreLine), near, true);
-  return Pathes::expandLines(affected, shape.halfWidth);
+  return bandsWithHoles(affected, shape.halfWidth);
+}
+
+Pathes joined(Pathes paths, const Pathes& others) {
+  paths.addPaths(others);
+  return paths;
 }
 
 }  // namespace
@@ -49,15 +56,17 @@ GeologicalDivision::GeologicalDivision(const Path& reference, const Path& excava
       m_band(bandNear(m_outerLimit, reference, excavation, limits)) {}
 
 Pathes GeologicalDivision::geologicalPart() const {
-  Pathes geological = m_band;
-  geological.addPaths(Path::without(m_excavation, m_outerLimit));
-  return geological;
+  return joined(simplePieces(m_band), beyondLimit());
 }
+
+Pathes GeologicalDivision::geologicalPartWithHoles() const { return joined(m_band, beyondLimit()); }
 
 Pathes GeologicalDivision::remainingPart() const {
   const Pathes withinLimit = Path::within(m_outerLimit, m_excavation);
   return Pathes::without(Pathes::without(withinLimit, Pathes(m_reference)), m_band);
 }
+
+Pathes GeologicalDivision::beyondLimit() const { return Path::without(m_excavation, m_outerLimit); }
 
 }  // namespace Calculations
 }  // namespace Ruv

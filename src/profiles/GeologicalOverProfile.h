@@ -25,14 +25,18 @@ class GeologicalDivision {
 
   /// The band followed by what lies beyond the outer limit, not united.
   Pathes geologicalPart() const;
+  /// The same area; holes of the band are paths of negative area.
+  Pathes geologicalPartWithHoles() const;
   /// What lies within the outer limit but outside reference and band.
   Pathes remainingPart() const;
 
  private:
+  Pathes beyondLimit() const;
+
   Path m_reference;
   Path m_excavation;
   Path m_outerLimit;
-  Pathes m_band;  // near the places where the excavation passes the outer limit
+  Pathes m_band;  // near the places where the excavation passes the outer limit; with its holes
 };
 
 }  // namespace Calculations

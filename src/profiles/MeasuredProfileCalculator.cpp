@@ -201,7 +201,7 @@ std::vector<Polygon> MeasuredProfileCalculator::underProfileAreaPathes() const {
 
 double MeasuredProfileCalculator::geologicalOverProfileArea(
     GeologicalOverProfileMethod::Method method, double a, double b) const {
-  return m_impl->geologicalPart(m_impl->division({method, a, b})).area();
+  return m_impl->geologicalArea(m_impl->division({method, a, b}));
 }
 
 std::vector<Polygon> MeasuredProfileCalculator::geologicalOverProfileAreaPathes(

@@ -79,6 +79,12 @@ Pathes MeasuredProfileCalculatorImpl::geologicalPart(const GeologicalDivision& d
   return part;
 }
 
+double MeasuredProfileCalculatorImpl::geologicalArea(const GeologicalDivision& division) const {
+  Pathes part = division.geologicalPartWithHoles();
+  filter(part);
+  return part.area();
+}
+
 Pathes MeasuredProfileCalculatorImpl::remainingPart(const GeologicalDivision& division) const {
   Pathes part = division.remainingPart();
   filter(part);

@@ -43,6 +43,7 @@ class MeasuredProfileCalculatorImpl {
   Pathes overProfile();
   Pathes underProfile();
   Pathes geologicalPart(const GeologicalDivision& division) const;
+  double geologicalArea(const GeologicalDivision& division) const;
   Pathes remainingPart(const GeologicalDivision& division) const;
   /// @}
   GeologicalDivision division(const GeologicalLimits& limits);

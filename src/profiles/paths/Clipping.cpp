@@ -57,6 +57,18 @@ ClipperLib::Paths combined(ClipperLib::ClipType operation, const PathViews& a, c
   return solution;
 }
 
+/// Bands as the clipper grows them, with their holes.
+ClipperLib::Paths grownLines(const PathViews& lines, ClipperLib::cInt distance) {
+  ClipperLib::ClipperOffset offset(kMiterLimit, arcToleranceOf(distance));
+  for (const ClipperLib::Path* line : lines) {
+    offset.AddPath(simplified(*line, kCleaningDistanceUnits), ClipperLib::jtRound,
+                   ClipperLib::etOpenButt);
+  }
+  ClipperLib::Paths solution;
+  offset.Execute(solution, static_cast<double>(distance));
+  return solution;
+}
+
 }  // namespace
 
 ClipperLib::Paths intersectionOf(const PathViews& a, const PathViews& b) {
@@ -68,14 +80,15 @@ ClipperLib::Paths differenceOf(const PathViews& a, const PathViews& b) {
 }
 
 ClipperLib::Paths bandsAround(const PathViews& lines, ClipperLib::cInt distance) {
-  ClipperLib::ClipperOffset offset(kMiterLimit, arcToleranceOf(distance));
-  for (const ClipperLib::Path* line : lines) {
-    offset.AddPath(simplified(*line, kCleaningDistanceUnits), ClipperLib::jtRound,
-                   ClipperLib::etOpenButt);
-  }
-  ClipperLib::Paths solution;
-  offset.Execute(solution, static_cast<double>(distance));
-  return PathHelper::simplyfyLines(withoutHoles(std::move(solution)), kCleaningDistanceUnits);
+  return simplePieces(grownLines(lines, distance));
+}
+
+ClipperLib::Paths bandsWithHoles(const PathViews& lines, ClipperLib::cInt distance) {
+  return PathHelper::simplyfyLines(grownLines(lines, distance), kCleaningDistanceUnits);
+}
+
+ClipperLib::Paths simplePieces(ClipperLib::Paths bands) {
+  return PathHelper::simplyfyLines(withoutHoles(std::move(bands)), kCleaningDistanceUnits);
 }
 
 ClipperLib::Paths offsetOutlines(const PathViews& outlines, ClipperLib::cInt distance) {

@@ -1,6 +1,7 @@
 #include <Calculations/PathHelper.h>
 #include <Calculations/Paths.h>
 
+#include "profiles/paths/Bands.h"
 #include "profiles/paths/Clipping.h"
 #include "profiles/paths/GridUnits.h"
 #include "profiles/paths/PathImpl.h"
@@ -76,6 +77,14 @@ Pathes Pathes::expand(const Pathes& a, double d) {
 
 Pathes Pathes::expandLines(const Pathes& a, double d) {
   return PathImpl::pathesOf(bandsAround(viewsOf(a), gridUnits(d)));
+}
+
+Pathes bandsWithHoles(const Pathes& lines, double halfWidth) {
+  return PathImpl::pathesOf(bandsWithHoles(viewsOf(lines), gridUnits(halfWidth)));
+}
+
+Pathes simplePieces(const Pathes& bands) {
+  return PathImpl::pathesOf(simplePieces(PathHelper::clipperLibPathsFromPathes(bands)));
 }
 
 Pathes Pathes::linesWithin(const Pathes& lines, const Pathes& area, bool clean) {
