@@ -5,8 +5,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <array>
 #include <iostream>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -26,25 +28,70 @@ constexpr const char* kHelp =
     "--speed_goals         compare with other libraries and judge the ratios\n"
     "    --quick           the same with fewer points\n"
     "    --gate            fail when a ratio misses what it must keep\n"
+    "    W4 ...            these workloads alone\n"
     "Wrong results always fail. Without --speed_goals:\n";
 
-using Measure = void (*)(const Effort&, GoalTable&);
-constexpr std::array<Measure, 9> kMeasures = {
-    Benchmarks::measureAxisBuild,         Benchmarks::measureAxisToGlobal,
-    Benchmarks::measureGlobalToAxis,      Benchmarks::measureProfilePoints,
-    Benchmarks::measureProfileAreas,      Benchmarks::measureMeasuredReference,
-    Benchmarks::measureFitting,           Benchmarks::measureResection,
-    Benchmarks::measurePointDetermination};
+struct Workload {
+  std::string name;
+  void (*measure)(const Effort&, GoalTable&);
+};
 
-int judgeSpeed(const Effort& effort, bool isGate) {
+const std::array<Workload, 9> kWorkloads = {{{"W0", Benchmarks::measureAxisBuild},
+                                             {"W1", Benchmarks::measureAxisToGlobal},
+                                             {"W2", Benchmarks::measureGlobalToAxis},
+                                             {"W3", Benchmarks::measureProfilePoints},
+                                             {"W4", Benchmarks::measureProfileAreas},
+                                             {"W5", Benchmarks::measureMeasuredReference},
+                                             {"W6", Benchmarks::measureFitting},
+                                             {"W7", Benchmarks::measureResection},
+                                             {"W8", Benchmarks::measurePointDetermination}}};
+
+/// What the command line asks for.
+struct Request {
+  bool isAboutGoals = false;
+  bool isQuick = false;
+  bool isGate = false;
+  std::set<std::string> chosen;  // workloads; none for all
+  bool isUnknown = false;
+
+  bool wants(const std::string& workload) const {
+    return chosen.empty() || chosen.count(workload) > 0;
+  }
+};
+
+bool isWorkload(const std::string& name) {
+  return std::any_of(kWorkloads.begin(), kWorkloads.end(),
+                     [&name](const Workload& workload) { return workload.name == name; });
+}
+
+Request requestOf(const std::vector<std::string>& arguments) {
+  Request request;
+  for (const std::string& argument : arguments) {
+    if (argument == "--speed_goals") {
+      request.isAboutGoals = true;
+    } else if (argument == "--quick") {
+      request.isQuick = true;
+    } else if (argument == "--gate") {
+      request.isGate = true;
+    } else if (isWorkload(argument)) {
+      request.chosen.insert(argument);
+    } else {
+      request.isUnknown = true;
+    }
+  }
+  return request;
+}
+
+int judgeSpeed(const Request& request) {
+  const Effort& effort = request.isQuick ? kQuick : kFull;
   GoalTable table;
-  for (const Measure measure : kMeasures) {
-    measure(effort, table);
+  for (const Workload& workload : kWorkloads) {
+    if (request.wants(workload.name)) workload.measure(effort, table);
   }
   std::cout << "Best times of " << effort.rounds
             << " rounds, taken in turns. sc: sine and cosine of one angle by the C library.\n\n";
   table.print(std::cout);
-  return table.isEverythingCorrect() && (table.isEveryMustMet() || !isGate) ? 0 : 1;
+  return table.isEverythingCorrect() && (table.isEveryMustMet() || !request.isGate) ? 0 : 1;
 }
 
 int runBenchmarks(int argc, char** argv) {
@@ -58,22 +105,14 @@ int runBenchmarks(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  bool isAboutGoals = false;
-  bool isQuick = false;
-  bool isGate = false;
-  bool isOther = false;
-  for (const std::string& argument : std::vector<std::string>(argv + 1, argv + argc)) {
-    if (argument == "--help") std::cout << kHelp;
-    bool& flag = argument == "--speed_goals" ? isAboutGoals
-                 : argument == "--quick"     ? isQuick
-                 : argument == "--gate"      ? isGate
-                                             : isOther;
-    flag = true;
-  }
-  if (!isAboutGoals) return runBenchmarks(argc, argv);
-  if (isOther) {
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  const Request request = requestOf(arguments);
+  const bool isHelpAsked = std::count(arguments.begin(), arguments.end(), "--help") > 0;
+  if (isHelpAsked) std::cout << kHelp;
+  if (!request.isAboutGoals) return runBenchmarks(argc, argv);
+  if (request.isUnknown) {
     std::cerr << kHelp;
     return 1;
   }
-  return judgeSpeed(isQuick ? kQuick : kFull, isGate);
+  return judgeSpeed(request);
 }
