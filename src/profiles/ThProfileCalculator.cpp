@@ -24,12 +24,7 @@ ProfilePointResult ThProfileCalculator::calculateProfilePoint(const Point2D& poi
 
 std::vector<ProfilePointResult> ThProfileCalculator::calculateProfilePoints(
     const std::vector<Point2D>& points) const {
-  std::vector<ProfilePointResult> results;
-  results.reserve(points.size());
-  for (const Point2D& point : points) {
-    results.push_back(m_impl->profilePoint(point));
-  }
-  return results;
+  return m_impl->profilePoints(points);
 }
 
 Point2D ThProfileCalculator::applyRadialOffset(const Point2D& p, double offset) const {

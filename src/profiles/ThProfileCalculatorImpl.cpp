@@ -117,13 +117,34 @@ double ThProfileCalculatorImpl::stationOf(double rawDerolment) const {
   return station;
 }
 
+double ThProfileCalculatorImpl::derolmentAt(double station) const {
+  double derolment = rawDerolmentOf(station) - m_crown;
+  if (derolment < -m_circumference / 2.0) derolment += m_circumference;
+  if (derolment > m_circumference / 2.0) derolment -= m_circumference;
+  return derolment;
+}
+
 ProfilePointResult ThProfileCalculatorImpl::profilePoint(const Point2D& p) const {
   const auto foot = m_chain.project(p);
   if (!foot) return ProfilePointResult();
-  double derolment = rawDerolmentOf(foot->station) - m_crown;
-  if (derolment < -m_circumference / 2.0) derolment += m_circumference;
-  if (derolment > m_circumference / 2.0) derolment -= m_circumference;
-  return ProfilePointResult(foot->point, foot->outside, derolment);
+  return ProfilePointResult(foot->point, foot->outside, derolmentAt(foot->station));
+}
+
+std::vector<ProfilePointResult> ThProfileCalculatorImpl::profilePoints(
+    const std::vector<Point2D>& points) const {
+  std::vector<ProfilePointResult> results;
+  results.reserve(points.size());
+  std::size_t hint = 0;
+  for (const Point2D& point : points) {
+    const auto foot = m_chain.project(point, hint);
+    if (foot) {
+      results.emplace_back(foot->point, foot->outside, derolmentAt(foot->station));
+      hint = foot->segment;
+    } else {
+      results.emplace_back();
+    }
+  }
+  return results;
 }
 
 Point2D ThProfileCalculatorImpl::pointAtDerolment(double derolment) const {

@@ -27,6 +27,7 @@ class ThProfileCalculatorImpl {
   bool hasSegments() const { return m_chain.nodes().size() >= 2; }
 
   ProfilePointResult profilePoint(const Point2D& p) const;
+  std::vector<ProfilePointResult> profilePoints(const std::vector<Point2D>& points) const;
   std::optional<CChainFoot> footOf(const Point2D& p) const { return m_chain.project(p); }
   /// (0, 0) where the profile has no point.
   Point2D pointAtDerolment(double derolment) const;
@@ -41,6 +42,8 @@ class ThProfileCalculatorImpl {
   double diameterAt(const Point2D& p) const;
 
  private:
+  /// From the crown.
+  double derolmentAt(double station) const;
   double rawDerolmentOf(double station) const;
   double stationOf(double rawDerolment) const;
   Point2D pointAtRawDerolment(double rawDerolment) const;

@@ -41,9 +41,17 @@ class CBoxTree {
   /// for rounding that the caller needs. Time is O(log n) when the first looks shrink the reach
   /// well, O(n) when they do not.
   /// @param p finite
+  /// @param reach gives finite distances
   template <class Reach, class Look>
   void visitNear(const Point2D& p, const Reach& reach, const Look& look) const {
     if (!m_levels.empty()) visitGroup(m_levels.size() - 1, 0, p, reach, look);
+  }
+
+  /// The same, faster where reach() is small from the start: boxes of a group come in any order
+  /// when few of them are within reach. Every look should shrink the reach to what it finds.
+  template <class Reach, class Look>
+  void visitWithin(const Point2D& p, const Reach& reach, const Look& look) const {
+    if (!m_levels.empty()) visitGroupWithin(m_levels.size() - 1, 0, p, reach, look);
   }
 
  private:
@@ -61,7 +69,15 @@ class CBoxTree {
     Eight quadrupledSquaresFrom(const Point2D& p) const;
   };
 
+  static double quadrupledSquare(double distance) { return 4.0 * distance * distance; }
   static std::size_t placeOfSmallest(const Eight& values);
+
+  /// A set of places: a bit for each, the lowest for the first.
+  using Places = unsigned;
+  static Places placesWithin(const Eight& quadrupledSquares, double reach);
+  /// More than three: few enough not to need an order.
+  static bool areMany(Places places);
+  static std::size_t lowestPlace(Places places);
 
   template <class Reach, class Look>
   void visitGroup(std::size_t level, std::size_t index, const Point2D& p, const Reach& reach,
@@ -69,8 +85,7 @@ class CBoxTree {
     Eight squares = m_levels[level][index].quadrupledSquaresFrom(p);
     for (;;) {
       const std::size_t nearest = placeOfSmallest(squares);
-      const double limit = 2.0 * reach();
-      if (!(squares[nearest] <= limit * limit)) return;  // the others are farther still
+      if (!(squares[nearest] <= quadrupledSquare(reach()))) return;  // the others are farther still
       squares[nearest] = std::numeric_limits<double>::infinity();
       const std::size_t child = index * kGroup + nearest;
       if (level == 0) {
@@ -78,6 +93,31 @@ class CBoxTree {
       } else {
         visitGroup(level - 1, child, p, reach, look);
       }
+    }
+  }
+
+  template <class Reach, class Look>
+  void visitGroupWithin(std::size_t level, std::size_t index, const Point2D& p, const Reach& reach,
+                        const Look& look) const {
+    Eight squares = m_levels[level][index].quadrupledSquaresFrom(p);
+    const auto visit = [&](std::size_t place) {
+      const std::size_t child = index * kGroup + place;
+      if (level == 0) {
+        look(child);
+      } else {
+        visitGroupWithin(level - 1, child, p, reach, look);
+      }
+    };
+    Places places = placesWithin(squares, reach());
+    while (areMany(places)) {
+      const std::size_t nearest = placeOfSmallest(squares);
+      visit(nearest);
+      squares[nearest] = std::numeric_limits<double>::infinity();
+      places = placesWithin(squares, reach());
+    }
+    for (; places != 0; places &= places - 1) {
+      const std::size_t place = lowestPlace(places);
+      if (squares[place] <= quadrupledSquare(reach())) visit(place);
     }
   }
 
@@ -104,6 +144,26 @@ inline CBoxTree::Eight CBoxTree::Group::quadrupledSquaresFrom(const Point2D& p) 
 inline std::size_t CBoxTree::placeOfSmallest(const Eight& values) {
   const auto smaller = [&](std::size_t a, std::size_t b) { return values[b] < values[a] ? b : a; };
   return smaller(smaller(smaller(0, 1), smaller(2, 3)), smaller(smaller(4, 5), smaller(6, 7)));
+}
+
+/// All comparisons at once: branches would mispredict.
+inline CBoxTree::Places CBoxTree::placesWithin(const Eight& quadrupledSquares, double reach) {
+  const double limit = quadrupledSquare(reach);
+  Places places = 0;
+  for (unsigned i = 0; i < kGroup; ++i) {
+    places |= (quadrupledSquares[i] <= limit ? 1U : 0U) << i;
+  }
+  return places;
+}
+
+inline bool CBoxTree::areMany(Places places) {
+  places &= places - 1;  // takes the lowest away
+  places &= places - 1;
+  return (places & (places - 1)) != 0;
+}
+
+inline std::size_t CBoxTree::lowestPlace(Places places) {
+  return static_cast<std::size_t>(__builtin_ctz(places));
 }
 
 }  // namespace Ruv

@@ -52,18 +52,6 @@ CChainSegment CChainSegment::between(const Point2D& start, const Point2D& end, d
   return segment;
 }
 
-CCurvePoint CChainSegment::at(double l) const {
-  CCurvePoint point;
-  if (radius == 0.0) {
-    point.position = Point2D(0.0, l);
-  } else {
-    point = pointOnArc(radius, l);
-  }
-  point.position = start + turnedTo(startDirection, point.position);
-  point.tangent = turnedTo(startDirection, point.tangent);
-  return point;
-}
-
 double CChainSegment::doubledAreaFrom(const Point2D& reference) const {
   const Point2D a = start - reference;
   const Point2D b = end - reference;

@@ -38,6 +38,18 @@ struct CChainSegment {
   double doubledAreaFrom(const Point2D& reference) const;
 };
 
+inline CCurvePoint CChainSegment::at(double l) const {
+  CCurvePoint point;
+  if (radius == 0.0) {
+    point.position = Point2D(0.0, l);
+  } else {
+    point = pointOnArc(radius, l);
+  }
+  point.position = start + turnedTo(startDirection, point.position);
+  point.tangent = turnedTo(startDirection, point.tangent);
+  return point;
+}
+
 inline CCurveFoot CChainSegment::footOf(const Point2D& p) const {
   const Point2D local = turnedFrom(startDirection, p - start);
   return radius == 0.0 ? footOnStraight(length, local) : footOnArc(radius, length, local);

@@ -41,6 +41,25 @@ CBox boxOf(const CChainSegment& segment) {
   return boxAroundCurve(segment.start, segment.end, length);
 }
 
+/// A chain of fewer segments is searched as fast without a hint.
+constexpr std::size_t kFewSegments = 64;
+
+struct SegmentEnd {
+  bool isStart;
+  double distance;
+};
+
+/// The end that is nearest to a point without a foot on the segment.
+SegmentEnd nearerEnd(const CChainSegment& segment, CFootReport report, const Point2D& p) {
+  if (segment.radius == 0.0) {
+    const bool isStart = report != CFootReport::BeyondEnd;
+    return {isStart, (p - (isStart ? segment.start : segment.end)).length()};
+  }
+  const double fromStart = (p - segment.start).length();
+  const double fromEnd = (p - segment.end).length();
+  return {fromStart <= fromEnd, fromStart <= fromEnd ? fromStart : fromEnd};
+}
+
 }  // namespace
 
 CCurveChain::CCurveChain(std::vector<CChainNode> nodes)
@@ -55,35 +74,49 @@ CCurveChain::CCurveChain(std::vector<CChainNode> nodes)
   m_boxes = CBoxTree(std::move(boxes));
 }
 
-std::optional<CChainFoot> CCurveChain::project(const Point2D& p) const {
+template <class Visit>
+std::optional<CChainFoot> CCurveChain::nearestFoot(const Point2D& p, const Visit& visit) const {
   if (!isFinite(p)) return std::nullopt;
   CNearest<Candidate> nearest;
   const auto look = [&](std::size_t index) {
     const CChainSegment& segment = m_segments[index];
-    Candidate candidate{index, {}};
-    if (segment.hasExtent()) candidate.foot = segment.footOf(p);
-    double distance = std::abs(candidate.foot.lateral);
-    if (candidate.foot.report != CFootReport::OnCurve) {
-      const double fromStart = (p - segment.start).length();
-      const double fromEnd = (p - segment.end).length();
-      const bool isStartNearer = fromStart <= fromEnd;
-      candidate.foot = isStartNearer ? footBeforeStart(0.0) : footBeyondEnd(segment.length, 0.0);
-      distance = isStartNearer ? fromStart : fromEnd;
+    const CCurveFoot foot = segment.hasExtent() ? segment.footOf(p) : CCurveFoot();
+    Candidate candidate{index, foot.report, foot.length, foot.lateral};
+    double distance = std::abs(foot.lateral);
+    if (foot.report != CFootReport::OnCurve) {
+      const SegmentEnd end = nearerEnd(segment, foot.report, p);
+      candidate.report = end.isStart ? CFootReport::BeforeStart : CFootReport::BeyondEnd;
+      distance = end.distance;
     }
     nearest.offer(distance, static_cast<double>(index), candidate);
   };
-  m_boxes.visitNear(
-      p, [&] { return reachOf(nearest.distance()); }, look);
+  const auto reach = [&] { return reachOf(nearest.distance()); };
+  visit(reach, look);
   if (!nearest.candidate()) return std::nullopt;
   const Candidate& found = *nearest.candidate();
-  switch (found.foot.report) {
+  switch (found.report) {
     case CFootReport::OnCurve:
       return footInside(found);
     case CFootReport::BeforeStart:
-      return footAtVertex(found.segment, p);
+      return footAtVertex(found.segment, found.segment, p);
     default:
-      return footAtVertex(found.segment + 1, p);
+      return footAtVertex(found.segment + 1, found.segment, p);
   }
+}
+
+std::optional<CChainFoot> CCurveChain::project(const Point2D& p) const {
+  return nearestFoot(
+      p, [&](const auto& reach, const auto& look) { m_boxes.visitNear(p, reach, look); });
+}
+
+std::optional<CChainFoot> CCurveChain::project(const Point2D& p, std::size_t hint) const {
+  if (m_segments.size() < kFewSegments || !(hint < m_segments.size())) return project(p);
+  return nearestFoot(p, [&](const auto& reach, const auto& look) {
+    look(hint);
+    m_boxes.visitWithin(p, reach, [&](std::size_t index) {
+      if (index != hint) look(index);
+    });
+  });
 }
 
 double CCurveChain::stationOn(std::size_t segment, double length) const {
@@ -97,13 +130,15 @@ Point2D CCurveChain::outwardNormal(const CDirection& tangent) const {
 }
 
 CChainFoot CCurveChain::footInside(const Candidate& candidate) const {
-  const CCurvePoint place = m_segments[candidate.segment].at(candidate.foot.length);
-  return {place.position, stationOn(candidate.segment, candidate.foot.length),
-          candidate.foot.lateral * m_outwards, outwardNormal(place.tangent)};
+  const CCurvePoint place = m_segments[candidate.segment].at(candidate.length);
+  return {place.position, stationOn(candidate.segment, candidate.length),
+          candidate.lateral * m_outwards, outwardNormal(place.tangent), candidate.segment};
 }
 
-CChainFoot CCurveChain::footAtVertex(std::size_t node, const Point2D& p) const {
+CChainFoot CCurveChain::footAtVertex(std::size_t node, std::size_t segment,
+                                     const Point2D& p) const {
   CChainFoot foot;
+  foot.segment = segment;
   foot.point = m_nodes[node].point;
   foot.station = m_nodes[node].station;
   foot.normal = outwardNormal(directionThroughVertex(node));

@@ -28,6 +28,7 @@ struct CChainFoot {
   /// Unit normal to the outside. At a vertex it lies on the line through p, so that
   /// offsetPoint(outside) is p everywhere.
   Point2D normal;
+  std::size_t segment = 0;  ///< on which it lies
 
   Point2D offsetPoint(double offset) const { return point + normal * offset; }
 };
@@ -49,6 +50,9 @@ class CCurveChain {
   /// station. Nothing for fewer than two nodes or a point that is not finite. O(log n) for points
   /// near the chain.
   std::optional<CChainFoot> project(const Point2D& p) const;
+  /// The same, faster where the foot lies near the hint, as it mostly does on the segment of the
+  /// foot before in a list of points along the chain.
+  std::optional<CChainFoot> project(const Point2D& p, std::size_t hint) const;
 
   /// Nothing outside the stations of the chain. Where stations do not fit the nodes, the stretch
   /// between two of them is spread evenly over its segment. O(log n).
@@ -58,11 +62,16 @@ class CCurveChain {
   /// A candidate of the search for the nearest point.
   struct Candidate {
     std::size_t segment = 0;
-    CCurveFoot foot;
+    CFootReport report = CFootReport::Unknown;
+    double length = 0.0;
+    double lateral = 0.0;
   };
 
+  /// @param visit shows a function the segments that may lie within a reach
+  template <class Visit>
+  std::optional<CChainFoot> nearestFoot(const Point2D& p, const Visit& visit) const;
   CChainFoot footInside(const Candidate& candidate) const;
-  CChainFoot footAtVertex(std::size_t node, const Point2D& p) const;
+  CChainFoot footAtVertex(std::size_t node, std::size_t segment, const Point2D& p) const;
   Point2D outwardNormal(const CDirection& tangent) const;
   CDirection directionThroughVertex(std::size_t node) const;
   double stationOn(std::size_t segment, double length) const;

@@ -38,11 +38,14 @@ std::vector<CChainNode> randomNodes(Random& random, int count) {
 TEST(CurveChain, FindsTheNearestPointOfAllSegments) {
   Random random(91);
   for (int round = 0; round < 40; ++round) {
-    const CCurveChain chain(randomNodes(random, 2 + static_cast<int>(random.index(60))));
+    const CCurveChain chain(randomNodes(random, 2 + static_cast<int>(random.index(120))));
     for (int i = 0; i < 30; ++i) {
       const Point2D p(random.uniform(-9, 9), random.uniform(-9, 9));
       const auto foot = chain.project(p);
       ASSERT_TRUE(foot);
+      const auto hinted = chain.project(p, random.index(chain.segments().size()));
+      EXPECT_EQ(hinted->station, foot->station);
+      EXPECT_EQ(hinted->outside, foot->outside);
       double nearest = 1e9;
       for (const CChainSegment& segment : chain.segments()) {
         constexpr int kSteps = 400;
