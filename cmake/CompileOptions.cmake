@@ -15,6 +15,12 @@ if(CALCULATIONS_SANITIZE)
   add_link_options(${sanitizers})
 endif()
 
+option(CALCULATIONS_SANITIZE_THREADS "Build with the thread sanitizer" OFF)
+if(CALCULATIONS_SANITIZE_THREADS)
+  add_compile_options(-fsanitize=thread)
+  add_link_options(-fsanitize=thread)
+endif()
+
 option(CALCULATIONS_COVERAGE "Instrument for coverage" OFF)
 if(CALCULATIONS_COVERAGE)
   add_compile_options(--coverage)
