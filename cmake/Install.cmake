@@ -1,12 +1,15 @@
+# Component Runtime: what programs load. Component Development: what building against it takes.
 set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/${PROJECT_NAME})
 
 install(TARGETS HadrelCommonCalculations2008
   EXPORT CalculationsTargets
-  FILE_SET HEADERS)
+  LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development
+  FILE_SET HEADERS COMPONENT Development)
 install(EXPORT CalculationsTargets
   FILE ${PROJECT_NAME}Targets.cmake
   NAMESPACE Ruv::
-  DESTINATION ${packageDir})
+  DESTINATION ${packageDir}
+  COMPONENT Development)
 
 configure_package_config_file(cmake/Config.cmake.in ${PROJECT_NAME}Config.cmake
   INSTALL_DESTINATION ${packageDir})
@@ -15,10 +18,12 @@ write_basic_package_version_file(${PROJECT_NAME}ConfigVersion.cmake
 install(FILES
   ${PROJECT_BINARY_DIR}/${PROJECT_NAME}Config.cmake
   ${PROJECT_BINARY_DIR}/${PROJECT_NAME}ConfigVersion.cmake
-  DESTINATION ${packageDir})
+  DESTINATION ${packageDir}
+  COMPONENT Development)
 
 # The package finds its folder by itself, so that an installation may be moved.
 file(RELATIVE_PATH prefixFromPackage /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/library.pc.in ${PROJECT_NAME}.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/${PROJECT_NAME}.pc
-  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+  COMPONENT Development)

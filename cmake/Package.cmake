@@ -1,0 +1,35 @@
+# Debian packages of what Install.cmake installs, one for each component. tools/package makes and
+# checks them.
+get_target_property(soversion HadrelCommonCalculations2008 SOVERSION)
+string(TOLOWER lib${PROJECT_NAME} packageName)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL Runtime Development)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_PACKAGE_CONTACT "The maintainers of ${PROJECT_NAME} <root@localhost>"
+  CACHE STRING "Maintainer named in packages")
+
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+set(abilities "Axes, profiles and their comparison, circle and ellipse fits, machine guidance, free stations.")
+
+# Debian puts a hyphen between a name that ends in a digit and the version.
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${packageName}-${soversion})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "${abilities}\nThe shared library.")
+
+# Boost and Clipper are named in headers; the CMake package asks pkg-config for Clipper.
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${packageName}-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} (= ${PROJECT_VERSION}), libboost-dev, libpolyclipping-dev, pkg-config")
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
+  "${abilities}\nHeaders, CMake package and pkg-config file.")
+include(CPack)
