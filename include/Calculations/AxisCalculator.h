@@ -23,7 +23,7 @@ class AxisCalculatorImpl;
 /// the axis.
 ///
 /// Units: metres and radians; slopes also in percent. Offset is positive to the right looking
-///   forward, height upwards from the axis.
+///   forward, height upwards from the axis. Pictures: docs/conventions.md.
 /// Plane: offset and height are measured in the vertical plane square to the axis in plan, or,
 ///   with perpendicular set, in the plane square to the axis in space.
 /// Transverse slope: with withTransSlope set, offset and height are turned about the axis by the
@@ -39,6 +39,7 @@ class AxisCalculatorImpl;
 ///   without a foot near the axis grid to axis is O(n).
 /// Lifetime: shares ownership of the axis, which must not change while threads convert. Not
 ///   copyable: construct another one.
+/// @snippet snippets/Axes.cpp AxisCalculator
 class CALCULATIONS_EXPORT AxisCalculator {
  public:
   /// A null pointer counts as an empty axis: every operation fails.
@@ -50,8 +51,11 @@ class CALCULATIONS_EXPORT AxisCalculator {
   virtual ~AxisCalculator();
 
   /// @name Axis to grid
-  /// @param[out] out unchanged on failure, except on a shaft, where it is always written
   /// @{
+
+  /// The grid point of an axis point, in the plane that the name or the flag says. The short forms
+  /// apply the transverse slope. The output is unchanged on failure, except on a shaft, where it is
+  /// always written.
   bool axisPointToEnhPoint(const AxisPoint& in, ENHPoint& out, bool perpendicular,
                            bool withTransSlope) const;
   bool axisPointToEnhPointVertical(const AxisPoint& in, ENHPoint& out) const;
@@ -59,12 +63,13 @@ class CALCULATIONS_EXPORT AxisCalculator {
   /// @}
 
   /// @name Grid to axis
-  /// Takes the nearest foot, the first of equally near ones. On the outer side of a corner of the
-  /// axis, where no element has a foot, the stationing is that of the corner and the offset the
-  /// distance from it.
-  /// @param[out] out unchanged on failure, except on a shaft, where it is always written
-  /// @return false also when the point has no foot on the axis
   /// @{
+
+  /// The axis point of a grid point, the inverse of the above. Takes the nearest foot, the first of
+  /// equally near ones. On the outer side of a corner of the axis, where no element has a foot, the
+  /// stationing is that of the corner and the offset the distance from it. The output is unchanged
+  /// on failure, except on a shaft, where it is always written.
+  /// @return false also when the point has no foot on the axis
   bool enhPointToAxisPoint(const ENHPoint& in, AxisPoint& out, bool perpendicular,
                            bool withTransSlope) const;
   bool enhPointToAxisPointVertical(const ENHPoint& in, AxisPoint& out) const;
@@ -72,15 +77,17 @@ class CALCULATIONS_EXPORT AxisCalculator {
   /// @}
 
   /// @name Tunnel meter
-  /// The length in space from the origin of the mapping, see
-  /// AxisDefinition::setStationingMappingValues. On a shaft it is the stationing.
-  /// @param[out] result the input on failure
   /// @{
+
+  /// The length in space from the origin of the mapping, see
+  /// AxisDefinition::setStationingMappingValues, and back. On a shaft it is the stationing. The
+  /// result is the input on failure.
   bool stationingToTunnelmeter(double stationing, double& result) const;
   bool tunnelmeterToStationing(double tunnelmeter, double& result) const;
   /// @}
 
   /// Direction and slopes of the axis. All outputs are 0 on failure, except on a shaft.
+  /// @param      stationing in plan
   /// @param[out] azimuth in [0, 2 pi); 0 on a top-down shaft, pi on one that runs upward
   /// @param[out] radius signed, 0 where the plan is straight
   /// @param[out] longSlopeRad, longSlopePercent positive rising forward; -pi/2 on a top-down
@@ -92,9 +99,10 @@ class CALCULATIONS_EXPORT AxisCalculator {
                                   double& transSlopeRad, double& transSlopePercent) const;
 
   /// @name Unit tangents
-  /// Along the axis in plan, or in space. On a shaft both point along the shaft.
-  /// @param[out] tangent unchanged on failure
   /// @{
+
+  /// Along the axis in plan (vertical plane) or in space (perpendicular plane). On a shaft both
+  /// point along the shaft. The output is unchanged on failure.
   bool tangentAtStationingVertical(double stationing, ENHPoint& tangent) const;
   bool tangentAtStationingPerpendicular(double stationing, ENHPoint& tangent) const;
   /// @}

@@ -20,7 +20,7 @@ class AxisDefinitionImpl;
 ///
 /// Units: metres; azimuths in radians, clockwise from north; transverse slopes in percent,
 ///   positive when the right side is lower. A positive radius curves to the right, a radius of 0
-///   is infinite.
+///   is infinite. Pictures: docs/conventions.md.
 /// Order: elements are kept by stationing and may be added in any order, except that the first
 ///   horizontal segment added must be the first of the axis: only that one sets the start point.
 ///   A segment leads from the end of the one before it to its own end, so its start coordinates
@@ -32,7 +32,8 @@ class AxisDefinitionImpl;
 /// Cost: adding in order of stationing takes O(log n). The first calculation after a change
 ///   prepares the whole geometry, O(n).
 /// Threads: may be shared by threads that only read.
-/// Create it with AxisDefinitionFactory. Not copyable.
+/// Lifetime: created by AxisDefinitionFactory. Not copyable.
+/// @snippet snippets/Axes.cpp AxisDefinition
 class CALCULATIONS_EXPORT AxisDefinition {
  public:
   AxisDefinition(const AxisDefinition&) = delete;
@@ -41,6 +42,8 @@ class CALCULATIONS_EXPORT AxisDefinition {
 
   /// @name Kind and range
   /// @{
+
+  /// Whether it was created as an axis in plan and profile, or as a shaft.
   bool isTypeHoralVeral() const;
   bool isShaftAxis() const;
   /// True for a shaft whose stationing grows downwards.
@@ -50,28 +53,30 @@ class CALCULATIONS_EXPORT AxisDefinition {
   /// not being a shaft, two horizontal entries. The lower limit exceeds the upper one when the
   /// alignments do not overlap.
   double minimumStng2d() const;
-  double maximumStng2d() const;
+  double maximumStng2d() const;  ///< the upper end of that range
   /// @}
 
   /// @name Emptying a list
-  /// The kind of the axis stays.
   /// @{
+
+  /// Removes all elements of the list; the kind of the axis stays.
   void resetHoral();
   void resetVeral();
   void resetTransSlope();
   /// @}
 
   /// @name Horizontal segments
-  /// Each starts at a stationing and point in a direction and has a length. A shaft takes only
-  /// the start point of its first straight.
-  /// @return false on another kind of axis, and on a shaft that has its point
   /// @{
+
+  /// Starts at a stationing and point in a direction (the azimuth) and has a length and, as an arc,
+  /// a radius. A shaft takes only the start point of its first straight.
+  /// @return false on another kind of axis, and on a shaft that has its point
   bool addHoralSegmentStraight(double stationing, double east, double north, double azimuth,
                                double length);
   bool addHoralSegmentArc(double stationing, double east, double north, double azimuth,
                           double radius, double length);
-  /// Curvature changes linearly from 1 / radiusStart to 1 / radiusEnd. Radii of different sign
-  /// give an S-curve; equal radii an arc.
+  /// As the others, with a curvature that changes linearly from 1 / radiusStart to 1 / radiusEnd.
+  /// Radii of different sign give an S-curve; equal radii an arc.
   bool addHoralSegmentClothoid(double stationing, double east, double north, double azimuth,
                                double radiusStart, double radiusEnd, double length);
   /// @}
@@ -80,7 +85,7 @@ class CALCULATIONS_EXPORT AxisDefinition {
   /// The rounding lies on the concave side whatever the sign of its value.
   /// @{
 
-  /// @return false on a shaft that has its two points, and on an untyped axis
+  /// Not rounded. @return false on a shaft that has its two points, and on an untyped axis
   bool addVeralPointKink(double stationing, double height);
   /// Rounded by a circle. @return false unless the axis has horizontal and vertical alignment
   bool addVeralPointArc(double stationing, double height, double radius);
@@ -90,23 +95,27 @@ class CALCULATIONS_EXPORT AxisDefinition {
   /// @}
 
   /// @name Transverse slopes
-  /// Outside all intervals the slope is 0, between two of them it changes linearly. Where two
-  /// meet, the earlier one's end value holds.
-  /// @return false unless the axis has horizontal and vertical alignment
   /// @{
+
+  /// An interval of constant or linearly changing slope (percent). Outside all intervals the slope
+  /// is 0, between two of them it changes linearly. Where two meet, the earlier one's end value
+  /// holds.
+  /// @return false unless the axis has horizontal and vertical alignment
   bool addTransSlopeSegmentConstant(double stationingFrom, double stationingTo, double slope);
   bool addTransSlopeSegmentLinear(double stationingFrom, double stationingTo, double slopeFrom,
                                   double slopeTo);
   /// @}
 
   /// @name Elements
-  /// 0 and null on a shaft.
   /// @{
+
+  /// 0 on a shaft.
   unsigned getNumHoralSegments() const;
   unsigned getNumVeralPoints() const;
-  /// The element that ends the segment, a CHoralElement; null when the index is out of range.
+  /// The element that ends the segment, a CHoralElement; null on a shaft and when the index is out
+  /// of range.
   CShapeBase* getHoralSegmentAt(unsigned index) const;
-  /// A CVeralElement; null when the index is out of range.
+  /// A CVeralElement; null on a shaft and when the index is out of range.
   CShapeBase* getVeralPointAt(unsigned index) const;
   /// @}
 
@@ -125,9 +134,10 @@ class CALCULATIONS_EXPORT AxisDefinition {
   /// @}
 
   /// @name Tunnel meter
-  /// The length in space along the axis, tied to the stationing: at stationing origin2d the
-  /// tunnel meter is value3dAtOrigin. Both are 0.0 at first.
   /// @{
+
+  /// Ties the length in space along the axis to the stationing: at stationing origin2d the tunnel
+  /// meter is value3dAtOrigin. Both are 0.0 at first.
   void setStationingMappingValues(double origin2d, double value3dAtOrigin);
   double getStationingMappingOrigin2d() const;
   double getStationingMappingValue3dAtOrigin() const;
@@ -145,6 +155,11 @@ class CALCULATIONS_EXPORT AxisDefinition {
 };
 
 /// Creates axes. The caller owns them.
+///
+/// Conventions: those of AxisDefinition.
+/// Failure: none; a shaft is accepted as it is, whatever its heights.
+/// Cost: constant.
+/// @snippet snippets/Axes.cpp AxisDefinitionFactory
 class CALCULATIONS_EXPORT AxisDefinitionFactory {
  public:
   /// An axis without elements, to be filled with horizontal segments and vertical points.

@@ -23,19 +23,24 @@ class BlockAxisDefinitionImpl;
 /// transverse slope changes linearly between the values of the reference axis at both ends, and
 /// its tunnel meter continues that of the reference axis. A block of a shaft is a shaft.
 ///
+/// Conventions: metres; Stng2d is a stationing, in plan, Stng3d a tunnel meter, in space.
 /// Failure: never throws. Where the reference axis cannot be evaluated the values concerned are 0.
 ///   An untyped or null reference axis leaves the block without axis (a null pointer).
-/// Immutable after construction, shareable between threads, not copyable.
+/// Cost: a few conversions by AxisCalculator to construct, at most as many a question.
+/// Lifetime: immutable after construction, shareable between threads, not copyable.
+/// @snippet snippets/Axes.cpp BlockAxisDefinition
 class CALCULATIONS_EXPORT BlockAxisDefinition {
  public:
-  /// @param blockStartStng2d, blockEndStng2dOnRefAxis stationings on the reference axis (m)
+  /// From one stationing of the reference axis to another.
   BlockAxisDefinition(const boost::shared_ptr<const AxisDefinition>& referenceAxis,
                       double blockStartStng2d, double blockEndStng2dOnRefAxis);
   BlockAxisDefinition(const BlockAxisDefinition&) = delete;
   BlockAxisDefinition& operator=(const BlockAxisDefinition&) = delete;
   virtual ~BlockAxisDefinition();
 
+  /// As constructed.
   double blockStartStng2d() const;
+  /// As constructed.
   double blockEndStng2dOnRefAxis() const;
   /// Plan length of the chord; on a shaft the height difference.
   double blockLength2d() const;
@@ -46,6 +51,7 @@ class CALCULATIONS_EXPORT BlockAxisDefinition {
   double blockStartStng3d() const;
   /// Length of the chord in space.
   double blockLength3d() const;
+  /// Tunnel meter at the end: start + length of the chord in space.
   double blockEndStng3d() const;
 
   /// The block's own axis.

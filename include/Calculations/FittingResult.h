@@ -13,7 +13,13 @@ namespace Ruv {
 namespace Calculations {
 
 /// Names the ways to fit a circle or an ellipse to points.
+///
+/// Conventions: each value stands for one fit of FittingHelper.
+/// Failure: MeasuredProfileCalculator::leastSquarePointOfComparisonProfile throws for any other.
+/// Cost: see FittingHelper.
+/// @snippet snippets/Profiles.cpp FittingHelper
 struct FittingMethod {
+  /// The fit.
   enum Method : std::int32_t {
     CircleLegacy = 0,               ///< damped Gauss-Newton on squared distances
     CircleKasa = 1,                 ///< algebraic least squares
@@ -24,13 +30,18 @@ struct FittingMethod {
 };
 
 /// A fitted circle or ellipse.
+///
+/// Units: metres; the rotation in radians, anticlockwise from +x.
+/// Failure: none; what a fit without result writes is told by FittingHelper.
+/// Cost: constant.
+/// @snippet snippets/Profiles.cpp FittingHelper
 struct CALCULATIONS_EXPORT FittingResult {
-  FittingMethod::Method method;
-  Point2D center;
-  double radius;     ///< of the circle; 0 for an ellipse
-  double semiAxisA;  ///< first semi-axis of the ellipse; the radius for a circle
-  double semiAxisB;  ///< second semi-axis of the ellipse; the radius for a circle
-  double rotation;   ///< of the ellipse (rad); 0 for a circle
+  FittingMethod::Method method;  ///< the fit that made it
+  Point2D center;                ///< of the circle or ellipse
+  double radius;                 ///< of the circle; 0 for an ellipse
+  double semiAxisA;              ///< first semi-axis of the ellipse; the radius for a circle
+  double semiAxisB;              ///< second semi-axis of the ellipse; the radius for a circle
+  double rotation;               ///< of the ellipse (rad); 0 for a circle
 
   /// No geometry yet: everything but the method is 0.
   explicit FittingResult(FittingMethod::Method m);

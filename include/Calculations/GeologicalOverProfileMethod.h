@@ -11,7 +11,13 @@ namespace Calculations {
 
 /// Says which band around the reference profile counts with the geological over profile where
 /// the excavation reaches beyond the outer limit a. The inner limit is b.
+///
+/// Conventions: limits are distances (m) outside the reference profile.
+/// Failure: another value counts as GeologicalBeyondLimitOnly.
+/// Cost: see MeasuredProfileCalculator.
+/// @snippet snippets/Profiles.cpp GeologicalOverProfileMethod
 struct GeologicalOverProfileMethod {
+  /// The band.
   enum Method : std::int32_t {
     GeologicalBandFromReference = 0,  ///< the band from the reference out to a
     GeologicalBandBetweenLimits = 1,  ///< the band from b to a

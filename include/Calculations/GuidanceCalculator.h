@@ -21,18 +21,20 @@ class GuidanceCalculatorImpl;
 
 /// Evaluates a guidance vector on an axis.
 ///
-/// Perpendicular set: axis coordinates are read in the plane square to the axis in space, forward
-///   distances along an axis-parallel vector are tunnel meters, and the components of a straight
-///   vector are relative to the inclined tangent. Clear: the vertical plane, stationings, and
-///   forward and vertical relative to the horizontal. A shaft counts as perpendicular. The
-///   transverse slope of the axis always applies.
+/// Conventions: with perpendicular set, axis coordinates are read in the plane square to the axis
+///   in space, forward distances along an axis-parallel vector are tunnel meters, and the
+///   components of a straight vector are relative to the inclined tangent. Clear: the vertical
+///   plane, stationings, and forward and vertical relative to the horizontal. A shaft counts as
+///   perpendicular. The transverse slope of the axis always applies.
 /// Failure: never throws. Where a conversion fails results are (0, 0, 0), which a point at the
 ///   origin gives too. Null pointers fail.
 /// Cost: a few conversions of AxisCalculator a call.
 /// Lifetime: shares ownership of vector and axis, which must stay as they are. Shareable between
 ///   threads, not copyable.
+/// @snippet snippets/Guidance.cpp GuidanceCalculator
 class CALCULATIONS_EXPORT GuidanceCalculator {
  public:
+  /// On an axis.
   GuidanceCalculator(const boost::shared_ptr<const GuidanceVectorDefinition>& vector,
                      const boost::shared_ptr<const AxisDefinition>& axis, bool perpendicular);
   /// On the block's own axis.

@@ -18,14 +18,18 @@ namespace Calculations {
 
 class GuidanceVectorDefinitionImpl;
 
-/// The line along which a machine is steered: from an origin in axis coordinates either parallel
-/// to the axis, through all its curves, or straight in a fixed direction.
+/// The line along which a machine is steered: from an origin in axis coordinates either parallel to
+/// the axis, through all its curves, or straight in a fixed direction.
 ///
 /// Direction: components relative to the axis at the origin: forward along its tangent, horizontal
 ///   to the right, vertical upwards. Whether forward is the inclined tangent or the level one is
 ///   chosen with the GuidanceCalculator.
-/// Ownership: copying moves. The copy takes over what the source holds and leaves it empty; an
+/// Units: metres and radians. Angles are those of docs/conventions.md.
+/// Failure: none; angles that belong to no direction give components that are not finite.
+/// Cost: constant.
+/// Lifetime: copying moves. The copy takes over what the source holds and leaves it empty; an
 ///   empty definition reads as a new one and a setter fills it anew.
+/// @snippet snippets/Guidance.cpp GuidanceVectorDefinition
 class CALCULATIONS_EXPORT GuidanceVectorDefinition {
  public:
   /// Origin (0, 0, 0), parallel to the axis.
@@ -36,24 +40,40 @@ class CALCULATIONS_EXPORT GuidanceVectorDefinition {
   GuidanceVectorDefinition& operator=(GuidanceVectorDefinition& other);
   virtual ~GuidanceVectorDefinition();
 
+  /// @name Origin and direction
+  /// @{
+
+  /// The axis point where the vector begins.
   void setVectorOriginPoint(const AxisPoint& origin);
+  /// As set; (0, 0, 0) at first.
   AxisPoint getVectorOriginPoint() const;
 
   /// Sets the direction to (0, 0, 0) as well.
   void setVectorDirectionAsAxisParallel();
   /// Stores the direction as it is, without normalising it.
   void setVectorDirectionAsStraight(const GuidanceOffsets& direction);
+  /// As set; (0, 0, 0) at first.
   GuidanceOffsets getVectorDirection() const;
+  /// False for a straight vector.
   bool isVectorDirectionAxisParallel() const;
 
+  /// @}
+
   /// @name Projected angles
-  /// Of the direction as seen along the axis, from above and from the side; see
-  /// Utilities::getGuidanceAngleInFrontView and its siblings. The setters replace the direction
-  /// only: a vector parallel to the axis stays so until setVectorDirectionAsStraight is called.
   /// @{
+
+  /// Of the direction as seen along the axis, from above and from the side; see
+  /// Utilities::getGuidanceAngleInFrontView and its siblings.
   double getGuidanceAngleProjectedInFrontViewPlane() const;
   double getGuidanceAngleProjectedInTopViewPlane() const;
   double getGuidanceAngleProjectedInSideViewPlane() const;
+  /// @}
+
+  /// @name Direction from projected angles
+  /// @{
+
+  /// Replaces the direction by one of the given length: a vector parallel to the axis stays so
+  /// until setVectorDirectionAsStraight is called.
   void setVectorDirectionFromProjectedAnglesFrontAndTopViewPlane(double front, double top,
                                                                  double length);
   void setVectorDirectionFromProjectedAnglesTopAndSideViewPlane(double top, double side,
@@ -70,16 +90,22 @@ class CALCULATIONS_EXPORT GuidanceVectorDefinition {
 };
 
 /// Creates guidance vectors. The caller owns them. Directions of straight vectors have length 1.
+///
+/// Conventions: those of GuidanceVectorDefinition; origins are axis points.
+/// Failure: directions that are not numbers, as each function says; never null.
+/// Cost: constant, but for a profile, which is prepared as by ThProfileCalculator, and for a pair
+///   of axis points, which takes a few conversions by AxisCalculator.
+/// @snippet snippets/Guidance.cpp GuidanceVectorFactory
 class CALCULATIONS_EXPORT GuidanceVectorFactory {
  public:
+  /// From an axis point through all curves of the axis.
   static GuidanceVectorDefinition* createAsAxisParallelFromAxisCoordinate(const AxisPoint& origin);
 
-  /// @param components of any length but zero, which gives not-a-number
+  /// From an axis point in a direction of any length but zero, which gives not-a-number.
   static GuidanceVectorDefinition* createAsStraightFromAxisCoordinateAndVectorComponents(
       const AxisPoint& origin, const GuidanceOffsets& components);
 
-  /// In the plane of the cross-section.
-  /// @param angle from straight up towards the right
+  /// In the plane of the cross-section, at an angle from straight up towards the right.
   static GuidanceVectorDefinition* createAsStraightInProfilePlaneWithVerticalAngle(
       const AxisPoint& origin, double angle);
 
@@ -89,8 +115,8 @@ class CALCULATIONS_EXPORT GuidanceVectorFactory {
       const boost::shared_ptr<const ThProfileDefinition>& profile, const AxisPoint& origin);
 
   /// From one axis point towards another. Evaluated with the same perpendicular flag, the vector
-  /// passes through both. A point that cannot be converted counts as the origin of the grid.
-  /// @param perpendicular, withTransSlope how the points are read, see AxisCalculator
+  /// passes through both. A point that cannot be converted counts as the origin of the grid. The
+  /// flags say how the points are read, see AxisCalculator.
   static GuidanceVectorDefinition* createAsStraightFromPairOfAxisCoordinates(
       const boost::shared_ptr<const AxisDefinition>& axis, const AxisPoint& first,
       const AxisPoint& second, bool perpendicular, bool withTransSlope);

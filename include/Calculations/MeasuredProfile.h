@@ -15,11 +15,14 @@ namespace Calculations {
 
 class MeasuredProfileImpl;
 
-/// A measured cross-section: a closed polygon of points (x to the right, y up, m).
+/// A measured cross-section: a closed polygon of points.
 ///
-/// Segment i runs from point i to the next, the last one back to the first, so there are as many
-/// segments as points. All are straight.
+/// Conventions: metres, x to the right, y up. Segment i runs from point i to the next, the last one
+///   back to the first, so there are as many segments as points. All are straight.
+/// Failure: nothing is refused or thrown; an index out of range gives (0, 0).
+/// Cost: constant for a point or a segment.
 /// Threads: may be shared by threads that only read. Not copyable.
+/// @snippet snippets/Profiles.cpp MeasuredProfile
 class CALCULATIONS_EXPORT MeasuredProfile : public IProfileSegmentProvider {
  public:
   MeasuredProfile();
@@ -27,14 +30,19 @@ class CALCULATIONS_EXPORT MeasuredProfile : public IProfileSegmentProvider {
   MeasuredProfile& operator=(const MeasuredProfile&) = delete;
   ~MeasuredProfile() override;
 
+  /// Appends a point.
   void addPoint(const Point2D& point);
+  /// Removes all points.
   void reset();
 
+  /// Of points added.
   unsigned int getNumPoints() const;
   /// (0, 0) when the index is out of range.
   Point2D getPointAt(unsigned int index) const;
 
+  /// As many as points.
   unsigned int getNumSegments() const override;
+  /// The point of the same index.
   Point2D getSegmentStartAt(unsigned int index) const override;
   /// (0, 0) for an empty profile and an index out of range; the only point for a profile of one.
   Point2D getSegmentEndAt(unsigned int index) const override;

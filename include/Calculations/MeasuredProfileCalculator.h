@@ -28,8 +28,9 @@ class MeasuredProfileCalculatorImpl;
 /// Compares a measured profile, the comparison, with a reference: the design profile or an earlier
 /// measured one.
 ///
-/// Filters exclude parts of the section plane. They act on fits, circumferences, outlines, areas
-/// and offset intersections, not on point results and distances.
+/// Conventions: metres, x to the right, y up; distances and derolments as in ThProfileCalculator.
+/// Filters: exclude parts of the section plane. They act on fits, circumferences, outlines, areas
+///   and offset intersections, not on point results and distances.
 /// Areas: computed on a grid of 0.1 mm with arcs as chords of about 1 cm (at most 100 an arc).
 ///   Polygons of results have no holes: where the excavation surrounds the reference, the ring of
 ///   over profile comes in pieces. Pieces below 0.0001 m2 are left out of polygon lists.
@@ -38,13 +39,15 @@ class MeasuredProfileCalculatorImpl;
 /// Cost: point results prepare the reference once, O(n log n), and again only after it changed;
 ///   then O(log n) a point, plus O(n) a call to see whether it changed. Areas cost a few polygon
 ///   clippings.
-/// Threads: not for concurrent use, although operations are const. Shares ownership of both
-///   profiles. Not copyable.
+/// Lifetime: shares ownership of both profiles. Not for concurrent use, although operations are
+///   const. Not copyable.
+/// @snippet snippets/Profiles.cpp MeasuredProfileCalculator
 class CALCULATIONS_EXPORT MeasuredProfileCalculator : public IProfileCalculator {
  public:
-  /// Null pointers count as empty profiles.
+  /// With a design profile as reference. Null pointers count as empty profiles.
   MeasuredProfileCalculator(const boost::shared_ptr<const ThProfileDefinition>& reference,
                             const boost::shared_ptr<const MeasuredProfile>& comparison);
+  /// With an earlier measured profile as reference.
   MeasuredProfileCalculator(const boost::shared_ptr<const MeasuredProfile>& reference,
                             const boost::shared_ptr<const MeasuredProfile>& comparison);
   MeasuredProfileCalculator(const MeasuredProfileCalculator&) = delete;
@@ -52,27 +55,31 @@ class CALCULATIONS_EXPORT MeasuredProfileCalculator : public IProfileCalculator 
   ~MeasuredProfileCalculator() override;
 
   /// @name Points relative to the reference
-  /// As ThProfileCalculator gives them; derolments count from the reference's crown.
   /// @{
+
+  /// As ThProfileCalculator gives them; derolments count from the reference's crown.
   ProfilePointResult calculateProfilePoint(const Point2D& point) const override;
   std::vector<ProfilePointResult> calculateProfilePoints(
       const std::vector<Point2D>& points) const override;
   /// @}
 
-  /// @name Nearest point of the comparison profile on a line through p
-  /// Horizontal, vertical, or along the reference's normal through p. Both coordinates are
-  /// 3.4028234663852886e38 when the line misses the comparison.
+  /// @name Distances to the comparison
   /// @{
+
+  /// The nearest point of the comparison on a line through p, which is horizontal, vertical,
+  /// or along the reference's normal through p. Both coordinates are 3.4028234663852886e38 when
+  /// the line misses the comparison.
   Point2D horizontalDistanceToComparisonProfile(Point2D p) const;
   Point2D verticalDistanceToComparisonProfile(Point2D p) const;
   Point2D radialDistanceToComparisonProfile(Point2D p) const;
   /// @}
 
   /// @name Intersections with a horizontal or vertical line
+  /// @{
+
   /// Of the polygon of unfiltered segment start points, in its order, within 1000 m of the origin.
   /// A vertex on the line counts for both its edges; edges along the line count for none. Arcs of
   /// the reference count as chords. Empty for fewer than three points.
-  /// @{
   std::vector<Point2D> intersectionsAtGivenUpOffsetOfComparisonProfile(double up) const;
   std::vector<Point2D> intersectionsAtGivenRightOffsetOfComparisonProfile(double right) const;
   std::vector<Point2D> intersectionsAtGivenUpOffsetOfReferenceProfile(double up) const;
@@ -86,9 +93,10 @@ class CALCULATIONS_EXPORT MeasuredProfileCalculator : public IProfileCalculator 
   FittingResult leastSquarePointOfComparisonProfile(FittingMethod::Method method) const;
 
   /// @name Filters
-  /// Setting a limit again replaces it. As soon as any filter is set, everything beyond 1000 m
-  /// from the axes is excluded too.
   /// @{
+
+  /// Excludes what lies beyond a line. Setting a limit again replaces it. As soon as any filter is
+  /// set, everything beyond 1000 m from the axes is excluded too.
   void setFilterExcludeAbove(double y);
   void setFilterExcludeBelow(double y);
   void setFilterExcludeLeftOf(double x);
@@ -97,39 +105,47 @@ class CALCULATIONS_EXPORT MeasuredProfileCalculator : public IProfileCalculator 
   /// up). A span of half a turn or more does not exclude its reflex side. Areas that two
   /// triangles share stay allowed.
   void setFilterExcludeBetweenAngles(double startAngle, double endAngle, const Point2D& centre);
+  /// Allows everything again.
   void resetAllFilters();
   /// False when no filter is set. The border of the allowed area is excluded.
   bool isInFilteredArea(const Point2D& p) const;
   /// @}
 
   /// @name Circumferences and outlines
-  /// Their unfiltered parts.
-  /// @param clean remove points closer than 0.14 mm to the line of their neighbours
   /// @{
+
+  /// The length of what is not filtered.
   double comparisonCircumference() const;
   double referenceCircumference() const;
+  /// The parts that are not filtered; clean removes points closer than 0.14 mm to the line of
+  /// their neighbours.
   std::vector<Polyline> comparisonCircumferenceLines(bool clean) const;
+  /// As comparisonCircumferenceLines.
   std::vector<Polyline> referenceCircumferenceLines(bool clean) const;
   /// @}
 
   /// @name Areas
-  /// Square metres.
   /// @{
+
+  /// In square metres, filtered.
   double comparisonArea() const;
   double referenceArea() const;
   /// Excavated beyond the reference.
   double overProfileArea() const;
   /// Not excavated within the reference.
   double underProfileArea() const;
+  /// Where it was excavated beyond the reference.
   std::vector<Polygon> overProfileAreaPathes() const;
+  /// Where it was not excavated within the reference.
   std::vector<Polygon> underProfileAreaPathes() const;
   /// @}
 
   /// @name Geological over profile
+  /// @{
+
   /// What is excavated beyond the distance a from the reference, and with it a band beside those
   /// places: from the reference to a, from b to a, or none. The band is not clipped to the
   /// excavation; where it overlaps what lies beyond, the area counts twice.
-  /// @{
   double geologicalOverProfileArea(GeologicalOverProfileMethod::Method method, double a,
                                    double b) const;
   std::vector<Polygon> geologicalOverProfileAreaPathes(GeologicalOverProfileMethod::Method method,

@@ -16,7 +16,12 @@
 namespace Ruv {
 namespace Calculations {
 
-/// Static conversions. One metre is 10000 clipping units.
+/// Static conversions between outlines and those of the clipping library.
+///
+/// Units: one metre is 10000 clipping units.
+/// Failure: none; empty outlines give empty outlines.
+/// Cost: linear in the number of points, but for rings, which are clipped along every hole.
+/// @snippet snippets/Profiles.cpp PathHelper
 class CALCULATIONS_EXPORT PathHelper {
  public:
   /// @name Units
@@ -26,9 +31,13 @@ class CALCULATIONS_EXPORT PathHelper {
   /// converted forth and back again moves up by a unit. Areas and comparisons are tuned with it.
   /// Not-a-number becomes 0; magnitudes are limited to 1e15 units.
   static ClipperLib::cInt asClipperLibUnits(double v);
+  /// To metres.
   static double fromClipperLibUnits(ClipperLib::cInt v);
+  /// To square metres.
   static double fromClipperLibArea(double a);
+  /// Both coordinates by asClipperLibUnits.
   static ClipperLib::IntPoint asClipperLibPoint(const Point2D& p);
+  /// Both coordinates to metres.
   static Point2D fromClipperLibPoint(ClipperLib::IntPoint p);
   /// @}
 
@@ -37,6 +46,8 @@ class CALCULATIONS_EXPORT PathHelper {
 
   /// @name Representations
   /// @{
+
+  /// The same points in the other representation.
   static ClipperLib::Path clipperLibPathFromPath(const Path& path);
   static Path pathFromClipperLibPath(const ClipperLib::Path& path);
   static ClipperLib::Paths clipperLibPathsFromPathes(const Pathes& paths);
@@ -53,6 +64,7 @@ class CALCULATIONS_EXPORT PathHelper {
   /// kept point and the point after it. Both ends stay; what is left out lies within twice the
   /// tolerance of the result. O(n).
   static ClipperLib::Path simplyfyLine(const ClipperLib::Path& line, double tolerance);
+  /// simplyfyLine for each.
   static ClipperLib::Paths simplyfyLines(const ClipperLib::Paths& lines, double tolerance);
 
   /// Cuts outlines that hold holes, which have the opposite orientation, into simple pieces whose

@@ -17,6 +17,11 @@ class PathImpl;
 class Pathes;
 
 /// One straight or arc of an outline.
+///
+/// Conventions: metres, x to the right, y up; radii as in ThProfileDefinition.
+/// Failure: none.
+/// Cost: constant.
+/// @snippet snippets/Profiles.cpp Pathes
 class CALCULATIONS_EXPORT PathSegment {
  public:
   /// A straight to (x, y).
@@ -27,8 +32,11 @@ class CALCULATIONS_EXPORT PathSegment {
   PathSegment& operator=(const PathSegment& other);
   virtual ~PathSegment();
 
+  /// Its end.
   Point2D point() const;
+  /// 0 for a straight.
   double radius() const;
+  /// Whether it was given a radius.
   bool isArc() const;
 
  private:
@@ -38,9 +46,13 @@ class CALCULATIONS_EXPORT PathSegment {
 
 /// An outline or line as points on a grid of 0.1 mm, on which clipping is exact.
 ///
-/// Arcs become points 1 cm apart, but at most 100 pieces. Coordinates that are not numbers become
-/// 0, those beyond 1e11 m are moved there.
-/// Copies are independent.
+/// Conventions: metres, x to the right, y up. Arcs become points 1 cm apart, but at most 100
+///   pieces.
+/// Failure: coordinates that are not numbers become 0, those beyond 1e11 m are moved there.
+///   Questions to an empty path give 0 or false.
+/// Cost: linear in the number of points, but for clipping, see Pathes.
+/// Lifetime: copies are independent.
+/// @snippet snippets/Profiles.cpp Pathes
 class CALCULATIONS_EXPORT Path {
  public:
   Path();
@@ -61,6 +73,7 @@ class CALCULATIONS_EXPORT Path {
   double area() const;
   /// Between consecutive points; nothing leads back to the first.
   double lineLength() const;
+  /// The repeated first point of a closed path included.
   unsigned int numDiscretePathPoints() const;
   /// (0, 0) when the index is out of range.
   Point2D discretePathPointAt(unsigned int index) const;
@@ -73,8 +86,10 @@ class CALCULATIONS_EXPORT Path {
   /// Length of the outline, closed, inside the others.
   double borderWithinOtherPathes(const Pathes& other) const;
 
-  /// @name As in Pathes, for single paths
+  /// @name Clipping
   /// @{
+
+  /// As the function of this name in Pathes, for single paths.
   static Pathes within(const Path& a, const Path& b);
   static Pathes without(const Path& a, const Path& b);
   static Pathes expand(const Path& a, double d);
@@ -94,9 +109,12 @@ class CALCULATIONS_EXPORT Path {
 /// A list of paths. Where it stands for an area, points inside an odd number of its outlines are
 /// inside.
 ///
-/// Results never hold holes: an area with a hole is cut into pieces without, whose areas add up.
+/// Conventions: metres and square metres; areas of anticlockwise outlines are positive. Results
+///   never hold holes: an area with a hole is cut into pieces without, whose areas add up.
 /// Failure: when clipping fails the result is empty.
 /// Cost: that of the polygon clipper, about n log n in the number of points.
+/// Lifetime: copies are independent.
+/// @snippet snippets/Profiles.cpp Pathes
 class CALCULATIONS_EXPORT Pathes {
  public:
   Pathes();
@@ -106,14 +124,18 @@ class CALCULATIONS_EXPORT Pathes {
   Pathes& operator=(const Pathes& other);
   virtual ~Pathes();
 
+  /// Appends a copy.
   void addPath(const Path& path);
+  /// Appends copies of all paths of the other list.
   void addPaths(const Pathes& paths);
+  /// Of paths in the list.
   unsigned int numPathes() const;
   /// A copy; empty when the index is out of range.
   Path pathAt(unsigned int index) const;
 
   /// Sum of the signed areas.
   double area() const;
+  /// Sum of the lengths.
   double linesLength() const;
   /// Inside an odd number of the paths.
   bool pointWithin(const Point2D& p) const;
@@ -129,8 +151,7 @@ class CALCULATIONS_EXPORT Pathes {
   /// Open lines grown into bands of half-width d, with flat ends.
   static Pathes expandLines(const Pathes& a, double d);
   /// The parts of open lines inside an area. A closed outline counts as a line from its first
-  /// point round to it.
-  /// @param clean remove points closer than 0.14 mm to the line of their neighbours
+  /// point round to it. Clean removes points closer than 0.14 mm to the line of their neighbours.
   static Pathes linesWithin(const Pathes& lines, const Pathes& area, bool clean);
 
   /// For the library's own clipping.

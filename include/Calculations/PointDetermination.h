@@ -38,6 +38,7 @@ class PointDeterminationImpl;
 ///   Leaving out measurements multiplies this by the number of ways to choose them.
 /// Lifetime: copies share points, settings and result: what is done through one is seen by all.
 ///   Nothing is locked.
+/// @snippet snippets/Stations.cpp PointDetermination
 class CALCULATIONS_EXPORT PointDetermination {
  public:
   PointDetermination();
@@ -51,7 +52,9 @@ class CALCULATIONS_EXPORT PointDetermination {
   /// Removes points, measurements and solutions and restores the default settings.
   void reset();
 
+  /// Of fix points added.
   unsigned int getNumPoints() const;
+  /// Of measurements added.
   unsigned int getNumMeasurements() const;
 
   /// Adds a fix point.
@@ -98,19 +101,23 @@ class CALCULATIONS_EXPORT PointDetermination {
   /// The least number of measurements (and of fix points) to search with, 3 by default; smaller
   /// values are stored as 3.
   void setMinNumberOfFixPointMeasurementsRequired(int number);
+  /// As stored.
   int getMinNumberOfFixPointMeasurementsRequired() const;
 
   /// Limit (exclusive, m) of the difference between a measured and a known distance, and of the
   /// deviations in east and in north; 0.05 by default.
   void setToleranceDistanceDifference(double tolerance);
+  /// As stored.
   double getToleranceDistanceDifference() const;
 
   /// Limit (exclusive, m) of the deviation in height; 0.02 by default.
   void setToleranceHeightDifference(double tolerance);
+  /// As stored.
   double getToleranceHeightDifference() const;
 
   /// Largest tilt (degrees) of the measured figure against the plumb line; 80 by default.
   void setToleranceTilt(double degrees);
+  /// As stored.
   double getToleranceTilt() const;
   /// @}
 

@@ -13,9 +13,15 @@ namespace Ruv {
 namespace Calculations {
 
 /// An open chain of points.
+///
+/// Conventions: coordinates (m) as told where it is returned.
+/// Failure: none.
+/// Cost: linear in the number of points, which every copy repeats.
+/// @snippet snippets/Axes.cpp Polyline
 class CALCULATIONS_EXPORT Polyline {
  public:
   Polyline();
+  /// Through the points, in order.
   explicit Polyline(const std::vector<Point2D>& points);
   Polyline(const Polyline& other);
   Polyline& operator=(const Polyline& other);
@@ -29,9 +35,15 @@ class CALCULATIONS_EXPORT Polyline {
 };
 
 /// A closed ring of points; the last point leads back to the first, which is not repeated.
+///
+/// Conventions: coordinates (m) as told where it is returned.
+/// Failure: none.
+/// Cost: linear in the number of points, which every copy repeats.
+/// @snippet snippets/Profiles.cpp MeasuredProfileCalculator
 class CALCULATIONS_EXPORT Polygon {
  public:
   Polygon();
+  /// Around the points, in order.
   explicit Polygon(const std::vector<Point2D>& points);
   Polygon(const Polygon& other);
   Polygon& operator=(const Polygon& other);

@@ -1,8 +1,8 @@
 /// @file
 /// Point and vector value types.
 ///
-/// Plain values: two or three doubles in the order listed, nothing else, copied freely.
-/// Lengths are metres, angles radians. Every default constructor gives zeros.
+/// Plain values, two or three doubles in the order listed, nothing else, copied freely. Lengths are
+/// metres, angles radians. Every default constructor gives zeros.
 
 #ifndef CALCULATIONS_POINTS_H
 #define CALCULATIONS_POINTS_H
@@ -15,20 +15,31 @@
 namespace Ruv {
 namespace Calculations {
 
-/// A point or vector of a plane; in a profile plane x is to the right and y up.
+/// A point or vector of a plane.
+///
+/// Conventions: metres; in a profile plane x is to the right and y up.
+/// Failure: none; dividing by zero gives infinities or not-a-number.
+/// Cost: constant.
+/// @snippet snippets/Values.cpp Points
 struct Point2D {
-  double x = 0.0;
-  double y = 0.0;
+  double x = 0.0;  ///< to the right, or as told where it is returned
+  double y = 0.0;  ///< up
 
   Point2D() = default;
+  /// From its coordinates.
   Point2D(double xValue, double yValue) : x(xValue), y(yValue) {}
 
+  /// @name Arithmetic
+  /// @{
+
+  /// Component by component.
   Point2D operator-(const Point2D& q) const { return Point2D(x - q.x, y - q.y); }
   Point2D operator+(const Point2D& q) const { return Point2D(x + q.x, y + q.y); }
   Point2D operator*(double s) const { return Point2D(x * s, y * s); }
-  /// Divides each component; dividing by zero gives infinities or not-a-number.
   Point2D operator/(double s) const { return Point2D(x / s, y / s); }
+  /// @}
 
+  /// Of the vector.
   double length() const { return std::sqrt(x * x + y * y); }
 };
 
@@ -37,60 +48,101 @@ class XYZPoint;
 
 /// Names and stores the three components of the point type T. Specialised for each type that
 /// derives from PointBase, so that the components are public members with their own names.
+///
+/// Conventions: those of T.
+/// Failure: none.
+/// Cost: constant.
+/// @snippet snippets/Values.cpp Points
 template <class T>
 struct PointComponents;
 
 /// The components of an ENHPoint.
+///
+/// Conventions: those of ENHPoint.
+/// Failure: none.
+/// Cost: constant.
+/// @snippet snippets/Values.cpp Points
 template <>
 struct PointComponents<ENHPoint> {
-  double east;
-  double north;
-  double height;
+  double east;    ///< of the grid
+  double north;   ///< of the grid
+  double height;  ///< upwards
 
  protected:
+  /// @name For PointBase
+  /// @{
+
+  /// In the order east, north, height.
   PointComponents(double c0, double c1, double c2) : east(c0), north(c1), height(c2) {}
   double component0() const { return east; }
   double component1() const { return north; }
   double component2() const { return height; }
+  /// @}
 };
 
 /// The components of an XYZPoint.
+///
+/// Conventions: those of XYZPoint.
+/// Failure: none.
+/// Cost: constant.
+/// @snippet snippets/Values.cpp Points
 template <>
 struct PointComponents<XYZPoint> {
-  double x;
-  double y;
-  double z;
+  double x;  ///< first coordinate
+  double y;  ///< second coordinate
+  double z;  ///< third coordinate
 
  protected:
+  /// @name For PointBase
+  /// @{
+
+  /// In the order x, y, z.
   PointComponents(double c0, double c1, double c2) : x(c0), y(c1), z(c2) {}
   double component0() const { return x; }
   double component1() const { return y; }
   double component2() const { return z; }
+  /// @}
 };
 
 /// Vector arithmetic of the three-component types. T is the deriving type itself.
+///
+/// Conventions: those of T.
+/// Failure: none; dividing by zero gives infinities or not-a-number.
+/// Cost: constant.
+/// @snippet snippets/Values.cpp Points
 template <class T>
 class PointBase : public PointComponents<T> {
  public:
   PointBase() : PointComponents<T>(0.0, 0.0, 0.0) {}
+  /// From the components in the order of T.
   PointBase(double c0, double c1, double c2) : PointComponents<T>(c0, c1, c2) {}
 
+  /// Sum.
   T operator+(const T& q) const { return T(c0() + q.c0(), c1() + q.c1(), c2() + q.c2()); }
+  /// Difference.
   T operator-(const T& q) const { return T(c0() - q.c0(), c1() - q.c1(), c2() - q.c2()); }
+  /// Multiple.
   T operator*(double s) const { return T(c0() * s, c1() * s, c2() * s); }
-  /// Divides each component; dividing by zero gives infinities or not-a-number.
+  /// Divides each component.
   T operator/(double s) const { return T(c0() / s, c1() / s, c2() / s); }
+  /// Opposite.
   T operator-() const { return T(-c0(), -c1(), -c2()); }
 
+  /// Adds in place.
   T& operator+=(const T& q) { return assign(*this + q); }
+  /// Subtracts in place.
   T& operator-=(const T& q) { return assign(*this - q); }
+  /// Multiplies in place.
   T& operator*=(double s) { return assign(*this * s); }
+  /// Divides in place.
   T& operator/=(double s) { return assign(*this / s); }
 
   /// True only if all three components are exactly equal; there is no tolerance.
   bool operator==(const T& q) const { return c0() == q.c0() && c1() == q.c1() && c2() == q.c2(); }
+  /// True if any component differs.
   bool operator!=(const T& q) const { return !(*this == q); }
 
+  /// Of the vector in space.
   double length() const { return std::sqrt(c0() * c0() + c1() * c1() + c2() * c2()); }
 
   /// The marker of a missing point: all components positive infinity.
@@ -112,9 +164,15 @@ class PointBase : public PointComponents<T> {
 };
 
 /// A global position, or the difference of two positions.
+///
+/// Units: metres and radians.
+/// Failure: none; a vector too short for a direction has the angle 0.
+/// Cost: constant.
+/// @snippet snippets/Values.cpp Points
 class CALCULATIONS_EXPORT ENHPoint : public PointBase<ENHPoint> {
  public:
   ENHPoint() = default;
+  /// From its coordinates.
   ENHPoint(double eastValue, double northValue, double heightValue)
       : PointBase<ENHPoint>(eastValue, northValue, heightValue) {}
 
@@ -131,14 +189,25 @@ class CALCULATIONS_EXPORT ENHPoint : public PointBase<ENHPoint> {
 };
 
 /// A point in a local Cartesian system.
+///
+/// Units: metres.
+/// Failure: none.
+/// Cost: constant.
+/// @snippet snippets/Values.cpp Points
 class XYZPoint : public PointBase<XYZPoint> {
  public:
   XYZPoint() = default;
+  /// From its coordinates.
   XYZPoint(double xValue, double yValue, double zValue)
       : PointBase<XYZPoint>(xValue, yValue, zValue) {}
 };
 
 /// A position relative to an axis, or a direction as (forward, right, up) in the same slots.
+///
+/// Conventions: metres; pictures in docs/conventions.md.
+/// Failure: none.
+/// Cost: constant.
+/// @snippet snippets/Axes.cpp AxisCalculator
 class AxisPoint {
  public:
   double stationing = 0.0;  ///< along the axis
@@ -146,18 +215,25 @@ class AxisPoint {
   double height = 0.0;      ///< above the axis
 
   AxisPoint() = default;
+  /// In the order of the members.
   AxisPoint(double stationingValue, double offsetValue, double heightValue)
       : stationing(stationingValue), offset(offsetValue), height(heightValue) {}
 };
 
 /// A total-station measurement.
+///
+/// Units: metres and radians.
+/// Failure: none.
+/// Cost: constant.
+/// @snippet snippets/Values.cpp Utilities
 class PolarPoint {
  public:
   double horizontalAngle = 0.0;  ///< clockwise, 0 at the instrument's zero direction
   double verticalAngle = 0.0;    ///< zenith angle: 0 straight up, pi/2 horizontal
-  double slopeDistance = 0.0;
+  double slopeDistance = 0.0;    ///< in space
 
   PolarPoint() = default;
+  /// In the order of the members.
   PolarPoint(double horizontalAngleValue, double verticalAngleValue, double slopeDistanceValue)
       : horizontalAngle(horizontalAngleValue),
         verticalAngle(verticalAngleValue),
@@ -165,15 +241,22 @@ class PolarPoint {
 };
 
 /// Components of a point or direction relative to a guidance vector or an axis.
+///
+/// Units: metres.
+/// Failure: none; a zero vector has no normalized one.
+/// Cost: constant.
+/// @snippet snippets/Guidance.cpp GuidanceCalculator
 struct CALCULATIONS_EXPORT GuidanceOffsets {
   double forward = 0.0;     ///< along the vector
   double horizontal = 0.0;  ///< to the right
   double vertical = 0.0;    ///< upward
 
   GuidanceOffsets() = default;
+  /// In the order of the members.
   GuidanceOffsets(double forwardValue, double horizontalValue, double verticalValue)
       : forward(forwardValue), horizontal(horizontalValue), vertical(verticalValue) {}
 
+  /// Of the vector in space.
   double length() const;
 
   /// The components divided by length(). A zero vector gives not-a-number components.

@@ -11,12 +11,18 @@ namespace Ruv {
 namespace Calculations {
 
 /// Where a point lies relative to a profile.
+///
+/// Conventions: metres; signs as in ThProfileCalculator.
+/// Failure: none; all zero where a calculator finds no foot.
+/// Cost: constant.
+/// @snippet snippets/Profiles.cpp ThProfileCalculator
 struct CALCULATIONS_EXPORT ProfilePointResult {
   Point2D profilePoint;    ///< the nearest point of the profile
   double distance = 0.0;   ///< of the queried point from the profile
   double derolment = 0.0;  ///< developed length along the profile to profilePoint
 
   ProfilePointResult();
+  /// In the order of the members.
   ProfilePointResult(const Point2D& p, double distanceValue, double derolmentValue);
 };
 

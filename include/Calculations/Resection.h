@@ -35,6 +35,7 @@ class ResectionImpl;
 /// Cost: linear in the number of measurements and fix points, but for adding, which is O(log n).
 /// Lifetime: copies share their points and measurements, so what is added through one of them is
 ///   seen by all. Calculations may run in several threads at once while nothing is added.
+/// @snippet snippets/Stations.cpp Resection
 class CALCULATIONS_EXPORT Resection {
  public:
   Resection();
@@ -50,6 +51,7 @@ class CALCULATIONS_EXPORT Resection {
   /// Removes all fix points and measurements.
   void reset();
 
+  /// Of fix points added, each id once.
   int getNumFixpoints() const;
 
   /// The number of measurements, those of unknown ids and repeated ones included.
@@ -58,11 +60,13 @@ class CALCULATIONS_EXPORT Resection {
   /// Adds a fix point or replaces the one of the same id.
   /// @return false, with nothing stored, when the id is empty
   bool addFixPoint(const std::wstring& id, const ENHPoint& point);
+  /// As addFixPoint.
   bool addFixPointU(const std::basic_string<unsigned short>& id, const ENHPoint& point);
 
   /// Adds a measurement to those of the id.
   /// @return false, with nothing stored, when the id is empty
   bool addMeasurement(const std::wstring& id, const PolarPoint& measurement);
+  /// As addMeasurement.
   bool addMeasurementU(const std::basic_string<unsigned short>& id, const PolarPoint& measurement);
   /// @}
 

@@ -11,7 +11,13 @@
 namespace Ruv {
 
 /// Type ids of shape elements.
+///
+/// Conventions: one id for each kind of element that an axis holds.
+/// Failure: CShapeBase::setTypeId stores any number; a segment of unknown type has no geometry.
+/// Cost: constant.
+/// @snippet snippets/Axes.cpp CHoralElement
 struct CShapeType {
+  /// The id.
   enum Id : std::int32_t {
     Untyped = 0,
     StartPoint = 1,
@@ -31,9 +37,13 @@ class CShapeContainer;
 
 /// An element of one of the stationing-ordered lists of an axis.
 ///
-/// Elements belong to the axis that hands them out and live until the axis is destroyed or the
-/// list is reset. Setters act on the axis at once, but the list keeps its order until the next
-/// element is added. Not copyable: an element is linked to its neighbours.
+/// Conventions: lists are ordered by stationing (m).
+/// Failure: none; an element without neighbour gives null.
+/// Cost: constant; the first calculation after a change prepares the whole geometry anew.
+/// Lifetime: elements belong to the axis that hands them out and live until the axis is destroyed
+///   or the list is reset. Setters act on the axis at once, but the list keeps its order until the
+///   next element is added. Not copyable: an element is linked to its neighbours.
+/// @snippet snippets/Axes.cpp CHoralElement
 class CALCULATIONS_EXPORT CShapeBase {
  public:
   CShapeBase();
@@ -42,8 +52,9 @@ class CALCULATIONS_EXPORT CShapeBase {
   virtual ~CShapeBase();
 
   /// @name Extension hooks
-  /// Do nothing and return true; they keep the order of the virtual functions.
   /// @{
+
+  /// Does nothing and returns true; keeps the order of the virtual functions.
   virtual bool extensionHook1();
   virtual bool extensionHook2();
   virtual bool extensionHook3();
@@ -56,6 +67,8 @@ class CALCULATIONS_EXPORT CShapeBase {
 
   /// @name Extension hooks, continued
   /// @{
+
+  /// Does nothing and returns true; keeps the order of the virtual functions.
   virtual bool extensionHook4();
   virtual bool extensionHook5();
   virtual bool extensionHook6();
@@ -69,18 +82,23 @@ class CALCULATIONS_EXPORT CShapeBase {
 
   /// Plan length along the axis (m); for a horizontal element, where its segment ends.
   double getStationing() const { return m_stationing; }
+  /// Moves the element along the axis.
   void setStationing(double stationing);
   /// One of CShapeType::Id.
   std::int32_t getTypeId() const { return m_typeId; }
+  /// Makes it an element of another kind.
   void setTypeId(std::int32_t typeId);
   /// The following element of the same list, or null.
   CShapeBase* getNext() const { return m_next; }
+  /// For the library's own lists.
   void setNext(CShapeBase* next);
   /// The preceding element of the same list, or null.
   CShapeBase* getPrevious() const { return m_previous; }
+  /// For the library's own lists.
   void setPrevious(CShapeBase* previous);
 
  protected:
+  /// Tells the axis that the element has changed.
   void noteChange();
 
  private:
@@ -94,6 +112,11 @@ class CALCULATIONS_EXPORT CShapeBase {
 };
 
 /// The start point of the horizontal alignment, or the end of a straight, arc or clothoid.
+///
+/// Units: metres.
+/// Failure: none; conversions fail on a segment that was left without geometry.
+/// Cost: constant; the first calculation after a change prepares the whole geometry anew.
+/// @snippet snippets/Axes.cpp CHoralElement
 class CALCULATIONS_EXPORT CHoralElement : public CShapeBase {
  public:
   CHoralElement();
@@ -101,25 +124,44 @@ class CALCULATIONS_EXPORT CHoralElement : public CShapeBase {
 
   int classSize() const override;
 
-  /// The end point (m).
+  /// @name End point
+  /// @{
+
+  /// Of the grid.
   double getEast() const { return m_east; }
   double getNorth() const { return m_north; }
   void setEast(double east);
   void setNorth(double north);
-  /// A second point kept with the element; no calculation uses it.
+  /// @}
+
+  /// @name Second point
+  /// @{
+
+  /// Kept with the element; no calculation uses it.
   double getSecondEast() const { return m_secondEast; }
   double getSecondNorth() const { return m_secondNorth; }
   void setSecondEast(double east);
   void setSecondNorth(double north);
-  /// Radii at both ends (m): positive curves to the right, 0 is infinite.
+  /// @}
+
+  /// @name Radii at both ends
+  /// @{
+
+  /// Positive curves to the right, 0 is infinite.
   double getRadiusStart() const { return m_radiusStart; }
   double getRadiusEnd() const { return m_radiusEnd; }
   void setRadiusStart(double radius);
   void setRadiusEnd(double radius);
-  /// The parameter A of a clothoid (m), else 0. Shown to callers; the geometry follows from the
+  /// @}
+
+  /// @name Clothoid
+  /// @{
+
+  /// The parameter A of a clothoid, else 0. Shown to callers; the geometry follows from the
   /// radii and the length.
   double getClothoidParameter() const { return m_clothoidParameter; }
   void setClothoidParameter(double parameter);
+  /// @}
 
  private:
   friend class CShapeContainer;
@@ -137,6 +179,11 @@ class CALCULATIONS_EXPORT CHoralElement : public CShapeBase {
 };
 
 /// A point of the vertical alignment: a kink or a rounded point of intersection.
+///
+/// Units: metres.
+/// Failure: none.
+/// Cost: constant; the first calculation after a change prepares the whole geometry anew.
+/// @snippet snippets/Axes.cpp CVeralElement
 class CALCULATIONS_EXPORT CVeralElement : public CShapeBase {
  public:
   CVeralElement();
@@ -144,10 +191,13 @@ class CALCULATIONS_EXPORT CVeralElement : public CShapeBase {
 
   int classSize() const override;
 
+  /// Of the point of intersection, not of the rounding.
   double getHeight() const { return m_height; }
+  /// Lifts or lowers the point of intersection.
   void setHeight(double height);
-  /// Radius of an arc, or the radius R of a parabola of curvature 1/R (m); 0 for a kink.
+  /// Radius of an arc, or the radius R of a parabola of curvature 1/R; 0 for a kink.
   double getRoundingValue() const { return m_roundingValue; }
+  /// Has no effect on a kink.
   void setRoundingValue(double value);
 
  private:
@@ -155,7 +205,12 @@ class CALCULATIONS_EXPORT CVeralElement : public CShapeBase {
   double m_roundingValue = 0.0;
 };
 
-/// One end of a transverse-slope interval.
+/// One end of a transverse-slope interval. An axis keeps these to itself.
+///
+/// Units: percent, positive when the right side is lower.
+/// Failure: none.
+/// Cost: constant.
+/// @snippet snippets/Axes.cpp AxisDefinition
 class CALCULATIONS_EXPORT CTransSlopeElement : public CShapeBase {
  public:
   CTransSlopeElement();
@@ -163,8 +218,9 @@ class CALCULATIONS_EXPORT CTransSlopeElement : public CShapeBase {
 
   int classSize() const override;
 
-  /// Percent, positive when the right side is lower.
+  /// At this end of the interval.
   double getSlope() const { return m_slope; }
+  /// At this end of the interval.
   void setSlope(double slope);
 
  private:

@@ -20,6 +20,11 @@ namespace Calculations {
 class ThProfileCalculatorImpl;
 
 /// Tells where points lie relative to a profile, theoretical or measured.
+///
+/// Conventions: those of ThProfileCalculator.
+/// Failure: a profile without segments gives zero results.
+/// Cost: that of the calculator behind it, ThProfileCalculator or MeasuredProfileCalculator.
+/// @snippet snippets/Profiles.cpp IProfileCalculator
 class CALCULATIONS_EXPORT IProfileCalculator {
  public:
   IProfileCalculator();
@@ -34,6 +39,7 @@ class CALCULATIONS_EXPORT IProfileCalculator {
 
 /// Geometry of one theoretical profile.
 ///
+/// Conventions: metres, x to the right, y up. Pictures: docs/conventions.md.
 /// Derolment: length along the profile, positive clockwise from the crown, in [-C/2, C/2] for a
 ///   circumference C. The crown is the highest point above the area's centroid, found on samples
 ///   0.1 m apart, so on arcs it is good to a few micrometres.
@@ -44,6 +50,7 @@ class CALCULATIONS_EXPORT IProfileCalculator {
 /// Lifetime: shares ownership of the profile. It is read when the calculator is constructed; later
 ///   changes to it are not seen.
 /// Threads: may be shared. Not copyable.
+/// @snippet snippets/Profiles.cpp ThProfileCalculator
 class CALCULATIONS_EXPORT ThProfileCalculator : public IProfileCalculator {
  public:
   /// A null pointer counts as an empty profile.
@@ -73,10 +80,13 @@ class CALCULATIONS_EXPORT ThProfileCalculator : public IProfileCalculator {
   /// more than 1e7 samples.
   /// @{
 
+  /// Points at equal distances along the profile.
   /// @param interval along the profile (m); the number of samples is the circumference divided by
   ///   it, rounded
   /// @param includeVertices add the end points of all segments in their places
   std::vector<Point2D> pointsOnProfileByInterval(double interval, bool includeVertices) const;
+  /// A given number of points at equal distances along the profile.
+  /// @param      count of the points
   /// @param[out] interval if not null, the circumference divided by the count
   std::vector<Point2D> pointsOnProfileByFixedNumber(unsigned int count, double* interval) const;
   /// End points of all segments but the last, clockwise from the start point.
@@ -84,8 +94,9 @@ class CALCULATIONS_EXPORT ThProfileCalculator : public IProfileCalculator {
   /// @}
 
   /// @name Intersections with a horizontal or vertical line
-  /// In the order of the segments, within 1000 m of the origin.
   /// @{
+
+  /// In the order of the segments, within 1000 m of the origin.
   std::vector<Point2D> profilePointsAtGivenUpOffset(double up) const;
   std::vector<Point2D> profilePointsAtGivenRightOffset(double right) const;
   /// @}

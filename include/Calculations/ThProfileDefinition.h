@@ -14,8 +14,12 @@ namespace Calculations {
 
 class ThProfileDefinitionImpl;
 
-/// Reads the segments of a profile: straights and circular arcs in the plane of a cross-section,
-/// x to the right and y up (m).
+/// Reads the segments of a profile: straights and circular arcs in the plane of a cross-section.
+///
+/// Conventions: metres, x to the right, y up.
+/// Failure: an index out of range gives (0, 0) or 0.
+/// Cost: constant, but linear in the number of segments for the circumference.
+/// @snippet snippets/Profiles.cpp IProfileSegmentProvider
 class CALCULATIONS_EXPORT IProfileSegmentProvider {
  public:
   IProfileSegmentProvider();
@@ -23,26 +27,36 @@ class CALCULATIONS_EXPORT IProfileSegmentProvider {
   IProfileSegmentProvider& operator=(const IProfileSegmentProvider& other);
   virtual ~IProfileSegmentProvider();
 
+  /// @name Segments
+  /// @{
+
+  /// In the order of the chain.
   virtual unsigned int getNumSegments() const = 0;
   virtual Point2D getSegmentStartAt(unsigned int index) const = 0;
   virtual Point2D getSegmentEndAt(unsigned int index) const = 0;
   /// 0 for a straight; positive for an arc traversed clockwise around its centre, negative for one
   /// traversed anticlockwise.
   virtual double getSegmentRadiusAt(unsigned int index) const = 0;
+  /// @}
+
+  /// Length of all segments.
   virtual double getCircumference() const = 0;
 };
 
 /// The design cross-section of a tunnel: a chain of straights and arcs, added in order.
 ///
+/// Conventions: metres, x to the right, y up.
 /// Arcs: an arc is the minor arc between its end points, at most a half circle. A positive radius
 ///   has its centre to the right of the chord, so the arc bulges to the left of travel.
 /// Chain: each segment runs from the end of the one before it to its own end. The start point
 ///   given with a segment counts for the first one only; for the others it enters the stations
 ///   that are kept along the chain, so it should repeat the end before it.
 /// Failure: nothing is refused or thrown. An arc whose chord exceeds its diameter has no length
-///   (not-a-number); one whose end points coincide has length 0.
+///   (not-a-number); one whose end points coincide has length 0. An index out of range gives
+///   (0, 0) or 0.
 /// Cost: adding takes constant time, also for the sense of travel.
 /// Threads: may be shared by threads that only read. Not copyable.
+/// @snippet snippets/Profiles.cpp ThProfileDefinition
 class CALCULATIONS_EXPORT ThProfileDefinition : public IProfileSegmentProvider {
  public:
   ThProfileDefinition();
@@ -53,9 +67,11 @@ class CALCULATIONS_EXPORT ThProfileDefinition : public IProfileSegmentProvider {
   /// Removes all segments. The sense of travel stays as it was until there are two again.
   void resetThProfile();
 
+  /// From a start point to an end point.
   /// @return true
   bool addSegmentStraight(double startX, double startY, double endX, double endY);
-  /// @param radius signed as above; 0 adds an arc that consumers take for a straight
+  /// From a start point to an end point with a radius signed as above; a radius of 0 adds an arc
+  /// that consumers take for a straight.
   /// @return true
   bool addSegmentArc(double startX, double startY, double endX, double endY, double radius);
 
@@ -64,10 +80,13 @@ class CALCULATIONS_EXPORT ThProfileDefinition : public IProfileSegmentProvider {
   /// point. False for a new profile; with fewer than two segments it keeps its value.
   bool isDefinedClockwise() const;
 
+  /// As many as were added.
   unsigned int getNumSegments() const override;
-  /// (0, 0) when the index is out of range, as for the two getters below.
+  /// The end of the segment before; for the first segment the point that was given.
   Point2D getSegmentStartAt(unsigned int index) const override;
+  /// As added.
   Point2D getSegmentEndAt(unsigned int index) const override;
+  /// As added; 0 for a straight.
   double getSegmentRadiusAt(unsigned int index) const override;
   /// Length of all segments; 0 for fewer than two segments. O(n).
   double getCircumference() const override;

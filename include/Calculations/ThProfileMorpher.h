@@ -19,6 +19,7 @@ class ThProfileMorpherImpl;
 /// The design cross-section along a stretch of tunnel in which it changes from one profile to
 /// another: before a lay-by, at a widening, between two standard sections.
 ///
+/// Conventions: stationings in metres; profiles as in ThProfileDefinition.
 /// Profiles: closed chains, clockwise or anticlockwise; a gap between the ends is closed by a
 ///   straight. They may have different numbers of segments and begin anywhere. Base is matched with
 ///   base, crown with crown, and between them what is parallel; benches and niches are matched with
@@ -37,11 +38,10 @@ class ThProfileMorpherImpl;
 /// Cost: each call matches the profiles anew, in 0.1 ms for 12 segments each, 0.4 ms for 60.
 /// Lifetime: shares ownership of both profiles, which must stay as they are. Shareable between
 ///   threads, not copyable.
+/// @snippet snippets/Profiles.cpp ThProfileMorpher
 class CALCULATIONS_EXPORT ThProfileMorpher {
  public:
-  /// Checks nothing.
-  /// @param fromStationing where the start profile is valid (m)
-  /// @param toStationing where the end profile is valid (m)
+  /// Checks nothing. The start profile is valid at fromStationing, the end profile at toStationing.
   ThProfileMorpher(const boost::shared_ptr<const ThProfileDefinition>& start,
                    const boost::shared_ptr<const ThProfileDefinition>& end, double fromStationing,
                    double toStationing);
@@ -49,8 +49,9 @@ class CALCULATIONS_EXPORT ThProfileMorpher {
   ThProfileMorpher& operator=(const ThProfileMorpher&) = delete;
   virtual ~ThProfileMorpher();
 
-  /// @param atStationing in [fromStationing, toStationing] (m)
-  /// @return the profile there; an empty pointer when the profiles cannot be morphed
+  /// The profile at a stationing.
+  /// @param atStationing in [fromStationing, toStationing]
+  /// @return an empty pointer when the profiles cannot be morphed
   /// @throw std::exception "input profiles not set" when a profile is missing, otherwise
   ///   "fromStationing must be less than toStationing", otherwise "atStationing is out of range";
   ///   stationings that are not numbers are misuse too

@@ -12,9 +12,12 @@ namespace Ruv {
 
 /// A curve whose curvature grows from zero at its origin.
 ///
-/// In every operation l is the arc length from the origin (m), and the curve reaches the radius R
-/// after the length L. Results are written to out and tell magnitudes: the caller applies the signs
-/// of l and of the curve's side.
+/// Conventions: metres and radians. In every operation l is the arc length from the origin, and the
+///   curve reaches the radius R after the length L. Results are written to out and tell magnitudes:
+///   the caller applies the signs of l and of the curve's side.
+/// Failure: operations return false; what out then holds is told by the derived class.
+/// Cost: that of the derived class.
+/// @snippet snippets/Axes.cpp CClothoidCurve
 class CALCULATIONS_EXPORT CTransitionCurve {
  public:
   CTransitionCurve();
@@ -22,6 +25,7 @@ class CALCULATIONS_EXPORT CTransitionCurve {
   CTransitionCurve& operator=(const CTransitionCurve&);
   virtual ~CTransitionCurve();
 
+  /// Reciprocal of the radius at l.
   virtual bool curvature(double l, double radius, double length, double& out) const = 0;
   /// Change of direction since the origin (rad).
   virtual bool tangentAngle(double l, double radius, double length, double& out) const = 0;
@@ -37,12 +41,15 @@ class CALCULATIONS_EXPORT CTransitionCurve {
 
 /// The clothoid: curvature l / A^2 with A^2 = R L.
 ///
-/// The coordinates are power series of numberOfTerms() + 1 terms (at most 86, where the
-/// factorials leave the range of double). They return true when the terms that do not exceed
-/// their predecessor outnumber those that do. That is a sign of convergence, not of accuracy: at
-/// a tangent angle of 5 rad it still holds while x is wrong by 4e-8 of the length unit. A negative
-/// number of terms gives 0 and false.
+/// Conventions: those of CTransitionCurve.
+/// Failure: the coordinates are power series of numberOfTerms() + 1 terms (at most 86, where the
+///   factorials leave the range of double). They return true when the terms that do not exceed
+///   their predecessor outnumber those that do. That is a sign of convergence, not of accuracy: at
+///   a tangent angle of 5 rad it still holds while x is wrong by 4e-8 of the length unit. A
+///   negative number of terms gives 0 and false.
+/// Cost: linear in the number of terms.
 /// Source: power series of the Fresnel integrals, Abramowitz and Stegun 7.3.11 and 7.3.13.
+/// @snippet snippets/Axes.cpp CClothoidCurve
 class CALCULATIONS_EXPORT CClothoidCurve : public CTransitionCurve {
  public:
   CClothoidCurve();

@@ -14,14 +14,15 @@ namespace Calculations {
 
 /// Static helpers that fix the library's conventions.
 ///
-/// Angles are radians. Azimuths run clockwise from north: azimuth = atan2(d east, d north).
-/// Vertical angles of measurements are zenith angles; elevations are measured up from the
-/// horizontal. A longitudinal slope in percent is 100 tan(angle), positive rising forward. A
-/// transverse slope in percent is positive clockwise looking forward (right side lower), its
-/// angle positive anticlockwise; hence the sign change in its two conversions.
+/// Conventions: metres; angles are radians. Azimuths run clockwise from north: azimuth = atan2(d
+///   east, d north). Vertical angles of measurements are zenith angles; elevations are measured up
+///   from the horizontal. A longitudinal slope in percent is 100 tan(angle), positive rising
+///   forward. A transverse slope in percent is positive clockwise looking forward (right side
+///   lower), its angle positive anticlockwise; hence the sign change in its two conversions.
 ///
-/// No function checks its input: not-a-number stays not-a-number. Every call takes constant time
-/// but averageCordinates, which is linear.
+/// Failure: no function checks its input: not-a-number stays not-a-number.
+/// Cost: constant, but averageCordinates is linear.
+/// @snippet snippets/Values.cpp Utilities
 class CALCULATIONS_EXPORT Utilities {
  public:
   /// @name Angle normalisation
@@ -34,12 +35,16 @@ class CALCULATIONS_EXPORT Utilities {
   static void angleAsZeroToTwoPi(double& angle);
   /// Brings an angle into [-pi, pi).
   static void angleAsMinusPiToPi(double& angle);
+  /// The same as a function.
   static double getAngleAsZeroToTwoPi(double angle);
+  /// The same as a function.
   static double getangleAsMinusPiToPi(double angle);
   /// @}
 
   /// @name Unit conversions
   /// @{
+
+  /// From the unit named first to the one named second, signs as above.
   static double gon2rad(double gon);
   static double rad2gon(double rad);
   static double deg2rad(double deg);
@@ -55,11 +60,15 @@ class CALCULATIONS_EXPORT Utilities {
   /// Raises value to lowest, then lowers it to highest: with lowest > highest the result is
   /// highest. Not-a-number stays.
   static void forceInRange(double& value, double lowest, double highest);
+  /// The same for integers.
   static void forceInRange(int& value, int lowest, int highest);
 
   /// @name Distances and angles between points
   /// @{
+
+  /// In space.
   static double distance3dBetween(const ENHPoint& a, const ENHPoint& b);
+  /// Of b above a.
   static double heightDiffBetween(const ENHPoint& a, const ENHPoint& b);
   /// Angle at the vertex between the rays to p and q, in [0, pi]; not-a-number when p or q is
   /// the vertex.
@@ -74,8 +83,9 @@ class CALCULATIONS_EXPORT Utilities {
   /// @}
 
   /// @name Rotations
-  /// A positive angle turns anticlockwise seen from the tip of the named axis.
   /// @{
+
+  /// A positive angle turns anticlockwise seen from the tip of the named axis.
   static ENHPoint rotateAroundEastXaxis(const ENHPoint& p, double angle);
   static ENHPoint rotateAroundNorthYaxis(const ENHPoint& p, double angle);
   static ENHPoint rotateAroundHeightZaxis(const ENHPoint& p, double angle);
@@ -89,11 +99,13 @@ class CALCULATIONS_EXPORT Utilities {
   static ENHPoint convertToLocalCoordinates(const PolarPoint& measurement);
   /// The measurement from the origin to v; both angles in [0, 2 pi).
   static PolarPoint convertToPolarMeasurement(const ENHPoint& v);
+  /// The measurement from one point to another, the zero direction being north.
   static PolarPoint convertToPolarMeasurement(const ENHPoint& from, const ENHPoint& to);
   /// Turns local coordinates clockwise by the orientation, scales all three components and
   /// shifts them to the origin.
   static ENHPoint transformLocalToGlobal(const ENHPoint& local, const ENHPoint& origin,
                                          double orientation, double scale);
+  /// The same for a measurement in place of its local coordinates.
   static ENHPoint transformLocalToGlobal(const PolarPoint& measurement, const ENHPoint& origin,
                                          double orientation, double scale);
   /// The inverse of transformLocalToGlobal.
@@ -101,6 +113,7 @@ class CALCULATIONS_EXPORT Utilities {
                                          double orientation, double scale);
   /// Orientation of the horizontal circle from one backsight, in [0, 2 pi): bearing + offset
   /// less the measured direction. A vertical angle above pi marks a second-face reading.
+  /// @param measurement of the backsight target
   /// @param offset added to the orientation
   /// @param bearing of the backsight target
   /// @param reversed has no effect on the result: it adds a half turn twice
@@ -109,9 +122,11 @@ class CALCULATIONS_EXPORT Utilities {
   /// @}
 
   /// @name Directions relative to an axis
-  /// An axis direction is given by its azimuth, its longitudinal slope angle and its transverse
-  /// slope (percent). Components are (forward, right, up) in an AxisPoint.
   /// @{
+
+  /// From a grid vector to components (forward, right, up) in an AxisPoint, or back. The axis
+  /// direction is given by its azimuth, its longitudinal slope angle and its transverse slope
+  /// (percent).
   static AxisPoint rotateENHdiffToAxisDirectionComponentsWithoutTransSlope(const ENHPoint& diff,
                                                                            double azimuth,
                                                                            double longSlope);
@@ -126,9 +141,7 @@ class CALCULATIONS_EXPORT Utilities {
   /// @}
 
   /// @name Guidance angles
-  /// Projections of a direction (forward, right, up), and the direction of a given length back
-  /// from two of its projections. Angles that do not belong to one real direction give
-  /// infinities or not-a-number components.
+  /// Projections of a direction (forward, right, up).
   /// @{
 
   /// Seen along the axis: 0 straight up, growing to the right, in [0, 2 pi).
@@ -137,6 +150,13 @@ class CALCULATIONS_EXPORT Utilities {
   static double getGuidanceAngleInTopView(const AxisPoint& direction);
   /// Seen from the side: 0 straight ahead, positive upward, in [-pi, pi).
   static double getGuidanceAngleInSideView(const AxisPoint& direction);
+  /// @}
+
+  /// @name Directions from guidance angles
+  /// @{
+
+  /// The direction of a given length from two of its projections. Angles that do not belong to one
+  /// real direction give infinities or not-a-number components.
   static AxisPoint getGuidanceVectorFromFrontAndTopViewAngles(double front, double top,
                                                               double length);
   static AxisPoint getGuidanceVectorFromTopAndSideViewAngles(double top, double side,
@@ -156,10 +176,17 @@ class CALCULATIONS_EXPORT Utilities {
   static bool angleInSecondOrThirdQuadrant(double angle);
 };
 
-/// The same for points handed over as consecutive doubles (east, north, height).
+/// Lengths and angles of vectors handed over as consecutive doubles (east, north, height).
+///
+/// Conventions: those of Utilities.
+/// Failure: none; a vector too short for a direction has the angle 0.
+/// Cost: constant.
+/// @snippet snippets/Values.cpp RawPointHelper
 class CALCULATIONS_EXPORT RawPointHelper {
  public:
+  /// In the plane.
   static double length2D(double a, double b);
+  /// In space.
   static double length(const double* components);
   /// Azimuth in [0, 2 pi); exactly 0 when both plan components are below 1 mm in magnitude.
   static double azimuthAngle(const double* components);
