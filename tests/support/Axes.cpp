@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
 #include <utility>
 
@@ -158,48 +157,28 @@ AxisPtr randomSmoothAxis(Random& random) {
 
 namespace {
 
-/// A compensated sum (Kahan 1965): long double is no wider than double on some machines.
-class Sum {
- public:
-  void add(long double term) {
-    const long double corrected = term - m_excess;
-    const long double next = m_value + corrected;
-    m_excess = (next - m_value) - corrected;
-    m_value = next;
+/// Of lengths from the start of the curve. Pairwise sums keep the rounding small.
+Point2D advance(double curvature, double change, double from, double to) {
+  constexpr double kPanel = 0.5;
+  const double middle = (from + to) / 2.0;
+  const double half = (to - from) / 2.0;
+  if (half > kPanel) {
+    return advance(curvature, change, from, middle) + advance(curvature, change, middle, to);
   }
-  long double value() const { return m_value; }
-
- private:
-  long double m_value = 0.0L;
-  long double m_excess = 0.0L;
-};
+  // Gauss-Legendre, 3 points.
+  const auto tangentAt = [&](double l) {
+    const double heading = (curvature + change * l / 2.0) * l;
+    return Point2D(std::sin(heading), std::cos(heading));
+  };
+  const double place = half * std::sqrt(0.6);
+  const Point2D outer = tangentAt(middle - place) + tangentAt(middle + place);
+  return (outer * 5.0 + tangentAt(middle) * 8.0) * (half / 9.0);
+}
 
 }  // namespace
 
 Point2D referencePoint(double curvatureStart, double curvatureEnd, double length, double l) {
-  // Gauss-Legendre, 5 points a panel.
-  constexpr std::array<long double, 5> kPlaces = {
-      -0.9061798459386639927976268782993929651L, -0.5384693101056830910363144207002088049L, 0.0L,
-      0.5384693101056830910363144207002088049L, 0.9061798459386639927976268782993929651L};
-  constexpr std::array<long double, 5> kWeights = {
-      0.2369268850561890875142640407199173626L, 0.4786286704993664680412915148356381929L,
-      128.0L / 225.0L, 0.4786286704993664680412915148356381929L,
-      0.2369268850561890875142640407199173626L};
-  constexpr int kPanels = 400;
-  const long double change =
-      (static_cast<long double>(curvatureEnd) - curvatureStart) / (2.0L * length);
-  const long double half = static_cast<long double>(l) / kPanels / 2.0L;
-  Sum x;
-  Sum y;
-  for (int panel = 0; panel < kPanels; ++panel) {
-    for (std::size_t k = 0; k < kPlaces.size(); ++k) {
-      const long double place = half * (2 * panel + 1 + kPlaces[k]);
-      const long double heading = (curvatureStart + change * place) * place;
-      x.add(kWeights[k] * std::sin(heading));
-      y.add(kWeights[k] * std::cos(heading));
-    }
-  }
-  return Point2D(static_cast<double>(x.value() * half), static_cast<double>(y.value() * half));
+  return advance(curvatureStart, (curvatureEnd - curvatureStart) / length, 0.0, l);
 }
 
 }  // namespace TestSupport

@@ -72,8 +72,8 @@ class ChainBuilder {
 /// national coordinates, with circles and parabolas in the profile and changing cross fall.
 AxisPtr randomSmoothAxis(Random& random);
 
-/// A point of a curve of linear curvature that starts at the origin heading north, by
-/// quadrature in extended precision. x is east, y north.
+/// A point of a curve of linear curvature that starts at the origin heading north, by quadrature.
+/// x is east, y north.
 Ruv::Calculations::Point2D referencePoint(double curvatureStart, double curvatureEnd, double length,
                                           double l);
 
