@@ -139,25 +139,6 @@ TEST(HoralAlignment, TakesTheCornerOnItsOuterSideAndTheFirstSegmentOnTheInner) {
   EXPECT_FALSE(CHoralAlignment().project(Point2D(0, 0)));
 }
 
-TEST(HoralAlignment, KeepsPointsOnTheNormalsOfJointsAndEnds) {
-  // Rounding makes both neighbours of a joint miss such points; a foot elsewhere must not win.
-  std::vector<CHoralSegmentData> chain;
-  append(chain, CShapeType::Straight, 0, 0, 50, 0.3, true);
-  append(chain, CShapeType::Clothoid, 0, 200, 60, 0.3, true);
-  append(chain, CShapeType::Arc, 200, 200, 70, 0.3 + 60 / 400.0, true);
-  const CHoralAlignment alignment(1000.0, chain);
-  for (const double stationing : {1000.0, 1050.0, 1110.0, 1180.0}) {
-    const auto place = alignment.pointAt(stationing);
-    ASSERT_TRUE(place);
-    for (double offset = -20.0; offset < 20.0; offset += 0.37) {
-      const auto foot = alignment.project(place->position + rightNormal(place->tangent) * offset);
-      ASSERT_TRUE(foot) << stationing << " " << offset;
-      EXPECT_NEAR(foot->stationing, stationing, 1e-9);
-      EXPECT_NEAR(foot->offset, offset, 1e-9);
-    }
-  }
-}
-
 TEST(HoralAlignment, PlacesSegmentsBetweenTheirEndPoints) {
   // Coordinates printed in millimetres, no azimuth told: exact at both ends, tangent within the
   // rounding.

@@ -2,7 +2,6 @@
 
 #include "shapes/FootSearch.h"
 #include "support/Axes.h"
-#include "support/Csv.h"
 #include "support/Random.h"
 
 #include <Calculations/TransitionCurves.h>
@@ -116,22 +115,6 @@ TEST_P(PlaneCurve, FindsTheNearestFoot) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Curves, PlaneCurve, testing::ValuesIn(kCurves));
-
-TEST(PlaneCurveGolden, SingleElements) {
-  for (const CsvRow& row : rowsOf("segments/plan_index.csv")) {
-    SCOPED_TRACE(row.text("case"));
-    const CPlaneCurve curve = CPlaneCurve::clothoid(row.number("radius_start"),
-                                                    row.number("radius_end"), row.number("length"));
-    for (const CsvRow& place : rowsOf("segments/" + row.text("case") + ".csv")) {
-      const CCurvePoint point = curve.at(place.number("length_along"));
-      EXPECT_NEAR(point.position.x, place.number("east"), 1e-13);
-      EXPECT_NEAR(point.position.y, place.number("north"), 1e-13);
-      if (row.text("kind") != "clothoid") continue;
-      EXPECT_NEAR(point.heading, place.number("azimuth"), 1e-16);
-      EXPECT_NEAR(point.curvature, place.number("curvature"), 1e-16);
-    }
-  }
-}
 
 TEST(PlaneCurveFoot, OnArcsCountsOnlyTheNearSide) {
   const CPlaneCurve arc = CPlaneCurve::arc(100.0, 150.0);
