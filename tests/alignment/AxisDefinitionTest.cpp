@@ -130,16 +130,6 @@ TEST(AxisDefinition, AShaftHoldsOnePointAndTwoHeights) {
   EXPECT_EQ(up->maximumStng2d(), 47.0);
   const AxisPtr flat(AxisDefinitionFactory::createShaftAxis(0, 0, 5, 5, 0));
   EXPECT_TRUE(flat->isShaftAxisTopDown());
-  // A shaft may lose its elements and get others.
-  up->resetVeral();
-  EXPECT_EQ(up->maximumStng2d(), 0.0);
-  EXPECT_FALSE(up->isShaftAxisTopDown());
-  EXPECT_TRUE(up->addVeralPointKink(0, 10));
-  EXPECT_TRUE(up->addVeralPointKink(5, 5));
-  up->resetHoral();
-  EXPECT_EQ(up->maximumStng2d(), 5.0);
-  EXPECT_TRUE(up->addHoralSegmentStraight(0, 3, 4, 0, 10));
-  EXPECT_EQ(up->maximumStng2d(), 5.0);
 }
 
 TEST(AxisDefinition, SamplesSegments) {
