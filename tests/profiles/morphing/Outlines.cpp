@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 
 namespace TestSupport {
 
@@ -194,21 +193,6 @@ bool isSound(const IProfileSegmentProvider& profile) {
   const Point2D gap = segments.back().end - segments.front().start;
   return gap.x == 0.0 && gap.y == 0.0 && std::isfinite(profile.getCircumference()) &&
          !crossesItself(profile);
-}
-
-std::vector<double> kinksOf(const IProfileSegmentProvider& profile) {
-  std::vector<double> kinks;
-  const std::vector<ProfileSegment> segments = segmentsOf(profile);
-  for (std::size_t i = 0; i < segments.size(); ++i) {
-    const CChainSegment before = chainSegmentOf(segments[i]);
-    const CChainSegment after = chainSegmentOf(segments[(i + 1) % segments.size()]);
-    const Ruv::CDirection from = before.at(before.length).tangent;
-    const Ruv::CDirection to = after.at(0.0).tangent;
-    kinks.push_back(
-        std::abs(std::atan2(from.x * to.y - from.y * to.x, from.x * to.x + from.y * to.y)));
-  }
-  std::sort(kinks.begin(), kinks.end(), std::greater<>());
-  return kinks;
 }
 
 double distanceBetween(const ConstProfilePtr& a, const ConstProfilePtr& b) {

@@ -51,8 +51,6 @@ double areaOf(const Ruv::Calculations::IProfileSegmentProvider& profile);
 bool crossesItself(const Ruv::Calculations::IProfileSegmentProvider& profile);
 /// True when finite, closed and simple.
 bool isSound(const Ruv::Calculations::IProfileSegmentProvider& profile);
-/// The kinks (rad) at all joints, the largest first.
-std::vector<double> kinksOf(const Ruv::Calculations::IProfileSegmentProvider& profile);
 /// Largest distance of the fine polygon of either profile from the other profile.
 double distanceBetween(const ConstProfilePtr& a, const ConstProfilePtr& b);
 
