@@ -2,7 +2,6 @@
 
 #include <Calculations/Utilities.h>
 
-#include "stations/FixPointField.h"
 #include "stations/MatrixPointsFit.h"
 #include "stations/RigidPlacement.h"
 #include "stations/RobustDetermination.h"
@@ -212,36 +211,6 @@ TEST(FixPointMatcher, FindsWhatEnumerationAndQueueFind) {
   }
   // The cases are of use only while they reach these.
   EXPECT_GT(std::min({reduced, ambiguous, shared}), 100) << reduced << ambiguous << shared;
-}
-
-TEST(FixPointField, FindsThePartnersOfAPlainSearch) {
-  Random random(303);
-  for (int layout = 0; layout < 40; ++layout) {
-    const double length = layout % 2 == 0 ? 300.0 : 10.0;
-    const double azimuth = random.uniform(0.0, 6.28);
-    const double grid = layout % 4 == 0 ? 5e6 : 0.0;
-    Points points;
-    for (int i = 0; i < 150; ++i) {
-      const ENHPoint p(random.uniform(-5.0, 5.0), random.uniform(0.0, length),
-                       random.uniform(0.0, 8.0));
-      points.push_back(Utilities::rotateAroundHeightZaxis(p, azimuth) + ENHPoint(grid, grid, 0.0));
-    }
-    if (layout % 5 < 2) points[7].height = layout % 5 == 0 ? 1e300 : std::nan("");
-    const FixPointField field(points);
-    for (const std::size_t place : field.placesInIdOrder()) {
-      const double sought = random.uniform(0.0, 1.1 * length);
-      const double tolerance = random.index(10) == 0 ? HUGE_VAL : random.uniform(0.0, 2.0);
-      Indices expected;
-      for (std::size_t other = 0; other < field.size(); ++other) {
-        const double known = distance(field.point(place), field.point(other));
-        if (other != place && std::abs(known - sought) < tolerance) expected.push_back(other);
-      }
-      Indices found;
-      field.appendPartners(place, sought, tolerance, found);
-      std::sort(found.begin(), found.end());
-      ASSERT_EQ(found, expected) << "layout " << layout << ", distance " << sought;
-    }
-  }
 }
 
 TEST(RigidPlacement, ComparesStrictlyWithTheTolerances) {

@@ -54,14 +54,10 @@ TEST(MatrixPointsFit, IsTheBestRotationEvenOfMirrorImages) {
   }
 }
 
-TEST(MatrixPointsFit, OfEqualSetsIsTheIdentity) {
-  Random random(4);
-  MatrixXd plane = randomPoints(random, 3, 5);
-  plane.row(2).setConstant(7.0);
+TEST(MatrixPointsFit, OfEqualDegenerateSetsIsTheIdentity) {
   const MatrixXd line = Eigen::Vector3d(1.0, 2.0, 3.0) * Eigen::RowVector4d(0, 1, 2, 5);
   const MatrixXd place = Eigen::Vector3d(1.0, 2.0, 3.0).replicate(1, 4);
-  for (const MatrixXd& points : {randomPoints(random, 3, 6), randomPoints(random, 2, 3), plane,
-                                 line, place, MatrixXd(3, 0)}) {
+  for (const MatrixXd& points : {line, place, MatrixXd(3, 0)}) {
     const MatrixPointsFit fit(points, points);
     EXPECT_TRUE(fit.rotation().isIdentity(1e-13)) << points;
     EXPECT_TRUE(fit.translation().isZero(1e-12)) << points;
