@@ -208,23 +208,14 @@ TEST(GuidanceCalculator, AnswersNeutrallyWithoutInput) {
   expectOffsets(GuidanceCalculator(vector, BlockPtr(), true).calculateOffsets(ENHPoint(1, 2, 3)), 0,
                 0, 0, 0);
   for (const double bad : {std::nan(""), 1e300, -std::numeric_limits<double>::infinity()}) {
-    const AxisPoint place(bad, 0, bad);
-    const AxisPoint near(150, bad, 0);
-    const ProfilePtr noProfile;
-    const VectorPtr vectors[] = {
-        VectorPtr(Factory::createAsAxisParallelFromAxisCoordinate(place)),
-        VectorPtr(Factory::createAsStraightFromAxisCoordinateAndVectorComponents(
-            near, GuidanceOffsets(bad, 0, 1))),
-        VectorPtr(Factory::createAsStraightRadialFromAxisCoordinateAndProfile(noProfile, place)),
-        VectorPtr(
-            Factory::createAsStraightFromPairOfAxisCoordinates(none, place, place, false, true)),
-        VectorPtr(
-            Factory::createAsStraightFromPairOfAxisCoordinates(axis, place, place, true, true))};
-    for (const VectorPtr& each : vectors) {
-      for (const bool flag : {false, true}) {
-        GuidanceCalculator(each, axis, flag).calculateOffsets(ENHPoint(bad, 1, 2));
-        GuidanceCalculator(each, axis, flag).absolutePointAtForwardValue(bad);
-      }
+    const AxisPoint place(150, bad, bad);
+    for (const VectorPtr& each :
+         {VectorPtr(Factory::createAsAxisParallelFromAxisCoordinate(place)),
+          VectorPtr(Factory::createAsStraightRadialFromAxisCoordinateAndProfile({}, place)),
+          VectorPtr(Factory::createAsStraightFromPairOfAxisCoordinates(none, place, place, false,
+                                                                       true))}) {
+      GuidanceCalculator(each, axis, true).calculateOffsets(ENHPoint(bad, 1, 2));
+      GuidanceCalculator(each, axis, false).absolutePointAtForwardValue(bad);
     }
   }
 }
