@@ -68,17 +68,6 @@ AxisPtr kinkedAxis(double grade) {
   return axis;
 }
 
-TEST_P(AxisRoundTrip, ReturnsPointsBesideKinks) {
-  for (const double grade : {0.1, -0.1}) {
-    const AxisCalculator calculator(kinkedAxis(grade));
-    for (double stationing = 0; stationing <= 100; stationing += 0.5) {
-      // On the outer side of the kink, where sections do not cross.
-      const AxisPoint in(stationing, 3, grade > 0 ? -5 : 5);
-      expectReturn(calculator, in, m_perpendicular, m_withTransSlope);
-    }
-  }
-}
-
 INSTANTIATE_TEST_SUITE_P(Flags, AxisRoundTrip, testing::Range(0, 4));
 
 TEST(AxisCalculator, LaysOutTheSectionInThePlaneAskedFor) {
@@ -186,7 +175,7 @@ TEST(AxisCalculator, EndsAtItsLimits) {
   EXPECT_FALSE(calculator.enhPointToAxisPointPerpendicular(ENHPoint(600000, 200099.7, 510), place));
 }
 
-TEST(AxisCalculator, TakesTheBreakAboveACrestAndTheCornerOutsideAKinkInPlan) {
+TEST(AxisCalculator, TakesTheBreakAboveACrestAndTheCornerOfAKinkInPlan) {
   const AxisPoint crest =
       axisPoint(AxisCalculator(kinkedAxis(-0.2)), ENHPoint(600003, 200050.3, 504), true);
   // The distance is kept.
@@ -197,8 +186,11 @@ TEST(AxisCalculator, TakesTheBreakAboveACrestAndTheCornerOutsideAKinkInPlan) {
   axis->addVeralPointKink(100, 10);
   const AxisCalculator calculator(axis);
   for (const bool inSpace : {false, true}) {
-    const AxisPoint place = axisPoint(calculator, ENHPoint(-3, 54, 12), inSpace);
-    EXPECT_LT(difference(place, AxisPoint(50, -5, 2)), 1e-12);
+    const AxisPoint corner = axisPoint(calculator, ENHPoint(-3, 54, 12), inSpace);
+    EXPECT_LT(difference(corner, AxisPoint(50, -5, 2)), 1e-12);
+    // On the inner side both straights are equally near.
+    const AxisPoint first = axisPoint(calculator, ENHPoint(20, 30, 12), inSpace);
+    EXPECT_LT(difference(first, AxisPoint(30, 20, 2)), 1e-12);
   }
 }
 
@@ -234,20 +226,17 @@ TEST(AxisCalculator, FindsTheNearestFootInSpace) {
 }
 
 TEST(AxisCalculator, FindsNoFootInSpaceWhereTheHeightIsUndefined) {
-  // A rounding that cannot be computed, at the very start and further on.
-  for (const double kink : {0.0, 20.0}) {
-    const AxisPtr axis = newAxis();
-    ChainBuilder(axis, 0, 0, 0, 0).straight(30).straight(70);
-    axis->addVeralPointKink(0, 0);
-    if (kink > 0.0) axis->addVeralPointKink(kink, 0);
-    axis->addVeralPointArc(60, 1, 50);
-    axis->addVeralPointKink(60, 5);
-    axis->addVeralPointKink(100, 5);
-    const AxisCalculator calculator(axis);
-    AxisPoint place;
-    EXPECT_FALSE(calculator.enhPointToAxisPointPerpendicular(ENHPoint(1, 70, 2), place));
-    EXPECT_EQ(calculator.enhPointToAxisPointPerpendicular(ENHPoint(1, 10, 2), place), kink > 0.0);
-  }
+  const AxisPtr axis = newAxis();
+  ChainBuilder(axis, 0, 0, 0, 0).straight(100);
+  axis->addVeralPointKink(0, 0);
+  axis->addVeralPointKink(20, 0);
+  axis->addVeralPointArc(60, 1, 50);  // a rounding that cannot be computed
+  axis->addVeralPointKink(60, 5);
+  axis->addVeralPointKink(100, 5);
+  const AxisCalculator calculator(axis);
+  AxisPoint place;
+  EXPECT_FALSE(calculator.enhPointToAxisPointPerpendicular(ENHPoint(1, 70, 2), place));
+  EXPECT_TRUE(calculator.enhPointToAxisPointPerpendicular(ENHPoint(1, 10, 2), place));
 }
 
 TEST(AxisCalculator, ConvertsTunnelMeters) {

@@ -78,16 +78,6 @@ TEST(ThProfileDefinition, TellsItsSenseFromItsCorners) {
   EXPECT_FALSE(profile->isDefinedClockwise());
 }
 
-TEST(ThProfileCalculator, GoldenSections) {
-  for (const CsvRow& row : rowsOf("profiles/theoretical_expected.csv")) {
-    SCOPED_TRACE(row.text("case"));
-    const ProfilePtr profile = goldenProfile(row.text("case"));
-    EXPECT_EQ(profile->getNumSegments(), row.number("segments"));
-    EXPECT_NEAR(profile->getCircumference(), row.number("circumference"), 1e-11);
-    EXPECT_TRUE(profile->isDefinedClockwise());
-  }
-}
-
 TEST(ThProfileCalculator, GoldenNearestPoints) {
   std::string name;
   ProfilePtr profile;

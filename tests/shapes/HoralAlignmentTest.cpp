@@ -119,26 +119,6 @@ TEST(HoralAlignment, ProjectsLikeAPlainWalk) {
   EXPECT_LT(numNothing, 1000);
 }
 
-TEST(HoralAlignment, TakesTheCornerOnItsOuterSideAndTheFirstSegmentOnTheInner) {
-  for (const double side : {1.0, -1.0}) {
-    std::vector<CHoralSegmentData> chain;
-    append(chain, CShapeType::Straight, 0, 0, 100, 0.0, true);
-    append(chain, CShapeType::Straight, 0, 0, 100, side * kPi / 2, true);
-    const CHoralAlignment alignment(1000.0, chain);
-    const auto outer = alignment.project(Point2D(600000.0 - 3 * side, 200100.0 + 4));
-    ASSERT_TRUE(outer);
-    EXPECT_EQ(outer->stationing, 1100.0);
-    EXPECT_DOUBLE_EQ(outer->offset, -5.0 * side);
-    const auto inner = alignment.project(Point2D(600000.0 + 20 * side, 200080.0));
-    ASSERT_TRUE(inner);  // as far from the second segment
-    EXPECT_DOUBLE_EQ(inner->stationing, 1080.0);
-    EXPECT_DOUBLE_EQ(inner->offset, 20.0 * side);
-    EXPECT_FALSE(alignment.project(Point2D(kUnknown, 200000.0)));
-    EXPECT_FALSE(alignment.project(Point2D(1e300, -1e300)));
-  }
-  EXPECT_FALSE(CHoralAlignment().project(Point2D(0, 0)));
-}
-
 TEST(HoralAlignment, PlacesSegmentsBetweenTheirEndPoints) {
   // Coordinates printed in millimetres, no azimuth told: exact at both ends, tangent within the
   // rounding.

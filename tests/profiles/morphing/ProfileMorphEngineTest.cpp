@@ -171,24 +171,4 @@ TEST(ProfileMorphEngine, TellsNichesFromTheSilhouette) {
   EXPECT_EQ(lists.polyline.size(), lists.segments.size() + 1);
 }
 
-TEST(ProfileMorphEngine, LooksForRollsUpToItsLimit) {
-  const ConstProfilePtr start = horseshoe(5, 2);
-  const auto isRolled = [&](double degrees, int most, int divisions) {
-    const double roll = degrees * 3.141592653589793 / 180;
-    ProfileMorphEngine engine;
-    engine.configure(kAllSteps, most, 1);
-    const Segments end = segmentsOf(*moved(*start, roll, 0, 0));
-    EXPECT_EQ(engine.prepare(0, 2, segmentsOf(*start), end, divisions), 0);
-    const OutlineNodes half = *engine.evaluate(1);
-    const Point2D expected = moved(*start, roll / 2, 0, 0)->getSegmentStartAt(0);
-    return half.size() == 5 && (half[0].point - expected).length() < 1e-9;
-  };
-  EXPECT_TRUE(isRolled(5, 7, 0));
-  EXPECT_TRUE(isRolled(5, 7, -3));
-  EXPECT_FALSE(isRolled(5, 0, 0));
-  EXPECT_FALSE(isRolled(5, -1, 0));
-  EXPECT_FALSE(isRolled(12, 7, 0));
-  EXPECT_TRUE(isRolled(12, 7, 180));
-}
-
 }  // namespace

@@ -81,16 +81,6 @@ TEST(Path, DiscretisesArcs) {
   EXPECT_EQ(impossible.numDiscretePathPoints(), 103u);
 }
 
-TEST(Path, KeepsTheAreaOfHalfCirclesAnywhereOnTheGrid) {
-  // 100 chords for each half circle, and no more.
-  const double pieces = 200;
-  const double expected = 25 * pieces / 2 * std::sin(2 * kPi / pieces);
-  for (double shift = 0; shift < 1e-4; shift += 1.3e-5) {
-    // Truncation takes 0.1 mm of the width and of the height about the origin.
-    EXPECT_NEAR(circle(5.0, shift, -shift).area(), expected, 3e-3);
-  }
-}
-
 TEST(Path, ClosesAnticlockwise) {
   Path square = lineThrough({{0, 0}, {0, 1}, {1, 1}, {1, 0}});
   EXPECT_EQ(square.area(), -1.0);
