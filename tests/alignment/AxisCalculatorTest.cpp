@@ -32,15 +32,10 @@ void expectReturn(const AxisCalculator& calculator, const AxisPoint& in, bool in
   EXPECT_LT(difference(in, axisPoint(calculator, point, inSpace, withTransSlope)), kRoundTrip);
 }
 
-class AxisRoundTrip : public testing::TestWithParam<int> {
- protected:
-  bool m_perpendicular = (GetParam() & 1) != 0;
-  bool m_withTransSlope = (GetParam() & 2) != 0;
-};
-
-TEST_P(AxisRoundTrip, ReturnsEveryPoint) {
+TEST(AxisCalculator, ReturnsEveryPoint) {
   Random random(61);
-  for (int round = 0; round < 15; ++round) {
+  for (int round = 0; round < 60; ++round) {
+    SCOPED_TRACE(round);
     const AxisPtr axis = randomSmoothAxis(random);
     const AxisCalculator calculator(axis);
     std::vector<double> stationings = {axis->minimumStng2d(), axis->maximumStng2d()};
@@ -52,8 +47,7 @@ TEST_P(AxisRoundTrip, ReturnsEveryPoint) {
     }
     for (const double stationing : stationings) {
       const AxisPoint in(stationing, random.uniform(-20, 20), random.uniform(-10, 10));
-      SCOPED_TRACE(round);
-      expectReturn(calculator, in, m_perpendicular, m_withTransSlope);
+      expectReturn(calculator, in, round % 2 == 0, round % 4 < 2);
     }
   }
 }
@@ -67,8 +61,6 @@ AxisPtr kinkedAxis(double grade) {
   axis->addVeralPointKink(100, 500 + 50 * grade);
   return axis;
 }
-
-INSTANTIATE_TEST_SUITE_P(Flags, AxisRoundTrip, testing::Range(0, 4));
 
 TEST(AxisCalculator, LaysOutTheSectionInThePlaneAskedFor) {
   Random random(62);
@@ -102,16 +94,10 @@ TEST(AxisCalculator, LaysOutTheSectionInThePlaneAskedFor) {
   }
 }
 
-TEST(AxisCalculator, MeasuresAgainstAStraightAxisByHand) {
+TEST(AxisCalculator, TellsThePropertiesOfAStraightAxis) {
   const AxisPtr axis = straightAxis(kPi / 2, 1000, 200, 50, 60);
   axis->addTransSlopeSegmentConstant(1000, 1200, 100.0);  // right side down 45 degrees
   const AxisCalculator calculator(axis);
-  const AxisPoint inclined(1100, std::sqrt(2.0), 0);
-  EXPECT_LT((gridPoint(calculator, inclined) - ENHPoint(100, -1, 54)).length(), 1e-12);
-  EXPECT_LT(difference(axisPoint(calculator, ENHPoint(100, -1, 54)), inclined), 1e-12);
-  const double length = std::sqrt(200.0 * 200 + 10 * 10) / 200;
-  const ENHPoint square = gridPoint(calculator, AxisPoint(1100, 0, 2), true, false);
-  EXPECT_LT((square - ENHPoint(100 - 0.05 * 2 / length, 0, 55 + 2 / length)).length(), 1e-12);
   const AxisProperties properties(calculator, 1100);
   EXPECT_DOUBLE_EQ(properties.azimuth, kPi / 2);
   EXPECT_EQ(properties.radius, 0.0);

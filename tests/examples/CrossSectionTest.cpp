@@ -156,15 +156,6 @@ TEST(SectionComparison, SidesAndSigns) {
   EXPECT_NEAR(result.overArea - result.underArea, difference, 1e-4);
 }
 
-TEST(SectionComparison, OutlinesAlongTheDesignNeedFewPoints) {
-  const std::vector<Point2D> points = pointsAround(kRadius - 0.2, 8);
-  const double ring = kPi * (kRadius * kRadius - (kRadius - 0.2) * (kRadius - 0.2));
-  const SectionResult followed = compareWithDesign({"1", {}, points}, circle(), {true, {}, {}, {}});
-  EXPECT_NEAR(followed.underArea, ring, 0.02);
-  const SectionResult straight = compareWithDesign({"1", {}, points}, circle(), {});
-  EXPECT_GT(straight.underArea, ring + 1.0);
-}
-
 TEST(SectionComparison, PointsThatDetermineNothingAreReportedWithoutNumbers) {
   ComparisonRule everything;
   everything.excludeAbove = -100.0;

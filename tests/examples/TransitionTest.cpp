@@ -47,24 +47,6 @@ TEST(Transition, LayBysGrowOnTheRight) {
   EXPECT_NEAR(transition.sections.back().profile.area(), 75.68704581537514, 1e-9);
 }
 
-TEST(Transition, SectionsOfTheTableCanBeReadAsDesigns) {
-  const Transition transition = roadToLayBy();
-  const std::string table = transitionAsCsv(transition);
-  for (const TransitionSection& section : transition.sections) {
-    std::string design = "station,start_x,start_y,end_x,end_y,radius\n";
-    const std::string station = std::to_string(section.station).substr(0, 7) + ",";
-    std::size_t row = table.find('\n' + station);
-    while (row != std::string::npos) {
-      design += table.substr(row + 1, table.find('\n', row + 1) - row);
-      row = table.find('\n' + station, row + 1);
-    }
-    const auto read = readDesignProfile(design);
-    ASSERT_TRUE(read.value) << read.error.message << '\n' << design;
-    // Coordinates are rounded to a micrometre.
-    EXPECT_NEAR(read.value->area(), section.profile.area(), 1e-4);
-  }
-}
-
 TEST(Transition, ProfilesThatCannotBeMorphedAreTold) {
   const DesignProfile twice = *readDesignProfile(textOf(TWICE_AROUND)).value;
   const auto transition = transitionBetween(profileIn("road_t9p5_design.csv"), twice, {0.0, 1.0});

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -11,8 +12,8 @@ using namespace Ruv;
 using Ruv::Calculations::AxisPoint;
 using Ruv::Calculations::ENHPoint;
 
-/// A straight to the north that rises by the given grade and has a level cross fall.
-void fillRising(CShapeContainer& container, double grade) {
+/// A straight to the north that rises by 75 percent and has a level cross fall.
+void fillRising(CShapeContainer& container) {
   for (const double stationing : {0.0, 100.0}) {
     auto end = std::make_unique<CHoralElement>();
     end->setTypeId(stationing == 0.0 ? CShapeType::StartPoint : CShapeType::Straight);
@@ -22,46 +23,40 @@ void fillRising(CShapeContainer& container, double grade) {
     auto kink = std::make_unique<CVeralElement>();
     kink->setTypeId(CShapeType::VerticalKink);
     kink->setStationing(stationing);
-    kink->setHeight(grade * stationing);
+    kink->setHeight(0.75 * stationing);
     container.appendVeral(std::move(kink));
   }
   container.update();
 }
 
-TEST(AxisConversion, MeasuresHeightsAlongThePlumbLineOrSquareToTheGrade) {
+TEST(AxisConversion, MeasuresAsItsOptionsSay) {
   CShapeContainer container;
-  fillRising(container, 0.75);
-  CConversionOptions options;
-  for (const bool alongPlumbLine : {true, false}) {
-    options.heightAlongPlumbLine = alongPlumbLine;
-    const auto point = axisToGrid(container.geometry(), AxisPoint(40, 3, 4), options);
-    ASSERT_TRUE(point);
-    // Square to the grade 4 m are 5 m along the plumb line.
-    EXPECT_DOUBLE_EQ(point->height, alongPlumbLine ? 34.0 : 35.0);
-    EXPECT_DOUBLE_EQ(point->east, 3.0);
-    const auto back = gridToAxis(container.geometry(), *point, options);
-    ASSERT_TRUE(back);
-    EXPECT_DOUBLE_EQ(back->height, 4.0);
+  fillRising(container);
+  const double diagonal = std::sqrt(2.0);
+  struct Case {
+    CConversionOptions options;
+    AxisPoint axis;
+    ENHPoint grid;
+  };
+  std::vector<Case> cases(4);
+  cases[0] = {{}, {40, 3, 4}, {3, 40, 34}};
+  // Square to the grade 4 m are 5 m along the plumb line.
+  cases[1] = {{}, {40, 3, 4}, {3, 40, 35}};
+  cases[1].options.heightAlongPlumbLine = false;
+  cases[2] = {{}, {40, diagonal, 0}, {1, 40, 29}};
+  cases[2].options.transSlopeMode = CTransSlopeMode::Given;
+  cases[3] = {{}, {40, diagonal, 0}, {diagonal, 40, 30}};
+  cases[3].options.transSlopeMode = CTransSlopeMode::Ignored;
+  for (Case& c : cases) {
+    c.options.givenTransSlope = 100.0;  // counts in its own mode only
+    const auto grid = axisToGrid(container.geometry(), c.axis, c.options);
+    ASSERT_TRUE(grid);
+    EXPECT_LT((*grid - c.grid).length(), 1e-13);
+    const auto axis = gridToAxis(container.geometry(), *grid, c.options);
+    ASSERT_TRUE(axis);
+    EXPECT_NEAR(axis->offset, c.axis.offset, 1e-13);
+    EXPECT_NEAR(axis->height, c.axis.height, 1e-13);
   }
-}
-
-TEST(AxisConversion, AppliesAGivenTransverseSlope) {
-  CShapeContainer container;
-  fillRising(container, 0.0);
-  CConversionOptions options;
-  options.givenTransSlope = 100.0;  // counts in its own mode only
-  const AxisPoint in(40, std::sqrt(2.0), 0);
-  for (const auto mode : {CTransSlopeMode::OfAxis, CTransSlopeMode::Ignored}) {
-    options.transSlopeMode = mode;
-    EXPECT_EQ(axisToGrid(container.geometry(), in, options)->height, 0.0);
-  }
-  options.transSlopeMode = CTransSlopeMode::Given;
-  const auto point = axisToGrid(container.geometry(), in, options);
-  ASSERT_TRUE(point);
-  EXPECT_LT((*point - ENHPoint(1, 40, -1)).length(), 1e-14);
-  const auto back = gridToAxis(container.geometry(), *point, options);
-  ASSERT_TRUE(back);
-  EXPECT_DOUBLE_EQ(back->offset, in.offset);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <memory>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -68,28 +69,22 @@ TEST(ShapeContainer, KeepsElementsInOrderAndLinked) {
 
 TEST(ShapeContainer, TellsTheRangeThatBothAlignmentsShare) {
   CShapeContainer container;
-  const auto expectRange = [&container](double from, double to) {
-    double minimum = -1.0;
-    double maximum = -1.0;
-    container.stationingRange(minimum, maximum);
-    EXPECT_EQ(minimum, from);
-    EXPECT_EQ(maximum, to);
+  const auto range = [&container] {
+    std::pair<double, double> limits(-1.0, -1.0);
+    container.stationingRange(limits.first, limits.second);
+    return limits;
   };
-  expectRange(0.0, 0.0);
+  EXPECT_EQ(range(), std::pair(0.0, 0.0));
   container.appendHoral(endAt(CShapeType::StartPoint, 10.0, 0, 0));
   container.appendHoral(endAt(CShapeType::Straight, 90.0, 0, 80));
-  container.update();
-  expectRange(0.0, 0.0);
+  EXPECT_EQ(range(), std::pair(0.0, 0.0));
   for (const double stationing : {20.0, 200.0}) {
-    auto kink = std::make_unique<CVeralElement>();
-    kink->setTypeId(CShapeType::VerticalKink);
-    kink->setStationing(stationing);
-    container.appendVeral(std::move(kink));
+    container.appendVeral(std::make_unique<CVeralElement>());
+    container.veralAt(container.numVeral() - 1)->setStationing(stationing);
   }
-  container.update();
-  expectRange(20.0, 90.0);
+  EXPECT_EQ(range(), std::pair(20.0, 90.0));
   container.veralAt(0)->setStationing(150.0);
-  expectRange(150.0, 90.0);
+  EXPECT_EQ(range(), std::pair(150.0, 90.0));
 }
 
 TEST(ShapeContainer, AnswersFromTheElementsAsTheyAre) {
@@ -148,6 +143,9 @@ TEST(ShapeElements, ComparePositionsAndTellTheirClass) {
   EXPECT_TRUE(veral.isGreater(&slope));
   EXPECT_TRUE(veral.isLess(nullptr));
   EXPECT_TRUE(veral.isGreater(nullptr));
+  EXPECT_TRUE(slope.extensionHook1() && slope.extensionHook2() && slope.extensionHook3());
+  EXPECT_TRUE(slope.extensionHook4() && slope.extensionHook5() && slope.extensionHook6());
+  EXPECT_TRUE(slope.extensionHook7() && slope.extensionHook8());
 }
 
 }  // namespace

@@ -44,11 +44,11 @@ TEST(MatrixPointsFit, IsTheBestRotationEvenOfMirrorImages) {
     EXPECT_NEAR(r.determinant(), 1.0, 1e-13);
     const Eigen::VectorXd moved = r * points.rowwise().mean() + fit.translation();
     EXPECT_TRUE(moved.isApprox(candidates.rowwise().mean(), 1e-12));
-    // The trace of this matrix is stationary when it is symmetric, and largest when turning its
-    // two directions of least spread by half a turn would not add to it.
+    // The trace of this matrix is stationary when it is symmetric.
     const MatrixXd spread = r * (points.colwise() - points.rowwise().mean()) *
                             (candidates.colwise() - candidates.rowwise().mean()).transpose();
     EXPECT_TRUE(spread.isApprox(spread.transpose(), 1e-12));
+    // It is largest when turning two directions by half a turn would not add to it.
     const Eigen::VectorXd ascending = spread.selfadjointView<Eigen::Lower>().eigenvalues();
     EXPECT_GE(ascending(0) + ascending(1), 0.0);
   }
