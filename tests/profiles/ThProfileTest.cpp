@@ -197,6 +197,9 @@ TEST(ThProfileCalculator, KnowsInsideFromOutsideOnTwoHalfCircles) {
     expectPoint(circle.applyRadialOffset(Point2D(0.5, 0.5), 1.0),
                 Point2D(3 * std::sqrt(0.5), 3 * std::sqrt(0.5)), 1e-12);
     EXPECT_NEAR(circle.diameterAtProfilePoint(Point2D(0.3, 0.4)), 4.0, 1e-9);
+    // Vertices are samples, and sums of intervals miss them by their rounding.
+    const double interval = 4 * kPi / 12;
+    EXPECT_EQ(circle.pointsOnProfileByInterval(interval, true).size(), 12u);
   }
 }
 

@@ -144,30 +144,6 @@ TEST(VeralAlignment, HasNoRoundingAtKinksBetweenEqualGradesOrOfRadiusZero) {
   EXPECT_FALSE(lineBetween(before, {CShapeType::VerticalKink, 1e-39, 0, 0}).at(0.0));
 }
 
-TEST(VeralAlignment, MeasuresItsLengthInSpace) {
-  Random random(43);
-  for (int round = 0; round < 40; ++round) {
-    std::vector<CVeralPoint> points;
-    const double radius = round % 2 == 0 ? 1e6 : 800.0;
-    for (int i = 0; i < 6; ++i) {
-      points.push_back({kTypes[random.index(4)], 7000.0 + 100 * i,
-                        random.uniform(0.0, 100.0 * 30 / radius), radius});
-    }
-    const CVeralAlignment alignment(points);
-    for (int i = 0; i < 50; ++i) {
-      const double s = random.uniform(7001.0, 7499.0);
-      const double length = alignment.lengthAt(s);
-      EXPECT_NEAR(alignment.stationingAtLength(length), s, 1e-9);
-      // It grows by the slope distance.
-      const double grade = alignment.at(s)->grade;
-      EXPECT_NEAR(alignment.lengthAt(s + 1e-4) - length, 1e-4 * std::hypot(1, grade), 1e-9);
-    }
-    EXPECT_DOUBLE_EQ(alignment.lengthAt(6990.0), -10.0);
-    EXPECT_DOUBLE_EQ(alignment.lengthAt(7510.0), alignment.lengthAt(7500.0) + 10.0);
-    EXPECT_NEAR(alignment.stationingAtLength(alignment.lengthAt(7510.0)), 7510.0, 1e-9);
-  }
-}
-
 TEST(VeralAlignment, HasNoLengthBeyondAnUndefinedHeight) {
   const CVeralAlignment alignment({{CShapeType::VerticalKink, 0, 0, 0},
                                    {CShapeType::VerticalKink, 10, 0, 0},

@@ -156,19 +156,4 @@ TEST(ProfileMorphEngine, TakesTheStepsThatItsFlagsName) {
   EXPECT_NEAR(lists.bottomSteps.back().end, 10.0, 1e-12);
 }
 
-TEST(ProfileMorphEngine, TellsNichesFromTheSilhouette) {
-  const MorphLists lists =
-      Preparation(horseshoe(5, 3), horseshoeWithNiche(5, 3, 1.5)).engine.lists();
-  // Floor and roof of the niche leave the wall and come back to its heading.
-  ASSERT_EQ(lists.nicheInteriorSegments.size(), 2u);
-  EXPECT_EQ(lists.nicheSidePolylines.size(), 2u);
-  for (const NodePairs& mouth : lists.nicheSidePolylines) {
-    ASSERT_EQ(mouth.size(), 2u);
-    EXPECT_NEAR((mouth[1].start - mouth[0].start).length(), 0.0, 1e-12);
-    EXPECT_NEAR((mouth[1].end - mouth[0].end).length(), 1.5, 1e-12);
-  }
-  EXPECT_EQ(lists.silhouettes.start.size() + 2, lists.segments.size());
-  EXPECT_EQ(lists.polyline.size(), lists.segments.size() + 1);
-}
-
 }  // namespace

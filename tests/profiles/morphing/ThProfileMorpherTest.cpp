@@ -153,15 +153,10 @@ ProfilePtr boxWithInvert(double radius) {
 }
 
 ProfilePtr boxWithGutter(double depth) {
-  return profileThrough({{-5, 0, 0},
-                         {-5, 4, 0},
-                         {5, 4, 0},
-                         {5, 0, 0},
-                         {1, 0, 0},
-                         {1, -depth, 0},
-                         {-1, -depth, 0},
-                         {-1, 0, 0},
-                         {-5, 0, 0}});
+  const std::vector<ProfileNode> nodes = {{-5, 0, 0},      {-5, 4, 0}, {5, 4, 0},
+                                          {5, 0, 0},       {1, 0, 0},  {1, -depth, 0},
+                                          {-1, -depth, 0}, {-1, 0, 0}, {-5, 0, 0}};
+  return profileThrough(nodes);
 }
 
 TEST(ThProfileMorpher, ChangesPartsInProportion) {
@@ -180,6 +175,14 @@ TEST(ThProfileMorpher, ChangesPartsInProportion) {
           {{-4, 0, 0}, {-4, 4, 0}, {-2, 6, 2}, {2, 6, 0}, {4, 4, 2}, {4, 0, 0}, {-4, 0, 0}}));
   // An arc over the same chord that turns by half of 60 degrees.
   expectBetween(rectangle(5, 4), boxWithInvert(10), 0.5, boxWithInvert(5 / std::sin(kPi / 12)));
+  // Benches stay benches where the sections differ elsewhere.
+  const std::vector<ProfileNode> boxy = {{-6.3, 0, 0},  {-6.3, 1.5, 0}, {-7, 1.5, 0},
+                                         {-7, 8, 0},    {7, 8, 0},      {7, 1.5, 0},
+                                         {6.3, 1.5, 0}, {6.3, 0, 0},    {-6.3, 0, 0}};
+  const ConstProfilePtr half =
+      morphed(horseshoeWithBenches(6, 2, 2, 0.5), profileThrough(boxy), 0.5);
+  EXPECT_LT((half->getSegmentEndAt(0) - Point2D(-5.15, 1)).length(), kRounding);
+  EXPECT_LT((half->getSegmentEndAt(1) - Point2D(-6.5, 1)).length(), kRounding);
   const ProfilePtr upright = horseshoe(5, 2);
   for (const double t : {0.01, 0.5, 0.9}) {
     SCOPED_TRACE(t);
