@@ -1,7 +1,6 @@
 #include <Calculations/PointDetermination.h>
 #include <Calculations/Utilities.h>
 
-#include "stations/TransformationCase.h"
 #include "support/Random.h"
 
 #include <gmock/gmock.h>
@@ -11,7 +10,6 @@
 #include <cstdlib>
 #include <limits>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace {
@@ -62,36 +60,6 @@ std::vector<ENHPoint> seen(const std::vector<std::size_t>& indices, double turn,
         Utilities::rotateAroundEastXaxis(Utilities::rotateAroundHeightZaxis(ray, turn), tilt));
   }
   return locals;
-}
-
-void shuffle(std::vector<TransformationPoint>& list, Random& random) {
-  for (std::size_t i = list.size(); i > 1; --i) {
-    std::swap(list[i - 1], list[random.index(i)]);
-  }
-}
-
-TEST(PointDetermination, IdentifiesTheTargetsOfATunnelBoringMachine) {
-  auto points = TransformationCase("space_tbm17").points;
-  for (std::uint64_t seed = 1; seed <= 10; ++seed) {
-    SCOPED_TRACE(seed);
-    Random random(seed);
-    const bool withStrays = seed > 5;  // nine targets have no coordinates
-    PointDetermination d;
-    shuffle(points, random);
-    for (const auto& p : points) {
-      if (p.isFixPoint) d.addPoint(p.id, p.global);
-    }
-    shuffle(points, random);
-    for (const auto& p : points) {
-      if (p.isFixPoint || withStrays) d.addMeasurement(L"of " + p.id, p.measured);
-    }
-    ASSERT_EQ(d.determineMeasuredPointsStrict(), !withStrays);
-    ASSERT_TRUE(!withStrays || d.determineMeasuredPointsRobust());
-    EXPECT_TRUE(d.isBestSolutionSignificantlyBetter());
-    for (const auto& p : points) {
-      EXPECT_EQ(d.getFixPointIdForMeasurementId(L"of " + p.id), p.isFixPoint ? p.id : L"");
-    }
-  }
 }
 
 TEST(PointDetermination, IdentifiesUnderAnyTurnAndUpToTheLargestTilt) {

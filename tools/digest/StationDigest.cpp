@@ -1,5 +1,5 @@
 #include "Digest.h"
-#include "stations/TransformationCase.h"
+#include "TransformationCase.h"
 #include "support/Random.h"
 
 #include <Calculations/FittingHelper.h>

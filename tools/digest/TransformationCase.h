@@ -1,12 +1,12 @@
 /// @file
 /// Golden transformations: points in a local and a global system, with expected results.
 
-#ifndef CALCULATIONS_TESTS_STATIONS_TRANSFORMATION_CASE_H
-#define CALCULATIONS_TESTS_STATIONS_TRANSFORMATION_CASE_H
-
-#include <Calculations/Points.h>
+#ifndef CALCULATIONS_TOOLS_DIGEST_TRANSFORMATION_CASE_H
+#define CALCULATIONS_TOOLS_DIGEST_TRANSFORMATION_CASE_H
 
 #include "support/Csv.h"
+
+#include <Calculations/Points.h>
 
 #include <map>
 #include <string>
