@@ -3,8 +3,8 @@
 #include <Calculations/FittingHelper.h>
 
 #include <gtest/gtest.h>
+#include <Eigen/Dense>
 
-#include <array>
 #include <cmath>
 #include <vector>
 
@@ -67,41 +67,32 @@ TEST(CircleFit, PointsOfNoCircleGiveNoNumbers) {
   }
 }
 
-using Matrix = std::array<std::array<double, 3>, 3>;
-
-double determinant(const Matrix& m) {
-  return m[0][0] * (m[1][1] * m[2][2] - m[1][2] * m[2][1]) -
-         m[0][1] * (m[1][0] * m[2][2] - m[1][2] * m[2][0]) +
-         m[0][2] * (m[1][0] * m[2][1] - m[1][1] * m[2][0]);
+double determinant(const Eigen::Matrix3d& m) {
+  return m(0, 0) * (m(1, 1) * m(2, 2) - m(1, 2) * m(2, 1)) -
+         m(0, 1) * (m(1, 0) * m(2, 2) - m(1, 2) * m(2, 0)) +
+         m(0, 2) * (m(1, 0) * m(2, 1) - m(1, 1) * m(2, 0));
 }
 
 /// The damped iteration with a Jacobian, row by row. Gives a, b, r.
-std::array<double, 3> plainIteration(const Points& points) {
-  std::array<double, 3> circle = {0.0, 0.0, 1.0};
+Eigen::Vector3d plainIteration(const Points& points) {
+  Eigen::Vector3d circle(0.0, 0.0, 1.0);
   for (int count = 0; count < 1000; ++count) {
-    Matrix normal = {};
-    std::array<double, 3> right = {};
+    Eigen::Matrix3d normal = Eigen::Matrix3d::Zero();
+    Eigen::Vector3d right = Eigen::Vector3d::Zero();
     for (const Point2D& p : points) {
-      const double dx = p.x - circle[0];
-      const double dy = p.y - circle[1];
-      const double f = dx * dx + dy * dy - circle[2] * circle[2];
-      const std::array<double, 3> row = {-2 * dx, -2 * dy, -2 * circle[2]};
-      for (std::size_t k = 0; k < 9; ++k) {
-        normal[k / 3][k % 3] += row[k / 3] * row[k % 3];
-      }
-      for (std::size_t k = 0; k < 3; ++k) {
-        right[k] -= row[k] * f;
-      }
+      const double dx = p.x - circle(0);
+      const double dy = p.y - circle(1);
+      const Eigen::Vector3d row(-2 * dx, -2 * dy, -2 * circle(2));
+      normal += row * row.transpose();
+      right -= row * (dx * dx + dy * dy - circle(2) * circle(2));
     }
     const double det = determinant(normal);
     bool isConverged = true;
-    for (std::size_t k = 0; k < 3; ++k) {
-      Matrix replaced = normal;
-      for (std::size_t i = 0; i < 3; ++i) {
-        replaced[i][k] = right[i];
-      }
+    for (int k = 0; k < 3; ++k) {
+      Eigen::Matrix3d replaced = normal;
+      replaced.col(k) = right;
       const double delta = determinant(replaced) / (det == 0.0 ? 1e-5 : det);
-      circle[k] += delta / 4;
+      circle(k) += delta / 4;
       isConverged = isConverged && std::abs(delta) < 1e-5;
     }
     if (isConverged) break;
@@ -123,10 +114,12 @@ TEST(LegacyCircleFit, HasTheIteratesOfThePlainIteration) {
     }
   }
   for (const Points& points : cases) {
-    const auto [a, b, r] = plainIteration(points);
+    const Eigen::Vector3d expected = plainIteration(points);
     const FittingResult result = FittingHelper::circleFitRuvLegacy(points);
-    EXPECT_EQ(std::isnan(result.radius), std::isnan(r));
-    if (!std::isnan(r)) expectCircle(result, FittingMethod::CircleLegacy, Point2D(a, b), r, 0.0);
+    EXPECT_EQ(std::isnan(result.radius), std::isnan(expected(2)));
+    if (std::isnan(result.radius)) continue;
+    expectCircle(result, FittingMethod::CircleLegacy, Point2D(expected(0), expected(1)),
+                 expected(2), 0.0);
   }
 }
 

@@ -185,6 +185,7 @@ TEST(MeasuredProfileCalculator, Filters) {
   EXPECT_FALSE(calculator.isInFilteredArea(Point2D(0, 3)));
   EXPECT_TRUE(calculator.isInFilteredArea(Point2D(0, 4)));  // the border
   EXPECT_TRUE(calculator.isInFilteredArea(Point2D(0, -1001)));
+  EXPECT_FALSE(calculator.isInFilteredArea(Point2D(999, -999)));
   EXPECT_NEAR(calculator.comparisonArea(), 12.5 * kPi, 5e-3);
   EXPECT_NEAR(calculator.referenceArea(), 12.5 * kPi, 5e-3);
   EXPECT_NEAR(calculator.referenceCircumference(), 5 * kPi, 1e-2);

@@ -184,7 +184,6 @@ TEST_P(RoadTunnel, MeasuresAcross) {
   EXPECT_EQ(m_calculator.profilePointsAtGivenUpOffset(9.5).size(), 1u);
   EXPECT_TRUE(m_calculator.profilePointsAtGivenUpOffset(9.501).empty());
   EXPECT_EQ(m_calculator.profilePointsAtGivenRightOffset(m_shift + 5.5).size(), 2u);  // the wall
-  EXPECT_TRUE(m_calculator.profilePointsAtGivenUpOffset(1001).empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(EnteredEitherWay, RoadTunnel, testing::Range(0, 4));
@@ -201,6 +200,13 @@ TEST(ThProfileCalculator, KnowsInsideFromOutsideOnTwoHalfCircles) {
     const double interval = 4 * kPi / 12;
     EXPECT_EQ(circle.pointsOnProfileByInterval(interval, true).size(), 12u);
   }
+}
+
+TEST(ThProfileCalculator, LooksForCutsWithinAKilometre) {
+  const ThProfileCalculator right(circleProfile(5, 1000, 0));
+  EXPECT_EQ(right.profilePointsAtGivenUpOffset(0).size(), 1u);
+  const ThProfileCalculator below(circleProfile(5, 0, -1000));
+  EXPECT_EQ(below.profilePointsAtGivenRightOffset(0).size(), 1u);
 }
 
 TEST(ThProfileCalculator, FoldsTheStartOfAnticlockwiseProfiles) {
