@@ -56,8 +56,9 @@ TEST(CircleFit, ReproducesExactCirclesOfAnySizeAlsoFarFromTheOrigin) {
       }
     }
   }
-  // An arc of half a degree, which rises a thousandth of its chord.
+  // An arc of half a degree, which rises a thousandth of its chord, and one of a fiftieth.
   expectDirectFits(circlePoints(Point2D(0, 0), 5, 300, 0.5 / 360), Point2D(0, 0), 5, 1e-7);
+  expectDirectFits(circlePoints(Point2D(0, 0), 5, 300, 0.02 / 360), Point2D(0, 0), 5, 1e-4);
 }
 
 TEST(CircleFit, PointsOfNoCircleGiveNoNumbers) {

@@ -244,6 +244,11 @@ TEST(GeologicalOverProfile, TakesWhatLiesBeyondTheLimitAndItsBand) {
               0.03);
   EXPECT_NEAR(area(Method::GeologicalBandBetweenLimits, 0.3, 0.1), beyond + sector(5.3, 5.1, 0.3),
               0.03);
+  // Around the whole section.
+  const MeasuredProfileCalculator ring(circleProfile(5.0, 0.0, 4.0),
+                                       measuredCircle(5.6, 720, 0, 4));
+  EXPECT_NEAR(ring.geologicalOverProfileArea(Method::GeologicalBandFromReference, 0.3, 0),
+              sector(5.6, 5.0, kPi), 0.01);
   // No band between crossed limits, nor for a method that there is not.
   EXPECT_NEAR(area(Method::GeologicalBandBetweenLimits, 0.3, 0.4), beyond, 0.02);
   EXPECT_NEAR(area(static_cast<Method::Method>(7), 0.3, 0), beyond, 0.02);
