@@ -148,7 +148,7 @@ TEST(AxisCalculator, EndsAtItsLimits) {
       EXPECT_FALSE(calculator.axisPointToEnhPoint(AxisPoint(outside, 0, 0), point, inSpace, true));
     }
     EXPECT_EQ(point, ENHPoint(1, 2, 3));
-    const ENHPoint before(600000, 199999.999, 500);
+    const ENHPoint before(600000, 200000 - 1.2e-7, 500);
     EXPECT_FALSE(calculator.enhPointToAxisPoint(before, place, inSpace, true));
     EXPECT_EQ(place.offset, 5.0);
     // What rounding puts outside lies at the limit.
@@ -240,6 +240,9 @@ TEST(AxisCalculator, ConvertsTunnelMeters) {
   for (const double stationing : {1000.0, 1020.0, 1060.0, 1100.0}) {
     expectPair(stationing, 5000 + 1.25 * (stationing - 1020));
   }
+  // A limit that a caller has rounded is the limit.
+  ASSERT_TRUE(rising.tunnelmeterToStationing(5100 + 1e-10, result));
+  EXPECT_EQ(result, 1100.0);
   for (const double outside : {999.0, 1101.0}) {
     EXPECT_FALSE(rising.stationingToTunnelmeter(outside, result));
     EXPECT_EQ(result, outside);

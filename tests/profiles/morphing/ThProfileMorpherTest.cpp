@@ -45,14 +45,17 @@ struct Pair {
 std::vector<Pair> typicalPairs() {
   const ProfilePtr curved =
       profileThrough({{-4.8, 0, 0}, {-5, 2, 12}, {0, 7, 5}, {5, 2, 5}, {4.8, 0, 12}, {-4.8, 0, 9}});
+  const std::vector<ProfileNode> roundedNiche = {
+      {-5, 0, 0}, {-5, 1, 0}, {-6, 1, 0}, {-6, 2.3, 0}, {-5.2, 2.3, 0}, {-5, 2.5, -0.2},
+      {-5, 3, 0}, {0, 8, 5},  {5, 3, 5},  {5, 0, 0},    {-5, 0, 0}};
   const std::vector<ProfileNode> archedNiche = {
-      {-5, 0, 0}, {-5, 1, 0}, {-6.5, 1, 0}, {-6.5, 2.5, 1}, {-5, 2.5, 0},
-      {-5, 3, 0}, {0, 8, 5},  {5, 3, 5},    {5, 0, 0},      {-5, 0, 0}};
+      {-5, 0, 0}, {-5, 1, 0}, {-6.5, 1, 0}, {-6.5, 2, 1}, {-5, 2.5, 0},
+      {-5, 3, 0}, {0, 8, 5},  {5, 3, 5},    {5, 0, 0},    {-5, 0, 0}};
   return {{"to circle", horseshoe(5, 2), circleProfile(4.5, 0, 3.5)},
           {"to wider with benches", horseshoe(5, 2), horseshoeWithBenches(6.5, 2.2, 1.2, 0.8)},
           {"from rectangle", rectangle(4, 6), horseshoe(5, 2)},
           {"to niche", horseshoe(5, 3), horseshoeWithNiche(5, 3, 1.5)},
-          {"niche to arched niche", horseshoeWithNiche(5, 3, 1), profileThrough(archedNiche)},
+          {"niche to niche", profileThrough(roundedNiche), profileThrough(archedNiche)},
           {"to curved invert", horseshoe(5, 2), curved},
           {"rolled", horseshoe(5, 2), moved(*horseshoe(6, 2.5), 0.07, 0.3, -0.2)},
           {"road tunnel", profileThrough(roadTunnelNodes()), goldenProfile("no_t12p5")}};
