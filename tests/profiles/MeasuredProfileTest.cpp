@@ -320,10 +320,13 @@ TEST(MeasuredProfileCalculator, AnswersNeutrallyOnBadProfiles) {
   EXPECT_THAT([&] { square.leastSquarePointOfComparisonProfile(unknown); },
               testing::ThrowsMessage<std::exception>("Fitting method not implemented"));
   EXPECT_EQ(square.leastSquarePointOfComparisonProfile(FittingMethod::CircleLegacy).radius, 0.0);
-  for (const auto method : {FittingMethod::CircleKasa, FittingMethod::CircleLandau}) {
-    const FittingResult circle = square.leastSquarePointOfComparisonProfile(method);
-    EXPECT_EQ(circle.method, method);
-    EXPECT_NEAR(circle.radius, std::sqrt(8.0), 1e-12);
+  for (const auto method :
+       {FittingMethod::CircleKasa, FittingMethod::CircleLandau, FittingMethod::EllipseFitzgibbon,
+        FittingMethod::EllipseFitzgibbonIterative}) {
+    const FittingResult found = square.leastSquarePointOfComparisonProfile(method);
+    EXPECT_EQ(found.method, method);
+    const bool isCircle = method < FittingMethod::EllipseFitzgibbon;
+    EXPECT_NEAR(found.radius, isCircle ? std::sqrt(8.0) : 0.0, 1e-12);
   }
 }
 

@@ -259,6 +259,7 @@ TEST(ThProfileMorpher, GivesNothingForWhatIsNoOutline) {
       profileThrough({{0, 0, 0}, {0, 5, 0}, {5, 5, 0}, {0, 0, HUGE_VAL}}),
       profileThrough({{0, 0, 0}, {0, 5, 2.4}, {5, 5, 0}, {0, 0, 0}}),
       profileThrough({{0, 0, 0}, {0, 1e200, 0}, {1e200, 0, 0}, {0, 0, 0}}),
+      profileThrough({{0, 0, 0}, {0, 5, 0}, {1e-8, 5, 0}, {0, 0, 0}}),
       profileThrough({{0, 0, 0}, {5, 5, 0}, {5, 0, 0}, {0, 8, 0}, {0, 0, 0}})};
   for (const ConstProfilePtr& profile : unsound) {
     EXPECT_FALSE(morphedIfPossible(profile, sound, 0.5)) << &profile - unsound.data();
