@@ -173,7 +173,8 @@ TEST(MeasuredProfileCalculator, CutsAtOffsets) {
   calculator.setFilterExcludeAbove(4.0);
   EXPECT_TRUE(calculator.intersectionsAtGivenUpOffsetOfComparisonProfile(3.5).empty());
   calculator.setFilterExcludeAbove(0.0);
-  EXPECT_TRUE(calculator.intersectionsAtGivenUpOffsetOfComparisonProfile(-1).empty());
+  // Two points are no outline.
+  EXPECT_TRUE(calculator.intersectionsAtGivenRightOffsetOfComparisonProfile(1).empty());
 }
 
 TEST(MeasuredProfileCalculator, Filters) {

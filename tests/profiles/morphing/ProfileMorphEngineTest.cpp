@@ -114,14 +114,17 @@ TEST(ProfileMorphEngine, IsResetBetweenPreparations) {
 }
 
 TEST(ProfileMorphEngine, RefusesHalfCirclesUnlessAllowed) {
-  const ConstProfilePtr half =
-      profileThrough({{-5, 0, 0}, {-5, 2, 0}, {5, 2, 5}, {5, 0, 0}, {-5, 0, 0}});
+  const auto withRoof = [](double radius) {
+    return profileThrough({{-5, 0, 0}, {-5, 2, 0}, {5, 2, radius}, {5, 0, 0}, {-5, 0, 0}});
+  };
+  const ConstProfilePtr half = withRoof(5);
   const ConstProfilePtr none = horseshoe(5, 2);
   for (const Preparation& made : {Preparation(half, none, 15), Preparation(none, half, 15)}) {
     EXPECT_EQ(made.status, 1);
     EXPECT_EQ(made.text(), "Half circles not allowed.");
   }
   EXPECT_EQ(Preparation(none, none, 15).status, 0);
+  EXPECT_EQ(Preparation(withRoof(5.01), none, 15).text(), "Profiles morphed.");
   Preparation allowed(half, rectangle(5, 7));
   EXPECT_EQ(allowed.status, 0);
   ASSERT_TRUE(allowed.engine.evaluate(0.5));
