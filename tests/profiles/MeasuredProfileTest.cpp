@@ -137,6 +137,16 @@ TEST(MeasuredProfileCalculator, SeesChangedProfiles) {
   EXPECT_EQ(byScan.calculateProfilePoint(Point2D(5, 1)).distance, 0.0);
 }
 
+TEST(MeasuredProfileCalculator, LeavesOutAreasOfLessThanASquareCentimetre) {
+  const ProfilePtr design = profileThrough({{0, 0, 0}, {0, 2, 0}, {2, 2, 0}, {2, 0, 0}, {0, 0, 0}});
+  for (const double size : {0.02, 0.01}) {  // of a bump in the roof: 2 and 0.5 square centimetres
+    const MeasuredPtr scan = measuredThrough(
+        {{0, 0}, {2, 0}, {2, 2}, {1 + size, 2}, {1 + size / 2, 2 + size}, {1, 2}, {0, 2}});
+    const MeasuredProfileCalculator calculator(design, scan);
+    EXPECT_EQ(calculator.overProfileAreaPathes().size(), size > 0.015 ? 1u : 0u);
+  }
+}
+
 TEST(MeasuredProfileCalculator, FindsTheComparisonAlongLines) {
   const MeasuredProfileCalculator calculator(circleProfile(2.0),
                                              measuredThrough({{-3, -3}, {3, -3}, {3, 3}, {-3, 3}}));

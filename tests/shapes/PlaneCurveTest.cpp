@@ -30,22 +30,12 @@ struct CurveCase {
 };
 
 /// Straights and arcs, also nearly a full circle; into, out of and between curves; curves of both
-/// senses; nearly equal radii; many turns; kilometres; almost 2 rad.
-const CurveCase kCurves[] = {{0, 0, 3000},
-                             {250, 250, 1500},
-                             {-4e6, -4e6, 5000},
-                             {-30, -30, 188.4},
-                             {0, 400, 100},
-                             {-400, 0, 100},
-                             {-1000, -300, 100},
-                             {100, -200, 90},
-                             {-100, 100, 90},
-                             {500, 499.9, 10},
-                             {500, 500.000000001, 200},
-                             {0, 60, 400},
-                             {20, 30, 900},
-                             {0, -2500, 4000},
-                             {0, 60, 235}};
+/// senses; nearly equal radii; almost 2 rad from a straight; many turns; kilometres.
+const CurveCase kCurves[] = {
+    {0, 0, 3000},    {250, 250, 1500}, {-4e6, -4e6, 5000},        {-30, -30, 188.4},
+    {0, 400, 100},   {-400, 0, 100},   {-1000, -300, 100},        {100, -200, 90},
+    {-100, 100, 90}, {500, 499.9, 10}, {500, 500.000000001, 200}, {0, 60, 235},
+    {20, 30, 900},   {0, -2500, 4000}};
 
 class PlaneCurve : public testing::TestWithParam<CurveCase> {};
 

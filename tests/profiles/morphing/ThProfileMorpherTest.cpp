@@ -44,13 +44,14 @@ struct Pair {
 std::vector<Pair> typicalPairs() {
   const ProfilePtr curved =
       profileThrough({{-4.8, 0, 0}, {-5, 2, 12}, {0, 7, 5}, {5, 2, 5}, {4.8, 0, 12}, {-4.8, 0, 9}});
+  const ProfilePtr halfCircles = profileThrough({{-4, 3, 0}, {4, 3, 4}, {-4, 3, 4}});
   const std::vector<ProfileNode> roundedNiche = {
       {-5, 0, 0}, {-5, 1, 0}, {-6, 1, 0}, {-6, 2.3, 0}, {-5.2, 2.3, 0}, {-5, 2.5, -0.2},
       {-5, 3, 0}, {0, 8, 5},  {5, 3, 5},  {5, 0, 0},    {-5, 0, 0}};
   const std::vector<ProfileNode> archedNiche = {
       {-5, 0, 0}, {-5, 1, 0}, {-6.5, 1, 0}, {-6.5, 2, 1}, {-5, 2.5, 0},
       {-5, 3, 0}, {0, 8, 5},  {5, 3, 5},    {5, 0, 0},    {-5, 0, 0}};
-  return {{"to circle", horseshoe(5, 2), circleProfile(4.5, 0, 3.5)},
+  return {{"to half circles", horseshoe(5, 2), halfCircles},
           {"to wider with benches", horseshoe(5, 2), horseshoeWithBenches(6.5, 2.2, 1.2, 0.8)},
           {"from rectangle", rectangle(4, 6), horseshoe(5, 2)},
           {"to niche", horseshoe(5, 3), horseshoeWithNiche(5, 3, 1.5)},
@@ -161,6 +162,17 @@ ProfilePtr boxWithGutter(double depth) {
   return profileThrough(nodes);
 }
 
+/// In the left wall, 1 m high and of these depths. The upper one may be missing.
+ProfilePtr boxWithNiches(double lower, double upper) {
+  std::vector<ProfileNode> nodes = {
+      {-5, 0, 0}, {-5, 1, 0}, {-5 - lower, 1, 0}, {-5 - lower, 2, 0}, {-5, 2, 0}};
+  if (upper > 0.0) {
+    nodes.insert(nodes.end(), {{-5, 4, 0}, {-5 - upper, 4, 0}, {-5 - upper, 5, 0}, {-5, 5, 0}});
+  }
+  nodes.insert(nodes.end(), {{-5, 6, 0}, {5, 6, 0}, {5, 0, 0}, {-5, 0, 0}});
+  return profileThrough(nodes);
+}
+
 TEST(ThProfileMorpher, ChangesPartsInProportion) {
   const auto expectBetween = [](const ConstProfilePtr& start, const ConstProfilePtr& end, double t,
                                 const ConstProfilePtr& expected) {
@@ -181,17 +193,19 @@ TEST(ThProfileMorpher, ChangesPartsInProportion) {
   const std::vector<ProfileNode> boxy = {{-6.3, 0, 0},  {-6.3, 1.5, 0}, {-7, 1.5, 0},
                                          {-7, 8, 0},    {7, 8, 0},      {7, 1.5, 0},
                                          {6.3, 1.5, 0}, {6.3, 0, 0},    {-6.3, 0, 0}};
-  const ConstProfilePtr half =
-      morphed(horseshoeWithBenches(6, 2, 2, 0.5), profileThrough(boxy), 0.5);
+  const ConstProfilePtr benches = horseshoeWithBenches(6, 2, 2, 0.5);
+  const ConstProfilePtr half = morphed(benches, profileThrough(boxy), 0.5);
   EXPECT_LT((half->getSegmentEndAt(0) - Point2D(-5.15, 1)).length(), kRounding);
   EXPECT_LT((half->getSegmentEndAt(1) - Point2D(-6.5, 1)).length(), kRounding);
   const ProfilePtr upright = horseshoe(5, 2);
   for (const double t : {0.01, 0.5, 0.9}) {
     SCOPED_TRACE(t);
     // A low wide bench becomes a high narrow one, with straight edges all the way.
-    expectBetween(horseshoeWithBenches(6, 2, 2, 0.5), horseshoeWithBenches(7, 3, 0.7, 1.5), t,
+    expectBetween(benches, horseshoeWithBenches(7, 3, 0.7, 1.5), t,
                   horseshoeWithBenches(6 + t, 2 + t, 2 - 1.3 * t, 0.5 + t));
     expectBetween(rectangle(5, 4), boxWithGutter(0.6), t, boxWithGutter(0.6 * t));
+    // Of two niches the nearer one stays.
+    expectBetween(boxWithNiches(1, 0), boxWithNiches(1, 0.8), t, boxWithNiches(1, 0.8 * t));
     const ConstProfilePtr niche = horseshoeWithNiche(5, 3, 2);
     expectBetween(horseshoe(5, 3), niche, t, horseshoeWithNiche(5, 3, 2 * t));
     expectBetween(horseshoeWithNiche(5, 3, 1), niche, t, horseshoeWithNiche(5, 3, 1 + t));
