@@ -67,6 +67,7 @@ TEST(AngleTests, FollowTheirFormulas) {
   using Access = UtilitiesTestAccess;
   EXPECT_TRUE(Access::isZeroOrMultipleOfPi(-kPi + 0.9e-10));
   EXPECT_FALSE(Access::isZeroOrMultipleOfPi(1.1e-10));
+  EXPECT_FALSE(Access::isZeroOrMultipleOfPi(-1.1e-10));
   EXPECT_FALSE(Access::isZeroOrMultipleOfPi(2 * kPi));
   EXPECT_TRUE(Access::isPlusOrMinusPi(3 * kPi));
   EXPECT_FALSE(Access::isPlusOrMinusPi(2 * kPi));
