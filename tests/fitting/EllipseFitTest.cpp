@@ -108,6 +108,10 @@ TEST(EllipseFit, DropsOutliersInTheNextRound) {
   EXPECT_EQ(iterated.method, FittingMethod::EllipseFitzgibbonIterative);
   EXPECT_EQ(used, usedBut("11", 40));
   expectEllipse(iterated, ellipse(Point2D(2, 1), 5, 3, 0.3), 1e-12);
+  // Six points are enough to go on with.
+  Points few = ellipsePoints(Point2D(2, 1), 5, 3, 0.3, 7);
+  few[5].y += 4;
+  expectEllipse(FittingHelper::ellipseFitFitzgibbon(few, used, 10), iterated, 1e-12);
 }
 
 TEST(EllipseFit, PointsOfNoEllipseGiveZeros) {
