@@ -99,6 +99,7 @@ TEST(AxisDefinition, TakesElementsInAnyOrder) {
     EXPECT_EQ(std::pair(point.getTypeId(), point.getRoundingValue()), expected[i]);
   }
   EXPECT_EQ(axis->getVeralPointAt(3), nullptr);
+  EXPECT_FALSE(axis->isShaftAxisTopDown());
   axis->addHoralSegmentStraight(0, 0, 0, 0, 10);
   axis->addHoralSegmentStraight(30, 0, 30, 0, 10);
   axis->addHoralSegmentStraight(10, 0, 10, 0, 20);
