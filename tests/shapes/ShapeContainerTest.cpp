@@ -6,9 +6,7 @@
 
 #include <cmath>
 #include <memory>
-#include <thread>
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -106,25 +104,6 @@ TEST(ShapeContainer, AnswersFromTheElementsAsTheyAre) {
   container.appendHoral(endAt(CShapeType::Straight, 80.0, 150, 290));
   container.update();  // links again
   EXPECT_TRUE(container.positionAt(50.0, place));
-}
-
-TEST(ShapeContainer, PreparesItsGeometryOnceForManyReaders) {
-  CShapeContainer container;
-  for (int i = 0; i <= 2000; ++i) {
-    container.appendHoral(endAt(i == 0 ? CShapeType::StartPoint : CShapeType::Straight, i, 0, i));
-  }
-  container.update();
-  std::vector<const CAxisGeometry*> seen(8);
-  std::vector<std::thread> readers;
-  for (auto& geometry : seen) {
-    readers.emplace_back([&] { geometry = &container.geometry(); });
-  }
-  for (std::thread& reader : readers) {
-    reader.join();
-  }
-  for (const CAxisGeometry* geometry : seen) {
-    EXPECT_EQ(geometry, seen.front());
-  }
 }
 
 TEST(ShapeElements, ComparePositionsAndTellTheirClass) {
