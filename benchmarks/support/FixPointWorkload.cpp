@@ -50,13 +50,13 @@ FixPointWorkload::FixPointWorkload(std::size_t numFixPoints, std::size_t numMeas
   std::iota(order.begin(), order.end(), std::size_t{0});
   std::vector<ENHPoint> targets;
   for (std::size_t i = 0; i < numMeasured - numStray; ++i) {
-    std::swap(order[i], order[i + random.below(numFixPoints - i)]);
+    std::swap(order[i], order[i + random.index(numFixPoints - i)]);
     targets.push_back(fixPoints[order[i]]);
     truth.emplace_back(order[i]);
   }
   for (std::size_t i = 0; i < numStray; ++i) {
     const ENHPoint stray = pointOnTheWall(random);
-    const auto place = static_cast<std::ptrdiff_t>(random.below(targets.size() + 1));
+    const auto place = static_cast<std::ptrdiff_t>(random.index(targets.size() + 1));
     targets.insert(targets.begin() + place, stray);
     truth.insert(truth.begin() + place, std::nullopt);
   }

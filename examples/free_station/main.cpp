@@ -8,12 +8,10 @@
 #include "free_station/Survey.h"
 
 #include "tunnel_survey/AxisBuilder.h"
+#include "tunnel_survey/CommandLine.h"
 #include "tunnel_survey/Files.h"
 #include "tunnel_survey/LandXmlReader.h"
 
-#include <CLI/CLI.hpp>
-
-#include <exception>
 #include <filesystem>
 #include <iostream>
 
@@ -77,21 +75,9 @@ void run(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  try {
-    CLI::App app{
-        "Identifies measured fix points, computes a free station from them, and guides a boom "
-        "point along a tunnel axis."};
-    Options options;
-    addOptions(app, options);
-    try {
-      app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-      return app.exit(error) == 0 ? 0 : 1;
-    }
-    run(options);
-    return 0;
-  } catch (const std::exception& error) {
-    std::cerr << "free_station: " << error.what() << '\n';
-    return 1;
-  }
+  return TunnelSurvey::runCommand(
+      "free_station",
+      "Identifies measured fix points, computes a free station from them, and guides a boom "
+      "point along a tunnel axis.",
+      run, argc, argv);
 }

@@ -4,16 +4,12 @@
 // writes drawings and a report. Draws how the design profile changes into another.
 
 #include "tunnel_survey/AxisSurvey.h"
+#include "tunnel_survey/CommandLine.h"
 #include "tunnel_survey/Files.h"
 #include "tunnel_survey/Options.h"
 #include "tunnel_survey/SectionSurvey.h"
 #include "tunnel_survey/SurveyOutput.h"
 #include "tunnel_survey/Transition.h"
-
-#include <CLI/CLI.hpp>
-
-#include <exception>
-#include <iostream>
 
 namespace {
 
@@ -47,21 +43,9 @@ void run(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  try {
-    CLI::App app{
-        "Tabulates and draws a tunnel axis, converts surveyed points to it, compares measured "
-        "cross-sections with the design profile, and draws how that changes into another."};
-    Options options;
-    addOptions(app, options);
-    try {
-      app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-      return app.exit(error) == 0 ? 0 : 1;
-    }
-    run(options);
-    return 0;
-  } catch (const std::exception& error) {
-    std::cerr << "tunnel_survey: " << error.what() << '\n';
-    return 1;
-  }
+  return runCommand(
+      "tunnel_survey",
+      "Tabulates and draws a tunnel axis, converts surveyed points to it, compares measured "
+      "cross-sections with the design profile, and draws how that changes into another.",
+      run, argc, argv);
 }
