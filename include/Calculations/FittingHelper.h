@@ -52,7 +52,7 @@ class CALCULATIONS_EXPORT FittingHelper {
   /// Image Process. 45, 1989).
   /// @return not-a-number or infinite values for fewer than three distinct points, for points on
   ///   a straight line, and for a coordinate that is not finite. An arc counts as a line when it
-  ///   rises less than about 5e-8 of its chord, or 8e-6 for a million points.
+  ///   rises less than about 5e-8 of its chord, or 2e-5 for a million points.
   static FittingResult circleFitLandau(const std::vector<Point2D>& points);
 
   /// Direct ellipse fit, repeated without outlying points.

@@ -58,8 +58,10 @@ FittingResult FittingHelper::circleFitLandau(const std::vector<Point2D>& points)
   const double yy = 2.0 * (s.y * s.y - n * s.yy);
   const double x = s.xx * s.x - n * s.xxx + s.yy * s.x - n * s.xyy;
   const double y = s.y * s.xx - n * s.yyy + s.yy * s.y - n * s.xxy;
-  // Rounding must not turn a straight line into a circle of arbitrary radius.
-  const double det = areCollinear(xx, xy, yy, points.size()) ? 0.0 : yy * xx - xy * xy;
+  // Rounding must not turn a straight line into a circle of arbitrary radius. The moments lose as
+  // many digits as the first point is far from the others: a factor n if it stands alone.
+  const double cancellation = -2.0 * n * (s.xx + s.yy) / (xx + yy);
+  const double det = areCollinear(xx, xy, yy, n * cancellation) ? 0.0 : yy * xx - xy * xy;
   const double a = (x * yy - y * xy) / det;
   const double b = (y * xx - x * xy) / det;
   const double radius =

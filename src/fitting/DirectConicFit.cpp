@@ -90,7 +90,8 @@ std::optional<Conic> fitConic(const PointSubset& points, const PointFrame& frame
   if (frame.count < kFewestPoints) return std::nullopt;
   const ScatterMatrices s = scatterMatricesOf(points, frame);
   // Otherwise the scatter matrix of the linear terms has an inverse.
-  if (areCollinear(s.linear(0, 0), s.linear(0, 1), s.linear(1, 1), frame.count)) {
+  if (areCollinear(s.linear(0, 0), s.linear(0, 1), s.linear(1, 1),
+                   static_cast<double>(frame.count))) {
     return std::nullopt;
   }
   const Matrix3d linearOfQuadratic = -s.linear.ldlt().solve(s.mixed.transpose());  // T

@@ -48,13 +48,11 @@ double coordinateNoise(const PointFrame& frame) {
   return kMargin * std::numeric_limits<double>::epsilon() * roundings;
 }
 
-bool areCollinear(double xx, double xy, double yy, std::size_t n) {
+bool areCollinear(double xx, double xy, double yy, double roundings) {
   // The determinant of the moments in relation to that of equal spread in all directions, about
-  // the square of width by length. The rounding of sums of n terms accounts for n units in the last
-  // place of it; the floor is for few points.
+  // the square of width by length. The floor is for few points.
   constexpr double kFloor = 1e-14;
-  const double tolerance =
-      std::max(kFloor, static_cast<double>(n) * std::numeric_limits<double>::epsilon());
+  const double tolerance = std::max(kFloor, roundings * std::numeric_limits<double>::epsilon());
   const double halfTrace = 0.5 * (xx + yy);
   return !(xx * yy - xy * xy > tolerance * halfTrace * halfTrace);
 }

@@ -35,9 +35,11 @@ PointFrame frameOf(const PointSubset& points);
 /// of four: nothing smaller can be told from the points.
 double coordinateNoise(const PointFrame& frame);
 
-/// Whether n points with these second moments about their centroid (in any unit) lie on a straight
+/// Whether points with these second moments about their centroid (in any unit) lie on a straight
 /// line as far as sums can tell. Always for moments that are not finite.
-bool areCollinear(double xx, double xy, double yy, std::size_t n);
+/// @param roundings units in the last place that the moments may be off: the number of points,
+///   times the factor by which the moments are smaller than the sums they were taken from
+bool areCollinear(double xx, double xy, double yy, double roundings);
 
 }  // namespace Calculations
 }  // namespace Ruv

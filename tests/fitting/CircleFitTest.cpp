@@ -68,6 +68,17 @@ TEST(CircleFit, PointsOfNoCircleGiveNoNumbers) {
   }
 }
 
+/// Sums relative to a first point that stands alone lose most of their digits: a radius of 18 m
+/// came out of them.
+TEST(CircleFit, TwoPlacesOfWhichOneIsTakenOnceGiveNoNumbers) {
+  for (const std::size_t count : {3u, 26u, 1000u}) {
+    Points points(count, Point2D(-10, -10));
+    points.front() = Point2D(1.0003, 2.0003);
+    EXPECT_FALSE(std::isfinite(FittingHelper::circleFitKasa(points).radius)) << count;
+    EXPECT_FALSE(std::isfinite(FittingHelper::circleFitLandau(points).radius)) << count;
+  }
+}
+
 double determinant(const Eigen::Matrix3d& m) {
   return m(0, 0) * (m(1, 1) * m(2, 2) - m(1, 2) * m(2, 1)) -
          m(0, 1) * (m(1, 0) * m(2, 2) - m(1, 2) * m(2, 0)) +
