@@ -31,6 +31,12 @@ inline double magnitudeAt(const Conic& conic, double u, double v) {
          std::abs(conic.x * u) + std::abs(conic.y * v) + std::abs(conic.constant);
 }
 
+/// The most by which valueAt changes with a shift of the point, for each unit of the shift.
+inline double slopeAt(const Conic& conic, double u, double v) {
+  return std::hypot(2.0 * conic.xx * u + conic.xy * v + conic.x,
+                    conic.xy * u + 2.0 * conic.yy * v + conic.y);
+}
+
 }  // namespace Calculations
 }  // namespace Ruv
 

@@ -38,8 +38,10 @@ struct FittedConic {
 
   bool isNoise(double distance, const Point2D& p) const {
     const Point2D q = frame.reduced(p);
-    const double noise = kNoiseOfFit + coordinateNoise(frame);
-    return distance < noise * magnitudeAt(conic, q.x, q.y);
+    // Where the ellipse is thin a shift of the point changes the distance much more than in
+    // relation to its terms.
+    return distance < kNoiseOfFit * magnitudeAt(conic, q.x, q.y) +
+                          coordinateNoise(frame) * slopeAt(conic, q.x, q.y);
   }
 };
 

@@ -91,6 +91,17 @@ TEST(EllipseFit, ReproducesExactEllipsesOfAnySizeAlsoFarFromTheOrigin) {
   }
 }
 
+/// The rounding of coordinates weighs a/b times as much there as in relation to the residual's
+/// terms.
+TEST(EllipseFit, RejectsNoPointOfAThinEllipseFarFromTheOrigin) {
+  for (int k = 0; k < 60; ++k) {
+    const Point2D center(-2e4 - 0.37 * k, 1.8e4 + k / 3.0);
+    std::vector<bool> used;
+    FittingHelper::ellipseFitFitzgibbon(ellipsePoints(center, 1.0, 0.05, 0.05 * k, 300), used, 10);
+    EXPECT_EQ(used, usedBut("", used.size())) << k;
+  }
+}
+
 TEST(EllipseFit, DropsOutliersInTheNextRound) {
   Points points = ellipsePoints(Point2D(2, 1), 5, 3, 0.3, 40);
   points[11] = points[11] + Point2D(0, 4);
