@@ -45,10 +45,16 @@ struct FittedConic {
   }
 };
 
+/// False for what rounding leaves of a pair of lines: too few places pass for an ellipse.
+bool isFinite(const Ellipse& ellipse) {
+  return std::isfinite(ellipse.semiAxisA) && std::isfinite(ellipse.semiAxisB) &&
+         std::isfinite(ellipse.center.x) && std::isfinite(ellipse.center.y);
+}
+
 std::optional<FittedConic> fitTo(const PointSubset& points) {
   const PointFrame frame = frameOf(points);
   const auto conic = fitConic(points, frame);
-  if (!conic) return std::nullopt;
+  if (!conic || !isFinite(ellipseOf(*conic))) return std::nullopt;
   return FittedConic{frame, *conic};
 }
 

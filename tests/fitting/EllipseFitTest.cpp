@@ -125,6 +125,20 @@ TEST(EllipseFit, DropsOutliersInTheNextRound) {
   expectEllipse(FittingHelper::ellipseFitFitzgibbon(few, used, 10), iterated, 1e-12);
 }
 
+/// Of 22 points the equation was that of a pair of lines, 4 xx yy - xy^2 being 0 but for
+/// rounding.
+TEST(EllipseFit, PointsInThreePlacesGiveAnEllipseOrZeros) {
+  for (std::size_t count = 5; count < 60; ++count) {
+    Points points(count, Point2D(-7.6666666666666661, -7.6666666666666661));
+    points[count - 2].y = -10.0;
+    points[count - 1] = Point2D(-10, -10);
+    std::vector<bool> used;
+    const FittingResult fit = FittingHelper::ellipseFitFitzgibbon(points, used, 1);
+    EXPECT_TRUE(std::isfinite(fit.semiAxisA + fit.semiAxisB + fit.center.x + fit.center.y))
+        << count;
+  }
+}
+
 TEST(EllipseFit, PointsOfNoEllipseGiveZeros) {
   std::vector<Points> cases = pointsOfNoCurve();
   cases.push_back(ellipsePoints(Point2D(2, 1), 5, 3, 0.3, 4));
