@@ -60,12 +60,14 @@ Outcome<std::vector<double>> CsvRow::numbers(const std::vector<std::string>& col
 }
 
 std::string csvCell(const std::string& text) {
+  const bool looksLikeComment = !text.empty() && text.front() == '#';
+  if (!looksLikeComment && text.find_first_of(",\"\\\n") == std::string::npos) return text;
   std::string cell = "\"";
   for (const char letter : text) {
-    if (letter == '"' || letter == '\\') cell += '\\';
-    cell += letter;
+    if (letter == '"' || letter == '\\' || letter == '\n') cell += '\\';
+    cell += letter == '\n' ? 'n' : letter;
   }
-  return text.find_first_of(",\"\\") == std::string::npos ? text : cell + '"';
+  return cell + '"';
 }
 
 bool CsvTable::hasColumn(const std::string& name) const {

@@ -1,11 +1,13 @@
 #include "tunnel_survey/AxisBuilder.h"
 #include "tunnel_survey/LandXmlReader.h"
 #include "tunnel_survey/LandXmlUnits.h"
+#include "tunnel_survey/PointFile.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -91,6 +93,31 @@ TEST(LandXmlReader, SlipsAreToldWithTheirLine) {
     EXPECT_THAT(error.message, HasSubstr(slip.message));
     EXPECT_EQ(error.line, slip.line);
   }
+}
+
+TEST(PointFile, IdsOfAnyLettersComeBack) {
+  std::vector<ConvertedPoint> written;
+  for (const char* id : {"#7", "a\nb", "say \"7\", please", "back\\slash", "#"}) {
+    written.push_back({id, {}, {}});
+  }
+  const auto read = readSurveyedPoints(convertedPointsAsCsv(written));
+  ASSERT_TRUE(read.value);
+  ASSERT_EQ(read.value->points.size(), written.size());
+  for (std::size_t i = 0; i < written.size(); ++i) {
+    EXPECT_EQ(read.value->points[i].id, written[i].id);
+  }
+}
+
+TEST(PointFile, BadRowsAreToldAndTheOthersRead) {
+  const auto file = readSurveyedPoints(
+      "\xEF\xBB\xBFid,height,east,north\r\n#\nA,3,1,+2\nB,3,1\n\"C,1\",6,4,5\nD,1,nan,2\nE\\x");
+  ASSERT_TRUE(file.value) << file.error.message;
+  ASSERT_EQ(file.value->points.size(), 2U);
+  EXPECT_EQ(file.value->points[0].grid, ENHPoint(1, 2, 3));
+  EXPECT_EQ(file.value->points[1].id, "C,1");
+  ASSERT_EQ(file.value->rejected.size(), 3U);
+  EXPECT_EQ(file.value->rejected[0].line, 4);
+  EXPECT_THAT(file.value->rejected[1].message, HasSubstr("east is \"nan\""));
 }
 
 }  // namespace
