@@ -19,12 +19,17 @@ constexpr double kMiterLimit = 2.0;
 constexpr double kArcToleranceUnits = 0.25;
 
 /// Up to this offset (100 m) corners are rounded with that tolerance. Beyond, the tolerance grows
-/// with the offset, so that a corner never gets more than some 4500 points.
+/// with the square of the offset, so that a corner gets ever fewer points, from 4500 down to 220:
+/// the corners of an outline become nearly the same circle, each of whose points the clipper then
+/// compares with those of all the others.
 constexpr double kLargestFineOffsetUnits = 1e6;
+constexpr double kCoarsestArc = 1e-4;  // in relation to the offset
 
 double arcToleranceOf(ClipperLib::cInt distance) {
-  const double coarseness = std::abs(static_cast<double>(distance)) / kLargestFineOffsetUnits;
-  return kArcToleranceUnits * std::max(1.0, coarseness);
+  const double offset = std::abs(static_cast<double>(distance));
+  const double coarseness = std::max(1.0, offset / kLargestFineOffsetUnits);
+  return std::max(kArcToleranceUnits,
+                  std::min(kArcToleranceUnits * coarseness * coarseness, kCoarsestArc * offset));
 }
 
 bool hasHole(const ClipperLib::Paths& paths) {
