@@ -26,6 +26,8 @@ class GuidanceCalculatorImpl;
 ///   components of a straight vector are relative to the inclined tangent. Clear: the vertical
 ///   plane, stationings, and forward and vertical relative to the horizontal. A shaft counts as
 ///   perpendicular. The transverse slope of the axis always applies.
+/// Plumb: calculateOffsets takes a straight vector for plumb, with azimuth 0, when its stored
+///   direction has less than 0.001 both in east and in north.
 /// Failure: never throws. Where a conversion fails results are (0, 0, 0), which a point at the
 ///   origin gives too. Null pointers fail.
 /// Cost: a few conversions of AxisCalculator a call.

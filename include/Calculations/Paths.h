@@ -111,7 +111,8 @@ class CALCULATIONS_EXPORT Path {
 ///
 /// Conventions: metres and square metres; areas of anticlockwise outlines are positive. Results
 ///   never hold holes: an area with a hole is cut into pieces without, whose areas add up.
-/// Failure: when clipping fails the result is empty.
+/// Failure: when clipping fails the result is empty. Of an outline that crosses itself and has
+///   edges all but on top of each other, pieces may be lost or counted twice.
 /// Cost: that of the polygon clipper, about n log n in the number of points.
 /// Lifetime: copies are independent.
 /// @snippet snippets/Profiles.cpp Pathes
