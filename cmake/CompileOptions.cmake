@@ -21,6 +21,11 @@ if(CALCULATIONS_SANITIZE_THREADS)
   add_link_options(-fsanitize=thread)
 endif()
 
+option(CALCULATIONS_FUZZ "Build the fuzzers, with clang" OFF)
+if(CALCULATIONS_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 option(CALCULATIONS_COVERAGE "Instrument for coverage" OFF)
 if(CALCULATIONS_COVERAGE)
   add_compile_options(--coverage)
