@@ -60,10 +60,12 @@ std::string ratioText(double ratio) {
 }
 
 void printTable(const char* head, const std::vector<std::string>& rows, std::ostream& out) {
+  if (rows.empty()) return;
   out << head;
   for (const std::string& row : rows) {
     out << row << '\n';
   }
+  out << '\n';
 }
 
 }  // namespace
@@ -119,12 +121,10 @@ void GoalTable::print(std::ostream& out) const {
       "| work | n | ours | peer | its time | ratio | must | stretch | verdict |\n"
       "|---|---|---|---|---|---|---|---|---|\n",
       m_comparisons, out);
-  out << '\n';
   printTable(
       "| memory and counts | n | ours | must | stretch | verdict |\n"
       "|---|---|---|---|---|---|\n",
       m_quantities, out);
-  out << '\n';
   printTable(
       "| results | n | checked | largest error | must | verdict |\n"
       "|---|---|---|---|---|---|\n",

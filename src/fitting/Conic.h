@@ -33,8 +33,9 @@ inline double magnitudeAt(const Conic& conic, double u, double v) {
 
 /// The most by which valueAt changes with a shift of the point, for each unit of the shift.
 inline double slopeAt(const Conic& conic, double u, double v) {
-  return std::hypot(2.0 * conic.xx * u + conic.xy * v + conic.x,
-                    conic.xy * u + 2.0 * conic.yy * v + conic.y);
+  const double alongU = 2.0 * conic.xx * u + conic.xy * v + conic.x;
+  const double alongV = conic.xy * u + 2.0 * conic.yy * v + conic.y;
+  return std::sqrt(alongU * alongU + alongV * alongV);
 }
 
 }  // namespace Calculations

@@ -30,6 +30,7 @@ constexpr double kNoiseOfFit = 1e-12;
 struct FittedConic {
   PointFrame frame;
   Conic conic;
+  double noiseOfCoordinates = 0.0;
 
   double algebraicDistance(const Point2D& p) const {
     const Point2D q = frame.reduced(p);
@@ -41,7 +42,7 @@ struct FittedConic {
     // Where the ellipse is thin a shift of the point changes the distance much more than in
     // relation to its terms.
     return distance < kNoiseOfFit * magnitudeAt(conic, q.x, q.y) +
-                          coordinateNoise(frame) * slopeAt(conic, q.x, q.y);
+                          noiseOfCoordinates * slopeAt(conic, q.x, q.y);
   }
 };
 
@@ -55,7 +56,7 @@ std::optional<FittedConic> fitTo(const PointSubset& points) {
   const PointFrame frame = frameOf(points);
   const auto conic = fitConic(points, frame);
   if (!conic || !isFinite(ellipseOf(*conic))) return std::nullopt;
-  return FittedConic{frame, *conic};
+  return FittedConic{frame, *conic, coordinateNoise(frame)};
 }
 
 FittingResult resultOf(FittingMethod::Method method, const FittedConic& fitted) {
