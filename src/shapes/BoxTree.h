@@ -83,9 +83,9 @@ class CBoxTree {
   void visitGroup(std::size_t level, std::size_t index, const Point2D& p, const Reach& reach,
                   const Look& look) const {
     Eight squares = m_levels[level][index].quadrupledSquaresFrom(p);
+    std::size_t nearest = placeOfSmallest(squares);
+    if (!(squares[nearest] <= quadrupledSquare(reach()))) return;  // the others are farther still
     for (;;) {
-      const std::size_t nearest = placeOfSmallest(squares);
-      if (!(squares[nearest] <= quadrupledSquare(reach()))) return;  // the others are farther still
       squares[nearest] = std::numeric_limits<double>::infinity();
       const std::size_t child = index * kGroup + nearest;
       if (level == 0) {
@@ -93,6 +93,8 @@ class CBoxTree {
       } else {
         visitGroup(level - 1, child, p, reach, look);
       }
+      if (placesWithin(squares, reach()) == 0) return;  // quicker told than the nearest
+      nearest = placeOfSmallest(squares);
     }
   }
 
