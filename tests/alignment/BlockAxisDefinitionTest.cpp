@@ -112,6 +112,8 @@ TEST(AxisMapper, CarriesStationingsBetweenAxesAndBlocks) {
   const AxisMapper same(axis, axis);
   const AxisMapper toBlock(axis, block);
   const AxisMapper fromBlock(block, axis);
+  const BlockPtr longer = blockOf(axis, start - 10, start + 90);
+  const AxisMapper betweenBlocks(block, longer);
   const AxisCalculator reference(axis);
   const AxisCalculator chord(block);
   for (double s = start; s <= start + 60; s += 4) {
@@ -124,6 +126,8 @@ TEST(AxisMapper, CarriesStationingsBetweenAxesAndBlocks) {
     EXPECT_EQ(toBlock.mapStationing(s, false, false), expected.stationing);
     EXPECT_NEAR(toBlock.mapStationing(tunnelmeter, true, false), expected.stationing, 1e-9);
     EXPECT_EQ(toBlock.mapStationing(s, false, true), expectedTunnelmeter);
+    EXPECT_EQ(betweenBlocks.mapStationing(s, false, false),
+              axisPoint(AxisCalculator(longer), axisPointAt(chord, s)).stationing);
   }
   EXPECT_NEAR(fromBlock.mapStationing(block->blockEndStng2d(), false, false), start + 60, 1e-9);
   EXPECT_FALSE(toBlock.canMap(axis->maximumStng2d(), false));  // on the axis, beyond the block

@@ -103,6 +103,7 @@ TEST(GuidanceVectorFactory, PointsRadialVectorsOutwardsFromAnywhere) {
 TEST(GuidanceCalculator, MeasuresFromAxisParallelVectors) {
   const AxisPtr axis = risingAxis(0.75);  // 1.25 m of tunnel to each metre in plan
   axis->setStationingMappingValues(100, 1000);
+  axis->addTransSlopeSegmentConstant(100, 300, 8);
   const AxisCalculator onAxis(axis);
   const AxisPoint ahead(122, -0.5, 3);
   const VectorPtr vector(Factory::createAsAxisParallelFromAxisCoordinate(AxisPoint(110, 0.5, 1)));
@@ -175,6 +176,24 @@ TEST(GuidanceCalculator, PassesThroughBothPointsOfAPair) {
     const ENHPoint aside = calculator.absolutePointAtForwardValue(offsets.forward);
     EXPECT_NEAR(std::hypot(offsets.horizontal, offsets.vertical), (p - aside).length(), 1e-9);
   }
+}
+
+/// Components are in the section turned by the transverse slope, whether or not the points are.
+TEST(GuidanceVectorFactory, TurnsAPairWithTheTransverseSlope) {
+  const AxisPtr level = risingAxis(0.1);
+  const AxisPtr sloped = risingAxis(0.1);
+  sloped->addTransSlopeSegmentConstant(100, 300, 8);
+  const auto direction = [](const AxisPtr& axis, bool withTransSlope) {
+    return VectorPtr(Factory::createAsStraightFromPairOfAxisCoordinates(
+                         axis, AxisPoint(110, -3, 1), AxisPoint(120, 4, 2), true, withTransSlope))
+        ->getVectorDirection();
+  };
+  const GuidanceOffsets d = direction(level, true);
+  expectOffsets(direction(sloped, true), d.forward, d.horizontal, d.vertical, 1e-12);
+  const double c = std::cos(std::atan(0.08));
+  const double s = std::sin(std::atan(0.08));
+  expectOffsets(direction(sloped, false), d.forward, d.horizontal * c - d.vertical * s,
+                d.vertical * c + d.horizontal * s, 1e-12);
 }
 
 TEST(GuidanceCalculator, WorksOnBlocksAndShafts) {

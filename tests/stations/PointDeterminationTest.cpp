@@ -192,6 +192,12 @@ TEST(PointDetermination, RegularGridsAndStraysTakeNoTime) {
   EXPECT_TRUE(d.determineMeasuredPointsRobust());
   EXPECT_NE(d.getFixPointIdForMeasurementId(L"M14"), L"");
   EXPECT_FALSE(d.isBestSolutionSignificantlyBetter()) << "the grid turned by half a turn";
+  // One of two fix points measured twice: too few fix points, not too few measurements.
+  PointDetermination pair;
+  addPoints(pair, {{0, 0, 0}, {9, 0, 1}});
+  addMeasurements(pair, {{5, 5, 5}, {14, 5, 6}, {14, 5, 6}});
+  EXPECT_FALSE(pair.determineMeasuredPointsStrict());
+  EXPECT_FALSE(pair.determineMeasuredPointsRobust());
   PointDetermination onePlace;
   addPoints(onePlace, std::vector<ENHPoint>(100, ENHPoint(5.0, 6.0, 7.0)));
   addMeasurements(onePlace, std::vector<ENHPoint>(10, ENHPoint(1.0, 2.0, 3.0)));
