@@ -125,6 +125,34 @@ TEST(EllipseFit, DropsOutliersInTheNextRound) {
   expectEllipse(FittingHelper::ellipseFitFitzgibbon(few, used, 10), iterated, 1e-12);
 }
 
+TEST(EllipseFit, RoundsRejectByTheMeanOfAllPoints) {
+  for (const std::size_t count : {8u, 30u, 300u, 3000u}) {
+    Points points = ellipsePoints(Point2D(2, 1), 5, 3, 0.3, static_cast<int>(count), 0.8, 0.01);
+    // Outliers of all sizes, so that some lie close to the limit.
+    for (std::size_t i = 2; i < count; i += 7) {
+      points[i].x += 0.0002 * static_cast<double>(i % 997);
+    }
+    for (const int rounds : {1, 2, 3, 10}) {
+      SCOPED_TRACE(testing::Message() << count << " points, " << rounds << " rounds");
+      std::vector<bool> expectedUsed(count, true);
+      FittingResult expected = ellipse(Point2D(), 0, 0, 0);
+      std::vector<double> residuals;
+      for (int round = 0; round < rounds; ++round) {
+        ASSERT_TRUE(FittingHelperTestAccess::kFitOnce(points, expectedUsed, expected, residuals));
+        const double sum = std::accumulate(residuals.begin(), residuals.end(), 0.0);
+        for (std::size_t i = 0; i < count; ++i) {
+          if (residuals[i] > 3.0 * sum / static_cast<double>(count)) expectedUsed[i] = false;
+        }
+      }
+      std::vector<bool> used;
+      const FittingResult result = FittingHelper::ellipseFitFitzgibbon(points, used, rounds);
+      EXPECT_EQ(used, expectedUsed);
+      EXPECT_EQ(result.method, rounds < 2 ? 3 : 4);
+      expectEllipse(result, expected, 1e-12);
+    }
+  }
+}
+
 /// Of 22 points the equation was that of a pair of lines, 4 xx yy - xy^2 being 0 but for
 /// rounding.
 TEST(EllipseFit, PointsInThreePlacesGiveAnEllipseOrZeros) {

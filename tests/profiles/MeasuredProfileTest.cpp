@@ -226,6 +226,38 @@ TEST(MeasuredProfileCalculator, Filters) {
   EXPECT_EQ(calculator.comparisonCircumferenceLines(true).size(), 2u);
 }
 
+/// Right half of radius 7 round (0, 4), left half of radius 5.
+TEST(MeasuredProfileCalculator, LeavesOutWhatFiltersExclude) {
+  constexpr double kStep = 0.11;  // what lies between two bearings
+  std::vector<Point2D> points;
+  for (int i = 0; i < 400; ++i) {
+    const double bearing = (i + 0.5) * kPi / 200;
+    const double radius = bearing < kPi ? 7.0 : 5.0;
+    points.emplace_back(radius * std::sin(bearing), 4 + radius * std::cos(bearing));
+  }
+  MeasuredProfileCalculator calculator(circleProfile(6.0, 0.0, 4.0), measuredThrough(points));
+  const double over = kPi * (49 - 36) / 2;
+  const double under = kPi * (36 - 25) / 2;
+  EXPECT_NEAR(calculator.overProfileArea(), over, kStep);
+  EXPECT_NEAR(calculator.underProfileArea(), under, kStep);
+  const Point2D p(6.5, 4);
+  const double distance = calculator.calculateProfilePoint(p).distance;
+  calculator.setFilterExcludeRightOf(0.0);
+  EXPECT_NEAR(calculator.overProfileArea(), 0.0, kStep);
+  EXPECT_NEAR(calculator.underProfileArea(), under, kStep);
+  const FittingResult fit =
+      calculator.leastSquarePointOfComparisonProfile(FittingMethod::CircleKasa);
+  expectPoint(fit.center, Point2D(0, 4), 1e-9);
+  EXPECT_NEAR(fit.radius, 5.0, 1e-9);
+  // Points are compared and distances measured all the same.
+  EXPECT_EQ(calculator.calculateProfilePoint(p).distance, distance);
+  EXPECT_NEAR(calculator.radialDistanceToComparisonProfile(p).x, 7.0, 1e-3);
+  calculator.resetAllFilters();
+  calculator.setFilterExcludeLeftOf(0.0);
+  EXPECT_NEAR(calculator.overProfileArea(), over, kStep);
+  EXPECT_NEAR(calculator.underProfileArea(), 0.0, kStep);
+}
+
 TEST(MeasuredProfileCalculator, GivesOutlines) {
   MeasuredProfileCalculator calculator(
       circleProfile(2.0), measuredThrough({{0, 0}, {0, 4}, {2, 4.0001}, {4, 4}, {4, 0}}));

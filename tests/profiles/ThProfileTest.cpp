@@ -202,6 +202,21 @@ TEST(ThProfileCalculator, KnowsInsideFromOutsideOnTwoHalfCircles) {
   }
 }
 
+TEST(ThProfileCalculator, MeasuresTheShortestWayAcross) {
+  const ProfilePtr u = profileThrough({{0, 0, 0},
+                                       {0, 9, 0},
+                                       {3, 9, 0},
+                                       {3, 2, 0},
+                                       {7, 2, 0},
+                                       {7, 9, 0},
+                                       {10, 9, 0},
+                                       {10, 0, 0},
+                                       {0, 0, 0}});
+  const ThProfileCalculator calculator(u);
+  EXPECT_NEAR(calculator.diameterAtProfilePoint(Point2D(0.1, 5)), 3.0, 1e-12);
+  EXPECT_NEAR(calculator.diameterAtProfilePoint(Point2D(0.1, 1)), 10.0, 1e-12);
+}
+
 TEST(ThProfileCalculator, LooksForCutsWithinAKilometre) {
   const ThProfileCalculator right(circleProfile(5, 1000, 0));
   EXPECT_EQ(right.profilePointsAtGivenUpOffset(0).size(), 1u);

@@ -81,6 +81,13 @@ TEST(Path, DiscretisesArcs) {
   EXPECT_EQ(impossible.numDiscretePathPoints(), 103u);
 }
 
+/// From the end points on the grid the arcs would be less than half circles.
+TEST(Path, KeepsTheExactStartOfArcs) {
+  for (const double shift : {0.0, 0.00003, 0.00007}) {
+    EXPECT_NEAR(circle(5.0, shift, shift).area(), kPi * 25, 0.03) << shift;
+  }
+}
+
 TEST(Path, ClosesAnticlockwise) {
   Path square = lineThrough({{0, 0}, {0, 1}, {1, 1}, {1, 0}});
   EXPECT_EQ(square.area(), -1.0);
