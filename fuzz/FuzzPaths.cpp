@@ -111,9 +111,10 @@ double lengthTolerance(const Path& a, const Path& b) {
   return 2.0 * kGrid * (4.0 + a.numDiscretePathPoints() + b.numDiscretePathPoints());
 }
 
-void cutLines(Input& input, const Path& cut, const Path& area) {
+/// The clipper may count parts twice in an outline that crosses itself.
+void cutLines(const Path& cut, const Path& area, bool isSimple) {
   const Pathes inside = Path::linesWithin(cut, area);
-  if (!input.isTame()) return;
+  if (!isSimple) return;
   require(inside.linesLength() <= cut.lineLength() + lengthTolerance(cut, area),
           "the parts of a line are not longer than the line");
 }
@@ -140,7 +141,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (areSimple) locate(input, a, b);
   if (input.isTame()) combine(a, b);
   const Path cut = line(input, 12);
-  cutLines(input, cut, a);
+  cutLines(cut, a, areSimple);
   grow(input, a, cut, areSimple);
   Point2D hit;
   const Point2D from = input.point(10.0);
