@@ -151,8 +151,9 @@ class CALCULATIONS_EXPORT Pathes {
   static Pathes expand(const Pathes& a, double d);
   /// Open lines grown into bands of half-width d, with flat ends.
   static Pathes expandLines(const Pathes& a, double d);
-  /// The parts of open lines inside an area. A closed outline counts as a line from its first
-  /// point round to it. Clean removes points closer than 0.14 mm to the line of their neighbours.
+  /// The parts of open lines inside an area; those along its outline may count as inside or not.
+  /// A closed outline counts as a line from its first point round to it. Clean removes points
+  /// closer than 0.14 mm to the line of their neighbours, and so turns back on itself.
   static Pathes linesWithin(const Pathes& lines, const Pathes& area, bool clean);
 
   /// For the library's own clipping.

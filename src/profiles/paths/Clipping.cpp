@@ -42,10 +42,12 @@ ClipperLib::Paths withoutHoles(ClipperLib::Paths paths) {
   return paths;
 }
 
-void addPaths(ClipperLib::Clipper& clipper, const PathViews& paths, ClipperLib::PolyType role,
-              bool areClosed) {
-  for (const ClipperLib::Path* path : paths) {
-    clipper.AddPath(*path, role, areClosed);
+/// Cleaning may turn a sliver inside out. Then nothing is left of it, as of those that it removes.
+void clean(ClipperLib::Paths& pieces) {
+  for (ClipperLib::Path& piece : pieces) {
+    const bool wasOutline = ClipperLib::Orientation(piece);
+    ClipperLib::CleanPolygon(piece, kCleaningDistanceUnits);
+    if (ClipperLib::Orientation(piece) != wasOutline) piece.clear();
   }
 }
 
@@ -58,7 +60,7 @@ ClipperLib::Paths combined(ClipperLib::ClipType operation, const PathViews& a, c
     return {};
   }
   solution = withoutHoles(std::move(solution));
-  ClipperLib::CleanPolygons(solution, kCleaningDistanceUnits);
+  clean(solution);
   return solution;
 }
 
@@ -75,6 +77,13 @@ ClipperLib::Paths grownLines(const PathViews& lines, ClipperLib::cInt distance) 
 }
 
 }  // namespace
+
+void addPaths(ClipperLib::Clipper& clipper, const PathViews& paths, ClipperLib::PolyType role,
+              bool areClosed) {
+  for (const ClipperLib::Path* path : paths) {
+    clipper.AddPath(*path, role, areClosed);
+  }
+}
 
 ClipperLib::Paths intersectionOf(const PathViews& a, const PathViews& b) {
   return combined(ClipperLib::ctIntersection, a, b);
@@ -104,19 +113,6 @@ ClipperLib::Paths offsetOutlines(const PathViews& outlines, ClipperLib::cInt dis
   ClipperLib::Paths solution;
   offset.Execute(solution, static_cast<double>(distance));
   return solution;
-}
-
-ClipperLib::Paths linesInside(const PathViews& lines, const PathViews& area) {
-  ClipperLib::Clipper clipper;
-  addPaths(clipper, lines, ClipperLib::ptSubject, false);
-  addPaths(clipper, area, ClipperLib::ptClip, true);
-  ClipperLib::PolyTree tree;
-  ClipperLib::Paths inside;
-  if (clipper.Execute(ClipperLib::ctIntersection, tree, ClipperLib::pftEvenOdd,
-                      ClipperLib::pftEvenOdd)) {
-    ClipperLib::OpenPathsFromPolyTree(tree, inside);
-  }
-  return inside;
 }
 
 }  // namespace Calculations

@@ -18,6 +18,9 @@ constexpr double kCleaningDistanceUnits = 1.415;
 /// Paths that are looked at and not copied. They must live until the call returns.
 using PathViews = std::vector<const ClipperLib::Path*>;
 
+void addPaths(ClipperLib::Clipper& clipper, const PathViews& paths, ClipperLib::PolyType role,
+              bool areClosed);
+
 /// These results are free of holes. Empty when the clipping fails.
 /// @{
 ClipperLib::Paths intersectionOf(const PathViews& a, const PathViews& b);
@@ -36,9 +39,6 @@ ClipperLib::Paths simplePieces(ClipperLib::Paths bands);
 /// May hold holes, as the outlines may.
 /// @param distance in clipping units
 ClipperLib::Paths offsetOutlines(const PathViews& outlines, ClipperLib::cInt distance);
-
-/// The parts of open lines inside an area, as the clipper gives them.
-ClipperLib::Paths linesInside(const PathViews& lines, const PathViews& area);
 
 }  // namespace Calculations
 }  // namespace Ruv

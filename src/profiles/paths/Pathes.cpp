@@ -4,6 +4,7 @@
 #include "profiles/paths/Bands.h"
 #include "profiles/paths/Clipping.h"
 #include "profiles/paths/GridUnits.h"
+#include "profiles/paths/LineClipping.h"
 #include "profiles/paths/PathImpl.h"
 
 #include <utility>

@@ -1,0 +1,109 @@
+// The clipper (6.4) sometimes loses parts of open lines that have level edges, or counts them
+// twice: two level edges one after the other are enough. Such lines, and the area with them, are
+// therefore sheared until nothing is level, clipped, and sheared back, which changes neither what
+// is inside nor the stored points.
+
+#include "profiles/paths/LineClipping.h"
+
+#include "profiles/paths/GridUnits.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+using ClipperLib::cInt;
+
+/// Leaves an edge level only if it fell by exactly one part in this before. The largest power of
+/// two for which all coordinates stay within the range of the clipper.
+constexpr cInt kShear = 4096;
+static_assert((static_cast<double>(kShear) + 1.0) * kMostUnits <
+                  static_cast<double>(ClipperLib::hiRange),
+              "sheared coordinates must stay within the range of the clipper");
+
+bool isLevel(const ClipperLib::IntPoint& a, const ClipperLib::IntPoint& b) {
+  return a.Y == b.Y && a.X != b.X;
+}
+
+bool hasLevelEdge(const ClipperLib::Path* line) {
+  return std::adjacent_find(line->begin(), line->end(), isLevel) != line->end();
+}
+
+bool isInRange(const ClipperLib::Path* path) {
+  return std::all_of(path->begin(), path->end(), [](const ClipperLib::IntPoint& p) {
+    return std::abs(static_cast<double>(p.X)) <= kMostUnits &&
+           std::abs(static_cast<double>(p.Y)) <= kMostUnits;
+  });
+}
+
+/// Only callers who hand over paths of the clipper's own can have some out of range.
+bool areInRange(const PathViews& paths) {
+  return std::all_of(paths.begin(), paths.end(), isInRange);
+}
+
+cInt roundedQuotient(cInt value, cInt divisor) {
+  const cInt rest = value % divisor;
+  return value / divisor + static_cast<cInt>(2 * rest >= divisor) -
+         static_cast<cInt>(2 * rest < -divisor);
+}
+
+ClipperLib::Paths sheared(const PathViews& paths) {
+  ClipperLib::Paths result;
+  result.reserve(paths.size());
+  for (const ClipperLib::Path* path : paths) {
+    result.push_back(*path);
+    for (ClipperLib::IntPoint& p : result.back()) {
+      p.Y = kShear * p.Y + p.X;
+    }
+  }
+  return result;
+}
+
+PathViews viewsOf(const ClipperLib::Paths& paths) {
+  PathViews views;
+  views.reserve(paths.size());
+  for (const ClipperLib::Path& path : paths) {
+    views.push_back(&path);
+  }
+  return views;
+}
+
+void shearBack(ClipperLib::Paths& paths) {
+  for (ClipperLib::Path& path : paths) {
+    for (ClipperLib::IntPoint& p : path) {
+      p.Y = roundedQuotient(p.Y - p.X, kShear);
+    }
+  }
+}
+
+ClipperLib::Paths clipped(const PathViews& lines, const PathViews& area) {
+  ClipperLib::Clipper clipper;
+  addPaths(clipper, lines, ClipperLib::ptSubject, false);
+  addPaths(clipper, area, ClipperLib::ptClip, true);
+  ClipperLib::PolyTree tree;
+  ClipperLib::Paths inside;
+  if (clipper.Execute(ClipperLib::ctIntersection, tree, ClipperLib::pftEvenOdd,
+                      ClipperLib::pftEvenOdd)) {
+    ClipperLib::OpenPathsFromPolyTree(tree, inside);
+  }
+  return inside;
+}
+
+}  // namespace
+
+ClipperLib::Paths linesInside(const PathViews& lines, const PathViews& area) {
+  const bool needShear = std::any_of(lines.begin(), lines.end(), hasLevelEdge) &&
+                         areInRange(lines) && areInRange(area);
+  if (!needShear) return clipped(lines, area);
+  const ClipperLib::Paths shearedLines = sheared(lines);
+  const ClipperLib::Paths shearedArea = sheared(area);
+  ClipperLib::Paths inside = clipped(viewsOf(shearedLines), viewsOf(shearedArea));
+  shearBack(inside);
+  return inside;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv
