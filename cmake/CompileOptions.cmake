@@ -11,7 +11,8 @@ target_compile_options(CalculationsCompileOptions INTERFACE
 option(CALCULATIONS_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 if(CALCULATIONS_SANITIZE)
   set(sanitizers -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all)
-  add_compile_options(${sanitizers} -fno-omit-frame-pointer -D_GLIBCXX_ASSERTIONS)
+  add_compile_options(${sanitizers} -fno-omit-frame-pointer -D_GLIBCXX_ASSERTIONS
+    $<$<CXX_COMPILER_ID:Clang>:-fsanitize-ignorelist=${CMAKE_CURRENT_LIST_DIR}/sanitize-ignorelist.txt>)
   add_link_options(${sanitizers})
 endif()
 
