@@ -1,8 +1,6 @@
 #include "free_station/Options.h"
 
-#include "tunnel_survey/NumberParsing.h"
-
-#include "drawing/NumberText.h"
+#include "tunnel_survey/RangeCheck.h"
 
 #include <CLI/CLI.hpp>
 
@@ -10,16 +8,9 @@ namespace FreeStation {
 
 namespace {
 
-/// Unlike CLI::Range it refuses not-a-number.
-CLI::Validator between(double lowest, double highest) {
-  const std::string range = Drawing::fixed(lowest, 4) + " to " + Drawing::fixed(highest, 1);
-  const auto complaint = [=](const std::string& text) {
-    const auto number = TunnelSurvey::parseNumber(text);
-    const bool fits = number && *number >= lowest && *number <= highest;
-    return fits ? std::string() : text + " is not a number from " + range;
-  };
-  return CLI::Validator(complaint, range);
-}
+using TunnelSurvey::between;
+
+constexpr double kFarthest = 1e6;  // of a position beside an axis
 
 }  // namespace
 
@@ -46,7 +37,8 @@ void addOptions(CLI::App& app, Options& options) {
                  "axis (m)")
       ->required()
       ->delimiter(',')
-      ->expected(3);
+      ->expected(3)
+      ->check(between(-kFarthest, kFarthest));
   app.add_option("--ahead", options.ahead, "Distance of the point ahead from the boom (m)")
       ->check(between(0.1, 100.0))
       ->capture_default_str();

@@ -1,27 +1,12 @@
 #include "tunnel_survey/Options.h"
 
-#include "tunnel_survey/NumberParsing.h"
-
-#include "drawing/NumberText.h"
+#include "tunnel_survey/RangeCheck.h"
 
 #include <CLI/CLI.hpp>
 
 namespace TunnelSurvey {
 
 namespace {
-
-using Drawing::fixed;
-
-/// Unlike CLI::Range it refuses not-a-number.
-CLI::Validator between(double lowest, double highest) {
-  const std::string range = fixed(lowest, 2) + " to " + fixed(highest, 2);
-  const auto complaint = [=](const std::string& text) {
-    const auto number = parseNumber(text);
-    const bool fits = number && *number >= lowest && *number <= highest;
-    return fits ? std::string() : text + " is not a number from " + range;
-  };
-  return CLI::Validator(complaint, range);
-}
 
 constexpr double kFarthest = 1000.0;  // of a cross-section's coordinates
 

@@ -21,7 +21,8 @@ bool hasMeasurements(const Options& options) {
 
 void refuseIncomplete(const Options& options) {
   if (options.landXml.empty() && options.design.empty()) {
-    throw Failure("give a LandXML file, or --design and --sections; see --help");
+    throw Failure(
+        "give a LandXML file, or --design with --sections or --transition-to; see --help");
   }
   const bool isDesignUsed = hasMeasurements(options) || !options.transitionTo.empty();
   if (!options.design.empty() && !isDesignUsed) {
