@@ -58,16 +58,21 @@ double distanceToEdge(const Point2D& p, const Point2D& a, const Point2D& b) {
   return std::hypot(p.x - a.x - onEdge * d.x, p.y - a.y - onEdge * d.y);
 }
 
-bool isNearOutline(const Path& path, const Point2D& p) {
-  constexpr double kNear = 5.0 * kGrid;
-  const unsigned count = path.numDiscretePathPoints();
-  for (unsigned i = 0; i < count; ++i) {
-    if (distanceToEdge(p, path.discretePathPointAt(i), path.discretePathPointAt((i + 1) % count)) <
-        kNear) {
-      return true;
-    }
+constexpr double kNear = 5.0 * kGrid;
+
+bool isNearLine(const Path& line, const Point2D& p) {
+  for (unsigned i = 1; i < line.numDiscretePathPoints(); ++i) {
+    const Point2D start = line.discretePathPointAt(i - 1);
+    if (distanceToEdge(p, start, line.discretePathPointAt(i)) < kNear) return true;
   }
   return false;
+}
+
+bool isNearOutline(const Path& path, const Point2D& p) {
+  const unsigned count = path.numDiscretePathPoints();
+  if (count == 0) return false;
+  const Point2D last = path.discretePathPointAt(count - 1);
+  return isNearLine(path, p) || distanceToEdge(p, last, path.discretePathPointAt(0)) < kNear;
 }
 
 bool isNearOutline(const Pathes& paths, const Point2D& p) {
@@ -111,12 +116,29 @@ double lengthTolerance(const Path& a, const Path& b) {
   return 2.0 * kGrid * (4.0 + a.numDiscretePathPoints() + b.numDiscretePathPoints());
 }
 
-/// The clipper may count parts twice in an outline that crosses itself.
-void cutLines(const Path& cut, const Path& area, bool isSimple) {
-  const Pathes inside = Path::linesWithin(cut, area);
-  if (!isSimple) return;
-  require(inside.linesLength() <= cut.lineLength() + lengthTolerance(cut, area),
+/// Away from the outline the parts hold what of the line is inside, and nothing else.
+void locateParts(Input& input, const Path& cut, const Path& area, const Pathes& parts) {
+  const unsigned step = cut.numDiscretePathPoints() / 16 + 1;
+  for (unsigned i = step; i < cut.numDiscretePathPoints(); i += step) {
+    const Point2D start = cut.discretePathPointAt(i - 1);
+    const Point2D p = start + (cut.discretePathPointAt(i) - start) * input.number(0.0, 1.0);
+    if (isNearOutline(area, p)) continue;
+    const auto& list = parts.paths();
+    require(
+        std::any_of(list.begin(), list.end(),
+                    [&](const Path& part) { return isNearLine(part, p); }) == area.pointWithin(p),
+        "a point of a line is on one of its parts when it is inside");
+  }
+}
+
+/// The clipper may lose parts, or count them twice, in an outline that crosses itself.
+void cutLines(Input& input, const Path& cut, const Path& area, bool isSimple) {
+  Path::linesWithin(cut, area);
+  const Pathes parts = Pathes::linesWithin(cut, area, false);
+  if (!isSimple || cut.lineLength() == 0.0) return;
+  require(parts.linesLength() <= cut.lineLength() + lengthTolerance(cut, area),
           "the parts of a line are not longer than the line");
+  locateParts(input, cut, area, parts);
 }
 
 void grow(Input& input, const Path& area, const Path& band, bool isSimple) {
@@ -141,7 +163,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (areSimple) locate(input, a, b);
   if (input.isTame()) combine(a, b);
   const Path cut = line(input, 12);
-  cutLines(cut, a, areSimple);
+  cutLines(input, cut, a, areSimple);
   grow(input, a, cut, areSimple);
   Point2D hit;
   const Point2D from = input.point(10.0);
