@@ -1,7 +1,6 @@
-// The clipper (6.4) sometimes loses parts of open lines that have level edges, or counts them
-// twice: two level edges one after the other are enough. Such lines, and the area with them, are
-// therefore sheared until nothing is level, clipped, and sheared back, which changes neither what
-// is inside nor the stored points.
+// The clipper (6.4) loses parts of lines that begin or end with a level edge, or counts them twice.
+// Such lines, and the area with them, are therefore sheared until nothing is level, clipped, and
+// sheared back, which changes neither what is inside nor the stored points. Closed lines are safe.
 
 #include "profiles/paths/LineClipping.h"
 
@@ -24,12 +23,16 @@ static_assert((static_cast<double>(kShear) + 1.0) * kMostUnits <
                   static_cast<double>(ClipperLib::hiRange),
               "sheared coordinates must stay within the range of the clipper");
 
-bool isLevel(const ClipperLib::IntPoint& a, const ClipperLib::IntPoint& b) {
-  return a.Y == b.Y && a.X != b.X;
+template <class Iterator>
+bool beginsLevel(Iterator begin, Iterator end) {
+  const auto next =
+      std::find_if(begin, end, [&](const ClipperLib::IntPoint& p) { return p != *begin; });
+  return next != end && next->Y == begin->Y;
 }
 
-bool hasLevelEdge(const ClipperLib::Path* line) {
-  return std::adjacent_find(line->begin(), line->end(), isLevel) != line->end();
+bool hasLevelEnd(const ClipperLib::Path* line) {
+  if (line->empty() || line->front() == line->back()) return false;
+  return beginsLevel(line->begin(), line->end()) || beginsLevel(line->rbegin(), line->rend());
 }
 
 bool isInRange(const ClipperLib::Path* path) {
@@ -95,8 +98,8 @@ ClipperLib::Paths clipped(const PathViews& lines, const PathViews& area) {
 }  // namespace
 
 ClipperLib::Paths linesInside(const PathViews& lines, const PathViews& area) {
-  const bool needShear = std::any_of(lines.begin(), lines.end(), hasLevelEdge) &&
-                         areInRange(lines) && areInRange(area);
+  const bool needShear =
+      std::any_of(lines.begin(), lines.end(), hasLevelEnd) && areInRange(lines) && areInRange(area);
   if (!needShear) return clipped(lines, area);
   const ClipperLib::Paths shearedLines = sheared(lines);
   const ClipperLib::Paths shearedArea = sheared(area);

@@ -176,8 +176,8 @@ double lengthInside(const std::vector<Point2D>& line, const std::vector<Point2D>
   return sum;
 }
 
-/// Left to itself the clipper loses parts of lines like these, or counts them twice, where their
-/// edges are level: once in forty lines.
+/// Left to itself the clipper loses parts of lines like these, or counts them twice, where they
+/// begin or end level: once in forty lines.
 TEST(Pathes, FindAllPartsOfSteppedLinesOnce) {
   Random random(31);
   for (int round = 0; round < 2000; ++round) {
