@@ -1,6 +1,7 @@
 // The clipper (6.4) loses parts of lines that begin or end with a level edge, or counts them twice.
 // Such lines, and the area with them, are therefore sheared until nothing is level, clipped, and
 // sheared back, which changes neither what is inside nor the stored points. Closed lines are safe.
+// It loses others where outlines of the area share edges, so these are united first.
 
 #include "profiles/paths/LineClipping.h"
 
@@ -95,9 +96,7 @@ ClipperLib::Paths clipped(const PathViews& lines, const PathViews& area) {
   return inside;
 }
 
-}  // namespace
-
-ClipperLib::Paths linesInside(const PathViews& lines, const PathViews& area) {
+ClipperLib::Paths clippedWithoutLevelEnds(const PathViews& lines, const PathViews& area) {
   const bool needShear =
       std::any_of(lines.begin(), lines.end(), hasLevelEnd) && areInRange(lines) && areInRange(area);
   if (!needShear) return clipped(lines, area);
@@ -106,6 +105,14 @@ ClipperLib::Paths linesInside(const PathViews& lines, const PathViews& area) {
   ClipperLib::Paths inside = clipped(viewsOf(shearedLines), viewsOf(shearedArea));
   shearBack(inside);
   return inside;
+}
+
+}  // namespace
+
+ClipperLib::Paths linesInside(const PathViews& lines, const PathViews& area) {
+  if (area.size() <= 1) return clippedWithoutLevelEnds(lines, area);
+  const ClipperLib::Paths outlines = withoutSharedEdges(area);
+  return clippedWithoutLevelEnds(lines, viewsOf(outlines));
 }
 
 }  // namespace Calculations
