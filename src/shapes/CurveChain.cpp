@@ -150,18 +150,38 @@ CChainFoot CCurveChain::footAtVertex(std::size_t node, std::size_t segment,
   return foot;
 }
 
+bool CCurveChain::isClosed() const {
+  return (m_nodes.front().point - m_nodes.back().point).length() <= kClosedDistance;
+}
+
+const CChainSegment* CCurveChain::segmentBefore(std::size_t node) const {
+  const std::size_t count = m_segments.size();
+  for (std::size_t i = 0; i < count; ++i) {
+    if (node == 0 && !isClosed()) return nullptr;
+    node = node > 0 ? node - 1 : count - 1;
+    if (m_segments[node].hasExtent()) return &m_segments[node];
+  }
+  return nullptr;
+}
+
+const CChainSegment* CCurveChain::segmentAfter(std::size_t node) const {
+  const std::size_t count = m_segments.size();
+  for (std::size_t i = 0; i < count; ++i, ++node) {
+    if (node == count && !isClosed()) return nullptr;
+    if (node == count) node = 0;
+    if (m_segments[node].hasExtent()) return &m_segments[node];
+  }
+  return nullptr;
+}
+
 /// The mean direction at a node; where a chain is open, the direction of its end.
 CDirection CCurveChain::directionThroughVertex(std::size_t node) const {
-  const std::size_t count = m_segments.size();
-  const bool isClosed = (m_nodes.front().point - m_nodes.back().point).length() <= kClosedDistance;
-  const bool hasBefore = node > 0 || isClosed;
-  const bool hasAfter = node < count || isClosed;
-  const CChainSegment& before = m_segments[node > 0 ? node - 1 : count - 1];
-  const CChainSegment& after = m_segments[node < count ? node : 0];
-  const CDirection into = before.hasExtent() ? before.at(before.length).tangent : CDirection();
-  if (!hasAfter || !after.hasExtent()) return into;
-  if (!hasBefore || !before.hasExtent()) return after.startDirection;
-  return directionThrough(into, after.startDirection);
+  const CChainSegment* before = segmentBefore(node);
+  const CChainSegment* after = segmentAfter(node);
+  const CDirection into = before != nullptr ? before->at(before->length).tangent : CDirection();
+  if (after == nullptr) return into;
+  if (before == nullptr) return after->startDirection;
+  return directionThrough(into, after->startDirection);
 }
 
 std::optional<Point2D> CCurveChain::pointAt(double station) const {

@@ -73,6 +73,14 @@ class CCurveChain {
   CChainFoot footInside(const Candidate& candidate) const;
   CChainFoot footAtVertex(std::size_t node, std::size_t segment, const Point2D& p) const;
   Point2D outwardNormal(const CDirection& tangent) const;
+  bool isClosed() const;
+  /// The segment that leads to a node or on from it, across the joint of a closed chain. Repeated
+  /// nodes have segments without direction between them, which are passed over. Null at an open
+  /// end.
+  /// @{
+  const CChainSegment* segmentBefore(std::size_t node) const;
+  const CChainSegment* segmentAfter(std::size_t node) const;
+  /// @}
   CDirection directionThroughVertex(std::size_t node) const;
   double stationOn(std::size_t segment, double length) const;
 

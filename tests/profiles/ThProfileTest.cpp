@@ -202,6 +202,24 @@ TEST(ThProfileCalculator, KnowsInsideFromOutsideOnTwoHalfCircles) {
   }
 }
 
+/// Points beside corners, one of them acute, where the normal of either neighbour alone can lie.
+TEST(ThProfileCalculator, KnowsInsideFromOutsideAtRepeatedNodes) {
+  const std::vector<ProfileNode> once = {{0, 0, 0}, {0, 4, 0}, {2, 4, 0}, {2, 2, 0},
+                                         {4, 2, 0}, {9, 0, 0}, {0, 0, 0}};
+  std::vector<ProfileNode> twice;
+  for (const ProfileNode& node : once) {
+    twice.insert(twice.end(), {node, {node.x, node.y, 0}});
+  }
+  const ThProfileCalculator expected(profileThrough(once));
+  const ThProfileCalculator repeated(profileThrough(twice));
+  for (int i = 0; i < 24 * 16; ++i) {
+    const Point2D p(-1 + 0.5 * (i % 24), -2 + 0.5 * (i / 24));
+    EXPECT_EQ(repeated.calculateProfilePoint(p).distance,
+              expected.calculateProfilePoint(p).distance)
+        << p.x << ", " << p.y;
+  }
+}
+
 TEST(ThProfileCalculator, MeasuresTheShortestWayAcross) {
   const ProfilePtr u = profileThrough({{0, 0, 0},
                                        {0, 9, 0},
