@@ -27,6 +27,8 @@ double turning(double fromBearing, double toBearing) {
 }  // namespace
 
 void TurningSense::add(const Point2D& node) {
+  const bool isRepeated = m_numNodes > 0 && node.x == m_last.x && node.y == m_last.y;
+  if (isRepeated) return;  // nothing leads to it that could have a bearing
   if (m_numNodes > 0) {
     const double newBearing = bearing(node - m_last);
     if (m_numNodes == 1) {

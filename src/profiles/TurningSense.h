@@ -15,7 +15,8 @@ namespace Calculations {
 ///
 /// The sum runs over all consecutive triples of nodes, in order, and over the triple that leads
 /// from the last two nodes to the second: a closed chain repeats its first node as its last. Only
-/// that last term changes with every node, so it is not kept in the sum.
+/// that last term changes with every node, so it is not kept in the sum. A node that repeats the
+/// one before is no node here.
 class TurningSense {
  public:
   void add(const Point2D& node);

@@ -67,6 +67,15 @@ TEST(ThProfileDefinition, TellsItsSenseFromItsCorners) {
       EXPECT_TRUE(profileThrough({{x, y, 0}, {-x, -y, r}, {x, y, r}})->isDefinedClockwise());
     }
   }
+  // A node that repeats the one before turns nothing.
+  for (double angle = 0; angle < 6; angle += 0.1) {
+    const double x = std::cos(angle);
+    const double y = std::sin(angle);
+    const std::vector<ProfileNode> turned = {{x, y, 0},   {x, y, 0},  {y, -x, 0}, {y, -x, 0},
+                                             {-x, -y, 0}, {-y, x, 0}, {x, y, 0}};
+    EXPECT_TRUE(profileThrough(turned)->isDefinedClockwise()) << angle;
+    EXPECT_FALSE(profileThrough(turned, true)->isDefinedClockwise()) << angle;
+  }
   // After a reset the sense stays until there are three nodes.
   const ProfilePtr profile = profileThrough(square);
   profile->resetThProfile();
