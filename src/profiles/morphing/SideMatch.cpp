@@ -34,6 +34,9 @@ constexpr double kChange = 0.25;
 /// What vanishes while something else grows counts in full: a bench becomes another bench.
 constexpr double kExchange = 1.0;
 
+/// Efforts that differ by less than this part are equal.
+constexpr double kSameEffort = 1e-9;
+
 /// Where a way is tried.
 constexpr std::array<double, 3> kTestPlaces = {0.25, 0.5, 0.75};
 
@@ -77,11 +80,17 @@ double effortOf(const MatchedSide& side) {
   return moved + lengths * (kChange * changed + kExchange * exchanged);
 }
 
+/// The first of equally easy ones: a ditch as deep as the floor beside it is wide would otherwise
+/// be read differently on either side.
 MatchedPieces easiest(const Readings& readings) {
-  const auto isEasier = [](const MatchedSide& a, const MatchedSide& b) {
-    return effortOf(a) < effortOf(b);
-  };
-  return std::min_element(readings.begin(), readings.end(), isEasier)->pieces;
+  std::array<double, kReadings.size()> efforts{};
+  std::transform(readings.begin(), readings.end(), efforts.begin(), effortOf);
+  const double least = *std::min_element(efforts.begin(), efforts.end());
+  const auto found = std::find_if(efforts.begin(), efforts.end(), [least](double effort) {
+    return effort <= least * (1.0 + kSameEffort);
+  });
+  return readings[found == efforts.end() ? 0 : static_cast<std::size_t>(found - efforts.begin())]
+      .pieces;
 }
 
 bool isSimpleWay(const MatchedSides& sides) {

@@ -135,6 +135,26 @@ TEST(ThProfileMorpher, MovesAndMirrorsAndTurnsBackWithItsInputs) {
   }
 }
 
+/// A ditch as deep as the floor beside it is wide: its wall may be taken for the side of a ditch or
+/// for the front of a bench. Rounding decided, on either side for itself.
+TEST(ThProfileMorpher, ReadsBothSidesAlike) {
+  const ProfilePtr circle = profileThrough({{-5, 0, 0}, {5, 0, 5}, {-5, 0, 5}});
+  const ProfilePtr ditch = profileThrough({{-5, 0, 0},
+                                           {-5, 3.5, 0},
+                                           {5, 3.5, 5},
+                                           {5, 0, 0},
+                                           {4, 0, 0},
+                                           {4, -1, 0},
+                                           {-4, -1, 0},
+                                           {-4, 0, 0},
+                                           {-5, 0, 0}});
+  const ConstProfilePtr profile = morphed(circle, ditch, 0.5);
+  for (int i = -8; i <= 8; ++i) {
+    const ConstProfilePtr shifted = morphed(moved(*circle, 0, i, -6), moved(*ditch, 0, i, -6), 0.5);
+    EXPECT_LT(distanceBetween(shifted, moved(*profile, 0, i, -6)), 1e-9) << i;
+  }
+}
+
 /// In 200 steps, none much longer than a mean one, and with nothing that appears at once at an end.
 TEST(ThProfileMorpher, MovesEvenly) {
   for (const Pair& pair : typicalPairs()) {
