@@ -129,7 +129,7 @@ std::optional<CAlignmentFoot> CHoralAlignment::nearestCorner(const Point2D& p) c
   CFootReport before = CFootReport::Unknown;
   const CHoralSegment* previous = nullptr;
   for (const CHoralSegment& segment : m_segments) {
-    if (segment.isGap) continue;
+    if (segment.isGap || segment.isOfLengthZero()) continue;
     const CFootReport now =
         segment.isEvaluable ? segment.path.footOf(p).report : CFootReport::Unknown;
     if (facesCorner(before, now)) {

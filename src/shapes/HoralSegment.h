@@ -34,6 +34,9 @@ struct CHoralSegment {
   bool isGap = false;        ///< skipped by the projection
   bool isEvaluable = false;  ///< only then is the path set
   CPlacedCurve path;
+
+  /// Both ends are one joint of the alignment; never evaluable.
+  bool isOfLengthZero() const { return stationingStart == stationingEnd; }
 };
 
 /// Places all segments of an alignment.

@@ -101,8 +101,12 @@ class CPerpendicularSearch {
 
   /// The stretch that leads to the start of a segment; none at the start of the axis.
   CStretch stretchBefore(std::size_t index, double stationing) const {
+    const std::vector<CHoralSegment>& segments = m_axis.horal.segments();
+    while (index > 0 && segments[index - 1].isOfLengthZero()) {
+      --index;
+    }
     if (index == 0 || stationing <= m_axis.minimumStationing) return {};
-    const CHoralSegment& segment = m_axis.horal.segments()[index - 1];
+    const CHoralSegment& segment = segments[index - 1];
     const std::size_t piece = m_axis.veral.pieceAt(stationing);
     if (!segment.isEvaluable || piece == m_axis.veral.pieces().size()) return {};
     return {&segment, &m_axis.veral.pieces()[piece]};

@@ -180,6 +180,17 @@ TEST(AxisCalculator, TakesTheBreakAboveACrestAndTheCornerOfAKinkInPlan) {
   }
 }
 
+TEST(AxisCalculator, AnElementOfLengthZeroHidesNoCorner) {
+  const AxisPtr axis = newAxis();
+  ChainBuilder(axis, 0, 0, 0, 0).straight(50).arc(20, 0).turn(kPi / 2).straight(50);
+  axis->addVeralPointKink(0, 10);
+  axis->addVeralPointKink(100, 10);
+  for (const bool inSpace : {false, true}) {
+    const AxisPoint corner = axisPoint(AxisCalculator(axis), ENHPoint(-3, 54, 12), inSpace);
+    EXPECT_LT(difference(corner, AxisPoint(50, -5, 2)), 1e-12);
+  }
+}
+
 TEST(AxisCalculator, FindsTheNearestFootInSpace) {
   // Against dense sampling, on an axis with kinks in plan and grade.
   Random random(63);
