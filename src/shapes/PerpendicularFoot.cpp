@@ -52,18 +52,21 @@ CSpatialFoot squareFoot(double stationing, const CView& view) {
           cosine * (view.rise - view.profile.grade * ahead)};
 }
 
-/// Place of a point in the wedge at a break. On the outer side of a corner in plan the offset is
-/// the distance in plan.
+/// Place of a point in the wedge at a break. The offset is that from the side which has its foot in
+/// plan or, on the outer side of a corner in plan, where neither has, the distance in plan; the
+/// height takes up the rest. Where one case goes over into another they agree, so rounding does not
+/// choose between different places.
 CSpatialFoot wedgeFoot(double stationing, const CView& before, const CView& after) {
-  const CDirection tangent = directionThrough(before.plan.tangent, after.plan.tangent);
-  double offset = rightComponent(after.ray, tangent);
-  if (forwardComponent(after.ray, before.plan.tangent) > 0.0 &&
-      forwardComponent(after.ray, after.plan.tangent) < 0.0) {
-    offset = std::copysign(after.ray.length(), offset);
+  const Point2D& ray = after.ray;
+  const double ahead = forwardComponent(ray, before.plan.tangent);
+  const double behind = -forwardComponent(ray, after.plan.tangent);
+  if (ahead > 0.0 && behind > 0.0) {
+    const CDirection tangent = directionThrough(before.plan.tangent, after.plan.tangent);
+    return {stationing, std::copysign(ray.length(), rightComponent(ray, tangent)), after.rise};
   }
-  const double distance = after.distance();
-  const double rest = std::sqrt(std::max(0.0, (distance - offset) * (distance + offset)));
-  return {stationing, offset, std::copysign(rest, after.rise)};
+  const CDirection& beside = behind > ahead ? before.plan.tangent : after.plan.tangent;
+  const double rest = std::hypot(after.rise, forwardComponent(ray, beside));
+  return {stationing, rightComponent(ray, beside), std::copysign(rest, after.rise)};
 }
 
 class CPerpendicularSearch {
@@ -128,12 +131,8 @@ class CPerpendicularSearch {
     const auto first = stretch.viewFrom(from, m_point);
     const auto last = stretch.viewFrom(to, m_point);
     if (!first || !last) return;
-    if (fromStationing == m_axis.minimumStationing && first->forward.value < 0.0) {
-      offerJustOutside(fromStationing, *first);
-    }
-    if (toStationing == m_axis.maximumStationing && last->forward.value > 0.0) {
-      offerJustOutside(toStationing, *last);
-    }
+    if (first->forward.value < 0.0) offerJustOutside(fromStationing, *first);
+    if (last->forward.value > 0.0) offerJustOutside(toStationing, *last);
     std::optional<CView> seen = first;  // from the place looked at last
     const auto forwardAt = [&](double length) {
       seen = stretch.viewFrom(length, m_point);

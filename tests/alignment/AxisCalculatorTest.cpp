@@ -191,6 +191,25 @@ TEST(AxisCalculator, AnElementOfLengthZeroHidesNoCorner) {
   }
 }
 
+TEST(AxisCalculator, RoundingDoesNotChooseThePlaceAbeamOfACornerInSpace) {
+  const AxisPtr axis = newAxis();
+  ChainBuilder(axis, 0, 0, 0, 0).straight(50).turn(-kPi / 4).straight(50);
+  axis->addVeralPointKink(0, 0);
+  axis->addVeralPointKink(100, 10);
+  const AxisCalculator calculator(axis);
+  const double diagonal = std::sqrt(0.5);
+  for (const double ahead : {-1e-13, 0.0, 1e-13}) {
+    for (const double height : {0.0, -1.0}) {
+      // Outside of the corner, abeam of the start of the second straight.
+      const ENHPoint outer(diagonal * (3 - ahead), 50 + diagonal * (3 + ahead), 5 + height);
+      EXPECT_LT(difference(axisPoint(calculator, outer, true), AxisPoint(50, 3, height)), 1e-12);
+    }
+    // Inside of it, and behind the start of the first one.
+    const ENHPoint inner(diagonal * (-80 - ahead), 50 + diagonal * (-80 + ahead), 5);
+    EXPECT_LT(difference(axisPoint(calculator, inner, true), AxisPoint(50, -80, 0)), 1e-12);
+  }
+}
+
 TEST(AxisCalculator, FindsTheNearestFootInSpace) {
   // Against dense sampling, on an axis with kinks in plan and grade.
   Random random(63);
