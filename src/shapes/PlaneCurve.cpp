@@ -223,9 +223,14 @@ CCurveFoot CPlaneCurve::footOnClothoid(const Point2D& p) const {
 
   const bool isBefore = start.forward.value < 0.0;
   const bool isBeyond = end.forward.value > 0.0;
-  const bool isNearerStart = p.length() <= (p - m_end.position).length();
-  if (isBefore && (!isBeyond || isNearerStart)) return footBeforeStart(lengthToFoot(start.forward));
-  if (isBeyond) return footBeyondEnd(m_length, lengthToFoot(end.forward));
+  const double before = lengthToFoot(start.forward);
+  const double beyond = lengthToFoot(end.forward);
+  // An end that only rounding makes the foot miss counts even if the other one is nearer.
+  const bool touchesEnd = std::min(before, beyond) <= kFootTolerance;
+  const bool isNearerStart =
+      touchesEnd ? before <= beyond : p.length() <= (p - m_end.position).length();
+  if (isBefore && (!isBeyond || isNearerStart)) return footBeforeStart(before);
+  if (isBeyond) return footBeyondEnd(m_length, beyond);
   return best;
 }
 

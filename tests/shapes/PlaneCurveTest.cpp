@@ -138,6 +138,12 @@ TEST(PlaneCurveFoot, OnArcsCountsOnlyTheNearSide) {
   }
 }
 
+TEST(PlaneCurveFoot, AtTheStartOfAClothoidIsSeenWhenTheEndIsNearer) {
+  const CCurveFoot foot = CPlaneCurve::clothoid(-40, -20, 40).footOf(Point2D(-30, -1e-15));
+  EXPECT_EQ(foot.report, CFootReport::BeforeStart);
+  EXPECT_LT(foot.outside, 1e-14);
+}
+
 TEST(FootSearch, StaysBetweenItsEndsWhenDistancesOverflow) {
   const double infinity = std::numeric_limits<double>::infinity();
   const auto forwardAt = [&](double place) {
