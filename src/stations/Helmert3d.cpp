@@ -23,7 +23,9 @@ constexpr double kSmallestScale = 1e-15;
 /// largest: 3e-7 of their length. Exactly collinear points give rounding noise, some 1e-17.
 constexpr double kCollinearity = 1e-13;
 
-/// Fix points on a line leave the rotation about it open, whatever was measured.
+/// Fix points or targets on a line leave the rotation about it open, whatever the others are. The
+/// normal equations do not tell when the line is the axis of omega: what rounding leaves of that
+/// column is scaled up to the size of the others.
 bool arePlacedOnOneLine(const Eigen::Matrix3d& spread) {
   // With eigenvalues p >= q >= r this is pq + pr + qr, compared with (p + q + r)^2.
   const double minors = spread(0, 0) * spread(1, 1) - spread(0, 1) * spread(1, 0) +
@@ -77,7 +79,9 @@ std::optional<SpatialParameters> adjust(const ReducedPairs& pairs, SpatialParame
 std::optional<StationSetup> fitHelmert3d(const PointPairs& pairs, const StationSetup& start,
                                          ResectionDiagnostics& diagnostics) {
   const ReducedPairs reduced(pairs);
-  if (arePlacedOnOneLine(reduced.globalSpread)) return std::nullopt;
+  if (arePlacedOnOneLine(reduced.globalSpread) || arePlacedOnOneLine(reduced.localSpread)) {
+    return std::nullopt;
+  }
   auto parameters = adjust(reduced, parametersOf(start, pairs.origin), diagnostics);
   if (!parameters) return std::nullopt;
 

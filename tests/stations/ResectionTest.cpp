@@ -265,6 +265,10 @@ TEST(ResectionHelmert3d, RefusesWhatLeavesTheRotationOpen) {
     }
     EXPECT_TRUE(inSpace(resectionOf(line, kGrid)) == refusedInSpace()) << "line " << run;
   }
+  // Level sights east and west: the line is the axis of the first tilt angle.
+  EXPECT_TRUE(isRefused({{ENHPoint(15, 0, 0), ENHPoint(15.002, -0.002, 0.002)},
+                         {ENHPoint(-15, 0, 0), ENHPoint(-15.001, -0.001, -0.001)},
+                         {ENHPoint(-5, 0, 0), ENHPoint(-5, -0.001, -0.001)}}));
   EXPECT_TRUE(isRefused({kSquare[0], kSquare[1], kSquare[1]})) << "two places";
   // The mean of three equal points differs from them by rounding.
   std::vector<Pair> oneFixPoint;
