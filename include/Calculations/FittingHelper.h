@@ -71,8 +71,9 @@ class CALCULATIONS_EXPORT FittingHelper {
   ///   semi-axes with a >= b; as rotation the direction of a, anticlockwise from +x, in
   ///   (-pi/2, pi/2] (of no meaning for a circle). Zeros when the first round finds no ellipse;
   ///   a later round that finds none leaves the ellipse of the round before. None is found for
-  ///   fewer than five points in use, for points on a straight line and for coordinates that are
-  ///   not finite; five or more points in fewer than five places give any ellipse or none.
+  ///   fewer than five points in use, for points on a straight line, on two parallel ones or on a
+  ///   parabola, and for coordinates that are not finite; five or more points in fewer than five
+  ///   places give any ellipse or none.
   static FittingResult ellipseFitFitzgibbon(const std::vector<Point2D>& points,
                                             std::vector<bool>& used, int rounds);
 

@@ -70,7 +70,21 @@ Matrix3d constrained(const Matrix3d& m) {
   return result;
 }
 
-bool isEllipse(const Vector3d& v) { return 4.0 * v(0) * v(2) - v(1) * v(1) > 0.0; }
+/// Of points on a parabola or on two parallel lines the equation has 4 xx yy - xy^2 = 0 and belongs
+/// to a double eigenvalue, which rounding splits: into two that differ from it by the root of the
+/// rounding, with ellipses some 10000 times as long as wide, or into a complex pair.
+constexpr double kNoiseOfDoubleEigenvalue = 1e-6;
+
+/// @param v of length 1
+bool isEllipse(const Vector3d& v) {
+  return 4.0 * v(0) * v(2) - v(1) * v(1) > kNoiseOfDoubleEigenvalue;
+}
+
+/// False for both of a complex pair, which have the same real part.
+bool isSingle(const Eigen::Vector3cd& eigenvalues, Eigen::Index index) {
+  const double value = eigenvalues(index).real();
+  return (eigenvalues.real().array() == value).count() == 1;
+}
 
 /// The first eigenvector that belongs to an ellipse.
 std::optional<Vector3d> ellipticEigenvector(const Matrix3d& m) {
@@ -79,7 +93,7 @@ std::optional<Vector3d> ellipticEigenvector(const Matrix3d& m) {
   if (solver.info() != Eigen::Success) return std::nullopt;
   for (Eigen::Index i = 0; i < 3; ++i) {
     const Vector3d v = solver.eigenvectors().col(i).real();
-    if (isEllipse(v)) return v;
+    if (isSingle(solver.eigenvalues(), i) && isEllipse(v)) return v;
   }
   return std::nullopt;
 }

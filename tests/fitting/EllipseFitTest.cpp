@@ -153,6 +153,20 @@ TEST(EllipseFit, RoundsRejectByTheMeanOfAllPoints) {
   }
 }
 
+TEST(EllipseFit, TwoParallelLinesAndParabolasAreNoEllipse) {
+  Random random(47);
+  for (int run = 0; run < 400; ++run) {
+    Points points;
+    for (int i = 0; i < 8; ++i) {
+      const double y = static_cast<double>(random.index(13)) - 6.0 + i / 8.0;
+      points.emplace_back(run % 2 == 0 ? y * y : 3.0 - 6.0 * (i % 2), y);
+      if (run % 4 > 1) std::swap(points.back().x, points.back().y);
+    }
+    std::vector<bool> used;
+    EXPECT_EQ(FittingHelper::ellipseFitFitzgibbon(points, used, 1).semiAxisA, 0.0) << run;
+  }
+}
+
 /// Of 22 points the equation was that of a pair of lines, 4 xx yy - xy^2 being 0 but for
 /// rounding.
 TEST(EllipseFit, PointsInThreePlacesGiveAnEllipseOrZeros) {
