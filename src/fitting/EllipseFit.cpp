@@ -23,7 +23,8 @@ constexpr double kOutlierFactor = 3.0;
 /// Rejecting stops below this number of points.
 constexpr std::size_t kFewestPointsToGoOn = 4;
 /// Distances below this part of their terms are rounding noise of the fit. On points of an exact
-/// ellipse every distance is noise, and some exceed three times their mean.
+/// ellipse every distance is noise, and some exceed three times their mean. Signed distances sum up
+/// to zero, so one of six points against the five others has exactly three times the mean.
 constexpr double kNoiseOfFit = 1e-12;
 
 /// An ellipse's equation in the frame of the points it was fitted to.
@@ -103,7 +104,7 @@ std::size_t rejectOutliers(const FittedConic& fitted, const std::vector<Point2D>
     for (std::size_t i = 0; i < static_cast<std::size_t>(residuals.size()); ++i) {
       const double residual = residuals[static_cast<Eigen::Index>(i)];
       const bool isOutlier = residual > limit && used[first + i];
-      if (!isOutlier || fitted.isNoise(residual, points[first + i])) continue;
+      if (!isOutlier || fitted.isNoise(residual - limit, points[first + i])) continue;
       used[first + i] = false;
       ++rejected;
     }

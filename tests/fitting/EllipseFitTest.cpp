@@ -153,6 +153,21 @@ TEST(EllipseFit, RoundsRejectByTheMeanOfAllPoints) {
   }
 }
 
+/// The fourth point alone is on its side of the ellipse: its distance is three times the mean.
+TEST(EllipseFit, RoundingDoesNotRejectOneOfSixPoints) {
+  for (const double shift : {0.0, 1.0, 1000.0, 2000.0, 3000.0}) {
+    Points points = {{2, -1}, {-2, -2}, {-1, -3}, {0, 0}, {-1, 1}, {1, 3}};
+    for (int quarter = 0; quarter < 4; ++quarter) {
+      for (Point2D& p : points) {
+        p = Point2D(shift - p.y, p.x);
+      }
+      std::vector<bool> used;
+      FittingHelper::ellipseFitFitzgibbon(points, used, 10);
+      EXPECT_EQ(used, usedBut("", points.size())) << shift << ", " << quarter;
+    }
+  }
+}
+
 TEST(EllipseFit, TwoParallelLinesAndParabolasAreNoEllipse) {
   Random random(47);
   for (int run = 0; run < 400; ++run) {
