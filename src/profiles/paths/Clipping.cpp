@@ -80,9 +80,10 @@ ClipperLib::Paths united(const ClipperLib::Paths& paths) {
   return executed(clipper, ClipperLib::ctUnion);
 }
 
-/// Of outlines that share edges the clipper (6.4) turns one in some thousand the wrong way round,
-/// or leads it along an edge twice. Even then the right points are inside by the even-odd rule, so
-/// the paths are united with themselves until two results agree.
+/// The clipper (6.4) turns some outlines the wrong way round, or leads them along an edge twice:
+/// one in some thousand where outlines share edges, fewer where one runs along itself. Even then
+/// the right points are inside by the even-odd rule, so the paths are united with themselves until
+/// two results agree.
 ClipperLib::Paths unitedInAgreement(ClipperLib::Paths paths) {
   double area = signedArea(paths);
   for (int i = 0; i < kMostUnions; ++i) {
@@ -99,7 +100,8 @@ ClipperLib::Paths combined(ClipperLib::ClipType operation, const PathViews& a, c
   addPaths(clipper, b, ClipperLib::ptClip, true);
   ClipperLib::Paths solution = executed(clipper, operation);
   const bool canShareEdges = a.size() > 1 || b.size() > 1;
-  if (canShareEdges) solution = unitedInAgreement(std::move(solution));
+  const bool hasOnlyHoles = signedArea(solution) < 0.0;
+  if (canShareEdges || hasOnlyHoles) solution = unitedInAgreement(std::move(solution));
   solution = withoutHoles(std::move(solution));
   clean(solution);
   return solution;

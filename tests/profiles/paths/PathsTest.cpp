@@ -113,8 +113,11 @@ TEST(Path, ClosesAnticlockwise) {
   EXPECT_EQ(grown.numDiscretePathPoints(), before + 101);
 }
 
-/// Cleaning turns this common sliver inside out.
 TEST(Pathes, HaveNoPiecesOfNegativeArea) {
+  // The clipper makes a hole of a part of this outline, which runs along itself.
+  const Path crossed = lineThrough({{2, 1}, {3, 3}, {3, 1}, {0, 1}, {3, 3}, {3, 2}, {0, 1}});
+  EXPECT_NEAR(Path::without(crossed, Path()).area(), 1.9, 1e-3);
+  // Cleaning turns this common sliver inside out.
   const Path a = PathHelper::pathFromClipperLibPath(
       {IntPoint(-17, 8050), IntPoint(-23, -2920), IntPoint(17, -3218), IntPoint(0, -1923)});
   const Path b = PathHelper::pathFromClipperLibPath(
