@@ -1,6 +1,7 @@
 #include "profiles/paths/Clipping.h"
 
 #include "profiles/paths/LineSimplification.h"
+#include "profiles/paths/Union.h"
 
 #include <Calculations/PathHelper.h>
 
@@ -51,57 +52,15 @@ void clean(ClipperLib::Paths& pieces) {
   }
 }
 
-/// Empty when the clipping fails.
-ClipperLib::Paths executed(ClipperLib::Clipper& clipper, ClipperLib::ClipType operation) {
-  ClipperLib::Paths solution;
-  if (!clipper.Execute(operation, solution, ClipperLib::pftEvenOdd, ClipperLib::pftEvenOdd)) {
-    solution.clear();
-  }
-  return solution;
-}
-
-double signedArea(const ClipperLib::Paths& paths) {
-  double area = 0.0;
-  for (const ClipperLib::Path& path : paths) {
-    area += ClipperLib::Area(path);
-  }
-  return area;
-}
-
-/// More than three have never been needed.
-constexpr int kMostUnions = 5;
-
-/// Results whose areas differ by no more than this (1 cm2 in square clipping units) agree.
-constexpr double kNegligibleAreaUnits = 1e4;
-
-ClipperLib::Paths united(const ClipperLib::Paths& paths) {
-  ClipperLib::Clipper clipper;
-  clipper.AddPaths(paths, ClipperLib::ptSubject, true);
-  return executed(clipper, ClipperLib::ctUnion);
-}
-
-/// The clipper (6.4) turns some outlines the wrong way round, or leads them along an edge twice:
-/// one in some thousand where outlines share edges, fewer where one runs along itself. Even then
-/// the right points are inside by the even-odd rule, so the paths are united with themselves until
-/// two results agree.
-ClipperLib::Paths unitedInAgreement(ClipperLib::Paths paths) {
-  double area = signedArea(paths);
-  for (int i = 0; i < kMostUnions; ++i) {
-    paths = united(paths);
-    const double areaBefore = std::exchange(area, signedArea(paths));
-    if (std::abs(area - areaBefore) <= kNegligibleAreaUnits) break;
-  }
-  return paths;
-}
-
 ClipperLib::Paths combined(ClipperLib::ClipType operation, const PathViews& a, const PathViews& b) {
   ClipperLib::Clipper clipper;
   addPaths(clipper, a, ClipperLib::ptSubject, true);
   addPaths(clipper, b, ClipperLib::ptClip, true);
-  ClipperLib::Paths solution = executed(clipper, operation);
+  ClipperLib::Paths solution;  // stays empty when the clipping fails
+  clipper.Execute(operation, solution, ClipperLib::pftEvenOdd, ClipperLib::pftEvenOdd);
   const bool canShareEdges = a.size() > 1 || b.size() > 1;
-  const bool hasOnlyHoles = signedArea(solution) < 0.0;
-  if (canShareEdges || hasOnlyHoles) solution = unitedInAgreement(std::move(solution));
+  const bool isInsideOut = signedArea(solution) < 0.0;
+  if (canShareEdges || isInsideOut) solution = united(std::move(solution));
   solution = withoutHoles(std::move(solution));
   clean(solution);
   return solution;
@@ -134,15 +93,6 @@ ClipperLib::Paths intersectionOf(const PathViews& a, const PathViews& b) {
 
 ClipperLib::Paths differenceOf(const PathViews& a, const PathViews& b) {
   return combined(ClipperLib::ctDifference, a, b);
-}
-
-ClipperLib::Paths withoutSharedEdges(const PathViews& area) {
-  ClipperLib::Paths paths;
-  paths.reserve(area.size());
-  for (const ClipperLib::Path* path : area) {
-    paths.push_back(*path);
-  }
-  return unitedInAgreement(std::move(paths));
 }
 
 ClipperLib::Paths bandsAround(const PathViews& lines, ClipperLib::cInt distance) {

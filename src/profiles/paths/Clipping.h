@@ -29,9 +29,6 @@ ClipperLib::Paths differenceOf(const PathViews& a, const PathViews& b);
 ClipperLib::Paths bandsAround(const PathViews& lines, ClipperLib::cInt distance);
 /// @}
 
-/// The same area by the even-odd rule; holes are paths of negative orientation.
-ClipperLib::Paths withoutSharedEdges(const PathViews& area);
-
 /// The same bands with their holes: enough for areas and for further operations, which fill by the
 /// even-odd rule, and much faster where rough lines leave thousands of slivers.
 /// @param distance in clipping units

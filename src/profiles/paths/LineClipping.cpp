@@ -6,6 +6,7 @@
 #include "profiles/paths/LineClipping.h"
 
 #include "profiles/paths/GridUnits.h"
+#include "profiles/paths/Union.h"
 
 #include <algorithm>
 #include <cmath>
@@ -54,12 +55,19 @@ cInt roundedQuotient(cInt value, cInt divisor) {
          static_cast<cInt>(2 * rest < -divisor);
 }
 
-ClipperLib::Paths sheared(const PathViews& paths) {
-  ClipperLib::Paths result;
-  result.reserve(paths.size());
+ClipperLib::Paths copied(const PathViews& paths) {
+  ClipperLib::Paths copies;
+  copies.reserve(paths.size());
   for (const ClipperLib::Path* path : paths) {
-    result.push_back(*path);
-    for (ClipperLib::IntPoint& p : result.back()) {
+    copies.push_back(*path);
+  }
+  return copies;
+}
+
+ClipperLib::Paths sheared(const PathViews& paths) {
+  ClipperLib::Paths result = copied(paths);
+  for (ClipperLib::Path& path : result) {
+    for (ClipperLib::IntPoint& p : path) {
       p.Y = kShear * p.Y + p.X;
     }
   }
@@ -111,7 +119,7 @@ ClipperLib::Paths clippedWithoutLevelEnds(const PathViews& lines, const PathView
 
 ClipperLib::Paths linesInside(const PathViews& lines, const PathViews& area) {
   if (area.size() <= 1) return clippedWithoutLevelEnds(lines, area);
-  const ClipperLib::Paths outlines = withoutSharedEdges(area);
+  const ClipperLib::Paths outlines = united(copied(area));
   return clippedWithoutLevelEnds(lines, viewsOf(outlines));
 }
 

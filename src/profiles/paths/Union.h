@@ -1,0 +1,22 @@
+/// @file
+/// Areas as outlines that share no edges.
+
+#ifndef CALCULATIONS_PROFILES_PATHS_UNION_H
+#define CALCULATIONS_PROFILES_PATHS_UNION_H
+
+#include <clipper.hpp>
+
+namespace Ruv {
+namespace Calculations {
+
+/// In square clipping units; holes count negative.
+double signedArea(const ClipperLib::Paths& paths);
+
+/// The same area by the even-odd rule; holes are paths of negative orientation. Empty when the
+/// clipping fails.
+ClipperLib::Paths united(ClipperLib::Paths paths);
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif
