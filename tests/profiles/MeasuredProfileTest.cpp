@@ -226,6 +226,21 @@ TEST(MeasuredProfileCalculator, Filters) {
   EXPECT_EQ(calculator.comparisonCircumferenceLines(true).size(), 2u);
 }
 
+TEST(MeasuredProfileCalculator, CircumferencesDoNotDependOnWhereTheSectionStarts) {
+  const std::vector<Point2D> corners = {{0, 0}, {0, 4}, {4, 4}, {4, 0}};
+  for (std::size_t start = 0; start < 4; ++start) {
+    for (const std::size_t step : {1u, 3u}) {  // clockwise, anticlockwise
+      const MeasuredPtr section = measuredThrough({});
+      for (std::size_t i = 0; i < 4; ++i) {
+        section->addPoint(corners[(start + i * step) % 4]);
+      }
+      MeasuredProfileCalculator calculator(section, section);
+      calculator.setFilterExcludeBelow(0.0);  // the floor lies on the border
+      EXPECT_NEAR(calculator.comparisonCircumference(), 16.0, 1e-3) << start << ", " << step;
+    }
+  }
+}
+
 /// Right half of radius 7 round (0, 4), left half of radius 5.
 TEST(MeasuredProfileCalculator, LeavesOutWhatFiltersExclude) {
   constexpr double kStep = 0.11;  // what lies between two bearings
