@@ -207,6 +207,18 @@ TEST(Pathes, FindAllPartsOfSteppedLinesOnce) {
   }
 }
 
+/// Left to itself the clipper misses 2.4 m of this line.
+TEST(Pathes, FindAllPartsOfALineThatEndsLevel) {
+  const Path line = PathHelper::pathFromClipperLibPath(
+      {IntPoint(-19999, 20001), IntPoint(30001, -59999), IntPoint(-19999, 50001),
+       IntPoint(30001, -39999), IntPoint(20001, -29999), IntPoint(50001, 20001),
+       IntPoint(-19999, 20001), IntPoint(10001, 20001)});
+  const Path area = PathHelper::pathFromClipperLibPath(
+      {IntPoint(34402, 37570), IntPoint(-7794, 35930), IntPoint(-25690, 7992),
+       IntPoint(376, -29902), IntPoint(37136, -41594)});
+  EXPECT_NEAR(Pathes::linesWithin(line, area, false).linesLength(), 34.1275, 2e-3);
+}
+
 /// Left to itself the clipper finds no area in the first two cases and 4.2 m of line in the last.
 TEST(Pathes, MayShareEdges) {
   Pathes adjoining(ring({{3, 3}, {2, 3}, {1, 2}, {2, 2}, {2, 1}, {2.5, 1.5}, {3, 1}}));
