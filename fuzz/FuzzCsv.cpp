@@ -2,8 +2,8 @@
 
 #include "FuzzInput.h"
 
-#include "tunnel_survey/DesignProfile.h"
-#include "tunnel_survey/PointFile.h"
+#include "common/exchange/DesignProfile.h"
+#include "common/exchange/PointFile.h"
 #include "tunnel_survey/SectionFile.h"
 
 #include <cmath>

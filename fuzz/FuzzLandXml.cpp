@@ -2,8 +2,8 @@
 
 #include "FuzzInput.h"
 
-#include "tunnel_survey/AxisBuilder.h"
-#include "tunnel_survey/LandXmlReader.h"
+#include "common/exchange/AxisBuilder.h"
+#include "common/exchange/LandXmlReader.h"
 
 #include <cmath>
 #include <string>

@@ -1,0 +1,55 @@
+/// @file
+/// Files read and written by the program, and what is told about them.
+
+#ifndef CALCULATIONS_APPS_COMMON_CONSOLE_FILES_H
+#define CALCULATIONS_APPS_COMMON_CONSOLE_FILES_H
+
+#include "common/exchange/AlignmentModel.h"
+
+#include "common/drawing/Canvas.h"
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace TunnelSurvey {
+
+/// What ends the program: told to the user, exit code 1.
+struct Failure : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// "file:line: message"
+std::string located(const std::string& path, const Remark& remark);
+
+template <class T>
+T valueOrFail(Outcome<T> outcome, const std::string& path) {
+  if (!outcome.value) throw Failure(located(path, outcome.error));
+  return std::move(*outcome.value);
+}
+
+/// Throws a Failure for a file that cannot be read or is empty.
+std::string textOf(const std::string& path);
+
+std::string fileName(const std::string& path);
+
+/// Prints the first remarks in the order of their lines to the error stream, and how many more
+/// there are.
+void printRemarks(const std::string& path, std::vector<Remark> remarks);
+
+void printHeading(const std::string& heading);
+
+/// @name Writing
+/// Each throws a Failure when it cannot write.
+/// @{
+void makeDirectory(const std::filesystem::path& path);
+void writeText(const std::filesystem::path& path, const std::string& text);
+/// As path + ".svg" and path + ".png".
+/// @return the text of the SVG
+std::string writeSheet(const Drawing::Sheet& sheet, const std::string& path);
+/// @}
+
+}  // namespace TunnelSurvey
+
+#endif

@@ -1,0 +1,72 @@
+/// @file
+/// An alignment as a file describes it. Metres and radians; azimuths clockwise from north.
+
+#ifndef CALCULATIONS_APPS_COMMON_EXCHANGE_ALIGNMENT_MODEL_H
+#define CALCULATIONS_APPS_COMMON_EXCHANGE_ALIGNMENT_MODEL_H
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace TunnelSurvey {
+
+/// What is wrong or odd about a place in a file.
+struct Remark {
+  int line = 0;  ///< from 1; 0 when it concerns no line
+  std::string message;
+};
+
+/// A result, or why there is none.
+template <class T>
+struct Outcome {
+  std::optional<T> value;
+  Remark error;
+
+  static Outcome success(T result) { return {std::move(result), {}}; }
+  static Outcome failure(Remark reason) { return {std::nullopt, std::move(reason)}; }
+};
+
+struct PlanPoint {
+  double east = 0.0;
+  double north = 0.0;
+};
+
+enum class ElementKind { Straight, Arc, Clothoid };
+
+struct PlanElement {
+  ElementKind kind = ElementKind::Straight;
+  int line = 0;
+  std::optional<double> startStation;
+  double length = 0.0;
+  double radiusStart = 0.0;  ///< positive to the right, 0 infinite
+  double radiusEnd = 0.0;
+  PlanPoint start;
+  PlanPoint end;
+  std::optional<PlanPoint> center;         ///< of an arc
+  std::optional<PlanPoint> intersection;   ///< of the tangents at both ends
+  std::optional<double> printedDirection;  ///< azimuth at the start
+  std::optional<double> printedTurn;       ///< change of direction, without sign
+};
+
+enum class RoundingKind { None, Circle, Parabola };
+
+struct ProfilePoint {
+  int line = 0;
+  double station = 0.0;
+  double height = 0.0;
+  RoundingKind rounding = RoundingKind::None;
+  double size = 0.0;  ///< radius of a circle, length of a parabola over the stationing
+};
+
+struct Alignment {
+  std::string name;
+  std::string lengthUnit;  ///< as the file names it; the numbers here are metres
+  double startStation = 0.0;
+  std::vector<PlanElement> plan;
+  std::vector<ProfilePoint> profile;
+};
+
+}  // namespace TunnelSurvey
+
+#endif

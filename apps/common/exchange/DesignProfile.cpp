@@ -1,0 +1,172 @@
+#include "common/exchange/DesignProfile.h"
+
+#include "common/exchange/CsvTable.h"
+
+#include "common/drawing/NumberText.h"
+
+#include <boost/make_shared.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace TunnelSurvey {
+
+namespace {
+
+using Drawing::fixed;
+using Ruv::Calculations::Point2D;
+using Ruv::Calculations::ThProfileCalculator;
+using Ruv::Calculations::ThProfileDefinition;
+
+constexpr double kOutlineStep = 0.05;
+constexpr double kGap = 0.001;          // between elements that follow each other
+constexpr double kRoundedChord = 1e-6;  // by which a half circle's chord may exceed its diameter
+constexpr double kFarthest = 1000.0;    // of the coordinates, as the library intersects profiles
+
+struct Element {
+  int line = 0;
+  Point2D start;
+  Point2D end;
+  double radius = 0.0;
+};
+
+Outcome<Element> elementOf(const CsvRow& row) {
+  const auto numbers = row.numbers({"start_x", "start_y", "end_x", "end_y", "radius"});
+  if (!numbers.value) return Outcome<Element>::failure(numbers.error);
+  const std::vector<double>& v = *numbers.value;
+  const Element element{row.line(), {v[0], v[1]}, {v[2], v[3]}, v[4]};
+  const bool isNear = std::all_of(v.begin(), v.end() - 1,
+                                  [](double number) { return std::abs(number) <= kFarthest; });
+  if (!isNear) {
+    return Outcome<Element>::failure(
+        {row.line(), "a coordinate is larger than " + fixed(kFarthest, 0) + " m"});
+  }
+  const double chord = (element.end - element.start).length();
+  if (element.radius != 0.0 && chord > 2.0 * std::abs(element.radius) + kRoundedChord) {
+    return Outcome<Element>::failure(
+        {row.line(), "the chord of " + fixed(chord, 3) + " m exceeds the diameter of the arc"});
+  }
+  return Outcome<Element>::success(element);
+}
+
+/// The first place where an element does not begin at the end of the one before.
+Remark gapIn(const std::vector<Element>& elements) {
+  for (std::size_t i = 0; i < elements.size(); ++i) {
+    const std::size_t before = (i + elements.size() - 1) % elements.size();
+    const double gap = (elements[i].start - elements[before].end).length();
+    if (gap <= kGap) continue;
+    if (i == 0) {
+      return {elements.back().line,
+              "the profile does not close: its end lies " + fixed(gap, 3) + " m from its start"};
+    }
+    return {elements[i].line,
+            "the element begins " + fixed(gap, 3) + " m from the end of the one before"};
+  }
+  return {};
+}
+
+DesignProfile profileOf(const std::vector<Element>& elements) {
+  const auto definition = boost::make_shared<ThProfileDefinition>();
+  Point2D start = elements.front().start;
+  for (const Element& element : elements) {
+    const Point2D& end = element.end;
+    if (element.radius == 0.0) {
+      definition->addSegmentStraight(start.x, start.y, end.x, end.y);
+    } else {
+      definition->addSegmentArc(start.x, start.y, end.x, end.y, element.radius);
+    }
+    start = end;
+  }
+  return DesignProfile(definition);
+}
+
+}  // namespace
+
+DesignProfile::DesignProfile(const Definition& definition)
+    : m_definition(definition),
+      m_calculator(boost::make_shared<const ThProfileCalculator>(definition)),
+      m_outline(m_calculator->pointsOnProfileByInterval(kOutlineStep, true)) {}
+
+std::vector<double> DesignProfile::joints() const {
+  std::vector<double> derolments;
+  for (const Point2D& point : m_calculator->vertexPoints()) {
+    derolments.push_back(m_calculator->calculateProfilePoint(point).derolment);
+  }
+  return derolments;
+}
+
+double DesignProfile::area() const {
+  const unsigned count = m_definition->getNumSegments();
+  const auto triangle = [](const Point2D& a, const Point2D& b) {
+    return (b.x * a.y - a.x * b.y) / 2.0;
+  };
+  double clockwise = triangle(m_definition->getSegmentEndAt(count - 1),  // it may not close exactly
+                              m_definition->getSegmentStartAt(0));
+  for (unsigned i = 0; i < count; ++i) {
+    const Point2D a = m_definition->getSegmentStartAt(i);
+    const Point2D b = m_definition->getSegmentEndAt(i);
+    clockwise += triangle(a, b);
+    const double radius = m_definition->getSegmentRadiusAt(i);
+    if (radius == 0.0) continue;
+    const double halfSine = std::min(1.0, (b - a).length() / (2.0 * std::abs(radius)));
+    const double angle = 2.0 * std::asin(halfSine);
+    // Clockwise arcs bulge out of a clockwise profile.
+    clockwise += std::copysign(radius * radius * (angle - std::sin(angle)) / 2.0, radius);
+  }
+  return std::abs(clockwise);
+}
+
+Point2D DesignProfile::centroid() const {
+  double area = 0.0;
+  Point2D moment;
+  for (std::size_t i = 0; i < m_outline.size(); ++i) {
+    const Point2D& a = m_outline[i];
+    const Point2D& b = m_outline[(i + 1) % m_outline.size()];
+    const double part = a.x * b.y - a.y * b.x;
+    area += part;
+    moment = moment + (a + b) * part;
+  }
+  return moment / (3.0 * area);
+}
+
+Point2D DesignProfile::lowerLeft() const {
+  Point2D corner = m_outline.front();
+  for (const Point2D& point : m_outline) {
+    corner = {std::min(corner.x, point.x), std::min(corner.y, point.y)};
+  }
+  return corner;
+}
+
+Point2D DesignProfile::upperRight() const {
+  Point2D corner = m_outline.front();
+  for (const Point2D& point : m_outline) {
+    corner = {std::max(corner.x, point.x), std::max(corner.y, point.y)};
+  }
+  return corner;
+}
+
+Outcome<DesignProfile> readDesignProfile(const std::string& text) {
+  using Result = Outcome<DesignProfile>;
+  CsvTable table;
+  if (!table.read(text, {"start_x", "start_y", "end_x", "end_y", "radius"})) {
+    return Result::failure(table.error());
+  }
+  if (!table.unreadable().empty()) return Result::failure(table.unreadable().front());
+  std::vector<Element> elements;
+  for (const CsvRow& row : table.rows()) {
+    const auto element = elementOf(row);
+    if (!element.value) return Result::failure(element.error);
+    elements.push_back(*element.value);
+  }
+  if (elements.size() < 2) return Result::failure({0, "a profile has two elements or more"});
+  const Remark gap = gapIn(elements);
+  if (!gap.message.empty()) return Result::failure(gap);
+  DesignProfile profile = profileOf(elements);
+  if (profile.outline().size() < 3 || !(profile.circumference() > 0.0)) {
+    return Result::failure({0, "the profile encloses no area"});
+  }
+  return Result::success(std::move(profile));
+}
+
+}  // namespace TunnelSurvey

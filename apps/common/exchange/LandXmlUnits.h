@@ -1,0 +1,35 @@
+/// @file
+/// The units a LandXML file declares.
+
+#ifndef CALCULATIONS_APPS_COMMON_EXCHANGE_LAND_XML_UNITS_H
+#define CALCULATIONS_APPS_COMMON_EXCHANGE_LAND_XML_UNITS_H
+
+#include <optional>
+#include <string>
+
+namespace TunnelSurvey {
+
+/// DegreeMinuteSecond packs minutes and seconds into the decimals: 45.3025 is 45 deg 30' 25".
+enum class AngleUnit { Radian, Gon, Degree, DegreeMinuteSecond };
+
+struct LandXmlUnits {
+  std::string lengthName;
+  double metresPerLength = 1.0;
+  double metresPerHeight = 1.0;
+  AngleUnit angle = AngleUnit::Radian;
+  AngleUnit direction = AngleUnit::Radian;
+};
+
+/// Metres in a linear unit of LandXML, as "USSurveyFoot".
+std::optional<double> metresPerUnit(const std::string& name);
+
+/// Metres in a unit of heights. "feet" are those of the lengths when these are feet.
+std::optional<double> metresPerHeightUnit(const std::string& name, const std::string& lengthName);
+
+std::optional<AngleUnit> angleUnit(const std::string& name);
+
+double toRadians(double angle, AngleUnit unit);
+
+}  // namespace TunnelSurvey
+
+#endif

@@ -1,0 +1,43 @@
+#include "free_station/Identification.h"
+
+#include "common/console/Files.h"
+
+#include <map>
+#include <string>
+
+namespace FreeStation {
+
+using Ruv::Calculations::PointDetermination;
+using TunnelSurvey::SurveyedPoint;
+
+Identification identify(const FieldBook& book, const Tolerances& tolerances) {
+  PointDetermination search;
+  search.setToleranceDistanceDifference(tolerances.distance);
+  search.setToleranceHeightDifference(tolerances.height);
+  std::map<std::wstring, const SurveyedPoint*> fixPoints;
+  for (const SurveyedPoint& point : book.fixPoints) {
+    search.addPoint(wideId(point.id), point.grid);
+    fixPoints[wideId(point.id)] = &point;
+  }
+  for (const Measurement& measurement : book.measurements) {
+    search.addMeasurement(wideId(measurement.id), measurement.polar);
+  }
+  if (!search.determineMeasuredPointsRobust()) {
+    throw TunnelSurvey::Failure("no three measurements fit the fix points within the tolerances");
+  }
+
+  Identification found;
+  found.isUnambiguous = search.isBestSolutionSignificantlyBetter();
+  for (const Measurement& measurement : book.measurements) {
+    const auto fixPoint =
+        fixPoints.find(search.getFixPointIdForMeasurementId(wideId(measurement.id)));
+    if (fixPoint == fixPoints.end()) {
+      found.strays.push_back(measurement);
+    } else {
+      found.sightings.push_back({measurement, *fixPoint->second});
+    }
+  }
+  return found;
+}
+
+}  // namespace FreeStation

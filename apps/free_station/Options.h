@@ -1,0 +1,33 @@
+/// @file
+/// The command line.
+
+#ifndef CALCULATIONS_APPS_FREE_STATION_OPTIONS_H
+#define CALCULATIONS_APPS_FREE_STATION_OPTIONS_H
+
+#include "free_station/Identification.h"
+
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace FreeStation {
+
+struct Options {
+  std::string fixPoints;
+  std::string measurements;
+  std::string landXml;
+  std::string boom = "boom";
+  Tolerances tolerances;
+  std::vector<double> origin;
+  double ahead = 5.0;
+  std::string output;  ///< empty: no drawing
+};
+
+void addOptions(CLI::App& app, Options& options);
+
+}  // namespace FreeStation
+
+#endif

@@ -1,0 +1,83 @@
+// Sets up a free station from measurements whose ids tell nothing: finds out which fix points were
+// measured, computes the station by a resection in space, and guides a boom point along the tunnel
+// axis.
+
+#include "free_station/Options.h"
+#include "free_station/Report.h"
+#include "free_station/StationDrawing.h"
+#include "free_station/Survey.h"
+
+#include "common/console/CommandLine.h"
+#include "common/console/Files.h"
+#include "common/exchange/AxisBuilder.h"
+#include "common/exchange/LandXmlReader.h"
+
+#include <filesystem>
+#include <iostream>
+
+namespace {
+
+using namespace FreeStation;
+using Ruv::Calculations::AxisCalculator;
+using Ruv::Calculations::AxisPoint;
+using TunnelSurvey::Failure;
+using TunnelSurvey::valueOrFail;
+
+void readAxis(const Options& options, Survey& survey) {
+  const auto alignment = valueOrFail(
+      TunnelSurvey::readLandXml(TunnelSurvey::textOf(options.landXml)), options.landXml);
+  const auto built = valueOrFail(TunnelSurvey::buildAxis(alignment), options.landXml);
+  TunnelSurvey::printRemarks(options.landXml, built.notes);
+  survey.axisName = alignment.name;
+  survey.guidance.axis = built.axis;
+}
+
+void findStationOnAxis(Survey& survey) {
+  const AxisCalculator calculator(survey.guidance.axis);
+  if (!calculator.enhPointToAxisPointVertical(survey.station.position, survey.stationOnAxis)) {
+    throw Failure("the station lies beside no part of the axis");
+  }
+  double radius = 0.0;
+  double slope = 0.0;
+  double slopePercent = 0.0;
+  double transSlope = 0.0;
+  double transSlopePercent = 0.0;
+  calculator.axisPropertiesAtStationing(survey.stationOnAxis.stationing, survey.axisAzimuth, radius,
+                                        slope, slopePercent, transSlope, transSlopePercent);
+}
+
+Survey surveyWith(const Options& options) {
+  Survey survey;
+  readAxis(options, survey);
+  survey.book = readFieldBook(options.fixPoints, options.measurements, options.boom);
+  survey.identification = identify(survey.book, options.tolerances);
+  survey.station = setUpStation(survey.identification.sightings);
+  survey.residuals = residualsOf(survey.station, survey.identification.sightings);
+  findStationOnAxis(survey);
+  survey.guidance.origin = AxisPoint(options.origin[0], options.origin[1], options.origin[2]);
+  survey.guidance.boom = survey.station.toGrid(survey.book.boom.polar);
+  survey.guidance.ahead = options.ahead;
+  survey.guided = guide(survey.guidance);
+  return survey;
+}
+
+void run(const Options& options) {
+  std::clog.rdbuf(nullptr);  // the resection reports its steps there
+  const Survey survey = surveyWith(options);
+  printReport(survey);
+  if (options.output.empty()) return;
+  TunnelSurvey::makeDirectory(options.output);
+  const auto path = std::filesystem::path(options.output) / "free_station";
+  TunnelSurvey::writeSheet(stationSheet(survey), path.string());
+  std::cout << "\nDrawing: " << path.string() << ".svg and .png\n";
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return TunnelSurvey::runCommand(
+      "free_station",
+      "Identifies measured fix points, computes a free station from them, and guides a boom "
+      "point along a tunnel axis.",
+      run, argc, argv);
+}

@@ -1,0 +1,120 @@
+#include "tunnel_survey/AxisSurvey.h"
+
+#include "common/console/Files.h"
+#include "common/console/TextTable.h"
+#include "common/exchange/AxisBuilder.h"
+#include "common/exchange/LandXmlReader.h"
+#include "tunnel_survey/CheckReport.h"
+#include "tunnel_survey/StationTable.h"
+
+#include "common/drawing/NumberText.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace TunnelSurvey {
+
+namespace {
+
+using Drawing::fixed;
+using Drawing::signedFixed;
+using Ruv::Calculations::AxisCalculator;
+using Ruv::Calculations::AxisDefinition;
+using Ruv::Calculations::Utilities;
+
+std::size_t countOf(const Alignment& alignment, ElementKind kind) {
+  return static_cast<std::size_t>(
+      std::count_if(alignment.plan.begin(), alignment.plan.end(),
+                    [kind](const PlanElement& element) { return element.kind == kind; }));
+}
+
+void printSummary(const Options& options, const Alignment& alignment, const BuiltAxis& built) {
+  const double from = built.axis->minimumStng2d();
+  const double to = built.axis->maximumStng2d();
+  std::cout << "Alignment        " << alignment.name << " (" << options.landXml << ", lengths in "
+            << alignment.lengthUnit << ")\n"
+            << "Plan             " << alignment.plan.size()
+            << " elements: " << countOf(alignment, ElementKind::Straight) << " straights, "
+            << countOf(alignment, ElementKind::Arc) << " arcs, "
+            << countOf(alignment, ElementKind::Clothoid) << " clothoids\n"
+            << "Profile          " << alignment.profile.size() << " points\n"
+            << "Stationing       " << Drawing::stationText(from, 3) << " to "
+            << Drawing::stationText(to, 3) << ", " << fixed(to - from, 3) << " m\n"
+            << "Largest misfit   " << Drawing::scientific(built.largestMisfit, 1)
+            << " m between the end of an element and its printed end\n"
+            << "Largest kink     " << Drawing::scientific(Utilities::rad2gon(built.largestKink), 1)
+            << " gon between two elements\n";
+}
+
+void printPoints(const std::vector<ConvertedPoint>& points) {
+  constexpr std::size_t kMostShown = 15;
+  TextTable table({"point\n", "stationing\nm", "offset\nm", "above axis\nm", "height\nm"});
+  for (std::size_t i = 0; i < std::min(points.size(), kMostShown); ++i) {
+    const ConvertedPoint& point = points[i];
+    table.addRow({point.id, fixed(point.onAxis.stationing, 3), signedFixed(point.onAxis.offset, 3),
+                  signedFixed(point.onAxis.height, 3), fixed(point.grid.height, 3)});
+  }
+  table.print(std::cout);
+  if (points.size() > kMostShown) {
+    std::cout << "  and " << points.size() - kMostShown << " more\n";
+  }
+}
+
+std::vector<ConvertedPoint> convertPointFile(const Options& options,
+                                             const AxisCalculator& calculator) {
+  const auto file = valueOrFail(readSurveyedPoints(textOf(options.points)), options.points);
+  auto converted = convertPoints(calculator, file.points, options.largestOffset);
+  printHeading("Surveyed points");
+  printPoints(converted.points);
+  std::vector<Remark> rejected = file.rejected;
+  rejected.insert(rejected.end(), converted.rejected.begin(), converted.rejected.end());
+  std::cout << "\nConverted " << converted.points.size() << " points, rejected " << rejected.size()
+            << (rejected.empty() ? ".\n" : ":\n");
+  printRemarks(options.points, rejected);
+  return converted.points;
+}
+
+void compareWithCheckFile(const Options& options, const AxisCalculator& calculator) {
+  const auto file = valueOrFail(readCheckPoints(textOf(options.check)), options.check);
+  const CheckReport check = compareWith(file.points, calculator);
+  printHeading("Comparison with " + options.check);
+  printCheckReport(std::cout, check);
+  printRemarks(options.check, file.rejected);
+  printRemarks(options.check, check.rejected);
+}
+
+std::vector<double> tabulatedStations(const Options& options, const AxisDefinition& axis) {
+  constexpr double kMostLines = 100000.0;
+  const double lowest = axis.minimumStng2d();
+  const double highest = axis.maximumStng2d();
+  if (!((highest - lowest) / options.step <= kMostLines)) {
+    throw Failure("--step " + fixed(options.step, 2) + " gives more than 100 000 lines");
+  }
+  return regularStations(lowest, highest, options.step);
+}
+
+}  // namespace
+
+SurveyPicture surveyAxis(const Options& options) {
+  const Alignment alignment =
+      valueOrFail(readLandXml(textOf(options.landXml), options.alignment), options.landXml);
+  const BuiltAxis built = valueOrFail(buildAxis(alignment), options.landXml);
+  const AxisCalculator calculator(built.axis);
+  printSummary(options, alignment, built);
+  printRemarks(options.landXml, built.notes);
+
+  printHeading("Axis");
+  printStationTable(std::cout, calculator, tabulatedStations(options, *built.axis));
+  SurveyPicture picture;
+  picture.axis = built.axis;
+  picture.name = alignment.name;
+  picture.source = fileName(options.landXml);
+  if (!options.points.empty()) picture.points = convertPointFile(options, calculator);
+  if (!options.check.empty()) compareWithCheckFile(options, calculator);
+  return picture;
+}
+
+}  // namespace TunnelSurvey

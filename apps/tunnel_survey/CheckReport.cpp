@@ -1,0 +1,70 @@
+#include "tunnel_survey/CheckReport.h"
+
+#include "common/console/TextTable.h"
+#include "tunnel_survey/StationTable.h"
+
+#include "common/drawing/NumberText.h"
+
+#include <cmath>
+#include <string>
+
+namespace TunnelSurvey {
+
+using Drawing::fixed;
+using Drawing::scientific;
+using Ruv::Calculations::AxisCalculator;
+using Ruv::Calculations::ENHPoint;
+using Ruv::Calculations::Utilities;
+
+namespace {
+
+void addRow(TextTable& table, const std::string& quantity, const DifferenceSummary& summary,
+            const std::string& unit) {
+  table.addRow({quantity, std::to_string(summary.count), scientific(summary.largest, 1),
+                fixed(summary.stationOfLargest, 3), scientific(summary.rms(), 1), unit});
+}
+
+}  // namespace
+
+void DifferenceSummary::add(double difference, double station) {
+  const double size = std::abs(difference);
+  if (count == 0 || !(size <= largest)) {
+    largest = size;
+    stationOfLargest = station;
+  }
+  sumOfSquares += size * size;
+  ++count;
+}
+
+double DifferenceSummary::rms() const {
+  return count == 0 ? 0.0 : std::sqrt(sumOfSquares / static_cast<double>(count));
+}
+
+CheckReport compareWith(const std::vector<CheckPoint>& points, const AxisCalculator& calculator) {
+  CheckReport report;
+  for (const CheckPoint& point : points) {
+    const double station = point.onAxis.stationing;
+    const auto place = placeAt(calculator, station);
+    ENHPoint grid;
+    if (!place || !calculator.axisPointToEnhPointVertical(point.onAxis, grid)) {
+      report.rejected.push_back(
+          {point.line, "station " + fixed(station, 3) + " lies outside the axis"});
+      continue;
+    }
+    const ENHPoint difference = grid - point.grid;
+    report.plan.add(difference.lengthOfEastNorthProjection(), station);
+    report.height.add(difference.height, station);
+    report.azimuth.add(Utilities::getangleAsMinusPiToPi(place->azimuth - point.azimuth), station);
+  }
+  return report;
+}
+
+void printCheckReport(std::ostream& out, const CheckReport& report) {
+  TextTable table({"difference", "points", "largest", "at station", "rms", "unit"});
+  addRow(table, "plan", report.plan, "m");
+  addRow(table, "height", report.height, "m");
+  addRow(table, "azimuth", report.azimuth, "rad");
+  table.print(out);
+}
+
+}  // namespace TunnelSurvey

@@ -1,0 +1,43 @@
+/// @file
+/// Compares the library with coordinates that others computed.
+
+#ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_CHECK_REPORT_H
+#define CALCULATIONS_APPS_TUNNEL_SURVEY_CHECK_REPORT_H
+
+#include "common/exchange/PointFile.h"
+
+#include <Calculations/Calculations.h>
+
+#include <cstddef>
+#include <ostream>
+#include <vector>
+
+namespace TunnelSurvey {
+
+/// The size of one kind of difference over many points.
+struct DifferenceSummary {
+  double largest = 0.0;
+  double stationOfLargest = 0.0;
+  double sumOfSquares = 0.0;
+  std::size_t count = 0;
+
+  void add(double difference, double station);
+  double rms() const;
+};
+
+struct CheckReport {
+  DifferenceSummary plan;     ///< distance in east and north (m)
+  DifferenceSummary height;   ///< m
+  DifferenceSummary azimuth;  ///< rad
+  std::vector<Remark> rejected;
+};
+
+/// Points whose station lies outside the axis are rejected.
+CheckReport compareWith(const std::vector<CheckPoint>& points,
+                        const Ruv::Calculations::AxisCalculator& calculator);
+
+void printCheckReport(std::ostream& out, const CheckReport& report);
+
+}  // namespace TunnelSurvey
+
+#endif

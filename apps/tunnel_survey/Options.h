@@ -1,0 +1,51 @@
+/// @file
+/// The command line.
+
+#ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_OPTIONS_H
+#define CALCULATIONS_APPS_TUNNEL_SURVEY_OPTIONS_H
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace TunnelSurvey {
+
+/// Empty texts and lists stand for options that are not given.
+struct Options {
+  std::string landXml;
+  std::string alignment;
+  double step = 100.0;
+  std::string points;
+  double largestOffset = 100.0;
+  std::string check;
+  double exaggeration = 10.0;
+
+  std::string design;
+  std::string sections;
+  std::string origins;
+  std::string scan;
+  double spacing = 5.0;
+  std::vector<double> stations;
+  double slab = 0.5;
+  bool followDesign = false;
+  std::optional<double> excludeAbove;
+  std::optional<double> excludeBelow;
+  std::optional<double> geologyBeyond;
+  std::optional<double> geologyFrom;
+  double magnify = 1.0;
+
+  std::string transitionTo;
+  std::vector<double> transitionStations;
+
+  std::string output;
+};
+
+void addOptions(CLI::App& app, Options& options);
+
+}  // namespace TunnelSurvey
+
+#endif

@@ -1,0 +1,133 @@
+#include "tunnel_survey/SurveyOutput.h"
+
+#include "common/console/Files.h"
+#include "common/console/Progress.h"
+#include "tunnel_survey/CrossSectionDrawing.h"
+#include "tunnel_survey/DevelopedMap.h"
+#include "tunnel_survey/HtmlReport.h"
+#include "tunnel_survey/PlanDrawing.h"
+#include "tunnel_survey/SectionDrawing.h"
+#include "tunnel_survey/SectionTable.h"
+#include "tunnel_survey/TransitionDrawing.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace TunnelSurvey {
+
+namespace {
+
+using Drawing::Sheet;
+namespace fs = std::filesystem;
+
+void writeNamedText(const fs::path& path, const std::string& text) {
+  writeText(path, text);
+  std::cout << path.string() << '\n';
+}
+
+/// @return the text of the SVG
+std::string writeNamedSheet(const Sheet& sheet, const fs::path& path) {
+  std::string svg = writeSheet(sheet, path.string());
+  std::cout << path.string() << ".svg\n" << path.string() << ".png\n";
+  return svg;
+}
+
+/// "007_ring_45": in the order of the sections, whatever their names.
+std::string fileNameOf(const SectionSurvey& survey, std::size_t index) {
+  constexpr std::size_t kDigits = 3;
+  std::string number = std::to_string(index + 1);
+  if (number.size() < kDigits) number.insert(0, kDigits - number.size(), '0');
+  std::string name = number + "_" + survey.noun + "_" + survey.results[index].section.name;
+  const auto isPlain = [](char letter) {
+    return (letter >= '0' && letter <= '9') || (letter >= 'a' && letter <= 'z') ||
+           (letter >= 'A' && letter <= 'Z') || letter == '+' || letter == '-' || letter == '.';
+  };
+  std::replace_if(
+      name.begin(), name.end(), [&isPlain](char letter) { return !isPlain(letter); }, '_');
+  constexpr std::size_t kLongestName = 100;
+  return name.substr(0, kLongestName);
+}
+
+/// Every section as files and into the report.
+void writeSections(const SectionSurvey& survey, const fs::path& directory, HtmlReport& report) {
+  constexpr std::size_t kManySections = 8;
+  const CrossSectionLayout layout = crossSectionLayout(survey);
+  Progress progress("Drawing the sections", survey.results.size(), kManySections);
+  for (std::size_t i = 0; i < survey.results.size(); ++i) {
+    const SectionResult& result = survey.results[i];
+    const Sheet sheet = crossSectionSheet(survey, result, layout);
+    report.writeSection(result, writeSheet(sheet, (directory / fileNameOf(survey, i)).string()));
+    progress.advance();
+  }
+}
+
+void writeSectionResults(const SectionSurvey& survey, std::vector<Chapter> chapters,
+                         const fs::path& directory) {
+  writeNamedText(directory / "sections.csv", sectionsAsCsv(survey));
+  chapters.push_back({"Map",
+                      {{"Distances of the measured from the design profile over stationing and "
+                        "derolment, interpolated between points and sections.",
+                        writeNamedSheet(developedMapSheet(survey), directory / "developed_map")}}});
+  const fs::path pictures = directory / "sections";
+  makeDirectory(pictures);
+  const fs::path path = directory / "report.html";
+  std::ofstream file(path, std::ios::binary);
+  HtmlReport report(file, survey);
+  report.writeHead(chapters);
+  for (const Chapter& chapter : chapters) {
+    report.writeChapter(chapter);
+  }
+  report.writeTables();
+  report.beginSections();
+  writeSections(survey, pictures, report);
+  report.writeEnd();
+  file.close();
+  if (!file) throw Failure(path.string() + ": cannot be written");
+  std::cout << pictures.string() << ": " << survey.results.size() << " drawings as SVG and PNG\n"
+            << path.string() << '\n';
+}
+
+Chapter writeAxis(const Options& options, const SurveyResults& results, const fs::path& directory) {
+  SurveyPicture picture = *results.axis;
+  if (!options.points.empty()) {
+    writeNamedText(directory / "points_on_axis.csv", convertedPointsAsCsv(picture.points));
+  }
+  if (results.sections && results.sections->hasStations()) {
+    picture.sections = {*results.sections->results.front().section.station,
+                        *results.sections->results.back().section.station};
+  }
+  std::string plan = writeNamedSheet(planSheet(picture), directory / "plan");
+  std::string section =
+      writeNamedSheet(sectionSheet(picture, options.exaggeration), directory / "section");
+  return {"Axis",
+          {{"Plan of axis " + picture.name, std::move(plan)},
+           {"Longitudinal section of axis " + picture.name, std::move(section)}}};
+}
+
+Chapter writeTransition(const Transition& transition, const fs::path& directory) {
+  writeNamedText(directory / "transition.csv", transitionAsCsv(transition));
+  const std::string caption = "The design profile on its way from " + transition.startSource +
+                              " to " + transition.endSource + ".";
+  return {"Transition",
+          {{caption, writeNamedSheet(transitionSheet(transition), directory / "transition")}}};
+}
+
+}  // namespace
+
+void writeResults(const Options& options, const SurveyResults& results) {
+  const fs::path directory(options.output);
+  makeDirectory(directory);
+  printHeading("Written");
+  std::vector<Chapter> chapters;
+  if (results.axis) chapters.push_back(writeAxis(options, results, directory));
+  if (results.transition) chapters.push_back(writeTransition(*results.transition, directory));
+  if (results.sections) writeSectionResults(*results.sections, std::move(chapters), directory);
+}
+
+}  // namespace TunnelSurvey

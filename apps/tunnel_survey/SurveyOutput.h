@@ -1,0 +1,27 @@
+/// @file
+/// Everything that is written into the output directory.
+
+#ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_SURVEY_OUTPUT_H
+#define CALCULATIONS_APPS_TUNNEL_SURVEY_SURVEY_OUTPUT_H
+
+#include "tunnel_survey/Options.h"
+#include "tunnel_survey/SectionSurvey.h"
+#include "tunnel_survey/SurveySheet.h"
+#include "tunnel_survey/Transition.h"
+
+#include <optional>
+
+namespace TunnelSurvey {
+
+struct SurveyResults {
+  std::optional<SurveyPicture> axis;
+  std::optional<Transition> transition;
+  std::optional<SectionSurvey> sections;
+};
+
+/// Prints what it writes. Throws a Failure when it cannot.
+void writeResults(const Options& options, const SurveyResults& results);
+
+}  // namespace TunnelSurvey
+
+#endif

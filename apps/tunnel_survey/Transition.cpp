@@ -1,0 +1,115 @@
+#include "tunnel_survey/Transition.h"
+
+#include "common/console/Files.h"
+#include "common/console/TextTable.h"
+#include "tunnel_survey/Options.h"
+
+#include "common/drawing/NumberText.h"
+
+#include <cstddef>
+#include <iostream>
+
+namespace TunnelSurvey {
+
+namespace {
+
+using Drawing::fixed;
+using Drawing::signedFixed;
+using Ruv::Calculations::Point2D;
+using Ruv::Calculations::ThProfileDefinition;
+using Ruv::Calculations::ThProfileMorpher;
+
+constexpr int kParts = 8;         // between the sections
+constexpr int kEdgesPerPart = 4;  // the edges of walls that lean or bulge are curved lines
+
+StationRange rangeOf(const Options& options) {
+  constexpr double kShortest = 0.1;
+  constexpr double kLongest = 10000.0;
+  const StationRange range{options.transitionStations.front(), options.transitionStations.back()};
+  if (!(range.length() >= kShortest && range.length() <= kLongest)) {
+    throw Failure("--transition-stations: from the first to the second must be " +
+                  fixed(kShortest, 1) + " to " + fixed(kLongest, 0) + " m");
+  }
+  return range;
+}
+
+void printSections(const Transition& transition) {
+  TextTable table(
+      {"stationing\nm", "elements\n", "left\nm", "right\nm", "width\nm", "height\nm", "area\nm2"});
+  for (const TransitionSection& section : transition.sections) {
+    const DesignProfile& profile = section.profile;
+    const Point2D low = profile.lowerLeft();
+    const Point2D high = profile.upperRight();
+    table.addRow({fixed(section.station, 3), std::to_string(profile.definition()->getNumSegments()),
+                  signedFixed(low.x, 3), signedFixed(high.x, 3), fixed(high.x - low.x, 3),
+                  fixed(high.y - low.y, 3), fixed(profile.area(), 3)});
+  }
+  table.print(std::cout);
+}
+
+}  // namespace
+
+Outcome<Transition> transitionBetween(const DesignProfile& start, const DesignProfile& end,
+                                      const StationRange& range) {
+  const ThProfileMorpher morpher(start.definition(), end.definition(), range.from, range.to);
+  Transition transition;
+  const double step = range.length() / (kParts * kEdgesPerPart);
+  for (const double station : evenStations(range, step)) {
+    const auto definition = morpher.getMorphedProfile(station);
+    const auto profile = definition ? std::optional<DesignProfile>(definition) : std::nullopt;
+    if (!profile || profile->outline().empty()) {
+      return Outcome<Transition>::failure({0,
+                                           "the design profile cannot be morphed into this one "
+                                           "(not at " +
+                                               Drawing::stationText(station, 3) + ")"});
+    }
+    if (transition.edges.size() % kEdgesPerPart == 0) {
+      transition.sections.push_back({station, *profile});
+    }
+    transition.edges.push_back({station, profile->lowerLeft().x, profile->upperRight().x});
+  }
+  return Outcome<Transition>::success(std::move(transition));
+}
+
+std::optional<Transition> surveyTransition(const Options& options) {
+  const StationRange range = rangeOf(options);
+  const auto profileIn = [](const std::string& path) {
+    return valueOrFail(readDesignProfile(textOf(path)), path);
+  };
+  const DesignProfile start = profileIn(options.design);
+  const DesignProfile end = profileIn(options.transitionTo);
+  printHeading("Transition");
+  Outcome<Transition> outcome = transitionBetween(start, end, range);
+  if (!outcome.value) {
+    printRemarks(options.transitionTo, {outcome.error});
+    std::cout << "Left out: the profiles cannot be morphed.\n";
+    return std::nullopt;
+  }
+  outcome.value->startSource = fileName(options.design);
+  outcome.value->endSource = fileName(options.transitionTo);
+  std::cout << "Start profile    " << options.design << '\n'
+            << "End profile      " << options.transitionTo << "\n\n";
+  printSections(*outcome.value);
+  return std::move(outcome.value);
+}
+
+std::string transitionAsCsv(const Transition& transition) {
+  constexpr int kDecimals = 6;
+  std::string text = "station,start_x,start_y,end_x,end_y,radius\n";
+  for (const TransitionSection& section : transition.sections) {
+    const ThProfileDefinition& definition = *section.profile.definition();
+    for (unsigned i = 0; i < definition.getNumSegments(); ++i) {
+      const Point2D start = definition.getSegmentStartAt(i);
+      const Point2D end = definition.getSegmentEndAt(i);
+      text += fixed(section.station, 3);
+      for (const double number :
+           {start.x, start.y, end.x, end.y, definition.getSegmentRadiusAt(i)}) {
+        text += "," + fixed(number, kDecimals);
+      }
+      text += '\n';
+    }
+  }
+  return text;
+}
+
+}  // namespace TunnelSurvey

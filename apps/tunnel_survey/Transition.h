@@ -1,0 +1,53 @@
+/// @file
+/// A stretch of tunnel in which the design profile changes to another.
+
+#ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_TRANSITION_H
+#define CALCULATIONS_APPS_TUNNEL_SURVEY_TRANSITION_H
+
+#include "common/exchange/DesignProfile.h"
+#include "tunnel_survey/SurveySheet.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace TunnelSurvey {
+
+struct Options;
+
+/// The profile at a stationing.
+struct TransitionSection {
+  double station = 0.0;
+  DesignProfile profile;
+};
+
+/// The outermost points of the profile at a stationing, to the right of the axis (m).
+struct TransitionEdges {
+  double station = 0.0;
+  double left = 0.0;
+  double right = 0.0;
+};
+
+struct Transition {
+  std::string startSource;  ///< the files that the profiles come from
+  std::string endSource;
+  std::vector<TransitionSection> sections;  ///< nine at equal distances, the given ones at the ends
+  std::vector<TransitionEdges> edges;       ///< closer together than the sections
+
+  StationRange range() const { return {sections.front().station, sections.back().station}; }
+};
+
+/// Fails when the profiles cannot be morphed. The range must have a length.
+Outcome<Transition> transitionBetween(const DesignProfile& start, const DesignProfile& end,
+                                      const StationRange& range);
+
+/// Prints the sections. Throws a Failure for files that cannot be used; profiles that cannot be
+/// morphed are told, and give nothing.
+std::optional<Transition> surveyTransition(const Options& options);
+
+/// The elements of all sections: station, start_x, start_y, end_x, end_y, radius (m).
+std::string transitionAsCsv(const Transition& transition);
+
+}  // namespace TunnelSurvey
+
+#endif

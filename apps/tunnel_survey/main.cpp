@@ -1,0 +1,52 @@
+// Reads a tunnel axis from LandXML, tabulates it, converts surveyed points, compares with
+// coordinates that others computed, and draws plan and longitudinal section. Compares measured
+// cross-sections, given as such or cut from a scan along the axis, with the design profile, and
+// writes drawings and a report. Draws how the design profile changes into another.
+
+#include "common/console/CommandLine.h"
+#include "common/console/Files.h"
+#include "tunnel_survey/AxisSurvey.h"
+#include "tunnel_survey/Options.h"
+#include "tunnel_survey/SectionSurvey.h"
+#include "tunnel_survey/SurveyOutput.h"
+#include "tunnel_survey/Transition.h"
+
+namespace {
+
+using namespace TunnelSurvey;
+
+bool hasMeasurements(const Options& options) {
+  return !options.sections.empty() || !options.scan.empty();
+}
+
+void refuseIncomplete(const Options& options) {
+  if (options.landXml.empty() && options.design.empty()) {
+    throw Failure(
+        "give a LandXML file, or --design with --sections or --transition-to; see --help");
+  }
+  const bool isDesignUsed = hasMeasurements(options) || !options.transitionTo.empty();
+  if (!options.design.empty() && !isDesignUsed) {
+    throw Failure("--design needs --sections, --scan or --transition-to");
+  }
+}
+
+void run(const Options& options) {
+  refuseIncomplete(options);
+  SurveyResults results;
+  if (!options.landXml.empty()) results.axis = surveyAxis(options);
+  if (!options.transitionTo.empty()) results.transition = surveyTransition(options);
+  if (hasMeasurements(options)) {
+    results.sections = surveySections(options, results.axis ? results.axis->axis : nullptr);
+  }
+  if (!options.output.empty()) writeResults(options, results);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  return runCommand(
+      "tunnel_survey",
+      "Tabulates and draws a tunnel axis, converts surveyed points to it, compares measured "
+      "cross-sections with the design profile, and draws how that changes into another.",
+      run, argc, argv);
+}
