@@ -11,28 +11,28 @@
 
 namespace {
 
-using namespace TunnelSurvey;
 using Fuzz::require;
 using Fuzz::requireNear;
+using namespace TunnelSurvey;
 
 bool isFinite(const Ruv::Calculations::ENHPoint& p) {
   return std::isfinite(p.east) && std::isfinite(p.north) && std::isfinite(p.height);
 }
 
 void readAndWritePoints(const std::string& text) {
-  const auto read = readSurveyedPoints(text);
-  readScannedPoints(text);
-  readCheckPoints(text);
+  const auto read = Exchange::readSurveyedPoints(text);
+  Exchange::readScannedPoints(text);
+  Exchange::readCheckPoints(text);
   if (!read.value) {
     require(!read.error.message.empty(), "a refusal has a reason");
     return;
   }
-  std::vector<ConvertedPoint> converted;
-  for (const SurveyedPoint& point : read.value->points) {
+  std::vector<Exchange::ConvertedPoint> converted;
+  for (const Exchange::SurveyedPoint& point : read.value->points) {
     require(isFinite(point.grid), "coordinates are finite");
     converted.push_back({point.id, point.grid, {}});
   }
-  const auto again = readSurveyedPoints(convertedPointsAsCsv(converted));
+  const auto again = Exchange::readSurveyedPoints(Exchange::convertedPointsAsCsv(converted));
   require(again.value && again.value->rejected.empty(), "what was written can be read");
   require(again.value->points.size() == converted.size(), "as many points are read as written");
   for (std::size_t i = 0; i < converted.size(); ++i) {
@@ -44,7 +44,7 @@ void readAndWritePoints(const std::string& text) {
 }
 
 void readProfile(const std::string& text) {
-  const auto design = readDesignProfile(text);
+  const auto design = Exchange::readDesignProfile(text);
   if (!design.value) {
     require(!design.error.message.empty(), "a refusal has a reason");
     return;

@@ -11,25 +11,22 @@ namespace {
 
 using Ruv::Calculations::PolarPoint;
 using Ruv::Calculations::Utilities;
-using TunnelSurvey::CsvRow;
-using TunnelSurvey::Failure;
-using TunnelSurvey::Outcome;
-using TunnelSurvey::PointFile;
 
-Outcome<Measurement> measurementOf(const CsvRow& row) {
+Exchange::Outcome<Measurement> measurementOf(const Exchange::CsvRow& row) {
   const auto id = row.text("id");
-  if (!id.value) return Outcome<Measurement>::failure(id.error);
+  if (!id.value) return Exchange::Outcome<Measurement>::failure(id.error);
   const auto numbers = row.numbers({"horizontal_angle", "zenith_angle", "slope_distance"});
-  if (!numbers.value) return Outcome<Measurement>::failure(numbers.error);
+  if (!numbers.value) return Exchange::Outcome<Measurement>::failure(numbers.error);
   const std::vector<double>& v = *numbers.value;
   const PolarPoint polar(Utilities::gon2rad(v[0]), Utilities::gon2rad(v[1]), v[2]);
-  return Outcome<Measurement>::success({row.line(), *id.value, polar});
+  return Exchange::Outcome<Measurement>::success({row.line(), *id.value, polar});
 }
 
 /// Only the first of several points with one id is kept.
 template <class P>
-std::vector<P> usable(const Outcome<PointFile<P>>& outcome, const std::string& path) {
-  PointFile<P> file = TunnelSurvey::valueOrFail(outcome, path);
+std::vector<P> usable(const Exchange::Outcome<Exchange::PointFile<P>>& outcome,
+                      const std::string& path) {
+  Exchange::PointFile<P> file = Console::valueOrFail(outcome, path);
   std::vector<P> points;
   for (const P& point : file.points) {
     const bool isRepeated = std::any_of(points.begin(), points.end(),
@@ -40,7 +37,7 @@ std::vector<P> usable(const Outcome<PointFile<P>>& outcome, const std::string& p
       points.push_back(point);
     }
   }
-  TunnelSurvey::printRemarks(path, file.rejected);
+  Console::printRemarks(path, file.rejected);
   return points;
 }
 
@@ -50,15 +47,16 @@ FieldBook readFieldBook(const std::string& fixPointFile, const std::string& meas
                         const std::string& boomId) {
   FieldBook book;
   book.fixPoints =
-      usable(TunnelSurvey::readSurveyedPoints(TunnelSurvey::textOf(fixPointFile)), fixPointFile);
-  const auto measurements = TunnelSurvey::readPoints<Measurement>(
-      TunnelSurvey::textOf(measurementFile),
+      usable(Exchange::readSurveyedPoints(Console::textOf(fixPointFile)), fixPointFile);
+  const auto measurements = Exchange::readPoints<Measurement>(
+      Console::textOf(measurementFile),
       {"id", "horizontal_angle", "zenith_angle", "slope_distance"}, measurementOf);
   book.measurements = usable(measurements, measurementFile);
   const auto boom = std::find_if(book.measurements.begin(), book.measurements.end(),
                                  [&boomId](const Measurement& m) { return m.id == boomId; });
   if (boom == book.measurements.end()) {
-    throw Failure(measurementFile + ": no measurement has the id " + boomId + " of the boom point");
+    throw Console::Failure(measurementFile + ": no measurement has the id " + boomId +
+                           " of the boom point");
   }
   book.boom = *boom;
   book.measurements.erase(boom);

@@ -20,7 +20,7 @@ struct Measurement {
 };
 
 struct FieldBook {
-  std::vector<TunnelSurvey::SurveyedPoint> fixPoints;
+  std::vector<Exchange::SurveyedPoint> fixPoints;
   std::vector<Measurement> measurements;
   Measurement boom;  ///< of the point to be guided
 };

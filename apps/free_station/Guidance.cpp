@@ -23,7 +23,7 @@ void requireBesideAxis(const AxisCalculator& calculator, const ENHPoint& point,
                        const std::string& name) {
   AxisPoint onAxis;
   if (!calculator.enhPointToAxisPointPerpendicular(point, onAxis)) {
-    throw TunnelSurvey::Failure(name + " lies beside no part of the axis");
+    throw Console::Failure(name + " lies beside no part of the axis");
   }
 }
 
@@ -49,7 +49,7 @@ std::vector<GuidanceResult> guide(const GuidanceTask& task) {
   const AxisCalculator calculator(task.axis);
   ENHPoint origin;
   if (!calculator.axisPointToEnhPointPerpendicular(task.origin, origin)) {
-    throw TunnelSurvey::Failure("the origin of the guidance vector lies beyond the axis");
+    throw Console::Failure("the origin of the guidance vector lies beyond the axis");
   }
   requireBesideAxis(calculator, task.boom, "the boom point");
   std::vector<GuidanceResult> results = {

@@ -8,14 +8,13 @@
 namespace FreeStation {
 
 using Ruv::Calculations::PointDetermination;
-using TunnelSurvey::SurveyedPoint;
 
 Identification identify(const FieldBook& book, const Tolerances& tolerances) {
   PointDetermination search;
   search.setToleranceDistanceDifference(tolerances.distance);
   search.setToleranceHeightDifference(tolerances.height);
-  std::map<std::wstring, const SurveyedPoint*> fixPoints;
-  for (const SurveyedPoint& point : book.fixPoints) {
+  std::map<std::wstring, const Exchange::SurveyedPoint*> fixPoints;
+  for (const Exchange::SurveyedPoint& point : book.fixPoints) {
     search.addPoint(wideId(point.id), point.grid);
     fixPoints[wideId(point.id)] = &point;
   }
@@ -23,7 +22,7 @@ Identification identify(const FieldBook& book, const Tolerances& tolerances) {
     search.addMeasurement(wideId(measurement.id), measurement.polar);
   }
   if (!search.determineMeasuredPointsRobust()) {
-    throw TunnelSurvey::Failure("no three measurements fit the fix points within the tolerances");
+    throw Console::Failure("no three measurements fit the fix points within the tolerances");
   }
 
   Identification found;

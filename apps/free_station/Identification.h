@@ -17,7 +17,7 @@ struct Tolerances {
 
 struct Sighting {
   Measurement measurement;
-  TunnelSurvey::SurveyedPoint fixPoint;
+  Exchange::SurveyedPoint fixPoint;
 };
 
 struct Identification {

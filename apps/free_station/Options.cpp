@@ -8,14 +8,12 @@ namespace FreeStation {
 
 namespace {
 
-using TunnelSurvey::between;
-
 constexpr double kFarthest = 1e6;  // of a position beside an axis
 
 }  // namespace
 
 void addOptions(CLI::App& app, Options& options) {
-  const CLI::Validator tolerance = between(1e-4, 1.0);
+  const CLI::Validator tolerance = Console::between(1e-4, 1.0);
   app.add_option("fixpoints", options.fixPoints, "CSV of the fix points: id, east, north, height")
       ->required();
   app.add_option("measurements", options.measurements,
@@ -38,9 +36,9 @@ void addOptions(CLI::App& app, Options& options) {
       ->required()
       ->delimiter(',')
       ->expected(3)
-      ->check(between(-kFarthest, kFarthest));
+      ->check(Console::between(-kFarthest, kFarthest));
   app.add_option("--ahead", options.ahead, "Distance of the point ahead from the boom (m)")
-      ->check(between(0.1, 100.0))
+      ->check(Console::between(0.1, 100.0))
       ->capture_default_str();
   app.add_option("--output", options.output, "Directory for the drawing (SVG and PNG)");
 }

@@ -18,8 +18,6 @@ using Drawing::fixed;
 using Drawing::signedFixed;
 using Ruv::Calculations::ENHPoint;
 using Ruv::Calculations::Utilities;
-using TunnelSurvey::printHeading;
-using TunnelSurvey::TextTable;
 
 constexpr double kMillimetres = 1000.0;
 
@@ -36,8 +34,8 @@ std::string fixPointOf(const Identification& identification, const Measurement& 
 }
 
 void printIdentification(const Survey& survey) {
-  printHeading("Which fix points were measured");
-  TextTable table(
+  Console::printHeading("Which fix points were measured");
+  Console::TextTable table(
       {"measurement\n", "horizontal\ngon", "zenith\ngon", "slope dist.\nm", "fix point\n"});
   for (const Measurement& m : survey.book.measurements) {
     table.addRow({m.id, gon(m.polar.horizontalAngle, 4), gon(m.polar.verticalAngle, 4),
@@ -59,9 +57,9 @@ bool isScaleSignificant(const Station& station) {
 }
 
 void printStation(const Survey& survey) {
-  printHeading("Station");
+  Console::printHeading("Station");
   const Station& s = survey.station;
-  TextTable table({"quantity\n", "value\n", "unit\n", "std. dev.\n", "unit\n"});
+  Console::TextTable table({"quantity\n", "value\n", "unit\n", "std. dev.\n", "unit\n"});
   const auto addCoordinate = [&table](const std::string& name, double value, double stdDev) {
     table.addRow({name, fixed(value, 4), "m", fixed(stdDev * kMillimetres, 1), "mm"});
   };
@@ -82,8 +80,8 @@ void printStation(const Survey& survey) {
 }
 
 void printResiduals(const Survey& survey) {
-  printHeading("Residuals, measured less known");
-  TextTable table(
+  Console::printHeading("Residuals, measured less known");
+  Console::TextTable table(
       {"fix point\n", "measurement\n", "east\nmm", "north\nmm", "height\nmm", "in space\nmm"});
   double largest = 0.0;
   for (std::size_t i = 0; i < survey.residuals.size(); ++i) {
@@ -100,7 +98,7 @@ void printResiduals(const Survey& survey) {
 }
 
 void printPositionOnAxis(const Survey& survey) {
-  printHeading("Station on axis " + survey.axisName);
+  Console::printHeading("Station on axis " + survey.axisName);
   std::cout << "Stationing       " << Drawing::stationText(survey.stationOnAxis.stationing, 3)
             << '\n'
             << "Offset           " << signedFixed(survey.stationOnAxis.offset, 3) << " m\n"
@@ -109,7 +107,7 @@ void printPositionOnAxis(const Survey& survey) {
 }
 
 void printGuidance(const Survey& survey) {
-  printHeading("Guidance of the boom point");
+  Console::printHeading("Guidance of the boom point");
   const GuidanceTask& task = survey.guidance;
   std::cout << "Vector from      " << Drawing::stationText(task.origin.stationing, 3) << ", offset "
             << signedFixed(task.origin.offset, 3) << " m, " << signedFixed(task.origin.height, 3)
@@ -117,7 +115,7 @@ void printGuidance(const Survey& survey) {
             << "Boom point       east " << fixed(task.boom.east, 3) << ", north "
             << fixed(task.boom.north, 3) << ", height " << fixed(task.boom.height, 3) << " m\n\n";
   const std::string ahead = fixed(task.ahead, 1) + " m ahead: ";
-  TextTable table(
+  Console::TextTable table(
       {"vector\n", "forward\nm", "right\nm", "up\nm", ahead + "east\nm", "north\nm", "height\nm"});
   for (const GuidanceResult& g : survey.guided) {
     table.addRow({g.vector, signedFixed(g.offsets.forward, 3), signedFixed(g.offsets.horizontal, 3),

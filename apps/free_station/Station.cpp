@@ -74,7 +74,7 @@ Station setUpStation(const std::vector<Sighting>& sightings) {
   if (!resection.calculateResectionHelmert3d(station.position, station.orientation, station.scale,
                                              station.positionStdDev, station.orientationStdDev,
                                              station.scaleStdDev)) {
-    throw TunnelSurvey::Failure("the measured fix points do not determine the station");
+    throw Console::Failure("the measured fix points do not determine the station");
   }
   findTilt(station, sightings);
   return station;

@@ -64,7 +64,7 @@ Projection sectionProjection(const Survey& survey) {
 
 std::vector<ENHPoint> visiblePoints(const Survey& survey) {
   std::vector<ENHPoint> points = {survey.station.position, survey.guidance.boom};
-  for (const TunnelSurvey::SurveyedPoint& fixPoint : survey.book.fixPoints) {
+  for (const Exchange::SurveyedPoint& fixPoint : survey.book.fixPoints) {
     points.push_back(fixPoint.grid);
   }
   for (const Measurement& stray : survey.identification.strays) {
@@ -194,7 +194,7 @@ void StationView::drawRays() {
 }
 
 void StationView::drawFixPoints() {
-  for (const TunnelSurvey::SurveyedPoint& fixPoint : m_survey.book.fixPoints) {
+  for (const Exchange::SurveyedPoint& fixPoint : m_survey.book.fixPoints) {
     Symbol::unseenFixPoint(m_canvas, toPage(fixPoint.grid));
   }
   for (const Sighting& s : m_survey.identification.sightings) {
@@ -232,7 +232,7 @@ void StationView::writeNames() {
   for (const Sighting& s : m_survey.identification.sightings) {
     writeName(toPage(s.fixPoint.grid), s.fixPoint.id, Style::kInk);
   }
-  for (const TunnelSurvey::SurveyedPoint& fixPoint : m_survey.book.fixPoints) {
+  for (const Exchange::SurveyedPoint& fixPoint : m_survey.book.fixPoints) {
     const auto& seen = m_survey.identification.sightings;
     const bool isSeen = std::any_of(seen.begin(), seen.end(), [&fixPoint](const Sighting& s) {
       return s.fixPoint.id == fixPoint.id;

@@ -20,14 +20,12 @@ namespace {
 using namespace FreeStation;
 using Ruv::Calculations::AxisCalculator;
 using Ruv::Calculations::AxisPoint;
-using TunnelSurvey::Failure;
-using TunnelSurvey::valueOrFail;
 
 void readAxis(const Options& options, Survey& survey) {
-  const auto alignment = valueOrFail(
-      TunnelSurvey::readLandXml(TunnelSurvey::textOf(options.landXml)), options.landXml);
-  const auto built = valueOrFail(TunnelSurvey::buildAxis(alignment), options.landXml);
-  TunnelSurvey::printRemarks(options.landXml, built.notes);
+  const auto alignment = Console::valueOrFail(
+      Exchange::readLandXml(Console::textOf(options.landXml)), options.landXml);
+  const auto built = Console::valueOrFail(Exchange::buildAxis(alignment), options.landXml);
+  Console::printRemarks(options.landXml, built.notes);
   survey.axisName = alignment.name;
   survey.guidance.axis = built.axis;
 }
@@ -35,7 +33,7 @@ void readAxis(const Options& options, Survey& survey) {
 void findStationOnAxis(Survey& survey) {
   const AxisCalculator calculator(survey.guidance.axis);
   if (!calculator.enhPointToAxisPointVertical(survey.station.position, survey.stationOnAxis)) {
-    throw Failure("the station lies beside no part of the axis");
+    throw Console::Failure("the station lies beside no part of the axis");
   }
   double radius = 0.0;
   double slope = 0.0;
@@ -66,16 +64,16 @@ void run(const Options& options) {
   const Survey survey = surveyWith(options);
   printReport(survey);
   if (options.output.empty()) return;
-  TunnelSurvey::makeDirectory(options.output);
+  Console::makeDirectory(options.output);
   const auto path = std::filesystem::path(options.output) / "free_station";
-  TunnelSurvey::writeSheet(stationSheet(survey), path.string());
+  Console::writeSheet(stationSheet(survey), path.string());
   std::cout << "\nDrawing: " << path.string() << ".svg and .png\n";
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  return TunnelSurvey::runCommand(
+  return Console::runCommand(
       "free_station",
       "Identifies measured fix points, computes a free station from them, and guides a boom "
       "point along a tunnel axis.",

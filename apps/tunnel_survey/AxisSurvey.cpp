@@ -25,21 +25,22 @@ using Ruv::Calculations::AxisCalculator;
 using Ruv::Calculations::AxisDefinition;
 using Ruv::Calculations::Utilities;
 
-std::size_t countOf(const Alignment& alignment, ElementKind kind) {
+std::size_t countOf(const Exchange::Alignment& alignment, Exchange::ElementKind kind) {
   return static_cast<std::size_t>(
       std::count_if(alignment.plan.begin(), alignment.plan.end(),
-                    [kind](const PlanElement& element) { return element.kind == kind; }));
+                    [kind](const Exchange::PlanElement& element) { return element.kind == kind; }));
 }
 
-void printSummary(const Options& options, const Alignment& alignment, const BuiltAxis& built) {
+void printSummary(const Options& options, const Exchange::Alignment& alignment,
+                  const Exchange::BuiltAxis& built) {
   const double from = built.axis->minimumStng2d();
   const double to = built.axis->maximumStng2d();
   std::cout << "Alignment        " << alignment.name << " (" << options.landXml << ", lengths in "
             << alignment.lengthUnit << ")\n"
             << "Plan             " << alignment.plan.size()
-            << " elements: " << countOf(alignment, ElementKind::Straight) << " straights, "
-            << countOf(alignment, ElementKind::Arc) << " arcs, "
-            << countOf(alignment, ElementKind::Clothoid) << " clothoids\n"
+            << " elements: " << countOf(alignment, Exchange::ElementKind::Straight)
+            << " straights, " << countOf(alignment, Exchange::ElementKind::Arc) << " arcs, "
+            << countOf(alignment, Exchange::ElementKind::Clothoid) << " clothoids\n"
             << "Profile          " << alignment.profile.size() << " points\n"
             << "Stationing       " << Drawing::stationText(from, 3) << " to "
             << Drawing::stationText(to, 3) << ", " << fixed(to - from, 3) << " m\n"
@@ -49,11 +50,11 @@ void printSummary(const Options& options, const Alignment& alignment, const Buil
             << " gon between two elements\n";
 }
 
-void printPoints(const std::vector<ConvertedPoint>& points) {
+void printPoints(const std::vector<Exchange::ConvertedPoint>& points) {
   constexpr std::size_t kMostShown = 15;
-  TextTable table({"point\n", "stationing\nm", "offset\nm", "above axis\nm", "height\nm"});
+  Console::TextTable table({"point\n", "stationing\nm", "offset\nm", "above axis\nm", "height\nm"});
   for (std::size_t i = 0; i < std::min(points.size(), kMostShown); ++i) {
-    const ConvertedPoint& point = points[i];
+    const Exchange::ConvertedPoint& point = points[i];
     table.addRow({point.id, fixed(point.onAxis.stationing, 3), signedFixed(point.onAxis.offset, 3),
                   signedFixed(point.onAxis.height, 3), fixed(point.grid.height, 3)});
   }
@@ -63,27 +64,29 @@ void printPoints(const std::vector<ConvertedPoint>& points) {
   }
 }
 
-std::vector<ConvertedPoint> convertPointFile(const Options& options,
-                                             const AxisCalculator& calculator) {
-  const auto file = valueOrFail(readSurveyedPoints(textOf(options.points)), options.points);
-  auto converted = convertPoints(calculator, file.points, options.largestOffset);
-  printHeading("Surveyed points");
+std::vector<Exchange::ConvertedPoint> convertPointFile(const Options& options,
+                                                       const AxisCalculator& calculator) {
+  const auto file = Console::valueOrFail(
+      Exchange::readSurveyedPoints(Console::textOf(options.points)), options.points);
+  auto converted = Exchange::convertPoints(calculator, file.points, options.largestOffset);
+  Console::printHeading("Surveyed points");
   printPoints(converted.points);
-  std::vector<Remark> rejected = file.rejected;
+  std::vector<Exchange::Remark> rejected = file.rejected;
   rejected.insert(rejected.end(), converted.rejected.begin(), converted.rejected.end());
   std::cout << "\nConverted " << converted.points.size() << " points, rejected " << rejected.size()
             << (rejected.empty() ? ".\n" : ":\n");
-  printRemarks(options.points, rejected);
+  Console::printRemarks(options.points, rejected);
   return converted.points;
 }
 
 void compareWithCheckFile(const Options& options, const AxisCalculator& calculator) {
-  const auto file = valueOrFail(readCheckPoints(textOf(options.check)), options.check);
+  const auto file = Console::valueOrFail(Exchange::readCheckPoints(Console::textOf(options.check)),
+                                         options.check);
   const CheckReport check = compareWith(file.points, calculator);
-  printHeading("Comparison with " + options.check);
+  Console::printHeading("Comparison with " + options.check);
   printCheckReport(std::cout, check);
-  printRemarks(options.check, file.rejected);
-  printRemarks(options.check, check.rejected);
+  Console::printRemarks(options.check, file.rejected);
+  Console::printRemarks(options.check, check.rejected);
 }
 
 std::vector<double> tabulatedStations(const Options& options, const AxisDefinition& axis) {
@@ -91,7 +94,7 @@ std::vector<double> tabulatedStations(const Options& options, const AxisDefiniti
   const double lowest = axis.minimumStng2d();
   const double highest = axis.maximumStng2d();
   if (!((highest - lowest) / options.step <= kMostLines)) {
-    throw Failure("--step " + fixed(options.step, 2) + " gives more than 100 000 lines");
+    throw Console::Failure("--step " + fixed(options.step, 2) + " gives more than 100 000 lines");
   }
   return regularStations(lowest, highest, options.step);
 }
@@ -99,19 +102,20 @@ std::vector<double> tabulatedStations(const Options& options, const AxisDefiniti
 }  // namespace
 
 SurveyPicture surveyAxis(const Options& options) {
-  const Alignment alignment =
-      valueOrFail(readLandXml(textOf(options.landXml), options.alignment), options.landXml);
-  const BuiltAxis built = valueOrFail(buildAxis(alignment), options.landXml);
+  const Exchange::Alignment alignment = Console::valueOrFail(
+      Exchange::readLandXml(Console::textOf(options.landXml), options.alignment), options.landXml);
+  const Exchange::BuiltAxis built =
+      Console::valueOrFail(Exchange::buildAxis(alignment), options.landXml);
   const AxisCalculator calculator(built.axis);
   printSummary(options, alignment, built);
-  printRemarks(options.landXml, built.notes);
+  Console::printRemarks(options.landXml, built.notes);
 
-  printHeading("Axis");
+  Console::printHeading("Axis");
   printStationTable(std::cout, calculator, tabulatedStations(options, *built.axis));
   SurveyPicture picture;
   picture.axis = built.axis;
   picture.name = alignment.name;
-  picture.source = fileName(options.landXml);
+  picture.source = Console::fileName(options.landXml);
   if (!options.points.empty()) picture.points = convertPointFile(options, calculator);
   if (!options.check.empty()) compareWithCheckFile(options, calculator);
   return picture;

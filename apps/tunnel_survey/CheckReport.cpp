@@ -18,8 +18,8 @@ using Ruv::Calculations::Utilities;
 
 namespace {
 
-void addRow(TextTable& table, const std::string& quantity, const DifferenceSummary& summary,
-            const std::string& unit) {
+void addRow(Console::TextTable& table, const std::string& quantity,
+            const DifferenceSummary& summary, const std::string& unit) {
   table.addRow({quantity, std::to_string(summary.count), scientific(summary.largest, 1),
                 fixed(summary.stationOfLargest, 3), scientific(summary.rms(), 1), unit});
 }
@@ -40,9 +40,10 @@ double DifferenceSummary::rms() const {
   return count == 0 ? 0.0 : std::sqrt(sumOfSquares / static_cast<double>(count));
 }
 
-CheckReport compareWith(const std::vector<CheckPoint>& points, const AxisCalculator& calculator) {
+CheckReport compareWith(const std::vector<Exchange::CheckPoint>& points,
+                        const AxisCalculator& calculator) {
   CheckReport report;
-  for (const CheckPoint& point : points) {
+  for (const Exchange::CheckPoint& point : points) {
     const double station = point.onAxis.stationing;
     const auto place = placeAt(calculator, station);
     ENHPoint grid;
@@ -60,7 +61,7 @@ CheckReport compareWith(const std::vector<CheckPoint>& points, const AxisCalcula
 }
 
 void printCheckReport(std::ostream& out, const CheckReport& report) {
-  TextTable table({"difference", "points", "largest", "at station", "rms", "unit"});
+  Console::TextTable table({"difference", "points", "largest", "at station", "rms", "unit"});
   addRow(table, "plan", report.plan, "m");
   addRow(table, "height", report.height, "m");
   addRow(table, "azimuth", report.azimuth, "rad");

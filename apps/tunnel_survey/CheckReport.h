@@ -29,11 +29,11 @@ struct CheckReport {
   DifferenceSummary plan;     ///< distance in east and north (m)
   DifferenceSummary height;   ///< m
   DifferenceSummary azimuth;  ///< rad
-  std::vector<Remark> rejected;
+  std::vector<Exchange::Remark> rejected;
 };
 
 /// Points whose station lies outside the axis are rejected.
-CheckReport compareWith(const std::vector<CheckPoint>& points,
+CheckReport compareWith(const std::vector<Exchange::CheckPoint>& points,
                         const Ruv::Calculations::AxisCalculator& calculator);
 
 void printCheckReport(std::ostream& out, const CheckReport& report);

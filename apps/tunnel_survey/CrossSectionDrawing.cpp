@@ -76,7 +76,8 @@ Box frameBox(const Sheet& sheet) {
 /// Where profile coordinates are drawn when distances from the design are magnified.
 class Magnifier {
  public:
-  Magnifier(const DesignProfile& design, double factor) : m_design(design), m_factor(factor) {}
+  Magnifier(const Exchange::DesignProfile& design, double factor)
+      : m_design(design), m_factor(factor) {}
 
   Point operator()(const Point2D& p) const {
     if (m_factor == 1.0) return {p.x, p.y};
@@ -86,7 +87,7 @@ class Magnifier {
   }
 
  private:
-  const DesignProfile& m_design;
+  const Exchange::DesignProfile& m_design;
   double m_factor;
 };
 
@@ -111,7 +112,7 @@ TextStyle onLines(TextStyle style) {
 }
 
 /// A fit can fail, or go far astray on a few points.
-bool isDrawable(const FittingResult& fit, const DesignProfile& design) {
+bool isDrawable(const FittingResult& fit, const Exchange::DesignProfile& design) {
   const double size = design.circumference();
   return fit.semiAxisB > 0.0 && fit.semiAxisA < size && fit.center.length() < size;
 }

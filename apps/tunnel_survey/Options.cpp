@@ -16,7 +16,7 @@ CLI::Option* addAxisOptions(CLI::App& app, Options& options) {
   group->add_option("--alignment", options.alignment, "Name of the alignment (default: the first)")
       ->needs(landXml);
   group->add_option("--step", options.step, "Distance of the tabulated stationings (m)")
-      ->check(between(0.01, 1e6))
+      ->check(Console::between(0.01, 1e6))
       ->capture_default_str();
   group
       ->add_option("--points", options.points,
@@ -25,7 +25,7 @@ CLI::Option* addAxisOptions(CLI::App& app, Options& options) {
   group
       ->add_option("--max-offset", options.largestOffset,
                    "Points farther from the axis are rejected (m)")
-      ->check(between(0.0, 1e6))
+      ->check(Console::between(0.0, 1e6))
       ->capture_default_str();
   group
       ->add_option("--check", options.check,
@@ -35,7 +35,7 @@ CLI::Option* addAxisOptions(CLI::App& app, Options& options) {
   group
       ->add_option("--exaggeration", options.exaggeration,
                    "Of the heights in the longitudinal section")
-      ->check(between(1.0, 1000.0))
+      ->check(Console::between(1.0, 1000.0))
       ->capture_default_str();
   return landXml;
 }
@@ -65,17 +65,17 @@ void addMeasurementOptions(CLI::Option_group& group, Options& options, CLI::Opti
   sections->needs(design);
   auto* spacing = group.add_option("--spacing", options.spacing,
                                    "Distance of the sections cut from a scan (m)");
-  spacing->check(between(0.01, 1e6))->capture_default_str();
+  spacing->check(Console::between(0.01, 1e6))->capture_default_str();
   group
       .add_option("--stations", options.stations,
                   "Cut the scan at these stationings instead (m, separated by commas)")
       ->delimiter(',')
-      ->check(between(-1e9, 1e9))
+      ->check(Console::between(-1e9, 1e9))
       ->excludes(spacing);
   group
       .add_option("--slab", options.slab,
                   "Points up to half of this before or behind a section belong to it (m)")
-      ->check(between(0.001, 1e6))
+      ->check(Console::between(0.001, 1e6))
       ->capture_default_str();
 }
 
@@ -87,25 +87,25 @@ void addComparisonOptions(CLI::Option_group& group, Options& options) {
   group
       .add_option("--exclude-above", options.excludeAbove,
                   "Leave out what lies above this height in the section (m)")
-      ->check(between(-kFarthest, kFarthest));
+      ->check(Console::between(-kFarthest, kFarthest));
   group
       .add_option("--exclude-below", options.excludeBelow,
                   "Leave out what lies below this height in the section (m)")
-      ->check(between(-kFarthest, kFarthest));
+      ->check(Console::between(-kFarthest, kFarthest));
   auto* beyond = group.add_option("--geology-beyond", options.geologyBeyond,
                                   "What is excavated beyond this distance from the design counts "
                                   "as geological over-break (m)");
-  beyond->check(between(0.001, kFarthest));
+  beyond->check(Console::between(0.001, kFarthest));
   group
       .add_option("--geology-from", options.geologyFrom,
                   "and with it, beside such places, the band from this distance (m; 0: from the "
                   "design) to the first")
-      ->check(between(0.0, kFarthest))
+      ->check(Console::between(0.0, kFarthest))
       ->needs(beyond);
   group
       .add_option("--magnify", options.magnify,
                   "Draw the distances from the design this many times larger in the sections")
-      ->check(between(1.0, 1000.0))
+      ->check(Console::between(1.0, 1000.0))
       ->capture_default_str();
 }
 
@@ -116,7 +116,7 @@ void addTransitionOptions(CLI::Option_group& group, Options& options, CLI::Optio
                                       "with the design profile everywhere");
   auto* stations = group.add_option("--transition-stations", options.transitionStations,
                                     "Where the change begins and ends (m)");
-  stations->delimiter(',')->expected(2)->check(between(-1e9, 1e9))->needs(transition);
+  stations->delimiter(',')->expected(2)->check(Console::between(-1e9, 1e9))->needs(transition);
   transition->needs(design)->needs(stations);
 }
 

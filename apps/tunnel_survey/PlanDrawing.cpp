@@ -174,9 +174,9 @@ class PlanStripDrawing {
     labelAxisEnds();
     drawStationing();
     reservePoints();
-    labelElements(ElementKind::Arc);
+    labelElements(Exchange::ElementKind::Arc);
     drawPoints();
-    labelElements(ElementKind::Clothoid);
+    labelElements(Exchange::ElementKind::Clothoid);
     m_canvas.rectangle(m_strip.frame, {Style::kInk, 0.35, {}});
   }
 
@@ -343,7 +343,7 @@ class PlanStripDrawing {
   }
 
   void reservePoints() {
-    for (const ConvertedPoint& point : m_picture.points) {
+    for (const Exchange::ConvertedPoint& point : m_picture.points) {
       if (!isVisible(point)) continue;
       const Point at = toPage(eastNorth(point.grid));
       m_labels.reserve(Drawing::outlineOfBox(Box{at.x, at.y, at.x, at.y}.inset(-0.8)));
@@ -351,18 +351,18 @@ class PlanStripDrawing {
   }
 
   void drawPoints() {
-    for (const ConvertedPoint& point : m_picture.points) {
+    for (const Exchange::ConvertedPoint& point : m_picture.points) {
       if (isVisible(point)) drawPoint(point);
     }
   }
 
-  bool isVisible(const ConvertedPoint& point) const {
+  bool isVisible(const Exchange::ConvertedPoint& point) const {
     const double station = point.onAxis.stationing;
     return station >= m_strip.range.from && station <= m_strip.range.to &&
            m_strip.frame.contains(toPage(eastNorth(point.grid)));
   }
 
-  void drawPoint(const ConvertedPoint& point) {
+  void drawPoint(const Exchange::ConvertedPoint& point) {
     const Point at = toPage(eastNorth(point.grid));
     const Point right = rightAt(point.onAxis.stationing);
     const Point forward = forwardAt(point.onAxis.stationing);
@@ -387,7 +387,7 @@ class PlanStripDrawing {
     Style::surveyedPoint(m_canvas, at);
   }
 
-  void labelElements(ElementKind kind) {
+  void labelElements(Exchange::ElementKind kind) {
     for (const AxisElement& element : visibleElements()) {
       if (element.kind == kind) labelElement(element);
     }
@@ -396,7 +396,7 @@ class PlanStripDrawing {
   /// Radius of an arc, parameter A of a clothoid.
   static std::string labelOf(const AxisElement& element) {
     const double change = element.curvatureTo - element.curvatureFrom;
-    if (element.kind == ElementKind::Arc) {
+    if (element.kind == Exchange::ElementKind::Arc) {
       return "R " + Drawing::radiusText(std::abs(1.0 / element.curvatureFrom));
     }
     return "A " + fixed(std::sqrt(std::abs((element.to - element.from) / change)), 1);

@@ -39,7 +39,7 @@ int partsOf(double way) {
 /// The points, and between neighbours others 10 cm apart whose distances from the design run
 /// linearly with the derolment.
 std::vector<Point2D> outlineAlongDesign(const std::vector<Point2D>& points,
-                                        const DesignProfile& design) {
+                                        const Exchange::DesignProfile& design) {
   const double circumference = design.circumference();
   const auto deviations = design.calculator().calculateProfilePoints(points);
   std::vector<Point2D> outline;
@@ -77,7 +77,8 @@ void takeDeviation(SectionResult& result, const Extreme& extreme) {
 }
 
 /// Everything that rests on the measured points themselves.
-void comparePoints(SectionResult& result, const DesignProfile& design, const ComparisonRule& rule) {
+void comparePoints(SectionResult& result, const Exchange::DesignProfile& design,
+                   const ComparisonRule& rule) {
   const std::vector<Point2D>& points = result.section.points;
   MeasuredProfileCalculator calculator(design.definition(), measuredProfile(points));
   setFilters(calculator, rule);
@@ -91,7 +92,8 @@ void comparePoints(SectionResult& result, const DesignProfile& design, const Com
 }
 
 /// Everything that rests on the outline through them.
-void compareAreas(SectionResult& result, const DesignProfile& design, const ComparisonRule& rule) {
+void compareAreas(SectionResult& result, const Exchange::DesignProfile& design,
+                  const ComparisonRule& rule) {
   MeasuredProfileCalculator calculator(design.definition(), measuredProfile(result.outline));
   setFilters(calculator, rule);
   result.designArea = calculator.referenceArea();
@@ -121,8 +123,8 @@ GeologicalOverProfileMethod::Method GeologyRule::method() const {
                      : GeologicalOverProfileMethod::GeologicalBandFromReference;
 }
 
-SectionResult compareWithDesign(const MeasuredSection& section, const DesignProfile& design,
-                                const ComparisonRule& rule) {
+SectionResult compareWithDesign(const MeasuredSection& section,
+                                const Exchange::DesignProfile& design, const ComparisonRule& rule) {
   SectionResult result;
   result.section = section;
   result.outline = rule.followDesign ? outlineAlongDesign(section.points, design) : section.points;

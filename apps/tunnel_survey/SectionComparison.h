@@ -61,8 +61,8 @@ struct SectionResult {
 };
 
 /// The section must have three points or more.
-SectionResult compareWithDesign(const MeasuredSection& section, const DesignProfile& design,
-                                const ComparisonRule& rule);
+SectionResult compareWithDesign(const MeasuredSection& section,
+                                const Exchange::DesignProfile& design, const ComparisonRule& rule);
 
 /// Volumes between the first and the last section by their mean end areas (m3).
 struct Volumes {

@@ -134,7 +134,7 @@ std::optional<SectionStrip> stripInDiagram(const SurveyPicture& picture, const S
   const auto lower = [](const Point& a, const Point& b) { return a.y < b.y; };
   double lowest = std::min_element(line.begin(), line.end(), lower)->y;
   double highest = std::max_element(line.begin(), line.end(), lower)->y;
-  for (const ConvertedPoint& point : picture.points) {
+  for (const Exchange::ConvertedPoint& point : picture.points) {
     if (point.onAxis.stationing < range.from || point.onAxis.stationing > range.to) continue;
     lowest = std::min(lowest, point.grid.height);
     highest = std::max(highest, point.grid.height);
@@ -281,7 +281,7 @@ class SectionStripDrawing {
   }
 
   void drawSurveyedPoints() {
-    for (const ConvertedPoint& point : m_picture.points) {
+    for (const Exchange::ConvertedPoint& point : m_picture.points) {
       if (!isShown(point.onAxis.stationing)) continue;
       const Point at = toPage({point.onAxis.stationing, point.grid.height});
       Style::surveyedPoint(m_canvas, at);
@@ -454,7 +454,7 @@ class SectionStripDrawing {
                                  pageX(element.to), std::max({top, bottom, zero}) + 0.2}));
     }
     for (const AxisElement& element : elements) {
-      if (element.kind != ElementKind::Arc) continue;
+      if (element.kind != Exchange::ElementKind::Arc) continue;
       const double side = element.curvatureFrom > 0.0 ? -1.0 : 1.0;
       const double end = zero - element.curvatureFrom * perCurvature;
       const double x = pageX((element.from + element.to) / 2.0);

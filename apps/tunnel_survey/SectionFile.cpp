@@ -21,7 +21,7 @@ constexpr double kFarthest = 1e6;         // of the coordinates: areas keep thei
 constexpr double kFarthestStation = 1e8;  // drawn to a usual scale; more than around the Earth
 
 /// The column that names the section of a row.
-std::string nameColumnOf(const CsvTable& table) {
+std::string nameColumnOf(const Exchange::CsvTable& table) {
   for (const char* column : {"ring", "section", "station"}) {
     if (table.hasColumn(column)) return column;
   }
@@ -34,9 +34,9 @@ struct SectionRow {
   std::optional<double> station;
 };
 
-Outcome<SectionRow> sectionRowOf(const CsvRow& row, const std::string& nameColumn,
-                                 bool hasStation) {
-  using Result = Outcome<SectionRow>;
+Exchange::Outcome<SectionRow> sectionRowOf(const Exchange::CsvRow& row,
+                                           const std::string& nameColumn, bool hasStation) {
+  using Result = Exchange::Outcome<SectionRow>;
   const auto name = row.text(nameColumn);
   if (!name.value) return Result::failure(name.error);
   const auto numbers = row.numbers({"x", "y"});
@@ -58,14 +58,14 @@ Outcome<SectionRow> sectionRowOf(const CsvRow& row, const std::string& nameColum
 
 /// Reads the rows of a file that holds a point for each; `take` gets those that can be read.
 template <class Take>
-Remark readRows(const std::string& text, std::string& nameColumn, std::vector<Remark>& rejected,
-                const Take& take) {
-  CsvTable table;
+Exchange::Remark readRows(const std::string& text, std::string& nameColumn,
+                          std::vector<Exchange::Remark>& rejected, const Take& take) {
+  Exchange::CsvTable table;
   if (!table.read(text, {"x", "y"})) return table.error();
   nameColumn = nameColumnOf(table);
   if (nameColumn.empty()) return {1, "the header line has no column section, ring or station"};
   rejected = table.unreadable();
-  for (const CsvRow& row : table.rows()) {
+  for (const Exchange::CsvRow& row : table.rows()) {
     const auto read = sectionRowOf(row, nameColumn, table.hasColumn("station"));
     if (read.value) {
       take(*read.value, row.line());
@@ -78,7 +78,7 @@ Remark readRows(const std::string& text, std::string& nameColumn, std::vector<Re
 
 }  // namespace
 
-Outcome<SectionFile> readSections(const std::string& text) {
+Exchange::Outcome<SectionFile> readSections(const std::string& text) {
   SectionFile file;
   std::map<std::string, std::size_t> places;  // in the list, by name
   const auto take = [&](const SectionRow& row, int line) {
@@ -94,13 +94,13 @@ Outcome<SectionFile> readSections(const std::string& text) {
     }
   };
   std::string nameColumn;
-  const Remark error = readRows(text, nameColumn, file.rejected, take);
-  if (!error.message.empty()) return Outcome<SectionFile>::failure(error);
+  const Exchange::Remark error = readRows(text, nameColumn, file.rejected, take);
+  if (!error.message.empty()) return Exchange::Outcome<SectionFile>::failure(error);
   if (nameColumn == "ring") file.noun = "Ring";
-  return Outcome<SectionFile>::success(std::move(file));
+  return Exchange::Outcome<SectionFile>::success(std::move(file));
 }
 
-Outcome<OriginFile> readOrigins(const std::string& text) {
+Exchange::Outcome<OriginFile> readOrigins(const std::string& text) {
   OriginFile file;
   std::map<std::string, int> lines;  // of the first row of each section
   const auto take = [&](const SectionRow& row, int line) {
@@ -113,9 +113,9 @@ Outcome<OriginFile> readOrigins(const std::string& text) {
     }
   };
   std::string nameColumn;
-  const Remark error = readRows(text, nameColumn, file.rejected, take);
-  if (!error.message.empty()) return Outcome<OriginFile>::failure(error);
-  return Outcome<OriginFile>::success(std::move(file));
+  const Exchange::Remark error = readRows(text, nameColumn, file.rejected, take);
+  if (!error.message.empty()) return Exchange::Outcome<OriginFile>::failure(error);
+  return Exchange::Outcome<OriginFile>::success(std::move(file));
 }
 
 void placeOnOrigins(SectionFile& file, const std::vector<SectionOrigin>& origins) {

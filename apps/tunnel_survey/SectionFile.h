@@ -24,13 +24,13 @@ struct MeasuredSection {
 struct SectionFile {
   std::string noun = "Section";  ///< what a section is called: "Section" or "Ring"
   std::vector<MeasuredSection> sections;
-  std::vector<Remark> rejected;
+  std::vector<Exchange::Remark> rejected;
 };
 
 /// Columns section or ring, x, y and, if there is one, station. Sections come in the order of the
 /// file, and so do their points. A file with stations need not name its sections. Rows that cannot
 /// be read, and those whose station is not that of their section, are rejected.
-Outcome<SectionFile> readSections(const std::string& text);
+Exchange::Outcome<SectionFile> readSections(const std::string& text);
 
 /// Where the origin of the design lies in a section, for sections in coordinates of their own.
 struct SectionOrigin {
@@ -42,12 +42,12 @@ struct SectionOrigin {
 
 struct OriginFile {
   std::vector<SectionOrigin> origins;
-  std::vector<Remark> rejected;
+  std::vector<Exchange::Remark> rejected;
 };
 
 /// Columns section or ring, x, y and, if there is one, station. The second row for a section is
 /// rejected.
-Outcome<OriginFile> readOrigins(const std::string& text);
+Exchange::Outcome<OriginFile> readOrigins(const std::string& text);
 
 /// Moves the sections so that their points count from the origin, and takes over its station.
 /// Sections without an origin are rejected.

@@ -29,10 +29,10 @@ ComparisonRule ruleOf(const Options& options) {
   ComparisonRule rule{options.followDesign, options.excludeAbove, options.excludeBelow, {}};
   if (options.geologyBeyond) rule.geology = {*options.geologyBeyond, options.geologyFrom};
   if (rule.geology && !(options.geologyFrom.value_or(0.0) < rule.geology->beyond)) {
-    throw Failure("--geology-from must be less than --geology-beyond");
+    throw Console::Failure("--geology-from must be less than --geology-beyond");
   }
   if (rule.excludeAbove && rule.excludeBelow && !(*rule.excludeBelow < *rule.excludeAbove)) {
-    throw Failure("--exclude-below must be less than --exclude-above");
+    throw Console::Failure("--exclude-below must be less than --exclude-above");
   }
   return rule;
 }
@@ -54,10 +54,12 @@ void dropThinSections(SectionFile& file) {
 }
 
 SectionFile readSectionFile(const Options& options) {
-  SectionFile file = valueOrFail(readSections(textOf(options.sections)), options.sections);
+  SectionFile file =
+      Console::valueOrFail(readSections(Console::textOf(options.sections)), options.sections);
   if (!options.origins.empty()) {
-    const OriginFile origins = valueOrFail(readOrigins(textOf(options.origins)), options.origins);
-    printRemarks(options.origins, origins.rejected);
+    const OriginFile origins =
+        Console::valueOrFail(readOrigins(Console::textOf(options.origins)), options.origins);
+    Console::printRemarks(options.origins, origins.rejected);
     placeOnOrigins(file, origins.origins);
   }
   sortAlongTunnel(file.sections);
@@ -65,16 +67,17 @@ SectionFile readSectionFile(const Options& options) {
 }
 
 SectionFile cutScan(const Options& options, const boost::shared_ptr<const AxisDefinition>& axis,
-                    const DesignProfile& design) {
+                    const Exchange::DesignProfile& design) {
   constexpr std::size_t kLongScan = 100000;
   const AxisCalculator calculator(axis);
-  const auto scan = valueOrFail(readScannedPoints(textOf(options.scan)), options.scan);
+  const auto scan = Console::valueOrFail(Exchange::readScannedPoints(Console::textOf(options.scan)),
+                                         options.scan);
   SectionFile file;
   file.rejected = scan.rejected;
   SectionCutter cutter({options.stations, options.spacing, options.slab});
-  Progress progress("Cutting " + options.scan, scan.points.size(), kLongScan);
-  for (const SurveyedPoint& point : scan.points) {
-    auto converted = convertPoint(calculator, point, options.largestOffset);
+  Console::Progress progress("Cutting " + options.scan, scan.points.size(), kLongScan);
+  for (const Exchange::SurveyedPoint& point : scan.points) {
+    auto converted = Exchange::convertPoint(calculator, point, options.largestOffset);
     if (converted.value) {
       cutter.add(converted.value->onAxis);
     } else {
@@ -89,11 +92,12 @@ SectionFile cutScan(const Options& options, const boost::shared_ptr<const AxisDe
 }
 
 std::vector<SectionResult> compareAll(const std::vector<MeasuredSection>& sections,
-                                      const DesignProfile& design, const ComparisonRule& rule) {
+                                      const Exchange::DesignProfile& design,
+                                      const ComparisonRule& rule) {
   constexpr std::size_t kManySections = 200;
   std::vector<SectionResult> results;
   results.reserve(sections.size());
-  Progress progress("Comparing the sections", sections.size(), kManySections);
+  Console::Progress progress("Comparing the sections", sections.size(), kManySections);
   for (const MeasuredSection& section : sections) {
     results.push_back(compareWithDesign(section, design, rule));
     progress.advance();
@@ -133,22 +137,22 @@ SectionSurvey surveySections(const Options& options,
   const ComparisonRule rule = ruleOf(options);
   const bool isScan = !options.scan.empty();
   const std::string& source = isScan ? options.scan : options.sections;
-  const DesignProfile design =
-      valueOrFail(readDesignProfile(textOf(options.design)), options.design);
-  printHeading("Cross-sections");
+  const Exchange::DesignProfile design = Console::valueOrFail(
+      Exchange::readDesignProfile(Console::textOf(options.design)), options.design);
+  Console::printHeading("Cross-sections");
   SectionFile file = isScan ? cutScan(options, axis, design) : readSectionFile(options);
   dropThinSections(file);
-  printRemarks(source, file.rejected);
-  if (file.sections.empty()) throw Failure(source + ": there is no section to compare");
+  Console::printRemarks(source, file.rejected);
+  if (file.sections.empty()) throw Console::Failure(source + ": there is no section to compare");
   if (file.sections.size() > kMostSections) {
-    throw Failure(source + ": " + std::to_string(file.sections.size()) +
-                  " sections, more than 2000");
+    throw Console::Failure(source + ": " + std::to_string(file.sections.size()) +
+                           " sections, more than 2000");
   }
   SectionSurvey survey{design,
                        rule,
                        file.noun,
-                       fileName(options.design),
-                       fileName(source),
+                       Console::fileName(options.design),
+                       Console::fileName(source),
                        options.magnify,
                        compareAll(file.sections, design, rule),
                        {}};

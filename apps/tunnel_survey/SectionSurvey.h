@@ -15,7 +15,7 @@ namespace TunnelSurvey {
 struct Options;
 
 struct SectionSurvey {
-  DesignProfile design;
+  Exchange::DesignProfile design;
   ComparisonRule rule;
   std::string noun = "Section";  ///< what a section is called
   std::string designSource;      ///< the files they come from

@@ -45,7 +45,7 @@ void addExtreme(std::vector<std::string>& row, const std::optional<Extreme>& ext
 }
 
 void print(std::ostream& out, const SectionTable& table) {
-  TextTable text(table.headings);
+  Console::TextTable text(table.headings);
   for (const std::vector<std::string>& row : table.rows) {
     text.addRow(row);
   }
@@ -180,8 +180,8 @@ std::string sectionsAsCsv(const SectionSurvey& survey) {
       "circle_x,circle_y,circle_radius,ellipse_x,ellipse_y,ellipse_a,ellipse_b,ellipse_rotation\n";
   for (const SectionResult& result : survey.results) {
     const auto& station = result.section.station;
-    text += csvCell(result.section.name) + "," + (station ? fixed(*station, 4) : "") + "," +
-            std::to_string(result.deviations.size());
+    text += Exchange::csvCell(result.section.name) + "," + (station ? fixed(*station, 4) : "") +
+            "," + std::to_string(result.deviations.size());
     for (const double area : {result.designArea, result.measuredArea, result.overArea,
                               result.underArea, result.geologicalArea}) {
       text += "," + fixed(area, 6);

@@ -46,8 +46,8 @@ std::vector<double> regularStations(double lowest, double highest, double step) 
 
 void printStationTable(std::ostream& out, const AxisCalculator& calculator,
                        const std::vector<double>& stations) {
-  TextTable table({"stationing\nm", "tunnel meter\nm", "east\nm", "north\nm", "height\nm",
-                   "azimuth\ngon", "radius\nm", "grade\n%"});
+  Console::TextTable table({"stationing\nm", "tunnel meter\nm", "east\nm", "north\nm", "height\nm",
+                            "azimuth\ngon", "radius\nm", "grade\n%"});
   for (const double station : stations) {
     const auto place = placeAt(calculator, station);
     if (!place) continue;

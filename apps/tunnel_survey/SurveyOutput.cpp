@@ -27,13 +27,13 @@ using Drawing::Sheet;
 namespace fs = std::filesystem;
 
 void writeNamedText(const fs::path& path, const std::string& text) {
-  writeText(path, text);
+  Console::writeText(path, text);
   std::cout << path.string() << '\n';
 }
 
 /// @return the text of the SVG
 std::string writeNamedSheet(const Sheet& sheet, const fs::path& path) {
-  std::string svg = writeSheet(sheet, path.string());
+  std::string svg = Console::writeSheet(sheet, path.string());
   std::cout << path.string() << ".svg\n" << path.string() << ".png\n";
   return svg;
 }
@@ -58,11 +58,12 @@ std::string fileNameOf(const SectionSurvey& survey, std::size_t index) {
 void writeSections(const SectionSurvey& survey, const fs::path& directory, HtmlReport& report) {
   constexpr std::size_t kManySections = 8;
   const CrossSectionLayout layout = crossSectionLayout(survey);
-  Progress progress("Drawing the sections", survey.results.size(), kManySections);
+  Console::Progress progress("Drawing the sections", survey.results.size(), kManySections);
   for (std::size_t i = 0; i < survey.results.size(); ++i) {
     const SectionResult& result = survey.results[i];
     const Sheet sheet = crossSectionSheet(survey, result, layout);
-    report.writeSection(result, writeSheet(sheet, (directory / fileNameOf(survey, i)).string()));
+    report.writeSection(result,
+                        Console::writeSheet(sheet, (directory / fileNameOf(survey, i)).string()));
     progress.advance();
   }
 }
@@ -75,7 +76,7 @@ void writeSectionResults(const SectionSurvey& survey, std::vector<Chapter> chapt
                         "derolment, interpolated between points and sections.",
                         writeNamedSheet(developedMapSheet(survey), directory / "developed_map")}}});
   const fs::path pictures = directory / "sections";
-  makeDirectory(pictures);
+  Console::makeDirectory(pictures);
   const fs::path path = directory / "report.html";
   std::ofstream file(path, std::ios::binary);
   HtmlReport report(file, survey);
@@ -88,7 +89,7 @@ void writeSectionResults(const SectionSurvey& survey, std::vector<Chapter> chapt
   writeSections(survey, pictures, report);
   report.writeEnd();
   file.close();
-  if (!file) throw Failure(path.string() + ": cannot be written");
+  if (!file) throw Console::Failure(path.string() + ": cannot be written");
   std::cout << pictures.string() << ": " << survey.results.size() << " drawings as SVG and PNG\n"
             << path.string() << '\n';
 }
@@ -96,7 +97,8 @@ void writeSectionResults(const SectionSurvey& survey, std::vector<Chapter> chapt
 Chapter writeAxis(const Options& options, const SurveyResults& results, const fs::path& directory) {
   SurveyPicture picture = *results.axis;
   if (!options.points.empty()) {
-    writeNamedText(directory / "points_on_axis.csv", convertedPointsAsCsv(picture.points));
+    writeNamedText(directory / "points_on_axis.csv",
+                   Exchange::convertedPointsAsCsv(picture.points));
   }
   if (results.sections && results.sections->hasStations()) {
     picture.sections = {*results.sections->results.front().section.station,
@@ -122,8 +124,8 @@ Chapter writeTransition(const Transition& transition, const fs::path& directory)
 
 void writeResults(const Options& options, const SurveyResults& results) {
   const fs::path directory(options.output);
-  makeDirectory(directory);
-  printHeading("Written");
+  Console::makeDirectory(directory);
+  Console::printHeading("Written");
   std::vector<Chapter> chapters;
   if (results.axis) chapters.push_back(writeAxis(options, results, directory));
   if (results.transition) chapters.push_back(writeTransition(*results.transition, directory));

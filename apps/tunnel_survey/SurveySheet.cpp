@@ -24,14 +24,14 @@ using Ruv::Calculations::AxisDefinition;
 constexpr double kPageMargin = 8.0;
 constexpr double kTitleBlockHeight = 24.0;
 
-ElementKind kindOf(const CHoralElement& element) {
+Exchange::ElementKind kindOf(const CHoralElement& element) {
   switch (element.getTypeId()) {
     case CShapeType::Arc:
-      return ElementKind::Arc;
+      return Exchange::ElementKind::Arc;
     case CShapeType::Clothoid:
-      return ElementKind::Clothoid;
+      return Exchange::ElementKind::Clothoid;
     default:
-      return ElementKind::Straight;
+      return Exchange::ElementKind::Straight;
   }
 }
 
@@ -124,11 +124,11 @@ std::string scaleText(double denominator) { return "1:" + Drawing::grouped(denom
 
 namespace Style {
 
-Colour ofElement(ElementKind kind) {
+Colour ofElement(Exchange::ElementKind kind) {
   switch (kind) {
-    case ElementKind::Arc:
+    case Exchange::ElementKind::Arc:
       return kArc;
-    case ElementKind::Clothoid:
+    case Exchange::ElementKind::Clothoid:
       return kClothoid;
     default:
       return kStraight;

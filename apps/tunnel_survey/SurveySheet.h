@@ -19,7 +19,7 @@ namespace TunnelSurvey {
 
 /// A horizontal element as far as the axis has heights.
 struct AxisElement {
-  ElementKind kind = ElementKind::Straight;
+  Exchange::ElementKind kind = Exchange::ElementKind::Straight;
   double from = 0.0;
   double to = 0.0;
   double curvatureFrom = 0.0;  ///< 1/m, positive to the right
@@ -37,7 +37,7 @@ struct StationRange {
 /// What is drawn.
 struct SurveyPicture {
   boost::shared_ptr<const Ruv::Calculations::AxisDefinition> axis;
-  std::vector<ConvertedPoint> points;
+  std::vector<Exchange::ConvertedPoint> points;
   std::string name;                      ///< of the alignment
   std::string source;                    ///< the file it comes from
   std::optional<StationRange> sections;  ///< where the tunnel is compared with its design
@@ -76,7 +76,7 @@ constexpr Drawing::Colour kSections{1.00, 0.84, 0.45};
 constexpr double kTextSize = 2.9;
 constexpr double kSmallTextSize = 2.6;
 
-Drawing::Colour ofElement(ElementKind kind);
+Drawing::Colour ofElement(Exchange::ElementKind kind);
 Drawing::TextStyle text(double size, const Drawing::Colour& colour, Drawing::Align horizontal,
                         Drawing::Align vertical);
 void surveyedPoint(Drawing::Canvas& canvas, const Drawing::Point& at);

@@ -27,17 +27,17 @@ StationRange rangeOf(const Options& options) {
   constexpr double kLongest = 10000.0;
   const StationRange range{options.transitionStations.front(), options.transitionStations.back()};
   if (!(range.length() >= kShortest && range.length() <= kLongest)) {
-    throw Failure("--transition-stations: from the first to the second must be " +
-                  fixed(kShortest, 1) + " to " + fixed(kLongest, 0) + " m");
+    throw Console::Failure("--transition-stations: from the first to the second must be " +
+                           fixed(kShortest, 1) + " to " + fixed(kLongest, 0) + " m");
   }
   return range;
 }
 
 void printSections(const Transition& transition) {
-  TextTable table(
+  Console::TextTable table(
       {"stationing\nm", "elements\n", "left\nm", "right\nm", "width\nm", "height\nm", "area\nm2"});
   for (const TransitionSection& section : transition.sections) {
-    const DesignProfile& profile = section.profile;
+    const Exchange::DesignProfile& profile = section.profile;
     const Point2D low = profile.lowerLeft();
     const Point2D high = profile.upperRight();
     table.addRow({fixed(section.station, 3), std::to_string(profile.definition()->getNumSegments()),
@@ -49,44 +49,47 @@ void printSections(const Transition& transition) {
 
 }  // namespace
 
-Outcome<Transition> transitionBetween(const DesignProfile& start, const DesignProfile& end,
-                                      const StationRange& range) {
+Exchange::Outcome<Transition> transitionBetween(const Exchange::DesignProfile& start,
+                                                const Exchange::DesignProfile& end,
+                                                const StationRange& range) {
   const ThProfileMorpher morpher(start.definition(), end.definition(), range.from, range.to);
   Transition transition;
   const double step = range.length() / (kParts * kEdgesPerPart);
   for (const double station : evenStations(range, step)) {
     const auto definition = morpher.getMorphedProfile(station);
-    const auto profile = definition ? std::optional<DesignProfile>(definition) : std::nullopt;
+    const auto profile =
+        definition ? std::optional<Exchange::DesignProfile>(definition) : std::nullopt;
     if (!profile || profile->outline().empty()) {
-      return Outcome<Transition>::failure({0,
-                                           "the design profile cannot be morphed into this one "
-                                           "(not at " +
-                                               Drawing::stationText(station, 3) + ")"});
+      return Exchange::Outcome<Transition>::failure(
+          {0,
+           "the design profile cannot be morphed into this one "
+           "(not at " +
+               Drawing::stationText(station, 3) + ")"});
     }
     if (transition.edges.size() % kEdgesPerPart == 0) {
       transition.sections.push_back({station, *profile});
     }
     transition.edges.push_back({station, profile->lowerLeft().x, profile->upperRight().x});
   }
-  return Outcome<Transition>::success(std::move(transition));
+  return Exchange::Outcome<Transition>::success(std::move(transition));
 }
 
 std::optional<Transition> surveyTransition(const Options& options) {
   const StationRange range = rangeOf(options);
   const auto profileIn = [](const std::string& path) {
-    return valueOrFail(readDesignProfile(textOf(path)), path);
+    return Console::valueOrFail(Exchange::readDesignProfile(Console::textOf(path)), path);
   };
-  const DesignProfile start = profileIn(options.design);
-  const DesignProfile end = profileIn(options.transitionTo);
-  printHeading("Transition");
-  Outcome<Transition> outcome = transitionBetween(start, end, range);
+  const Exchange::DesignProfile start = profileIn(options.design);
+  const Exchange::DesignProfile end = profileIn(options.transitionTo);
+  Console::printHeading("Transition");
+  Exchange::Outcome<Transition> outcome = transitionBetween(start, end, range);
   if (!outcome.value) {
-    printRemarks(options.transitionTo, {outcome.error});
+    Console::printRemarks(options.transitionTo, {outcome.error});
     std::cout << "Left out: the profiles cannot be morphed.\n";
     return std::nullopt;
   }
-  outcome.value->startSource = fileName(options.design);
-  outcome.value->endSource = fileName(options.transitionTo);
+  outcome.value->startSource = Console::fileName(options.design);
+  outcome.value->endSource = Console::fileName(options.transitionTo);
   std::cout << "Start profile    " << options.design << '\n'
             << "End profile      " << options.transitionTo << "\n\n";
   printSections(*outcome.value);

@@ -18,7 +18,7 @@ struct Options;
 /// The profile at a stationing.
 struct TransitionSection {
   double station = 0.0;
-  DesignProfile profile;
+  Exchange::DesignProfile profile;
 };
 
 /// The outermost points of the profile at a stationing, to the right of the axis (m).
@@ -38,8 +38,9 @@ struct Transition {
 };
 
 /// Fails when the profiles cannot be morphed. The range must have a length.
-Outcome<Transition> transitionBetween(const DesignProfile& start, const DesignProfile& end,
-                                      const StationRange& range);
+Exchange::Outcome<Transition> transitionBetween(const Exchange::DesignProfile& start,
+                                                const Exchange::DesignProfile& end,
+                                                const StationRange& range);
 
 /// Prints the sections. Throws a Failure for files that cannot be used; profiles that cannot be
 /// morphed are told, and give nothing.

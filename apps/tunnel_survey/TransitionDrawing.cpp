@@ -121,7 +121,7 @@ WorldMapping centred(const Box& extent, const Box& room, double scale) {
   return WorldMapping::diagram(extent.centre(), room.centre(), 1000.0 / scale, 1000.0 / scale);
 }
 
-std::vector<Point> onPage(const DesignProfile& profile, const WorldMapping& mapping) {
+std::vector<Point> onPage(const Exchange::DesignProfile& profile, const WorldMapping& mapping) {
   std::vector<Point> line;
   for (const Point2D& point : profile.outline()) {
     line.push_back(mapping.toPage({point.x, point.y}));
@@ -141,7 +141,7 @@ TextStyle onLines(TextStyle style) {
 }
 
 /// Of its arcs in turn; empty without arcs.
-std::string radiiOf(const DesignProfile& profile) {
+std::string radiiOf(const Exchange::DesignProfile& profile) {
   std::string words;
   for (unsigned i = 0; i < profile.definition()->getNumSegments(); ++i) {
     const double radius = profile.definition()->getSegmentRadiusAt(i);
@@ -182,7 +182,7 @@ class TransitionDrawing {
 
   void drawSection(std::size_t index) {
     const Box& frame = m_layout.frames[index];
-    const DesignProfile& profile = m_transition.sections[index].profile;
+    const Exchange::DesignProfile& profile = m_transition.sections[index].profile;
     const WorldMapping mapping =
         centred(m_layout.extent, sectionRoom(frame), m_layout.sectionScale);
     const std::vector<Point> line = onPage(profile, mapping);
@@ -213,7 +213,8 @@ class TransitionDrawing {
     });
   }
 
-  void drawJoints(const DesignProfile& profile, const WorldMapping& mapping, const Colour& colour) {
+  void drawJoints(const Exchange::DesignProfile& profile, const WorldMapping& mapping,
+                  const Colour& colour) {
     constexpr double kDot = 0.55;
     const auto& definition = *profile.definition();
     for (unsigned i = 0; i < definition.getNumSegments(); ++i) {
@@ -247,7 +248,7 @@ class TransitionDrawing {
     }
   }
 
-  void drawSize(const DesignProfile& profile, const WorldMapping& mapping) {
+  void drawSize(const Exchange::DesignProfile& profile, const WorldMapping& mapping) {
     constexpr double kAside = 5.0;
     const Point2D low = profile.lowerLeft();
     const Point2D high = profile.upperRight();
@@ -264,7 +265,7 @@ class TransitionDrawing {
   /// Below the drawing.
   void drawFigures(std::size_t index) {
     const Box& frame = m_layout.frames[index];
-    const DesignProfile& profile = m_transition.sections[index].profile;
+    const Exchange::DesignProfile& profile = m_transition.sections[index].profile;
     const TextStyle style = Style::text(Style::kTextSize, Style::kInk, Align::Middle, Align::End);
     const double area = profile.area();
     const double gained = area - m_transition.sections.front().profile.area();

@@ -21,12 +21,12 @@ bool hasMeasurements(const Options& options) {
 
 void refuseIncomplete(const Options& options) {
   if (options.landXml.empty() && options.design.empty()) {
-    throw Failure(
+    throw Console::Failure(
         "give a LandXML file, or --design with --sections or --transition-to; see --help");
   }
   const bool isDesignUsed = hasMeasurements(options) || !options.transitionTo.empty();
   if (!options.design.empty() && !isDesignUsed) {
-    throw Failure("--design needs --sections, --scan or --transition-to");
+    throw Console::Failure("--design needs --sections, --scan or --transition-to");
   }
 }
 
@@ -44,7 +44,7 @@ void run(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  return runCommand(
+  return Console::runCommand(
       "tunnel_survey",
       "Tabulates and draws a tunnel axis, converts surveyed points to it, compares measured "
       "cross-sections with the design profile, and draws how that changes into another.",

@@ -31,8 +31,10 @@ auto at(const Point2D& point) {
 constexpr double kPi = 3.141592653589793;
 constexpr double kRadius = 5.0;
 
-DesignProfile circle() {
-  return *readDesignProfile("start_x,start_y,end_x,end_y,radius\n-5,0,5,0,5\n5,0,-5,0,5\n").value;
+Exchange::DesignProfile circle() {
+  return *Exchange::readDesignProfile(
+              "start_x,start_y,end_x,end_y,radius\n-5,0,5,0,5\n5,0,-5,0,5\n")
+              .value;
 }
 
 std::vector<Point2D> pointsAround(double radius, int count) {
@@ -52,9 +54,9 @@ SectionSurvey surveyOf(const std::vector<MeasuredSection>& sections, const Compa
   return survey;
 }
 
-std::vector<int> linesOf(const std::vector<Remark>& remarks) {
+std::vector<int> linesOf(const std::vector<Exchange::Remark>& remarks) {
   std::vector<int> lines;
-  for (const Remark& remark : remarks) {
+  for (const Exchange::Remark& remark : remarks) {
     lines.push_back(remark.line);
   }
   return lines;
@@ -113,8 +115,8 @@ TEST(DesignProfile, TellsWhatIsWrong) {
       {"3,3,3,3,0\n3,3,3,3,0\n", "encloses no area"},
   };
   for (const auto& design : designs) {
-    const auto profile =
-        readDesignProfile(std::string("start_x,start_y,end_x,end_y,radius\n") + design.rows);
+    const auto profile = Exchange::readDesignProfile(
+        std::string("start_x,start_y,end_x,end_y,radius\n") + design.rows);
     EXPECT_FALSE(profile.value);
     EXPECT_THAT(profile.error.message, HasSubstr(design.message));
   }

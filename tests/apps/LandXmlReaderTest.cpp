@@ -11,7 +11,6 @@
 
 namespace {
 
-using namespace TunnelSurvey;
 using Ruv::Calculations::AxisCalculator;
 using Ruv::Calculations::AxisPoint;
 using Ruv::Calculations::ENHPoint;
@@ -39,9 +38,9 @@ std::string changed(const std::string& from, const std::string& to) {
 }
 
 TEST(LandXmlReader, TheAxisRunsAsItsCoordinatesSay) {
-  const auto alignment = readLandXml(kFile);
+  const auto alignment = Exchange::readLandXml(kFile);
   ASSERT_TRUE(alignment.value) << alignment.error.message;
-  const auto built = buildAxis(*alignment.value);
+  const auto built = Exchange::buildAxis(*alignment.value);
   ASSERT_TRUE(built.value) << built.error.message;
   EXPECT_TRUE(built.value->notes.empty());
   EXPECT_LT(built.value->largestMisfit, 2e-5);  // the file prints 1e-5 m
@@ -55,17 +54,19 @@ TEST(LandXmlReader, TheAxisRunsAsItsCoordinatesSay) {
 }
 
 TEST(LandXmlReader, EveryUnitBecomesMetresAndRadians) {
-  const auto feet =
-      readLandXml(changed(R"(Metric linearUnit="meter")", R"(Imperial linearUnit="USSurveyFoot")"));
+  const auto feet = Exchange::readLandXml(
+      changed(R"(Metric linearUnit="meter")", R"(Imperial linearUnit="USSurveyFoot")"));
   ASSERT_TRUE(feet.value) << feet.error.message;
   EXPECT_DOUBLE_EQ(feet.value->plan[1].radiusStart, 100 * 1200.0 / 3937);
   EXPECT_DOUBLE_EQ(feet.value->profile[3].height, 52.8 * 1200.0 / 3937);
   constexpr double kHalfPi = 1.5707963267948966;
-  EXPECT_DOUBLE_EQ(toRadians(100, AngleUnit::Gon), kHalfPi);
-  EXPECT_DOUBLE_EQ(toRadians(-90, AngleUnit::Degree), -kHalfPi);
+  EXPECT_DOUBLE_EQ(Exchange::toRadians(100, Exchange::AngleUnit::Gon), kHalfPi);
+  EXPECT_DOUBLE_EQ(Exchange::toRadians(-90, Exchange::AngleUnit::Degree), -kHalfPi);
   // 45.3 is stored a little below: it must not become 29' 100".
-  EXPECT_NEAR(toRadians(45.3, AngleUnit::DegreeMinuteSecond), 45.5 / 90 * kHalfPi, 1e-12);
-  EXPECT_NEAR(toRadians(-0.30256, AngleUnit::DegreeMinuteSecond), -1825.6 / 324e3 * kHalfPi, 1e-12);
+  EXPECT_NEAR(Exchange::toRadians(45.3, Exchange::AngleUnit::DegreeMinuteSecond),
+              45.5 / 90 * kHalfPi, 1e-12);
+  EXPECT_NEAR(Exchange::toRadians(-0.30256, Exchange::AngleUnit::DegreeMinuteSecond),
+              -1825.6 / 324e3 * kHalfPi, 1e-12);
 }
 
 TEST(LandXmlReader, SlipsAreToldWithTheirLine) {
@@ -88,19 +89,20 @@ TEST(LandXmlReader, SlipsAreToldWithTheirLine) {
                {"length=\"40\"", "length=\"190\"", 11, "rounding reaches"}};
   for (const auto& slip : slips) {
     SCOPED_TRACE(slip.to);
-    const auto alignment = readLandXml(changed(slip.from, slip.to));
-    const Remark error = alignment.value ? buildAxis(*alignment.value).error : alignment.error;
+    const auto alignment = Exchange::readLandXml(changed(slip.from, slip.to));
+    const Exchange::Remark error =
+        alignment.value ? Exchange::buildAxis(*alignment.value).error : alignment.error;
     EXPECT_THAT(error.message, HasSubstr(slip.message));
     EXPECT_EQ(error.line, slip.line);
   }
 }
 
 TEST(PointFile, IdsOfAnyLettersComeBack) {
-  std::vector<ConvertedPoint> written;
+  std::vector<Exchange::ConvertedPoint> written;
   for (const char* id : {"#7", "a\nb", "say \"7\", please", "back\\slash", "#"}) {
     written.push_back({id, {}, {}});
   }
-  const auto read = readSurveyedPoints(convertedPointsAsCsv(written));
+  const auto read = Exchange::readSurveyedPoints(Exchange::convertedPointsAsCsv(written));
   ASSERT_TRUE(read.value);
   ASSERT_EQ(read.value->points.size(), written.size());
   for (std::size_t i = 0; i < written.size(); ++i) {
@@ -109,7 +111,7 @@ TEST(PointFile, IdsOfAnyLettersComeBack) {
 }
 
 TEST(PointFile, BadRowsAreToldAndTheOthersRead) {
-  const auto file = readSurveyedPoints(
+  const auto file = Exchange::readSurveyedPoints(
       "\xEF\xBB\xBFid,height,east,north\r\n#\nA,3,1,+2\nB,3,1\n\"C,1\",6,4,5\nD,1,nan,2\nE\\x");
   ASSERT_TRUE(file.value) << file.error.message;
   ASSERT_EQ(file.value->points.size(), 2U);

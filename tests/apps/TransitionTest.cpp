@@ -12,8 +12,9 @@ namespace {
 using namespace TunnelSurvey;
 using testing::HasSubstr;
 
-DesignProfile profileIn(const std::string& file) {
-  return *readDesignProfile(textOf(std::string(EXAMPLES_DATA_DIR) + "/" + file)).value;
+Exchange::DesignProfile profileIn(const std::string& file) {
+  return *Exchange::readDesignProfile(Console::textOf(std::string(EXAMPLES_DATA_DIR) + "/" + file))
+              .value;
 }
 
 Transition roadToLayBy() {
@@ -48,7 +49,8 @@ TEST(Transition, LayBysGrowOnTheRight) {
 }
 
 TEST(Transition, ProfilesThatCannotBeMorphedAreTold) {
-  const DesignProfile twice = *readDesignProfile(textOf(TWICE_AROUND)).value;
+  const Exchange::DesignProfile twice =
+      *Exchange::readDesignProfile(Console::textOf(TWICE_AROUND)).value;
   const auto transition = transitionBetween(profileIn("road_t9p5_design.csv"), twice, {0.0, 1.0});
   EXPECT_FALSE(transition.value);
   EXPECT_THAT(transition.error.message, HasSubstr("cannot be morphed"));

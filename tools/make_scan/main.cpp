@@ -19,7 +19,6 @@
 
 namespace {
 
-using namespace TunnelSurvey;
 using Drawing::fixed;
 using Ruv::Calculations::AxisCalculator;
 using Ruv::Calculations::AxisPoint;
@@ -93,14 +92,14 @@ double brokenRock(double station, double derolment) {
 }
 
 /// Half the circumference less half the floor, which is the straight at the bottom.
-double derolmentOfWallFoot(const DesignProfile& design) {
+double derolmentOfWallFoot(const Exchange::DesignProfile& design) {
   const Point2D foot(design.upperRight().x, design.lowerLeft().y);
   return design.calculator().calculateProfilePoint(foot).derolment;
 }
 
 class ScanMaker {
  public:
-  ScanMaker(const AxisCalculator& axis, const DesignProfile& design)
+  ScanMaker(const AxisCalculator& axis, const Exchange::DesignProfile& design)
       : m_axis(axis), m_design(design), m_wallFoot(derolmentOfWallFoot(design)) {}
 
   void write(std::ostream& out) {
@@ -132,23 +131,25 @@ class ScanMaker {
     const Point2D at = calculator.applyRadialOffset(foot, distanceAt(station, derolment));
     ENHPoint point;
     if (!m_axis.axisPointToEnhPointVertical(AxisPoint(station, at.x, at.y), point)) {
-      throw Failure("the axis does not reach stationing " + fixed(station, 3));
+      throw Console::Failure("the axis does not reach stationing " + fixed(station, 3));
     }
     out << fixed(point.east, 3) << ',' << fixed(point.north, 3) << ',' << fixed(point.height, 3)
         << '\n';
   }
 
   const AxisCalculator& m_axis;
-  const DesignProfile& m_design;
+  const Exchange::DesignProfile& m_design;
   double m_wallFoot;
   Random m_random;
   std::vector<Wave> m_waves = unevenRock(m_random);
 };
 
 void run(const std::string& landXml, const std::string& profile) {
-  const Alignment alignment = valueOrFail(readLandXml(textOf(landXml)), landXml);
-  const AxisCalculator axis(valueOrFail(buildAxis(alignment), landXml).axis);
-  const DesignProfile design = valueOrFail(readDesignProfile(textOf(profile)), profile);
+  const Exchange::Alignment alignment =
+      Console::valueOrFail(Exchange::readLandXml(Console::textOf(landXml)), landXml);
+  const AxisCalculator axis(Console::valueOrFail(Exchange::buildAxis(alignment), landXml).axis);
+  const Exchange::DesignProfile design =
+      Console::valueOrFail(Exchange::readDesignProfile(Console::textOf(profile)), profile);
   ScanMaker(axis, design).write(std::cout);
 }
 
@@ -156,7 +157,7 @@ void run(const std::string& landXml, const std::string& profile) {
 
 int main(int argc, char** argv) {
   try {
-    if (argc != 3) throw Failure("usage: make_scan LANDXML DESIGN_CSV > SCAN_CSV");
+    if (argc != 3) throw Console::Failure("usage: make_scan LANDXML DESIGN_CSV > SCAN_CSV");
     run(argv[1], argv[2]);
     return 0;
   } catch (const std::exception& error) {

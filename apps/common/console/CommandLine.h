@@ -10,7 +10,7 @@
 #include <iostream>
 #include <string>
 
-namespace TunnelSurvey {
+namespace Console {
 
 /// Options are those of addOptions(CLI::App&, Options&), found beside the type. Failures are
 /// exceptions.
@@ -35,6 +35,6 @@ int runCommand(const std::string& name, const std::string& purpose, void (*run)(
   }
 }
 
-}  // namespace TunnelSurvey
+}  // namespace Console
 
 #endif

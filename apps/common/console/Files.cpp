@@ -7,11 +7,11 @@
 #include <iterator>
 #include <system_error>
 
-namespace TunnelSurvey {
+namespace Console {
 
 namespace fs = std::filesystem;
 
-std::string located(const std::string& path, const Remark& remark) {
+std::string located(const std::string& path, const Exchange::Remark& remark) {
   const std::string line = remark.line > 0 ? ":" + std::to_string(remark.line) : "";
   return path + line + ": " + remark.message;
 }
@@ -28,10 +28,11 @@ std::string textOf(const std::string& path) {
 
 std::string fileName(const std::string& path) { return fs::path(path).filename().string(); }
 
-void printRemarks(const std::string& path, std::vector<Remark> remarks) {
+void printRemarks(const std::string& path, std::vector<Exchange::Remark> remarks) {
   constexpr std::size_t kMostShown = 20;
-  std::stable_sort(remarks.begin(), remarks.end(),
-                   [](const Remark& a, const Remark& b) { return a.line < b.line; });
+  std::stable_sort(
+      remarks.begin(), remarks.end(),
+      [](const Exchange::Remark& a, const Exchange::Remark& b) { return a.line < b.line; });
   for (std::size_t i = 0; i < std::min(remarks.size(), kMostShown); ++i) {
     std::cerr << located(path, remarks[i]) << '\n';
   }
@@ -67,4 +68,4 @@ std::string writeSheet(const Drawing::Sheet& sheet, const std::string& path) {
   return svg;
 }
 
-}  // namespace TunnelSurvey
+}  // namespace Console

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace TunnelSurvey {
+namespace Console {
 
 /// What ends the program: told to the user, exit code 1.
 struct Failure : std::runtime_error {
@@ -21,10 +21,10 @@ struct Failure : std::runtime_error {
 };
 
 /// "file:line: message"
-std::string located(const std::string& path, const Remark& remark);
+std::string located(const std::string& path, const Exchange::Remark& remark);
 
 template <class T>
-T valueOrFail(Outcome<T> outcome, const std::string& path) {
+T valueOrFail(Exchange::Outcome<T> outcome, const std::string& path) {
   if (!outcome.value) throw Failure(located(path, outcome.error));
   return std::move(*outcome.value);
 }
@@ -36,7 +36,7 @@ std::string fileName(const std::string& path);
 
 /// Prints the first remarks in the order of their lines to the error stream, and how many more
 /// there are.
-void printRemarks(const std::string& path, std::vector<Remark> remarks);
+void printRemarks(const std::string& path, std::vector<Exchange::Remark> remarks);
 
 void printHeading(const std::string& heading);
 
@@ -50,6 +50,6 @@ void writeText(const std::filesystem::path& path, const std::string& text);
 std::string writeSheet(const Drawing::Sheet& sheet, const std::string& path);
 /// @}
 
-}  // namespace TunnelSurvey
+}  // namespace Console
 
 #endif

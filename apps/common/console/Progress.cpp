@@ -4,7 +4,7 @@
 
 #include <unistd.h>
 
-namespace TunnelSurvey {
+namespace Console {
 
 Progress::Progress(const std::string& task, std::size_t steps, std::size_t longFrom) {
   if (steps >= longFrom && isatty(STDERR_FILENO) != 0) {
@@ -12,4 +12,4 @@ Progress::Progress(const std::string& task, std::size_t steps, std::size_t longF
   }
 }
 
-}  // namespace TunnelSurvey
+}  // namespace Console

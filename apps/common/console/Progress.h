@@ -10,7 +10,7 @@
 #include <optional>
 #include <string>
 
-namespace TunnelSurvey {
+namespace Console {
 
 /// Shown only when the error stream is a terminal and there is more than a little to do.
 class Progress {
@@ -26,6 +26,6 @@ class Progress {
   std::optional<boost::timer::progress_display> m_bar;
 };
 
-}  // namespace TunnelSurvey
+}  // namespace Console
 
 #endif

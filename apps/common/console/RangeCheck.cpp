@@ -5,7 +5,7 @@
 #include <sstream>
 #include <string>
 
-namespace TunnelSurvey {
+namespace Console {
 
 namespace {
 
@@ -22,11 +22,11 @@ std::string rangeText(double lowest, double highest) {
 CLI::Validator between(double lowest, double highest) {
   const std::string range = rangeText(lowest, highest);
   const auto complaint = [=](const std::string& text) {
-    const auto number = parseNumber(text);
+    const auto number = Exchange::parseNumber(text);
     const bool fits = number && *number >= lowest && *number <= highest;
     return fits ? std::string() : text + " is not a number from " + range;
   };
   return CLI::Validator(complaint, range);
 }
 
-}  // namespace TunnelSurvey
+}  // namespace Console

@@ -6,11 +6,11 @@
 
 #include <CLI/CLI.hpp>
 
-namespace TunnelSurvey {
+namespace Console {
 
 /// Unlike CLI::Range it refuses not-a-number.
 CLI::Validator between(double lowest, double highest);
 
-}  // namespace TunnelSurvey
+}  // namespace Console
 
 #endif

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
-namespace TunnelSurvey {
+namespace Console {
 
 namespace {
 
@@ -62,4 +62,4 @@ void TextTable::print(std::ostream& out) const {
   }
 }
 
-}  // namespace TunnelSurvey
+}  // namespace Console

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace TunnelSurvey {
+namespace Console {
 
 class TextTable {
  public:
@@ -27,6 +27,6 @@ class TextTable {
   std::vector<std::vector<std::string>> m_rows;
 };
 
-}  // namespace TunnelSurvey
+}  // namespace Console
 
 #endif

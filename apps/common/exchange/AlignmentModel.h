@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 /// What is wrong or odd about a place in a file.
 struct Remark {
@@ -67,6 +67,6 @@ struct Alignment {
   std::vector<ProfilePoint> profile;
 };
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange
 
 #endif

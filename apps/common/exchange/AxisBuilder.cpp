@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 namespace {
 
@@ -270,4 +270,4 @@ class AxisBuilder {
 
 Outcome<BuiltAxis> buildAxis(const Alignment& alignment) { return AxisBuilder(alignment).build(); }
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange

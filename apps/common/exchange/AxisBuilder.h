@@ -10,7 +10,7 @@
 
 #include <vector>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 struct BuiltAxis {
   boost::shared_ptr<const Ruv::Calculations::AxisDefinition> axis;
@@ -24,6 +24,6 @@ struct BuiltAxis {
 /// centimetre. The tunnel meter is 0 where the axis begins.
 Outcome<BuiltAxis> buildAxis(const Alignment& alignment);
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange
 
 #endif

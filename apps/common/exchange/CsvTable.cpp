@@ -9,7 +9,7 @@
 #include <sstream>
 #include <utility>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 namespace {
 
@@ -108,4 +108,4 @@ bool CsvTable::read(const std::string& text, const std::vector<std::string>& req
   return !m_columns.empty();
 }
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange

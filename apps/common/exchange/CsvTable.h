@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 /// The cells of one line, asked for by the name of their column.
 class CsvRow {
@@ -59,6 +59,6 @@ class CsvTable {
   Remark m_error;
 };
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange
 
 #endif

@@ -10,7 +10,7 @@
 #include <cmath>
 #include <cstddef>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 namespace {
 
@@ -169,4 +169,4 @@ Outcome<DesignProfile> readDesignProfile(const std::string& text) {
   return Result::success(std::move(profile));
 }
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange

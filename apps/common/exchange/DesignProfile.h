@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 /// A closed profile. Copies share it.
 class DesignProfile {
@@ -46,6 +46,6 @@ class DesignProfile {
 /// arc exceeds its diameter.
 Outcome<DesignProfile> readDesignProfile(const std::string& text);
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange
 
 #endif

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 namespace {
 
@@ -416,4 +416,4 @@ Outcome<Alignment> readLandXml(const std::string& xml, const std::string& name) 
   }
 }
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange

@@ -8,7 +8,7 @@
 
 #include <string>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 /// Reads Line, Curve and Spiral (clothoids) of the CoordGeom, and PVI, ParaCurve and CircCurve of
 /// the first ProfAlign. Units are those the file declares. Anything else in these two lists,
@@ -18,6 +18,6 @@ namespace TunnelSurvey {
 /// @param name of the alignment; empty for the first one
 Outcome<Alignment> readLandXml(const std::string& xml, const std::string& name = "");
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange
 
 #endif

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <map>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 namespace {
 
@@ -69,4 +69,4 @@ double toRadians(double angle, AngleUnit unit) {
   }
 }
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange

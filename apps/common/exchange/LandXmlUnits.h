@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 /// DegreeMinuteSecond packs minutes and seconds into the decimals: 45.3025 is 45 deg 30' 25".
 enum class AngleUnit { Radian, Gon, Degree, DegreeMinuteSecond };
@@ -30,6 +30,6 @@ std::optional<AngleUnit> angleUnit(const std::string& name);
 
 double toRadians(double angle, AngleUnit unit);
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange
 
 #endif

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <system_error>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 std::vector<std::string> wordsOf(const std::string& text) {
   constexpr const char* kBlanks = " \t\r\n";
@@ -40,4 +40,4 @@ std::optional<std::vector<double>> parseNumbers(const std::string& text) {
   return numbers;
 }
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 /// The words between blanks.
 std::vector<std::string> wordsOf(const std::string& text);
@@ -19,6 +19,6 @@ std::optional<double> parseNumber(const std::string& text);
 /// Nothing unless every word is a finite number.
 std::optional<std::vector<double>> parseNumbers(const std::string& text);
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange
 
 #endif

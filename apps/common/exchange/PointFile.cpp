@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 namespace {
 
@@ -101,4 +101,4 @@ std::string convertedPointsAsCsv(const std::vector<ConvertedPoint>& points) {
   return text;
 }
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange

@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 struct SurveyedPoint {
   int line = 0;
@@ -87,6 +87,6 @@ PointFile<ConvertedPoint> convertPoints(const Ruv::Calculations::AxisCalculator&
 /// The converted points as CSV, in metres with four decimals.
 std::string convertedPointsAsCsv(const std::vector<ConvertedPoint>& points);
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange
 
 #endif
