@@ -6,12 +6,10 @@
 
 #include "free_station/Identification.h"
 
+#include "common/console/CommandLine.h"
+
 #include <string>
 #include <vector>
-
-namespace CLI {
-class App;
-}
 
 namespace FreeStation {
 
@@ -26,7 +24,7 @@ struct Options {
   std::string output;  ///< empty: no drawing
 };
 
-void addOptions(CLI::App& app, Options& options);
+void addOptions(Console::OptionGroup all, Options& options);
 
 }  // namespace FreeStation
 

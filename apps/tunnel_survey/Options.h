@@ -4,13 +4,11 @@
 #ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_OPTIONS_H
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_OPTIONS_H
 
+#include "common/console/CommandLine.h"
+
 #include <optional>
 #include <string>
 #include <vector>
-
-namespace CLI {
-class App;
-}
 
 namespace TunnelSurvey {
 
@@ -44,7 +42,7 @@ struct Options {
   std::string output;
 };
 
-void addOptions(CLI::App& app, Options& options);
+void addOptions(Console::OptionGroup all, Options& options);
 
 }  // namespace TunnelSurvey
 
