@@ -3,10 +3,10 @@
 #include "free_station/Report.h"
 #include "free_station/StationView.h"
 
-#include "tunnel_survey/SurveySheet.h"
-
 #include "common/drawing/Furniture.h"
 #include "common/drawing/NumberText.h"
+#include "common/drawing/SheetStyle.h"
+#include "common/exchange/StationRange.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,7 +27,7 @@ using Ruv::Calculations::AxisCalculator;
 using Ruv::Calculations::AxisPoint;
 using Ruv::Calculations::ENHPoint;
 using Ruv::Calculations::Utilities;
-namespace Style = TunnelSurvey::Style;
+namespace Style = Drawing::Style;
 
 constexpr double kFrameMargin = 6.0;     // for what is written outside a frame
 constexpr double kContentMargin = 14.0;  // for names and residuals
@@ -79,7 +79,7 @@ double millimetresThatFit(const Box& frame, const Box& extentInMetres) {
 }
 
 Layout layoutOf(const Survey& survey, const Sheet& sheet) {
-  const Box area = TunnelSurvey::drawingArea(sheet).inset(kFrameMargin);
+  const Box area = Drawing::drawingArea(sheet).inset(kFrameMargin);
   const double middle = area.top + 0.46 * area.height();
   const Box planFrame{area.left, area.top, area.right, middle - kFrameMargin};
   const Box lower{area.left, middle + kFrameMargin, area.right, area.bottom};
@@ -99,7 +99,7 @@ Layout layoutOf(const Survey& survey, const Sheet& sheet) {
   const WorldMapping sectionInMetres = WorldMapping::map({}, {}, 1.0, kQuarterTurn);
   const Box planExtent = extentOf(seenThrough(plan, planInMetres, points));
   const Box sectionExtent = extentOf(seenThrough(section, sectionInMetres, points));
-  const double scale = TunnelSurvey::largestUsualScale(std::min(
+  const double scale = Drawing::largestUsualScale(std::min(
       millimetresThatFit(planFrame, planExtent), millimetresThatFit(sectionFrame, sectionExtent)));
   const double perMetre = 1000.0 / scale;
   const double residual = residualOfLegend(survey);
@@ -138,7 +138,7 @@ void drawAxis(Canvas& canvas, const Survey& survey, const ViewPort& port,
   const double from = std::max(survey.stationOnAxis.stationing - kReach, axis.minimumStng2d());
   const double to = std::min(survey.stationOnAxis.stationing + kReach, axis.maximumStng2d());
   std::vector<Point> line;
-  for (const double station : TunnelSurvey::evenStations({from, to}, 0.2)) {
+  for (const double station : Exchange::evenStations({from, to}, 0.2)) {
     line.push_back(at(station, 0.0));
   }
   canvas.polyline(line, {Style::kGrey, 0.3, {6.0, 1.2, 1.2, 1.2}});
@@ -336,10 +336,10 @@ Sheet stationSheet(const Survey& survey) {
     left.left += 115.0;
     writeStation(canvas, survey, left);
     const double exaggeration = kResidualBar / 1000.0 / layout.residual * layout.scale;
-    TunnelSurvey::drawTitleBlock(
+    Drawing::drawTitleBlock(
         canvas, size,
         {"Free station beside axis " + survey.axisName,
-         {"Scale " + TunnelSurvey::scaleText(layout.scale) + " on A3; coordinates in m",
+         {"Scale " + Drawing::scaleText(layout.scale) + " on A3; coordinates in m",
           "Residuals " + Drawing::grouped(exaggeration) + " times exaggerated"},
          legend(survey, layout.residual),
          1000.0 / layout.scale});

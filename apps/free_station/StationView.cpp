@@ -1,6 +1,6 @@
 #include "free_station/StationView.h"
 
-#include "tunnel_survey/SurveySheet.h"
+#include "common/drawing/SheetStyle.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,7 +17,7 @@ using Drawing::LabelPlace;
 using Drawing::Pen;
 using Drawing::Point;
 using Ruv::Calculations::ENHPoint;
-namespace Style = TunnelSurvey::Style;
+namespace Style = Drawing::Style;
 
 constexpr Colour kResidual{0.80, 0.16, 0.12};
 constexpr Colour kStray{0.86, 0.49, 0.05};

@@ -33,6 +33,7 @@ using Ruv::Calculations::Point2D;
 using Ruv::Calculations::Polygon;
 using Ruv::Calculations::Polyline;
 using Ruv::Calculations::Utilities;
+namespace Style = Drawing::Style;
 
 constexpr double kPanelWidth = 72.0;
 constexpr double kSideRoom = 15.0;  // for labels and dimensions around the profile
@@ -64,12 +65,12 @@ Sheet sheetA4() {
 }
 
 Box panelBox(const Sheet& sheet) {
-  const Box area = drawingArea(sheet);
+  const Box area = Drawing::drawingArea(sheet);
   return {area.right - kPanelWidth, area.top, area.right, area.bottom};
 }
 
 Box frameBox(const Sheet& sheet) {
-  const Box area = drawingArea(sheet);
+  const Box area = Drawing::drawingArea(sheet);
   return {area.left, area.top, area.right - kPanelWidth, area.bottom};
 }
 
@@ -464,7 +465,7 @@ std::vector<Drawing::LegendEntry> legend(const SectionSurvey& survey) {
 }
 
 std::string scaleLine(const SectionSurvey& survey, double scale) {
-  const std::string line = "Scale " + scaleText(scale) + " on A4, looking forward; ";
+  const std::string line = "Scale " + Drawing::scaleText(scale) + " on A4, looking forward; ";
   if (survey.magnify == 1.0) return line + "lengths in m";
   return line + "distances drawn " + fixed(survey.magnify, 0) + "×";
 }
@@ -487,7 +488,7 @@ CrossSectionLayout crossSectionLayout(const SectionSurvey& survey) {
   const double width = frame.width() - 2.0 * kSideRoom;
   const double height = frame.height() - kTopRoom - kFootRoom;
   const double perMetre = std::min(width / extent.width(), height / extent.height());
-  return {largestUsualScale(perMetre), extent.centre()};
+  return {Drawing::largestUsualScale(perMetre), extent.centre()};
 }
 
 Sheet crossSectionSheet(const SectionSurvey& survey, const SectionResult& result,
@@ -497,12 +498,12 @@ Sheet crossSectionSheet(const SectionSurvey& survey, const SectionResult& result
   sheet.draw = [&survey, &result, layout, size](Canvas& canvas) {
     CrossSectionDrawing(canvas, survey, result, layout, frameBox(size)).draw();
     drawPanel(canvas, panelBox(size), survey, result);
-    drawTitleBlock(canvas, size,
-                   {titleOf(survey, result),
-                    {scaleLine(survey, layout.scale),
-                     "Design: " + survey.designSource + ", measured: " + survey.source},
-                    legend(survey),
-                    1000.0 / layout.scale});
+    Drawing::drawTitleBlock(canvas, size,
+                            {titleOf(survey, result),
+                             {scaleLine(survey, layout.scale),
+                              "Design: " + survey.designSource + ", measured: " + survey.source},
+                             legend(survey),
+                             1000.0 / layout.scale});
   };
   return sheet;
 }

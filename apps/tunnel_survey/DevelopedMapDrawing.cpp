@@ -31,6 +31,7 @@ using Drawing::Sheet;
 using Drawing::signedFixed;
 using Drawing::TextStyle;
 using Drawing::WorldMapping;
+namespace Style = Drawing::Style;
 
 constexpr double kHeaderWidth = 24.0;
 constexpr double kTopRoom = 13.0;
@@ -106,8 +107,9 @@ MapLayout layoutOf(const SectionSurvey& survey, const DevelopedMap& map, const B
   const double to = map.positions().back();
   const double length = std::max(to - from, 1.0);
   const double circumference = survey.design.circumference();
-  const double derolmentScale = largestUsualScale(room.height() / circumference);
-  const double stationScale = survey.hasStations() ? largestUsualScale(room.width() / length) : 0.0;
+  const double derolmentScale = Drawing::largestUsualScale(room.height() / circumference);
+  const double stationScale =
+      survey.hasStations() ? Drawing::largestUsualScale(room.width() / length) : 0.0;
   const double perPosition = stationScale > 0.0 ? 1000.0 / stationScale : room.width() / length;
   const double perMetre = 1000.0 / derolmentScale;
   const double width = length * perPosition;
@@ -322,21 +324,22 @@ std::vector<Drawing::LegendEntry> legend(const SectionSurvey& survey) {
 Sheet developedMapSheet(const SectionSurvey& survey) {
   Sheet sheet;
   const DevelopedMap map(survey);
-  const MapLayout layout = layoutOf(survey, map, drawingArea(sheet));
+  const MapLayout layout = layoutOf(survey, map, Drawing::drawingArea(sheet));
   const ColourScale scale = scaleOf(survey);
   const Sheet size = sheet;
   sheet.draw = [&survey, map, layout, scale, size](Canvas& canvas) {
     DevelopedMapDrawing(canvas, survey, map, layout, scale).draw();
-    const std::string along = survey.hasStations()
-                                  ? "Stationing " + scaleText(layout.stationScale) + ", derolment "
-                                  : "Derolment ";
-    drawTitleBlock(canvas, size,
-                   {"Developed map of distances from the design",
-                    {along + scaleText(layout.derolmentScale) +
-                         " on A3; cut open along the bottom, seen from above",
-                     "Design: " + survey.designSource + ", measured: " + survey.source},
-                    legend(survey),
-                    survey.hasStations() ? 1000.0 / layout.stationScale : 0.0});
+    const std::string along =
+        survey.hasStations()
+            ? "Stationing " + Drawing::scaleText(layout.stationScale) + ", derolment "
+            : "Derolment ";
+    Drawing::drawTitleBlock(canvas, size,
+                            {"Developed map of distances from the design",
+                             {along + Drawing::scaleText(layout.derolmentScale) +
+                                  " on A3; cut open along the bottom, seen from above",
+                              "Design: " + survey.designSource + ", measured: " + survey.source},
+                             legend(survey),
+                             survey.hasStations() ? 1000.0 / layout.stationScale : 0.0});
   };
   return sheet;
 }

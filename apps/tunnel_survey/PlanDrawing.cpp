@@ -29,6 +29,7 @@ using Ruv::Calculations::AxisCalculator;
 using Ruv::Calculations::AxisDefinition;
 using Ruv::Calculations::AxisPoint;
 using Ruv::Calculations::ENHPoint;
+namespace Style = Drawing::Style;
 
 constexpr int kMostStrips = 2;
 constexpr double kFrameMargin = 5.5;     // for the coordinates outside the frame
@@ -53,9 +54,9 @@ class AxisPlan {
     return eastNorth(grid);
   }
 
-  std::vector<Point> between(const StationRange& range, double step) const {
+  std::vector<Point> between(const Exchange::StationRange& range, double step) const {
     std::vector<Point> points;
-    for (const double station : evenStations(range, step)) {
+    for (const double station : Exchange::evenStations(range, step)) {
       points.push_back(at(station));
     }
     return points;
@@ -66,7 +67,7 @@ class AxisPlan {
 };
 
 struct PlanStrip {
-  StationRange range;
+  Exchange::StationRange range;
   Box frame;
   double bearing = 0.0;  // to the right on the page
   WorldMapping mapping;
@@ -90,7 +91,7 @@ std::vector<Box> frames(const Box& area, int count) {
 }
 
 /// The strip in the middle of its frame; nothing when the scale is too large for it.
-std::optional<PlanStrip> stripInFrame(const AxisPlan& plan, const StationRange& range,
+std::optional<PlanStrip> stripInFrame(const AxisPlan& plan, const Exchange::StationRange& range,
                                       const Box& frame, double scale) {
   constexpr double kSamples = 200.0;
   const std::vector<Point> points = plan.between(range, range.length() / kSamples);
@@ -116,7 +117,7 @@ std::optional<PlanLayout> layoutWith(const SurveyPicture& picture, const AxisPla
   PlanLayout layout;
   layout.scale = scale;
   const std::vector<Box> boxes = frames(area, stripCount);
-  const std::vector<StationRange> ranges = equalStrips(*picture.axis, stripCount);
+  const std::vector<Exchange::StationRange> ranges = equalStrips(*picture.axis, stripCount);
   for (std::size_t i = 0; i < boxes.size(); ++i) {
     const auto strip = stripInFrame(plan, ranges[i], boxes[i], scale);
     if (!strip) return std::nullopt;
@@ -126,12 +127,12 @@ std::optional<PlanLayout> layoutWith(const SurveyPicture& picture, const AxisPla
 }
 
 PlanLayout largestLayout(const SurveyPicture& picture, const AxisPlan& plan, const Box& area) {
-  for (const double scale : usualScales()) {
+  for (const double scale : Drawing::usualScales()) {
     for (int count = 1; count <= kMostStrips; ++count) {
       if (auto layout = layoutWith(picture, plan, area, scale, count)) return *layout;
     }
   }
-  return {usualScales().back(), {}};
+  return {Drawing::usualScales().back(), {}};
 }
 
 /// Turned by half a turn where it would stand on its head.
@@ -185,7 +186,7 @@ class PlanStripDrawing {
 
   Point toPage(const Point& world) const { return m_strip.mapping.toPage(world); }
 
-  std::vector<Point> onPage(const StationRange& range) const {
+  std::vector<Point> onPage(const Exchange::StationRange& range) const {
     std::vector<Point> points = m_plan.between(range, sampleStep());
     for (Point& point : points) {
       point = toPage(point);
@@ -202,7 +203,7 @@ class PlanStripDrawing {
   /// What the next and the previous strip show, in grey.
   void drawNeighbours() {
     const Pen pen{Style::kLightGrey, kAxisWidth, {}};
-    const StationRange all = rangeOf(*m_picture.axis);
+    const Exchange::StationRange all = Exchange::rangeOf(*m_picture.axis);
     if (all.from < m_strip.range.from) {
       m_canvas.polyline(onPage({all.from, m_strip.range.from}), pen);
     }
@@ -213,8 +214,9 @@ class PlanStripDrawing {
   void drawSections() {
     if (!m_picture.sections) return;
     const double reach = 0.5 * m_metresPerMillimetre;  // so that a single section is seen
-    const StationRange part{std::max(m_picture.sections->from - reach, m_strip.range.from),
-                            std::min(m_picture.sections->to + reach, m_strip.range.to)};
+    const Exchange::StationRange part{
+        std::max(m_picture.sections->from - reach, m_strip.range.from),
+        std::min(m_picture.sections->to + reach, m_strip.range.to)};
     if (part.from < part.to) m_canvas.polyline(onPage(part), {Style::kSections, kBandWidth, {}});
   }
 
@@ -225,7 +227,7 @@ class PlanStripDrawing {
   void drawElements() {
     for (const AxisElement& element : visibleElements()) {
       const std::vector<Point> line = onPage({element.from, element.to});
-      m_canvas.polyline(line, {Style::ofElement(element.kind), kAxisWidth, {}});
+      m_canvas.polyline(line, {colourOf(element.kind), kAxisWidth, {}});
       m_labels.reserve(line, 2.0);
       drawElementEnd(element.to);
     }
@@ -239,7 +241,7 @@ class PlanStripDrawing {
   }
 
   void drawMatchLines() {
-    const StationRange all = rangeOf(*m_picture.axis);
+    const Exchange::StationRange all = Exchange::rangeOf(*m_picture.axis);
     if (all.from < m_strip.range.from) drawMatchLine(m_strip.range.from, -1.0);
     if (m_strip.range.to < all.to) drawMatchLine(m_strip.range.to, 1.0);
   }
@@ -304,7 +306,7 @@ class PlanStripDrawing {
 
   bool isAtAxisEnd(double station) const {
     constexpr double kReach = 3.0;  // on the page
-    const StationRange all = rangeOf(*m_picture.axis);
+    const Exchange::StationRange all = Exchange::rangeOf(*m_picture.axis);
     return std::min(station - all.from, all.to - station) < kReach * m_metresPerMillimetre;
   }
 
@@ -405,8 +407,8 @@ class PlanStripDrawing {
   void labelElement(const AxisElement& element) {
     const double middle = (element.from + element.to) / 2.0;
     const Point at = toPage(m_plan.at(middle));
-    TextStyle style = Style::text(Style::kSmallTextSize, Style::ofElement(element.kind),
-                                  Align::Middle, Align::Middle);
+    TextStyle style =
+        Style::text(Style::kSmallTextSize, colourOf(element.kind), Align::Middle, Align::Middle);
     style.angle = readable(angleOf(forwardAt(middle)));
     style.halo = true;
     std::vector<LabelPlace> places;
@@ -456,18 +458,19 @@ std::vector<Drawing::LegendEntry> legend(const SurveyPicture& picture) {
 Sheet planSheet(const SurveyPicture& picture) {
   Sheet sheet;
   const AxisPlan plan(picture.axis);
-  const PlanLayout layout = largestLayout(picture, plan, drawingArea(sheet));
+  const PlanLayout layout = largestLayout(picture, plan, Drawing::drawingArea(sheet));
   const Sheet size = sheet;
   sheet.draw = [picture, layout, size](Canvas& canvas) {
     for (const PlanStrip& strip : layout.strips) {
       PlanStripDrawing(canvas, picture, strip, 1.0 / layout.millimetresPerMetre()).draw();
     }
-    drawTitleBlock(canvas, size,
-                   {"Plan of axis " + picture.name,
-                    {"Scale " + scaleText(layout.scale) + " on A3; coordinates in m",
-                     "Source: " + picture.source},
-                    legend(picture),
-                    layout.millimetresPerMetre()});
+    Drawing::drawTitleBlock(
+        canvas, size,
+        {"Plan of axis " + picture.name,
+         {"Scale " + Drawing::scaleText(layout.scale) + " on A3; coordinates in m",
+          "Source: " + picture.source},
+         legend(picture),
+         layout.millimetresPerMetre()});
   };
   return sheet;
 }

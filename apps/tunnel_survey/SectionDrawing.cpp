@@ -31,6 +31,7 @@ using Ruv::CVeralElement;
 using Ruv::Calculations::AxisCalculator;
 using Ruv::Calculations::AxisDefinition;
 using Ruv::Calculations::Point2D;
+namespace Style = Drawing::Style;
 
 constexpr int kMostStrips = 2;
 constexpr double kHeaderWidth = 27.0;  // names of the bands and the height axis
@@ -86,9 +87,9 @@ class AxisProfile {
     return {station, place ? place->grid.height : 0.0};
   }
 
-  std::vector<Point> between(const StationRange& range, double step) const {
+  std::vector<Point> between(const Exchange::StationRange& range, double step) const {
     std::vector<Point> points;
-    for (const double station : evenStations(range, step)) {
+    for (const double station : Exchange::evenStations(range, step)) {
       points.push_back(at(station));
     }
     return points;
@@ -99,7 +100,7 @@ class AxisProfile {
 };
 
 struct SectionStrip {
-  StationRange range;
+  Exchange::StationRange range;
   Box diagram;
   double lowest = 0.0;
   double highest = 0.0;
@@ -126,8 +127,9 @@ std::vector<Box> diagrams(const Box& area, int count) {
 }
 
 /// Nothing when the scale is too large for the strip.
-std::optional<SectionStrip> stripInDiagram(const SurveyPicture& picture, const StationRange& range,
-                                           const Box& diagram, double scale, double exaggeration) {
+std::optional<SectionStrip> stripInDiagram(const SurveyPicture& picture,
+                                           const Exchange::StationRange& range, const Box& diagram,
+                                           double scale, double exaggeration) {
   constexpr double kSamples = 400.0;
   const std::vector<Point> line =
       AxisProfile(picture.axis).between(range, range.length() / kSamples);
@@ -157,7 +159,7 @@ std::optional<SectionLayout> layoutWith(const SurveyPicture& picture, const Box&
   layout.scale = scale;
   layout.exaggeration = exaggeration;
   const std::vector<Box> boxes = diagrams(area, stripCount);
-  const std::vector<StationRange> ranges = equalStrips(*picture.axis, stripCount);
+  const std::vector<Exchange::StationRange> ranges = equalStrips(*picture.axis, stripCount);
   for (std::size_t i = 0; i < boxes.size(); ++i) {
     const auto strip = stripInDiagram(picture, ranges[i], boxes[i], scale, exaggeration);
     if (!strip) return std::nullopt;
@@ -167,12 +169,12 @@ std::optional<SectionLayout> layoutWith(const SurveyPicture& picture, const Box&
 }
 
 SectionLayout largestLayout(const SurveyPicture& picture, const Box& area, double exaggeration) {
-  for (const double scale : usualScales()) {
+  for (const double scale : Drawing::usualScales()) {
     for (int count = 1; count <= kMostStrips; ++count) {
       if (auto layout = layoutWith(picture, area, scale, exaggeration, count)) return *layout;
     }
   }
-  return {usualScales().back(), exaggeration, {}};
+  return {Drawing::usualScales().back(), exaggeration, {}};
 }
 
 class SectionStripDrawing {
@@ -212,7 +214,7 @@ class SectionStripDrawing {
     return station >= m_strip.range.from && station <= m_strip.range.to;
   }
 
-  std::vector<Point> onPage(const StationRange& range) const {
+  std::vector<Point> onPage(const Exchange::StationRange& range) const {
     std::vector<Point> points = m_profile.between(range, kSampleDistance * m_metresPerMillimetre);
     for (Point& point : points) {
       point = toPage(point);
@@ -262,8 +264,8 @@ class SectionStripDrawing {
     m_canvas.polyline(line, {Style::kStraight, kGradeLineWidth, {}});
     m_labels.reserve(line, 1.4);
     for (const GradePoint& point : m_points) {
-      const StationRange part{std::max(point.from, m_strip.range.from),
-                              std::min(point.to, m_strip.range.to)};
+      const Exchange::StationRange part{std::max(point.from, m_strip.range.from),
+                                        std::min(point.to, m_strip.range.to)};
       if (!(part.from < part.to)) continue;
       m_canvas.polyline(onPage(part), {kRounding, kGradeLineWidth, {}});
       for (const double end : {point.from, point.to}) {
@@ -339,8 +341,8 @@ class SectionStripDrawing {
     for (std::size_t i = 1; i < m_points.size(); ++i) {
       const GradePoint& before = m_points[i - 1];
       const GradePoint& after = m_points[i];
-      const StationRange straight{std::max(before.to, m_strip.range.from),
-                                  std::min(after.from, m_strip.range.to)};
+      const Exchange::StationRange straight{std::max(before.to, m_strip.range.from),
+                                            std::min(after.from, m_strip.range.to)};
       if (straight.from < straight.to) {
         labelGrade(straight, 100.0 * (after.at.y - before.at.y) / (after.at.x - before.at.x));
       }
@@ -348,7 +350,7 @@ class SectionStripDrawing {
   }
 
   /// Along the line, where there is room.
-  void labelGrade(const StationRange& straight, double percent) {
+  void labelGrade(const Exchange::StationRange& straight, double percent) {
     const Point start = toPage(m_profile.at(straight.from));
     const Point chord = toPage(m_profile.at(straight.to)) - start;
     TextStyle style = Style::text(Style::kTextSize, Style::kStraight, Align::Middle, Align::Middle);
@@ -404,7 +406,8 @@ class SectionStripDrawing {
 
   double largestCurvature() const {
     double largest = 0.0;
-    for (const AxisElement& element : elementsWithin(*m_picture.axis, rangeOf(*m_picture.axis))) {
+    for (const AxisElement& element :
+         elementsWithin(*m_picture.axis, Exchange::rangeOf(*m_picture.axis))) {
       largest = std::max({largest, std::abs(element.curvatureFrom), std::abs(element.curvatureTo)});
     }
     return largest;
@@ -433,7 +436,7 @@ class SectionStripDrawing {
   void drawCurvature(const AxisElement& element, double zero, double perCurvature) {
     const Point a{pageX(element.from), zero - element.curvatureFrom * perCurvature};
     const Point b{pageX(element.to), zero - element.curvatureTo * perCurvature};
-    const Colour colour = Style::ofElement(element.kind);
+    const Colour colour = colourOf(element.kind);
     const double kTint = 0.75;
     const Colour tint{colour.red + (1.0 - colour.red) * kTint,
                       colour.green + (1.0 - colour.green) * kTint,
@@ -513,21 +516,21 @@ std::vector<Drawing::LegendEntry> legend(bool withPoints) {
 
 Sheet sectionSheet(const SurveyPicture& picture, double exaggeration) {
   Sheet sheet;
-  const SectionLayout layout = largestLayout(picture, drawingArea(sheet), exaggeration);
+  const SectionLayout layout = largestLayout(picture, Drawing::drawingArea(sheet), exaggeration);
   const Sheet size = sheet;
   sheet.draw = [picture, layout, size](Canvas& canvas) {
     const double metresPerMillimetre = 1.0 / layout.millimetresPerMetre();
     for (const SectionStrip& strip : layout.strips) {
       SectionStripDrawing(canvas, picture, strip, metresPerMillimetre).draw();
     }
-    drawTitleBlock(canvas, size,
-                   {"Longitudinal section of axis " + picture.name,
-                    {"Stationing " + scaleText(layout.scale) + ", heights " +
-                         scaleText(layout.scale / layout.exaggeration) + " on A3: exaggerated " +
-                         fixed(layout.exaggeration, 0) + " times",
-                     "Source: " + picture.source},
-                    legend(!picture.points.empty()),
-                    layout.millimetresPerMetre()});
+    Drawing::drawTitleBlock(canvas, size,
+                            {"Longitudinal section of axis " + picture.name,
+                             {"Stationing " + Drawing::scaleText(layout.scale) + ", heights " +
+                                  Drawing::scaleText(layout.scale / layout.exaggeration) +
+                                  " on A3: exaggerated " + fixed(layout.exaggeration, 0) + " times",
+                              "Source: " + picture.source},
+                             legend(!picture.points.empty()),
+                             layout.millimetresPerMetre()});
   };
   return sheet;
 }

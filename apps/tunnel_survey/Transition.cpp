@@ -22,10 +22,11 @@ using Ruv::Calculations::ThProfileMorpher;
 constexpr int kParts = 8;         // between the sections
 constexpr int kEdgesPerPart = 4;  // the edges of walls that lean or bulge are curved lines
 
-StationRange rangeOf(const Options& options) {
+Exchange::StationRange rangeOf(const Options& options) {
   constexpr double kShortest = 0.1;
   constexpr double kLongest = 10000.0;
-  const StationRange range{options.transitionStations.front(), options.transitionStations.back()};
+  const Exchange::StationRange range{options.transitionStations.front(),
+                                     options.transitionStations.back()};
   if (!(range.length() >= kShortest && range.length() <= kLongest)) {
     throw Console::Failure("--transition-stations: from the first to the second must be " +
                            fixed(kShortest, 1) + " to " + fixed(kLongest, 0) + " m");
@@ -51,11 +52,11 @@ void printSections(const Transition& transition) {
 
 Exchange::Outcome<Transition> transitionBetween(const Exchange::DesignProfile& start,
                                                 const Exchange::DesignProfile& end,
-                                                const StationRange& range) {
+                                                const Exchange::StationRange& range) {
   const ThProfileMorpher morpher(start.definition(), end.definition(), range.from, range.to);
   Transition transition;
   const double step = range.length() / (kParts * kEdgesPerPart);
-  for (const double station : evenStations(range, step)) {
+  for (const double station : Exchange::evenStations(range, step)) {
     const auto definition = morpher.getMorphedProfile(station);
     const auto profile =
         definition ? std::optional<Exchange::DesignProfile>(definition) : std::nullopt;
@@ -75,7 +76,7 @@ Exchange::Outcome<Transition> transitionBetween(const Exchange::DesignProfile& s
 }
 
 std::optional<Transition> surveyTransition(const Options& options) {
-  const StationRange range = rangeOf(options);
+  const Exchange::StationRange range = rangeOf(options);
   const auto profileIn = [](const std::string& path) {
     return Console::valueOrFail(Exchange::readDesignProfile(Console::textOf(path)), path);
   };

@@ -34,13 +34,15 @@ struct Transition {
   std::vector<TransitionSection> sections;  ///< nine at equal distances, the given ones at the ends
   std::vector<TransitionEdges> edges;       ///< closer together than the sections
 
-  StationRange range() const { return {sections.front().station, sections.back().station}; }
+  Exchange::StationRange range() const {
+    return {sections.front().station, sections.back().station};
+  }
 };
 
 /// Fails when the profiles cannot be morphed. The range must have a length.
 Exchange::Outcome<Transition> transitionBetween(const Exchange::DesignProfile& start,
                                                 const Exchange::DesignProfile& end,
-                                                const StationRange& range);
+                                                const Exchange::StationRange& range);
 
 /// Prints the sections. Throws a Failure for files that cannot be used; profiles that cannot be
 /// morphed are told, and give nothing.

@@ -29,6 +29,7 @@ using Drawing::signedFixed;
 using Drawing::TextStyle;
 using Drawing::WorldMapping;
 using Ruv::Calculations::Point2D;
+namespace Style = Drawing::Style;
 
 constexpr int kColumns = 3;
 constexpr double kOverlayWidth = 150.0;  // of the column with all outlines and the plan
@@ -91,7 +92,7 @@ Box overlayRoom(const Box& frame) {
 }
 
 double fittingScale(const Box& extent, const Box& room) {
-  return largestUsualScale(
+  return Drawing::largestUsualScale(
       std::min(room.width() / extent.width(), room.height() / extent.height()));
 }
 
@@ -113,7 +114,7 @@ TransitionLayout layoutOf(const Transition& transition, const Box& area) {
   layout.sectionScale = fittingScale(layout.extent, sectionRoom(layout.frames.front()));
   layout.overlayScale = fittingScale(layout.extent, overlayRoom(layout.overlay));
   layout.planScale =
-      largestUsualScale(overlayRoom(layout.plan).height() / transition.range().length());
+      Drawing::largestUsualScale(overlayRoom(layout.plan).height() / transition.range().length());
   return layout;
 }
 
@@ -287,7 +288,7 @@ class TransitionDrawing {
     for (std::size_t i = 0; i < m_transition.sections.size(); ++i) {
       m_canvas.polyline(onPage(m_transition.sections[i].profile, m_overlay), penOf(i));
     }
-    drawTitle(frame, "All outlines, " + scaleText(m_layout.overlayScale));
+    drawTitle(frame, "All outlines, " + Drawing::scaleText(m_layout.overlayScale));
     m_canvas.rectangle(frame, {Style::kInk, 0.35, {}});
   }
 
@@ -299,7 +300,7 @@ class TransitionDrawing {
   /// Below the outlines and in line with them; forward is up.
   void drawPlan() {
     const Box& frame = m_layout.plan;
-    const StationRange range = m_transition.range();
+    const Exchange::StationRange range = m_transition.range();
     const WorldMapping mapping = WorldMapping::diagram(
         {m_layout.extent.centre().x, range.from + range.length() / 2.0},
         overlayRoom(frame).centre(), 1000.0 / m_layout.overlayScale, 1000.0 / m_layout.planScale);
@@ -319,8 +320,8 @@ class TransitionDrawing {
     }
     drawPlanAxis(mapping);
     drawTitle(frame, "Plan of the widest extent, forward is up; " +
-                         scaleText(m_layout.overlayScale) + " across, " +
-                         scaleText(m_layout.planScale) + " along");
+                         Drawing::scaleText(m_layout.overlayScale) + " across, " +
+                         Drawing::scaleText(m_layout.planScale) + " along");
     m_canvas.rectangle(frame, {Style::kInk, 0.35, {}});
   }
 
@@ -365,7 +366,7 @@ class TransitionDrawing {
   void drawPlanAxis(const WorldMapping& mapping) {
     constexpr double kBeyond = 4.0;
     constexpr double kArrow = 2.6;
-    const StationRange range = m_transition.range();
+    const Exchange::StationRange range = m_transition.range();
     const Point from = mapping.toPage({0.0, range.from}) + Point{0.0, kBeyond};
     const Point to = mapping.toPage({0.0, range.to}) - Point{0.0, kBeyond};
     if (!m_layout.plan.contains(from)) return;
@@ -409,14 +410,15 @@ Sheet transitionSheet(const Transition& transition) {
   Sheet sheet;
   const Sheet size = sheet;
   sheet.draw = [&transition, size](Canvas& canvas) {
-    const TransitionLayout layout = layoutOf(transition, drawingArea(size));
+    const TransitionLayout layout = layoutOf(transition, Drawing::drawingArea(size));
     TransitionDrawing(canvas, transition, layout).draw();
-    const StationRange range = transition.range();
-    drawTitleBlock(
+    const Exchange::StationRange range = transition.range();
+    Drawing::drawTitleBlock(
         canvas, size,
         {"Transition from " + Drawing::stationText(range.from, 3) + " to " +
              Drawing::stationText(range.to, 3),
-         {"Sections " + scaleText(layout.sectionScale) + " on A3, looking forward; lengths in m",
+         {"Sections " + Drawing::scaleText(layout.sectionScale) +
+              " on A3, looking forward; lengths in m",
           "Start profile: " + transition.startSource + ", end profile: " + transition.endSource},
          legend(),
          0.0});
