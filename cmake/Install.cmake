@@ -1,4 +1,5 @@
 # Component Runtime: what programs load. Component Development: what building against it takes.
+# Component Tools, the programs: see apps.
 set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/${PROJECT_NAME})
 
 install(TARGETS HadrelCommonCalculations2008
