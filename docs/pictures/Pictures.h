@@ -15,7 +15,6 @@ Drawing::Sheet sectionPicture();      ///< offset and height, transverse slope, 
 Drawing::Sheet shaftPicture();        ///< axes of both kinds of shaft
 Drawing::Sheet outlinePicture();      ///< sense, radius, distance, derolment
 Drawing::Sheet stationPicture();      ///< polar measurement, guidance angles
-Drawing::Sheet layersPicture();       ///< folders of the library
 
 }  // namespace ConventionPictures
 

@@ -14,14 +14,13 @@ struct Picture {
   Drawing::Sheet (*sheet)();
 };
 
-constexpr std::array<Picture, 7> kPictures{{
+constexpr std::array<Picture, 6> kPictures{{
     {"plan", ConventionPictures::planPicture},
     {"profile", ConventionPictures::axisProfilePicture},
     {"section", ConventionPictures::sectionPicture},
     {"shaft", ConventionPictures::shaftPicture},
     {"outline", ConventionPictures::outlinePicture},
     {"station", ConventionPictures::stationPicture},
-    {"layers", ConventionPictures::layersPicture},
 }};
 
 }  // namespace

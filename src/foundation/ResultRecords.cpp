@@ -1,5 +1,4 @@
 #include <Calculations/FittingResult.h>
-#include <Calculations/GeologicalOverProfileMethod.h>
 #include <Calculations/ProfilePointResult.h>
 
 #include <cstddef>
@@ -8,8 +7,6 @@
 namespace Ruv {
 namespace Calculations {
 
-static_assert(sizeof(FittingMethod::Method) == 4, "a 32-bit enum");
-static_assert(sizeof(GeologicalOverProfileMethod::Method) == 4, "a 32-bit enum");
 static_assert(std::is_standard_layout<FittingResult>::value && sizeof(FittingResult) == 56,
               "the method, padded, and six doubles");
 static_assert(offsetof(FittingResult, method) == 0 && offsetof(FittingResult, center) == 8 &&
