@@ -9,36 +9,39 @@ namespace Calculations {
 namespace {
 
 /// Differences up to this are squared and multiplied in 64-bit integers, larger ones as doubles.
-constexpr ClipperLib::cInt kLargestExactDifference = 2000000000;
+constexpr double kLargestExactDifference = 2e9;
 
 /// Lines of no more points stay as they are.
 constexpr std::size_t kShortLine = 3;
 
-bool isExact(ClipperLib::cInt difference) {
-  return difference >= -kLargestExactDifference && difference <= kLargestExactDifference;
+bool isExact(double difference) { return std::abs(difference) <= kLargestExactDifference; }
+
+/// Exact where it is small. Large ones are rounded: as integers they may leave 64 bits.
+double difference(ClipperLib::cInt from, ClipperLib::cInt to) {
+  const double rounded = static_cast<double>(to) - static_cast<double>(from);
+  return isExact(rounded) ? static_cast<double>(to - from) : rounded;
 }
 
-double sumOfProducts(ClipperLib::cInt a, ClipperLib::cInt b, ClipperLib::cInt c,
-                     ClipperLib::cInt d) {
-  if (isExact(a) && isExact(b) && isExact(c) && isExact(d)) {
-    return static_cast<double>(a * b + c * d);
-  }
-  return static_cast<double>(a) * static_cast<double>(b) +
-         static_cast<double>(c) * static_cast<double>(d);
+/// a b + c d
+double sumOfProducts(double a, double b, double c, double d) {
+  if (!isExact(a) || !isExact(b) || !isExact(c) || !isExact(d)) return a * b + c * d;
+  const auto asInteger = [](double v) { return static_cast<ClipperLib::cInt>(v); };
+  return static_cast<double>(asInteger(a) * asInteger(b) + asInteger(c) * asInteger(d));
 }
 
 /// Distance of a point from the line through two others.
 double unitsFromLine(const ClipperLib::IntPoint& p, const ClipperLib::IntPoint& a,
                      const ClipperLib::IntPoint& b, double distance) {
-  const double cross = sumOfProducts(b.X - a.X, p.Y - a.Y, -(b.Y - a.Y), p.X - a.X);
+  const double cross = sumOfProducts(difference(a.X, b.X), difference(a.Y, p.Y),
+                                     -difference(a.Y, b.Y), difference(a.X, p.X));
   return std::abs(cross) / distance;
 }
 
 }  // namespace
 
 double unitsBetween(const ClipperLib::IntPoint& a, const ClipperLib::IntPoint& b) {
-  const ClipperLib::cInt dx = b.X - a.X;
-  const ClipperLib::cInt dy = b.Y - a.Y;
+  const double dx = difference(a.X, b.X);
+  const double dy = difference(a.Y, b.Y);
   return std::sqrt(sumOfProducts(dx, dx, dy, dy));
 }
 
@@ -49,9 +52,9 @@ ClipperLib::Path simplified(const ClipperLib::Path& line, double tolerance) {
   ClipperLib::IntPoint lastInStrip = line[1];
   for (std::size_t i = 2; i < line.size(); ++i) {
     const double distance = unitsBetween(kept.back(), reference);
-    if (distance < tolerance) {
+    if (distance < tolerance || distance == 0.0) {
       reference = line[i];  // the one before is too close to tell a direction
-    } else if (unitsFromLine(line[i], kept.back(), reference, distance) > tolerance) {
+    } else if (!(unitsFromLine(line[i], kept.back(), reference, distance) <= tolerance)) {
       kept.push_back(lastInStrip);
       reference = line[i];
     }
