@@ -24,20 +24,22 @@ BandShape bandShapeOf(const GeologicalLimits& limits) {
   }
 }
 
-/// The first outline of the offset reference, closed.
-Path offsetReference(const Path& reference, double distance) {
-  Path outline = Path::expand(reference, distance).pathAt(0);
+/// The first outline of the offset reference, closed; none when there is none.
+Pathes offsetReference(const Path& reference, double distance) {
+  const Pathes offset = Path::expand(reference, distance);
+  if (offset.numPathes() == 0) return offset;
+  Path outline = offset.pathAt(0);
   outline.close(true);
-  return outline;
+  return Pathes(outline);
 }
 
-Pathes bandNear(const Path& outerLimit, const Path& reference, const Path& excavation,
+Pathes bandNear(const Pathes& outerLimit, const Path& reference, const Pathes& excavation,
                 const GeologicalLimits& limits) {
   const BandShape shape = bandShapeOf(limits);
-  const Path centreLine = offsetReference(reference, shape.centre);
-  const Pathes passed = Path::linesWithin(outerLimit, excavation);
+  const Pathes centreLine = offsetReference(reference, shape.centre);
+  const Pathes passed = Pathes::linesWithin(outerLimit, excavation, true);
   const Pathes near = bandsWithHoles(passed, limits.outer);
-  const Pathes affected = Pathes::linesWithin(Pathes(centreLine), near, true);
+  const Pathes affected = Pathes::linesWithin(centreLine, near, true);
   return bandsWithHoles(affected, shape.halfWidth);
 }
 
@@ -62,11 +64,13 @@ Pathes GeologicalDivision::geologicalPart() const {
 Pathes GeologicalDivision::geologicalPartWithHoles() const { return joined(m_band, beyondLimit()); }
 
 Pathes GeologicalDivision::remainingPart() const {
-  const Pathes withinLimit = Path::within(m_outerLimit, m_excavation);
+  const Pathes withinLimit = Pathes::within(m_outerLimit, m_excavation);
   return Pathes::without(Pathes::without(withinLimit, Pathes(m_reference)), m_band);
 }
 
-Pathes GeologicalDivision::beyondLimit() const { return Path::without(m_excavation, m_outerLimit); }
+Pathes GeologicalDivision::beyondLimit() const {
+  return Pathes::without(m_excavation, m_outerLimit);
+}
 
 }  // namespace Calculations
 }  // namespace Ruv

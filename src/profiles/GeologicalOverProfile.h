@@ -34,8 +34,8 @@ class GeologicalDivision {
   Pathes beyondLimit() const;
 
   Path m_reference;
-  Path m_excavation;
-  Path m_outerLimit;
+  Pathes m_excavation;
+  Pathes m_outerLimit;  // one outline at most
   Pathes m_band;  // near the places where the excavation passes the outer limit; with its holes
 };
 

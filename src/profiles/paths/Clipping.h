@@ -4,9 +4,9 @@
 #ifndef CALCULATIONS_PROFILES_PATHS_CLIPPING_H
 #define CALCULATIONS_PROFILES_PATHS_CLIPPING_H
 
-#include <clipper.hpp>
+#include "profiles/paths/FailsafeClipper.h"
 
-#include <vector>
+#include <clipper.hpp>
 
 namespace Ruv {
 namespace Calculations {
@@ -15,13 +15,9 @@ namespace Calculations {
 /// are removed: just above sqrt(2), hence the diagonal neighbour too.
 constexpr double kCleaningDistanceUnits = 1.415;
 
-/// Paths that are looked at and not copied. They must live until the call returns.
-using PathViews = std::vector<const ClipperLib::Path*>;
+// Failure of all: that of FailsafeClipper.
 
-void addPaths(ClipperLib::Clipper& clipper, const PathViews& paths, ClipperLib::PolyType role,
-              bool areClosed);
-
-/// These results are free of holes. Empty when the clipping fails.
+/// These results are free of holes.
 /// @{
 ClipperLib::Paths intersectionOf(const PathViews& a, const PathViews& b);
 ClipperLib::Paths differenceOf(const PathViews& a, const PathViews& b);

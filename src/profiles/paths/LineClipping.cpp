@@ -55,15 +55,6 @@ cInt roundedQuotient(cInt value, cInt divisor) {
          static_cast<cInt>(2 * rest < -divisor);
 }
 
-ClipperLib::Paths copied(const PathViews& paths) {
-  ClipperLib::Paths copies;
-  copies.reserve(paths.size());
-  for (const ClipperLib::Path* path : paths) {
-    copies.push_back(*path);
-  }
-  return copies;
-}
-
 ClipperLib::Paths sheared(const PathViews& paths) {
   ClipperLib::Paths result = copied(paths);
   for (ClipperLib::Path& path : result) {
@@ -72,15 +63,6 @@ ClipperLib::Paths sheared(const PathViews& paths) {
     }
   }
   return result;
-}
-
-PathViews viewsOf(const ClipperLib::Paths& paths) {
-  PathViews views;
-  views.reserve(paths.size());
-  for (const ClipperLib::Path& path : paths) {
-    views.push_back(&path);
-  }
-  return views;
 }
 
 void shearBack(ClipperLib::Paths& paths) {
@@ -92,15 +74,13 @@ void shearBack(ClipperLib::Paths& paths) {
 }
 
 ClipperLib::Paths clipped(const PathViews& lines, const PathViews& area) {
-  ClipperLib::Clipper clipper;
-  addPaths(clipper, lines, ClipperLib::ptSubject, false);
-  addPaths(clipper, area, ClipperLib::ptClip, true);
+  FailsafeClipper clipper;
+  clipper.add(lines, ClipperLib::ptSubject, false);
+  clipper.add(area, ClipperLib::ptClip, true);
   ClipperLib::PolyTree tree;
+  clipper.writeTo(tree, ClipperLib::ctIntersection);
   ClipperLib::Paths inside;
-  if (clipper.Execute(ClipperLib::ctIntersection, tree, ClipperLib::pftEvenOdd,
-                      ClipperLib::pftEvenOdd)) {
-    ClipperLib::OpenPathsFromPolyTree(tree, inside);
-  }
+  ClipperLib::OpenPathsFromPolyTree(tree, inside);
   return inside;
 }
 

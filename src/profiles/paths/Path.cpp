@@ -1,8 +1,10 @@
 #include <Calculations/PathHelper.h>
 #include <Calculations/Paths.h>
 
+#include "foundation/MakeRoom.h"
 #include "profiles/paths/Clipping.h"
 #include "profiles/paths/GridUnits.h"
+#include "profiles/paths/Offsetting.h"
 #include "profiles/paths/PathImpl.h"
 #include "shapes/ChainSegment.h"
 #include "shapes/LineCrossing.h"
@@ -10,6 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
 namespace Ruv {
 namespace Calculations {
@@ -65,18 +68,21 @@ void appendArcTo(ClipperLib::Path& points, const Point2D& start, const Point2D& 
                  double radius) {
   const CChainSegment arc = arcBetween(start, end, radius);
   const int pieces = numPieces(arc.length);
+  makeRoomFor(static_cast<std::size_t>(pieces) + 1, points);
   for (int i = 0; i < pieces; ++i) {
     appendOnGrid(points, arc.at(i * (arc.length / pieces)).position);
   }
   appendOnGrid(points, end);
 }
 
+void PathImpl::set(ClipperLib::Path clipped) {
+  points = std::move(clipped);
+  if (!points.empty()) lastExactPoint = PathHelper::fromClipperLibPoint(points.back());
+}
+
 Path PathImpl::pathOf(ClipperLib::Path points) {
   Path path;
-  path.m_impl->points = std::move(points);
-  if (!path.m_impl->points.empty()) {
-    path.m_impl->lastExactPoint = PathHelper::fromClipperLibPoint(path.m_impl->points.back());
-  }
+  path.m_impl->set(std::move(points));
   return path;
 }
 
@@ -92,6 +98,7 @@ Path& Path::operator=(const Path& other) {
 const PathImpl& Path::getImpl() const { return *m_impl; }
 
 void Path::addSegment(const PathSegment& segment) {
+  if (!isFinite(segment.point())) return;
   if (m_impl->points.empty() || !segment.isArc()) {
     m_impl->append(segment.point());
   } else {
@@ -99,13 +106,18 @@ void Path::addSegment(const PathSegment& segment) {
   }
 }
 
-void Path::close(bool clean) {
-  ClipperLib::Path& points = m_impl->points;
+void closeRing(ClipperLib::Path& points, bool clean) {
   if (points.size() < 2) return;
   if (!ClipperLib::Orientation(points)) ClipperLib::ReversePath(points);
   if (clean) ClipperLib::CleanPolygon(points, kCleaningDistanceUnits);
   if (points.size() >= 2 && points.front() != points.back()) points.push_back(points.front());
-  if (!points.empty()) m_impl->lastExactPoint = PathHelper::fromClipperLibPoint(points.back());
+}
+
+void Path::close(bool clean) {
+  if (m_impl->points.size() < 2) return;
+  ClipperLib::Path ring = m_impl->points;  // so that the path stays as it is when memory runs out
+  closeRing(ring, clean);
+  m_impl->set(std::move(ring));
 }
 
 double Path::area() const {
@@ -133,7 +145,7 @@ Point2D Path::discretePathPointAt(unsigned int index) const {
 }
 
 bool Path::pointWithin(const Point2D& p) const {
-  return PathHelper::pointInPath(m_impl->points, PathHelper::asClipperLibPoint(p));
+  return isFinite(p) && PathHelper::pointInPath(m_impl->points, PathHelper::asClipperLibPoint(p));
 }
 
 bool Path::firstIntersectionWithLine(const Point2D& a, const Point2D& b, Point2D& hit) const {
@@ -158,19 +170,19 @@ double Path::borderWithinOtherPathes(const Pathes& other) const {
 }
 
 Pathes Path::within(const Path& a, const Path& b) {
-  return PathImpl::pathesOf(intersectionOf(viewOf(a), viewOf(b)));
+  return clippedBy([&] { return intersectionOf(viewOf(a), viewOf(b)); });
 }
 
 Pathes Path::without(const Path& a, const Path& b) {
-  return PathImpl::pathesOf(differenceOf(viewOf(a), viewOf(b)));
+  return clippedBy([&] { return differenceOf(viewOf(a), viewOf(b)); });
 }
 
 Pathes Path::expand(const Path& a, double d) {
-  return PathImpl::pathesOf(offsetOutlines(viewOf(a), gridUnits(d)));
+  return clippedBy([&] { return offsetOutlines(viewOf(a), offsetUnits(d)); });
 }
 
 Pathes Path::expandLine(const Path& a, double d) {
-  return PathImpl::pathesOf(bandsAround(viewOf(a), gridUnits(d)));
+  return clippedBy([&] { return bandsAround(viewOf(a), offsetUnits(d)); });
 }
 
 Pathes Path::linesWithin(const Path& a, const Path& b) {

@@ -102,7 +102,11 @@ ClipperLib::Paths PathHelper::simplyfyLines(const ClipperLib::Paths& lines, doub
 }
 
 ClipperLib::Paths PathHelper::convertRingToSimplePaths(const ClipperLib::Paths& paths) {
-  return cutAtHoles(paths);
+  try {
+    return cutAtHoles(paths);
+  } catch (const ClippingFailure&) {
+    return ClipperLib::Paths();
+  }
 }
 
 }  // namespace Calculations

@@ -24,17 +24,40 @@ class PathImpl {
 
   void append(const Point2D& p);
   void appendArc(const Point2D& end, double radius);
+  /// Takes points that came out of the clipper.
+  void set(ClipperLib::Path clipped);
 
   /// A path around points that came out of the clipper.
   static Path pathOf(ClipperLib::Path points);
   static Pathes pathesOf(ClipperLib::Paths paths);
+  /// What stands for the result of a clipping that has failed: no paths, and an area that is no
+  /// number.
+  static Pathes noPathes();
+  static bool isFailure(const Pathes& paths) { return paths.m_isFailed; }
 };
 
-/// Appends the points of an arc from the last point, which is so stored twice.
+/// The result of a clipping, or what stands for it when the clipping fails.
+/// @param clip gives paths of the clipper; may throw ClippingFailure
+template <class Clip>
+Pathes clippedBy(const Clip& clip) {
+  try {
+    return PathImpl::pathesOf(clip());
+  } catch (const ClippingFailure&) {
+    return PathImpl::noPathes();
+  }
+}
+
+/// Makes a ring of two or more points, as Path::close tells. They may be half a ring when memory
+/// runs out.
+void closeRing(ClipperLib::Path& points, bool clean);
+
+/// Appends the points of an arc from the last point, which is so stored twice. The points stay as
+/// they are when memory runs out.
 /// @param start the last point, not rounded
 void appendArcTo(ClipperLib::Path& points, const Point2D& start, const Point2D& end, double radius);
 
 /// The points of paths for the clipper.
+/// @throw ClippingFailure for what stands for a clipping that has failed
 /// @{
 PathViews viewOf(const Path& path);
 PathViews viewsOf(const Pathes& paths);

@@ -3,10 +3,12 @@
 
 #include "profiles/paths/Bands.h"
 #include "profiles/paths/Clipping.h"
-#include "profiles/paths/GridUnits.h"
 #include "profiles/paths/LineClipping.h"
+#include "profiles/paths/Offsetting.h"
 #include "profiles/paths/PathImpl.h"
 
+#include <cstddef>
+#include <limits>
 #include <utility>
 
 namespace Ruv {
@@ -15,16 +17,26 @@ namespace Calculations {
 Pathes::Pathes() = default;
 Pathes::Pathes(const Path& path) : m_paths(1, path) {}
 Pathes::Pathes(const Pathes& other) = default;
-Pathes& Pathes::operator=(const Pathes& other) = default;
 Pathes::~Pathes() = default;
+
+Pathes& Pathes::operator=(const Pathes& other) {
+  std::vector<Path> copies = other.m_paths;
+  m_paths.swap(copies);
+  m_isFailed = other.m_isFailed;
+  return *this;
+}
 
 const std::vector<Path>& Pathes::paths() const { return m_paths; }
 
 void Pathes::addPath(const Path& path) { m_paths.push_back(path); }
 
 void Pathes::addPaths(const Pathes& paths) {
-  const std::vector<Path> added = paths.m_paths;  // paths may be this
-  m_paths.insert(m_paths.end(), added.begin(), added.end());
+  std::vector<Path> all;  // a copy, so that the list stays as it is when memory runs out
+  all.reserve(m_paths.size() + paths.m_paths.size());
+  all.insert(all.end(), m_paths.begin(), m_paths.end());
+  all.insert(all.end(), paths.m_paths.begin(), paths.m_paths.end());
+  m_paths.swap(all);
+  m_isFailed = m_isFailed || paths.m_isFailed;
 }
 
 unsigned int Pathes::numPathes() const { return static_cast<unsigned int>(m_paths.size()); }
@@ -33,8 +45,12 @@ Path Pathes::pathAt(unsigned int index) const {
   return index < m_paths.size() ? m_paths[index] : Path();
 }
 
+double Pathes::startOfSum() const {
+  return m_isFailed ? std::numeric_limits<double>::quiet_NaN() : 0.0;
+}
+
 double Pathes::area() const {
-  double sum = 0.0;
+  double sum = startOfSum();
   for (const Path& path : m_paths) {
     sum += path.area();
   }
@@ -42,7 +58,7 @@ double Pathes::area() const {
 }
 
 double Pathes::linesLength() const {
-  double sum = 0.0;
+  double sum = startOfSum();
   for (const Path& path : m_paths) {
     sum += path.lineLength();
   }
@@ -65,36 +81,38 @@ bool Pathes::firstIntersectionWithLine(const Point2D& a, const Point2D& b, Point
 }
 
 Pathes Pathes::within(const Pathes& a, const Pathes& b) {
-  return PathImpl::pathesOf(intersectionOf(viewsOf(a), viewsOf(b)));
+  return clippedBy([&] { return intersectionOf(viewsOf(a), viewsOf(b)); });
 }
 
 Pathes Pathes::without(const Pathes& a, const Pathes& b) {
-  return PathImpl::pathesOf(differenceOf(viewsOf(a), viewsOf(b)));
+  return clippedBy([&] { return differenceOf(viewsOf(a), viewsOf(b)); });
 }
 
 Pathes Pathes::expand(const Pathes& a, double d) {
-  return PathImpl::pathesOf(offsetOutlines(viewsOf(a), gridUnits(d)));
+  return clippedBy([&] { return offsetOutlines(viewsOf(a), offsetUnits(d)); });
 }
 
 Pathes Pathes::expandLines(const Pathes& a, double d) {
-  return PathImpl::pathesOf(bandsAround(viewsOf(a), gridUnits(d)));
+  return clippedBy([&] { return bandsAround(viewsOf(a), offsetUnits(d)); });
 }
 
 Pathes bandsWithHoles(const Pathes& lines, double halfWidth) {
-  return PathImpl::pathesOf(bandsWithHoles(viewsOf(lines), gridUnits(halfWidth)));
+  return clippedBy([&] { return bandsWithHoles(viewsOf(lines), offsetUnits(halfWidth)); });
 }
 
 Pathes simplePieces(const Pathes& bands) {
-  return PathImpl::pathesOf(simplePieces(PathHelper::clipperLibPathsFromPathes(bands)));
+  return clippedBy([&] { return simplePieces(copied(viewsOf(bands))); });
 }
 
 Pathes Pathes::linesWithin(const Pathes& lines, const Pathes& area, bool clean) {
-  ClipperLib::Paths inside = linesInside(viewsOf(lines), viewsOf(area));
-  if (clean) inside = PathHelper::simplyfyLines(inside, kCleaningDistanceUnits);
-  return PathImpl::pathesOf(std::move(inside));
+  return clippedBy([&] {
+    ClipperLib::Paths inside = linesInside(viewsOf(lines), viewsOf(area));
+    return clean ? PathHelper::simplyfyLines(inside, kCleaningDistanceUnits) : inside;
+  });
 }
 
 PathViews viewsOf(const Pathes& paths) {
+  if (PathImpl::isFailure(paths)) throw ClippingFailure();
   PathViews views;
   views.reserve(paths.paths().size());
   for (const Path& path : paths.paths()) {
@@ -105,10 +123,17 @@ PathViews viewsOf(const Pathes& paths) {
 
 Pathes PathImpl::pathesOf(ClipperLib::Paths paths) {
   Pathes converted;
-  for (ClipperLib::Path& path : paths) {
-    converted.addPath(pathOf(std::move(path)));
+  converted.m_paths.resize(paths.size());
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    converted.m_paths[i].m_impl->set(std::move(paths[i]));
   }
   return converted;
+}
+
+Pathes PathImpl::noPathes() {
+  Pathes none;
+  none.m_isFailed = true;
+  return none;
 }
 
 }  // namespace Calculations

@@ -1,5 +1,7 @@
 #include "profiles/paths/RingCutting.h"
 
+#include "profiles/paths/FailsafeClipper.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdlib>
@@ -53,16 +55,14 @@ void collectRings(const ClipperLib::PolyNode& parent, std::vector<Ring>& rings) 
   }
 }
 
-std::vector<Ring> ringsWithin(const ClipperLib::Paths& paths, const ClipperLib::Paths& area) {
-  ClipperLib::Clipper clipper;
-  clipper.AddPaths(paths, ClipperLib::ptSubject, true);
-  clipper.AddPaths(area, ClipperLib::ptClip, true);
+std::vector<Ring> ringsWithin(const ClipperLib::Paths& paths, const ClipperLib::Path& area) {
+  FailsafeClipper clipper;
+  clipper.add(viewsOf(paths), ClipperLib::ptSubject, true);
+  clipper.add({&area}, ClipperLib::ptClip, true);
   ClipperLib::PolyTree tree;
+  clipper.writeTo(tree, ClipperLib::ctIntersection);
   std::vector<Ring> rings;
-  if (clipper.Execute(ClipperLib::ctIntersection, tree, ClipperLib::pftEvenOdd,
-                      ClipperLib::pftEvenOdd)) {
-    collectRings(tree, rings);
-  }
+  collectRings(tree, rings);
   return rings;
 }
 
@@ -93,7 +93,7 @@ void cutRing(const Ring& ring, ClipperLib::Paths& pieces) {
   left.right = *median;
   right.left = *median;
   for (const Bounds& half : {left, right}) {
-    for (const Ring& part : ringsWithin(paths, {rectangle(half)})) {
+    for (const Ring& part : ringsWithin(paths, rectangle(half))) {
       cutRing(part, pieces);
     }
   }
@@ -120,7 +120,7 @@ bool areApart(const Bounds& a, const Bounds& b) {
 
 double commonArea(const ClipperLib::Path& a, const ClipperLib::Path& b) {
   double area = 0.0;
-  for (const Ring& ring : ringsWithin({a}, {b})) {
+  for (const Ring& ring : ringsWithin({a}, b)) {
     area += ClipperLib::Area(ring.outline);
     for (const ClipperLib::Path& hole : ring.holes) {
       area += ClipperLib::Area(hole);

@@ -13,7 +13,7 @@ namespace Calculations {
 /// the outline less its holes. Holes are the paths of negative orientation. The cuts are vertical,
 /// through the middle of a hole, so a symmetric ring gives symmetric pieces and no piece has a
 /// bridge of width zero. A hole narrower than two clipping units is filled, one in no outline
-/// stays.
+/// stays. Failure is that of FailsafeClipper.
 ClipperLib::Paths cutAtHoles(const ClipperLib::Paths& paths);
 
 }  // namespace Calculations

@@ -4,6 +4,8 @@
 
 #include "profiles/paths/Union.h"
 
+#include "profiles/paths/FailsafeClipper.h"
+
 #include <cmath>
 #include <utility>
 
@@ -19,11 +21,9 @@ constexpr int kMostUnions = 5;
 constexpr double kNegligibleAreaUnits = 1e4;
 
 ClipperLib::Paths unitedOnce(const ClipperLib::Paths& paths) {
-  ClipperLib::Clipper clipper;
-  clipper.AddPaths(paths, ClipperLib::ptSubject, true);
-  ClipperLib::Paths solution;
-  clipper.Execute(ClipperLib::ctUnion, solution, ClipperLib::pftEvenOdd, ClipperLib::pftEvenOdd);
-  return solution;
+  FailsafeClipper clipper;
+  clipper.add(viewsOf(paths), ClipperLib::ptSubject, true);
+  return clipper.outlines(ClipperLib::ctUnion, ClipperLib::pftEvenOdd);
 }
 
 }  // namespace
@@ -41,9 +41,9 @@ ClipperLib::Paths united(ClipperLib::Paths paths) {
   for (int i = 0; i < kMostUnions; ++i) {
     paths = unitedOnce(paths);
     const double areaBefore = std::exchange(area, signedArea(paths));
-    if (std::abs(area - areaBefore) <= kNegligibleAreaUnits) break;
+    if (std::abs(area - areaBefore) <= kNegligibleAreaUnits) return paths;
   }
-  return paths;
+  throw ClippingFailure();
 }
 
 }  // namespace Calculations

@@ -12,8 +12,8 @@ namespace Calculations {
 /// In square clipping units; holes count negative.
 double signedArea(const ClipperLib::Paths& paths);
 
-/// The same area by the even-odd rule; holes are paths of negative orientation. Empty when the
-/// clipping fails.
+/// The same area by the even-odd rule; holes are paths of negative orientation. Failure is that of
+/// FailsafeClipper, and a ClippingFailure where one union after another gives another area.
 ClipperLib::Paths united(ClipperLib::Paths paths);
 
 }  // namespace Calculations

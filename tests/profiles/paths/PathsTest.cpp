@@ -219,6 +219,23 @@ TEST(Pathes, FindAllPartsOfALineThatEndsLevel) {
   EXPECT_NEAR(Pathes::linesWithin(line, area, false).linesLength(), 34.1275, 2e-3);
 }
 
+/// Lines that end level are clipped after a shear: below the axis too they come back level.
+TEST(Pathes, KeepLevelLinesLevel) {
+  for (const ClipperLib::cInt y : {-70001, -3, 0, 3, 70001}) {
+    ClipperLib::Path area;
+    for (const IntPoint& corner : {IntPoint(-7001, -90), IntPoint(-3, 50), IntPoint(6007, -80)}) {
+      area.emplace_back(corner.X, corner.Y + y);
+    }
+    const Path line = PathHelper::pathFromClipperLibPath({{-9000, y}, {8000, y}});
+    const Pathes inside =
+        Pathes::linesWithin(line, PathHelper::pathFromClipperLibPath(area), false);
+    ASSERT_EQ(inside.numPathes(), 1u);
+    for (const IntPoint& p : PathHelper::clipperLibPathFromPath(inside.pathAt(0))) {
+      EXPECT_EQ(p.Y, y);
+    }
+  }
+}
+
 /// Left to itself the clipper finds no area in the first two cases and 4.2 m of line in the last.
 TEST(Pathes, MayShareEdges) {
   Pathes adjoining(ring({{3, 3}, {2, 3}, {1, 2}, {2, 2}, {2, 1}, {2.5, 1.5}, {3, 1}}));
@@ -257,6 +274,81 @@ TEST(Pathes, HugeOffsetsHaveFewPointsForTheirCorners) {
     EXPECT_LT(grown.pathAt(0).numDiscretePathPoints(), 1500u) << d;
     EXPECT_NEAR(grown.area() / (16 + 16 * d + kPi * d * d), 1.0, 3e-4) << d;
   }
+}
+
+TEST(Pathes, GrownOutlinesMayHoldHolesAndBandsNoSpurs) {
+  // The arms of the C meet and close round a hole.
+  const Pathes grown = Path::expand(ring({{0, 0},
+                                          {0, 10},
+                                          {10, 10},
+                                          {10, 6},
+                                          {9, 6},
+                                          {9, 9},
+                                          {1, 9},
+                                          {1, 1},
+                                          {9, 1},
+                                          {9, 5},
+                                          {10, 5},
+                                          {10, 0}}),
+                                    0.6);
+  ASSERT_EQ(grown.numPathes(), 2u);
+  EXPECT_NEAR(grown.pathAt(1).area(), -(8 - 1.2) * (8 - 1.2), 0.1);
+  EXPECT_NEAR(grown.area(), grown.pathAt(0).area() + grown.pathAt(1).area(), 1e-12);
+  // What leads back along itself goes when the line is cleaned.
+  const Path spur = lineThrough({{0, 0}, {1, 0}, {3, 0}, {2, 0}});
+  EXPECT_NEAR(Path::expandLine(spur, 0.5).area(), 2.0, 1e-3);
+}
+
+TEST(Pathes, TellFailureFromNothing) {
+  const double nan = std::nan("");
+  const Path square = box(0, 0, 4, 4);
+  EXPECT_EQ(Path::within(square, box(5, 5, 6, 6)).area(), 0.0);
+  EXPECT_EQ(Path::expand(square, -3).area(), 0.0);
+  // No distance, no offset. What is made of a failure fails too.
+  const Pathes failed = Path::expand(square, nan);
+  Pathes joined(square);
+  joined.addPaths(failed);
+  Pathes assigned(square);
+  assigned = failed;
+  for (const Pathes& each :
+       {failed, joined, assigned, Path::expandLine(square, nan), Pathes::expand(failed, 1),
+        Path::expand(square, std::numeric_limits<double>::infinity()),
+        Pathes::within(failed, Pathes(square)), Pathes::without(Pathes(square), failed),
+        Pathes::linesWithin(failed, Pathes(square), true)}) {
+    EXPECT_TRUE(std::isnan(each.area()));
+    EXPECT_TRUE(std::isnan(each.linesLength()));
+    EXPECT_FALSE(each.pointWithin(Point2D(9, 9)));
+  }
+  EXPECT_EQ(failed.numPathes(), 0u);
+  EXPECT_TRUE(std::isnan(square.borderWithinOtherPathes(failed)));
+  assigned = Pathes(square);
+  EXPECT_EQ(assigned.area(), square.area());
+}
+
+TEST(Path, LeavesOutWhatIsNotFinite) {
+  const double inf = std::numeric_limits<double>::infinity();
+  const Path square = lineThrough({{std::nan(""), 1}, {0, 0}, {2, 0}, {2, inf}, {2, 2}, {0, 2}});
+  EXPECT_EQ(square.numDiscretePathPoints(), 4u);
+  EXPECT_EQ(square.area(), 4.0);
+  EXPECT_TRUE(box(-1, -1, 1, 1).pointWithin(Point2D(0, 0)));
+  EXPECT_FALSE(box(-1, -1, 1, 1).pointWithin(Point2D(std::nan(""), 0)));
+}
+
+/// Such points come from callers who make paths of the clipper's own.
+TEST(Path, RefusesWhatTheClipperCannotHold) {
+  const ClipperLib::cInt limit = ClipperLib::hiRange;
+  for (const ClipperLib::cInt far : {limit + 1, std::numeric_limits<ClipperLib::cInt>::max()}) {
+    for (const IntPoint& p : {IntPoint(far, 0), IntPoint(0, -far)}) {
+      const Path path = PathHelper::pathFromClipperLibPath({{0, 0}, {10, 0}, p, {0, 10}});
+      EXPECT_THROW(Path::within(path, box(0, 0, 1, 1)), ClipperLib::clipperException);
+      EXPECT_THROW(Path::expand(path, 1), ClipperLib::clipperException);
+      EXPECT_THROW(Path::expandLine(path, 1), ClipperLib::clipperException);
+      EXPECT_THROW(Path::linesWithin(path, box(0, 0, 1, 1)), ClipperLib::clipperException);
+    }
+  }
+  const ClipperLib::cInt most = limit - 100000;  // room to grow
+  const Path wide = PathHelper::pathFromClipperLibPath({{0, 0}, {most, 0}, {0, most}});
+  EXPECT_GT(Path::expand(wide, 1).area(), wide.area());
 }
 
 /// Every piece is a simple polygon without a hole, and the pieces do not overlap. Cleaning by
@@ -313,6 +405,10 @@ TEST(Pathes, HandOutRingsInSimplePieces) {
     }
     EXPECT_NEAR(sum, ClipperLib::Area(paths[0]) + ClipperLib::Area(paths[1]), 1e4);
   }
+  // A hole too narrow for the grid to be cut in its middle is filled.
+  const ClipperLib::Paths narrow = {{{0, 0}, {90, 0}, {90, 90}, {0, 90}},
+                                    {{40, 10}, {40, 80}, {41, 80}, {41, 10}}};
+  EXPECT_EQ(PathHelper::convertRingToSimplePaths(narrow), ClipperLib::Paths(1, narrow[0]));
   Random random(101);
   for (int round = 0; round < 15; ++round) {
     Pathes cut;
@@ -344,6 +440,16 @@ TEST(SimplyfyLine, KeepsEndsAndCorners) {
   const ClipperLib::cInt far = 1000000000000000;
   const ClipperLib::Path wide = {{-far, -far}, {far, far}, {-far, far}, {far, -far}, {0, 0}};
   EXPECT_GE(PathHelper::simplyfyLine(wide, 1).size(), 4u);
+  // So do their differences.
+  const ClipperLib::cInt lowest = std::numeric_limits<ClipperLib::cInt>::min();
+  const ClipperLib::cInt highest = std::numeric_limits<ClipperLib::cInt>::max();
+  const ClipperLib::Path widest = {
+      {lowest, lowest}, {highest, highest}, {lowest, highest}, {highest, lowest}, {lowest, 0}};
+  EXPECT_EQ(PathHelper::simplyfyLine(widest, 1), widest);
+  // Points in one place give no direction, and what is no tolerance allows nothing.
+  const ClipperLib::Path corner = {{0, 0}, {0, 0}, {9, 0}, {9, 9}, {18, 9}};
+  EXPECT_EQ(PathHelper::simplyfyLine(corner, 0.0).size(), 4u);
+  EXPECT_EQ(PathHelper::simplyfyLine(corner, std::nan("")).size(), 4u);
   Random random(102);
   for (int round = 0; round < 50; ++round) {
     ClipperLib::Path walk(1, IntPoint(0, 0));

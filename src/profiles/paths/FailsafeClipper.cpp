@@ -1,0 +1,201 @@
+// The clipper sweeps a level line over the outlines, from one vertex to the next ("scanbeam"), and
+// afterwards joins what the sweep has found. The sweep is led here, in the clipper's own steps and
+// order; for the rest its own operation follows, which finds nothing left to sweep. So results are
+// the clipper's to the last point.
+
+#include "profiles/paths/FailsafeClipper.h"
+
+#include "profiles/paths/OpenedClipper.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <new>
+
+namespace Ruv {
+namespace Calculations {
+
+/// What the clipper's sweep is made of.
+struct ClipperSteps {
+  using Clipper = ClipperLib::Clipper;
+  using Step = void (Clipper::*)();
+  using StepTo = void (Clipper::*)(ClipperLib::cInt);
+  using Test = bool (Clipper::*)();
+
+  struct InsertLocalMinima {
+    using Member = StepTo;
+    friend Member memberOf(InsertLocalMinima name);
+  };
+  struct ProcessHorizontals {
+    using Member = Step;
+    friend Member memberOf(ProcessHorizontals name);
+  };
+  struct BuildIntersectList {
+    using Member = StepTo;
+    friend Member memberOf(BuildIntersectList name);
+  };
+  struct FixupIntersectionOrder {
+    using Member = Test;
+    friend Member memberOf(FixupIntersectionOrder name);
+  };
+  struct ProcessIntersectList {
+    using Member = Step;
+    friend Member memberOf(ProcessIntersectList name);
+  };
+  struct DisposeIntersectNodes {
+    using Member = Step;
+    friend Member memberOf(DisposeIntersectNodes name);
+  };
+  struct ProcessEdgesAtTop {
+    using Member = StepTo;
+    friend Member memberOf(ProcessEdgesAtTop name);
+  };
+  struct ClearJoins {
+    using Member = Step;
+    friend Member memberOf(ClearJoins name);
+  };
+  struct ClearGhostJoins {
+    using Member = Step;
+    friend Member memberOf(ClearGhostJoins name);
+  };
+  struct IntersectNodes {
+    using Member = ClipperLib::IntersectList Clipper::*;
+    friend Member memberOf(IntersectNodes name);
+  };
+  struct SortedEdges {
+    using Member = ClipperLib::TEdge* Clipper::*;
+    friend Member memberOf(SortedEdges name);
+  };
+};
+
+template struct Opened<ClipperSteps::InsertLocalMinima,
+                       &ClipperLib::Clipper::InsertLocalMinimaIntoAEL>;
+template struct Opened<ClipperSteps::ProcessHorizontals, &ClipperLib::Clipper::ProcessHorizontals>;
+template struct Opened<ClipperSteps::BuildIntersectList, &ClipperLib::Clipper::BuildIntersectList>;
+template struct Opened<ClipperSteps::FixupIntersectionOrder,
+                       &ClipperLib::Clipper::FixupIntersectionOrder>;
+template struct Opened<ClipperSteps::ProcessIntersectList,
+                       &ClipperLib::Clipper::ProcessIntersectList>;
+template struct Opened<ClipperSteps::DisposeIntersectNodes,
+                       &ClipperLib::Clipper::DisposeIntersectNodes>;
+template struct Opened<ClipperSteps::ProcessEdgesAtTop,
+                       &ClipperLib::Clipper::ProcessEdgesAtTopOfScanbeam>;
+template struct Opened<ClipperSteps::ClearJoins, &ClipperLib::Clipper::ClearJoins>;
+template struct Opened<ClipperSteps::ClearGhostJoins, &ClipperLib::Clipper::ClearGhostJoins>;
+template struct Opened<ClipperSteps::IntersectNodes, &ClipperLib::Clipper::m_IntersectList>;
+template struct Opened<ClipperSteps::SortedEdges, &ClipperLib::Clipper::m_SortedEdges>;
+
+PathViews viewsOf(const ClipperLib::Paths& paths) {
+  PathViews views;
+  views.reserve(paths.size());
+  for (const ClipperLib::Path& path : paths) {
+    views.push_back(&path);
+  }
+  return views;
+}
+
+ClipperLib::Paths copied(const PathViews& paths) {
+  ClipperLib::Paths copies;
+  copies.reserve(paths.size());
+  for (const ClipperLib::Path* path : paths) {
+    copies.push_back(*path);
+  }
+  return copies;
+}
+
+template <class Step, class... Arguments>
+decltype(auto) FailsafeClipper::take(Arguments... arguments) {
+  return (static_cast<Clipper&>(*this).*memberOf(Step()))(arguments...);
+}
+
+/// What the clipper frees after success only.
+FailsafeClipper::~FailsafeClipper() {
+  take<ClipperSteps::DisposeIntersectNodes>();
+  take<ClipperSteps::ClearJoins>();
+  take<ClipperSteps::ClearGhostJoins>();
+  DisposeAllOutRecs();
+}
+
+void FailsafeClipper::add(const PathViews& paths, ClipperLib::PolyType role, bool areClosed) {
+  m_edges.reserve(m_edges.size() + paths.size());  // the clipper loses what they do not take
+  for (const ClipperLib::Path* path : paths) {
+    AddPath(*path, role, areClosed);
+  }
+}
+
+ClipperLib::Paths FailsafeClipper::outlines(ClipperLib::ClipType operation,
+                                            ClipperLib::PolyFillType fill) {
+  ClipperLib::Paths solution;
+  if (hasEdges() && !Execute(operation, solution, fill, fill)) throw std::bad_alloc();
+  return solution;
+}
+
+void FailsafeClipper::writeTo(ClipperLib::PolyTree& tree, ClipperLib::ClipType operation) {
+  constexpr auto kFill = ClipperLib::pftEvenOdd;
+  if (hasEdges() && !Execute(operation, tree, kFill, kFill)) throw std::bad_alloc();
+}
+
+void FailsafeClipper::Reset() {
+  if (!m_isSwept) Clipper::Reset();
+}
+
+bool FailsafeClipper::ExecuteInternal() {
+  try {
+    sweep();
+  } catch (const ClipperLib::clipperException&) {
+    throw ClippingFailure();
+  }
+  m_isSwept = true;
+  InsertScanbeam(0);  // without any the clipper would take the outlines for none at all
+  return Clipper::ExecuteInternal();
+}
+
+void FailsafeClipper::sweep() {
+  Reset();
+  this->*memberOf(ClipperSteps::SortedEdges()) = nullptr;
+  ClipperLib::cInt level = 0;
+  if (!PopScanbeam(level)) return;
+  take<ClipperSteps::InsertLocalMinima>(level);
+  while (PopScanbeam(level) || LocalMinimaPending()) {
+    take<ClipperSteps::ProcessHorizontals>();
+    take<ClipperSteps::ClearGhostJoins>();
+    if (m_ActiveEdges != nullptr) processIntersections(level);
+    take<ClipperSteps::ProcessEdgesAtTop>(level);
+    take<ClipperSteps::InsertLocalMinima>(level);
+  }
+}
+
+void FailsafeClipper::processIntersections(ClipperLib::cInt top) {
+  take<ClipperSteps::BuildIntersectList>(top);
+  ClipperLib::IntersectList& nodes = this->*memberOf(ClipperSteps::IntersectNodes());
+  if (nodes.size() > 1) {
+    if (!take<ClipperSteps::FixupIntersectionOrder>()) throw ClippingFailure();
+    processEachOf(nodes);
+  } else if (!nodes.empty()) {
+    take<ClipperSteps::ProcessIntersectList>();
+  }
+  this->*memberOf(ClipperSteps::SortedEdges()) = nullptr;
+}
+
+/// The clipper is shown one node at a time: it deletes each after treating it, but keeps all of
+/// them on its list until the last, to delete them again when one fails.
+/// @param nodes the clipper's own list
+void FailsafeClipper::processEachOf(ClipperLib::IntersectList& nodes) {
+  ClipperLib::IntersectList waiting(1);
+  waiting.swap(nodes);  // leaves the clipper a list of one place
+  std::size_t next = 0;
+  try {
+    for (; next < waiting.size(); ++next) {
+      nodes.assign(1, waiting[next]);
+      take<ClipperSteps::ProcessIntersectList>();
+    }
+  } catch (...) {
+    waiting.erase(waiting.begin(), waiting.begin() + static_cast<std::ptrdiff_t>(next));
+    nodes.swap(waiting);  // those not yet deleted
+    throw;
+  }
+  nodes.swap(waiting);  // keeps the room for the next list
+  nodes.clear();
+}
+
+}  // namespace Calculations
+}  // namespace Ruv
