@@ -3,26 +3,49 @@
 #include "shapes/LineCrossing.h"
 #include "shapes/ShapeTolerances.h"
 
+#include <optional>
+
 namespace Ruv {
 namespace Calculations {
 
-Point2D nearestCrossing(const IProfileSegmentProvider& profile, const Point2D& p,
+namespace {
+
+/// A point of a polygon and its distance from a line.
+struct Vertex {
+  Point2D point;
+  double distance = 0.0;
+};
+
+}  // namespace
+
+Point2D nearestCrossing(const MeasuredProfile& profile, const Point2D& p,
                         const Point2D& direction) {
   // Through the origin, so that no coordinate of p swallows the direction.
   const CLine line(Point2D(), direction);
   Point2D nearest(kFarthestDistance, kFarthestDistance);
   if (!line.hasDirection()) return nearest;
   double shortest = kFarthestDistance;
-  const unsigned int count = profile.getNumSegments();
-  for (unsigned int i = 0; i < count; ++i) {
-    const Point2D start = profile.getSegmentStartAt(i);
-    const Point2D end = profile.getSegmentEndAt(i);
-    const auto crossing =
-        crossingOf(start, line.distanceOf(start - p), end, line.distanceOf(end - p));
-    if (!crossing || !((*crossing - p).length() < shortest)) continue;
+  const auto lookAt = [&](const Vertex& start, const Vertex& end) {
+    const auto crossing = crossingOf(start.point, start.distance, end.point, end.distance);
+    if (!crossing || !((*crossing - p).length() < shortest)) return;
     shortest = (*crossing - p).length();
     nearest = *crossing;
+  };
+  std::optional<Vertex> first;
+  Vertex before;
+  const unsigned int count = profile.getNumPoints();
+  for (unsigned int i = 0; i < count; ++i) {
+    const Point2D point = profile.getPointAt(i);
+    if (!isFinite(point)) continue;
+    const Vertex vertex{point, line.distanceOf(point - p)};
+    if (first) {
+      lookAt(before, vertex);
+    } else {
+      first = vertex;
+    }
+    before = vertex;
   }
+  if (first) lookAt(before, *first);
   return nearest;
 }
 

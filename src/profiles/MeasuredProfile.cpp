@@ -1,6 +1,8 @@
 #include <Calculations/MeasuredProfile.h>
 
-#include <cstddef>
+#include "shapes/PlaneGeometry.h"
+
+#include <algorithm>
 #include <vector>
 
 namespace Ruv {
@@ -39,11 +41,14 @@ Point2D MeasuredProfile::getSegmentEndAt(unsigned int index) const {
 double MeasuredProfile::getSegmentRadiusAt(unsigned int /*index*/) const { return 0.0; }
 
 double MeasuredProfile::getCircumference() const {
+  const auto isSound = [](const Point2D& p) { return isFinite(p); };
   const std::vector<Point2D>& points = m_impl->points;
-  if (points.size() < 2) return 0.0;
+  const auto last = std::find_if(points.rbegin(), points.rend(), isSound);
+  if (last == points.rend()) return 0.0;
   double length = 0.0;
-  Point2D before = points.back();
+  Point2D before = *last;
   for (const Point2D& point : points) {
+    if (!isSound(point)) continue;
     length += (point - before).length();
     before = point;
   }

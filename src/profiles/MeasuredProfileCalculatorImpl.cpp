@@ -2,6 +2,7 @@
 
 #include "profiles/LineCuts.h"
 #include "profiles/ProfileReach.h"
+#include "shapes/PlaneGeometry.h"
 
 #include <Calculations/PathHelper.h>
 
@@ -15,7 +16,7 @@ std::vector<Point2D> MeasuredProfileCalculatorImpl::keptPoints(
   points.reserve(count);
   for (unsigned int i = 0; i < count; ++i) {
     const Point2D point = profile.getSegmentStartAt(i);
-    if (!filters.excludes(point)) points.push_back(point);
+    if (isFinite(point) && !filters.excludes(point)) points.push_back(point);
   }
   return points;
 }

@@ -23,20 +23,19 @@ class MeasuredProfileCalculatorImpl {
  public:
   boost::shared_ptr<const IProfileSegmentProvider> reference;
   boost::shared_ptr<const MeasuredProfile> comparison;
-  ReferenceCalculator referenceCalculator;
   ProfileFilters filters;
 
-  const ThProfileCalculator& calculator() { return referenceCalculator.calculatorOn(*reference); }
+  const ThProfileCalculator& calculator() { return m_calculator.of(*reference).calculator(); }
 
-  /// The start points of all segments that no filter excludes.
+  /// The finite start points of all segments that no filter excludes.
   std::vector<Point2D> keptPoints(const IProfileSegmentProvider& profile) const;
   std::vector<Point2D> cutAtUpOffset(const IProfileSegmentProvider& profile, double up) const;
   std::vector<Point2D> cutAtRightOffset(const IProfileSegmentProvider& profile, double right) const;
   double circumferenceOf(const IProfileSegmentProvider& profile) const;
   std::vector<Polyline> linesOf(const IProfileSegmentProvider& profile, bool clean) const;
 
-  const Path& referenceOutline() { return m_referenceOutline.of(*reference); }
-  const Path& comparisonOutline() { return m_comparisonOutline.of(*comparison); }
+  const Path& referenceOutline() { return m_referenceOutline.of(*reference).path(); }
+  const Path& comparisonOutline() { return m_comparisonOutline.of(*comparison).path(); }
   double areaOf(const Path& outline) const;
   /// @name Areas that no filter excludes
   /// @{
@@ -52,8 +51,9 @@ class MeasuredProfileCalculatorImpl {
   /// In place: areas of many outlines are slow to copy.
   void filter(Pathes& area) const;
 
-  KeptOutline m_referenceOutline;
-  KeptOutline m_comparisonOutline;
+  KeptOfProfile<ReferenceCalculator> m_calculator;
+  KeptOfProfile<CleanOutline> m_referenceOutline;
+  KeptOfProfile<CleanOutline> m_comparisonOutline;
 };
 
 }  // namespace Calculations

@@ -1,54 +1,78 @@
 #include "profiles/ProfileFilters.h"
 
 #include "profiles/ProfileReach.h"
+#include "profiles/paths/GridUnits.h"
+#include "profiles/paths/PathImpl.h"
 #include "profiles/paths/PointPlace.h"
+#include "shapes/PlaneGeometry.h"
 
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
+#include <utility>
 
 namespace Ruv {
 namespace Calculations {
 
 namespace {
 
+/// Limits that are infinite end where the grid does.
 Path ringThrough(std::initializer_list<Point2D> corners) {
-  Path ring;
+  ClipperLib::Path ring;
   for (const Point2D& corner : corners) {
-    ring.addSegment(PathSegment(corner.x, corner.y));
+    appendOnGrid(ring, corner);
   }
-  ring.close(true);
-  return ring;
+  closeRing(ring, true);
+  return PathImpl::pathOf(std::move(ring));
 }
 
 }  // namespace
 
+ProfileFilters::Set::Set(Limits limitsSet, Angles anglesSet)
+    : limits(std::move(limitsSet)),
+      angles(std::move(anglesSet)),
+      rectangle(rectangleOf(limits)),
+      wedges(wedgesWithin(rectangle, angles)),
+      allowedArea(without(rectangle, wedges)) {}
+
+void ProfileFilters::set(Limits limits, Angles angles) {
+  if (limits.empty() && angles.empty()) {
+    reset();
+  } else {
+    m_set = std::make_unique<const Set>(std::move(limits), std::move(angles));
+  }
+}
+
 void ProfileFilters::set(LineFilter kind, double limit) {
-  m_limits[kind] = limit;
-  update();
+  Limits limits = areSet() ? m_set->limits : Limits();
+  if (std::isnan(limit)) {
+    limits.erase(kind);
+  } else {
+    limits[kind] = limit;
+  }
+  set(std::move(limits), areSet() ? m_set->angles : Angles());
 }
 
 void ProfileFilters::addAngles(double startAngle, double endAngle, const Point2D& centre) {
-  m_angles.push_back({startAngle, endAngle, centre});
-  update();
+  if (!std::isfinite(startAngle) || !std::isfinite(endAngle) || !isFinite(centre)) return;
+  Angles angles = areSet() ? m_set->angles : Angles();
+  angles.push_back({startAngle, endAngle, centre});
+  set(areSet() ? m_set->limits : Limits(), std::move(angles));
 }
-
-void ProfileFilters::reset() { *this = ProfileFilters(); }
 
 bool ProfileFilters::excludes(const Point2D& p) const {
   if (!areSet()) return false;
-  const std::vector<Path>& wedges = m_wedges.paths();
-  return !m_rectangle.pointWithin(p) ||
+  const std::vector<Path>& wedges = m_set->wedges.paths();
+  return !m_set->rectangle.pointWithin(p) ||
          std::any_of(wedges.begin(), wedges.end(),
                      [&](const Path& wedge) { return isInsideOrOn(wedge, p); });
 }
 
-double ProfileFilters::limitOf(LineFilter kind, double unset) const {
-  const auto found = m_limits.find(kind);
-  return found == m_limits.end() ? unset : found->second;
-}
-
-Path ProfileFilters::allowedRectangle() const {
+Path ProfileFilters::rectangleOf(const Limits& limits) {
+  const auto limitOf = [&](LineFilter kind, double unset) {
+    const auto found = limits.find(kind);
+    return found == limits.end() ? unset : found->second;
+  };
   const double top = limitOf(LineFilter::ExcludeAbove, kReach);
   const double bottom = limitOf(LineFilter::ExcludeBelow, -kReach);
   const double left = limitOf(LineFilter::ExcludeLeftOf, -kReach);
@@ -65,17 +89,20 @@ Path ProfileFilters::wedgeOf(const AngleFilter& filter) {
   return ringThrough({filter.centre, corner(filter.startAngle), corner(filter.endAngle)});
 }
 
+Pathes ProfileFilters::wedgesWithin(const Path& rectangle, const Angles& angles) {
+  Pathes wedges;
+  for (const AngleFilter& filter : angles) {
+    wedges.addPath(wedgeOf(filter));
+  }
+  return Pathes::within(wedges, Pathes(rectangle));
+}
+
 /// The wedges are not subtracted: that would cut the rectangle in two where a wedge lies within it,
 /// and points on the cut, the middle of the invert under an excluded crown, would be on the border.
-void ProfileFilters::update() {
-  m_rectangle = allowedRectangle();
-  m_wedges = Pathes();
-  for (const AngleFilter& filter : m_angles) {
-    m_wedges.addPath(wedgeOf(filter));
-  }
-  m_wedges = Pathes::within(m_wedges, Pathes(m_rectangle));
-  m_allowedArea = Pathes(m_rectangle);
-  m_allowedArea.addPaths(m_wedges);
+Pathes ProfileFilters::without(const Path& rectangle, const Pathes& wedges) {
+  Pathes allowed(rectangle);
+  allowed.addPaths(wedges);
+  return allowed;
 }
 
 }  // namespace Calculations

@@ -8,6 +8,7 @@
 #include <Calculations/Points.h>
 
 #include <map>
+#include <memory>
 #include <vector>
 
 namespace Ruv {
@@ -15,17 +16,20 @@ namespace Calculations {
 
 enum class LineFilter { ExcludeAbove = 1, ExcludeBelow = 2, ExcludeLeftOf = 3, ExcludeRightOf = 4 };
 
-/// The filters that are set, and the area that they allow.
+/// The filters that are set, and the area that they allow. A filter that cannot be set for want of
+/// memory leaves the others as they are.
 class ProfileFilters {
  public:
+  /// Replaces the limit of this kind; one that is not a number removes it.
   void set(LineFilter kind, double limit);
+  /// Without effect unless all values are finite.
   void addAngles(double startAngle, double endAngle, const Point2D& centre);
-  void reset();
+  void reset() { m_set.reset(); }
 
-  bool areSet() const { return !m_limits.empty() || !m_angles.empty(); }
+  bool areSet() const { return m_set != nullptr; }
   /// Worked out when a filter is set, not once for each point that is asked for. A rectangle with
-  /// the excluded wedges in it, which the even-odd rule takes out.
-  const Pathes& allowedArea() const { return m_allowedArea; }
+  /// the excluded wedges in it, which the even-odd rule takes out. Only while filters are set.
+  const Pathes& allowedArea() const { return m_set->allowedArea; }
   bool excludes(const Point2D& p) const;
 
  private:
@@ -34,17 +38,27 @@ class ProfileFilters {
     double endAngle = 0.0;
     Point2D centre;
   };
+  using Limits = std::map<LineFilter, double>;
+  using Angles = std::vector<AngleFilter>;
 
-  void update();
-  double limitOf(LineFilter kind, double unset) const;
-  Path allowedRectangle() const;
+  /// The filters with what is derived from them.
+  struct Set {
+    Set(Limits limitsSet, Angles anglesSet);
+
+    Limits limits;
+    Angles angles;
+    Path rectangle;
+    Pathes wedges;  // within the rectangle, without overlaps
+    Pathes allowedArea;
+  };
+
+  void set(Limits limits, Angles angles);
+  static Path rectangleOf(const Limits& limits);
   static Path wedgeOf(const AngleFilter& filter);
+  static Pathes wedgesWithin(const Path& rectangle, const Angles& angles);
+  static Pathes without(const Path& rectangle, const Pathes& wedges);
 
-  std::map<LineFilter, double> m_limits;
-  std::vector<AngleFilter> m_angles;
-  Path m_rectangle;
-  Pathes m_wedges;  // within the rectangle, without overlaps
-  Pathes m_allowedArea;
+  std::unique_ptr<const Set> m_set;  // null without filters
 };
 
 }  // namespace Calculations

@@ -2,6 +2,7 @@
 
 #include "profiles/paths/GridUnits.h"
 #include "profiles/paths/PathImpl.h"
+#include "shapes/PlaneGeometry.h"
 
 #include <cmath>
 #include <cstddef>
@@ -42,9 +43,8 @@ Path outlineThrough(const std::vector<ProfileCopy::Node>& nodes, bool clean) {
     }
     before = node.point;
   }
-  Path path = PathImpl::pathOf(std::move(points));
-  path.close(clean);
-  return path;
+  closeRing(points, clean);
+  return PathImpl::pathOf(std::move(points));
 }
 
 }  // namespace
@@ -60,15 +60,12 @@ std::vector<ProfileSegment> segmentsOf(const IProfileSegmentProvider& profile) {
   return segments;
 }
 
-bool ProfileCopy::update(const IProfileSegmentProvider& profile) {
-  if (isCopyOf(profile)) return false;
-  const unsigned int count = numNodes(profile);
-  m_nodes.resize(count);
+ProfileCopy::ProfileCopy(const IProfileSegmentProvider& profile) : m_nodes(numNodes(profile)) {
+  const auto count = static_cast<unsigned int>(m_nodes.size());
   for (unsigned int i = 0; i < count; ++i) {
     m_nodes[i].point = pointAt(profile, count, i);
     m_nodes[i].radius = radiusAt(profile, i);
   }
-  return true;
 }
 
 bool ProfileCopy::isCopyOf(const IProfileSegmentProvider& profile) const {
@@ -83,16 +80,30 @@ bool ProfileCopy::isCopyOf(const IProfileSegmentProvider& profile) const {
   return true;
 }
 
-Path outlineOf(const IProfileSegmentProvider& profile, bool clean) {
-  ProfileCopy copy;
-  copy.update(profile);
-  return outlineThrough(copy.nodes(), clean);
+std::vector<ProfileCopy::Node> ProfileCopy::soundNodes() const {
+  std::vector<Node> sound;
+  sound.reserve(m_nodes.size());
+  bool isBridged = false;
+  for (const Node& node : m_nodes) {
+    if (isFinite(node.point)) {
+      sound.push_back({node.point, isBridged ? 0.0 : node.radius});
+      isBridged = false;
+    } else {
+      isBridged = true;
+    }
+  }
+  // A ring that begins, and so ends, with a point that is left out.
+  const bool isOpened = isBridged && !sound.empty() && !isFinite(m_nodes.front().point);
+  if (isOpened) sound.push_back({sound.front().point, 0.0});
+  return sound;
 }
 
-const Path& KeptOutline::of(const IProfileSegmentProvider& profile) {
-  if (m_copy.update(profile)) m_outline = outlineThrough(m_copy.nodes(), true);
-  return m_outline;
+Path outlineOf(const IProfileSegmentProvider& profile, bool clean) {
+  return outlineThrough(ProfileCopy(profile).soundNodes(), clean);
 }
+
+CleanOutline::CleanOutline(const ProfileCopy& profile)
+    : m_path(outlineThrough(profile.soundNodes(), true)) {}
 
 }  // namespace Calculations
 }  // namespace Ruv

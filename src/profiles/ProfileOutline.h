@@ -7,6 +7,7 @@
 #include <Calculations/Paths.h>
 #include <Calculations/ThProfileDefinition.h>
 
+#include <memory>
 #include <vector>
 
 namespace Ruv {
@@ -21,8 +22,8 @@ struct ProfileSegment {
 
 std::vector<ProfileSegment> segmentsOf(const IProfileSegmentProvider& profile);
 
-/// A profile as last read, to tell whether it has changed since. Comparing takes a small part of
-/// what is prepared from it.
+/// A profile as read, to tell whether it has changed since. Comparing takes a small part of what is
+/// prepared from it.
 class ProfileCopy {
  public:
   /// The first point, or the end of a segment.
@@ -31,31 +32,56 @@ class ProfileCopy {
     double radius = 0.0;  ///< of the segment that ends here
   };
 
-  /// Reads a profile that differs from the copy.
-  /// @return whether it differed
-  bool update(const IProfileSegmentProvider& profile);
+  explicit ProfileCopy(const IProfileSegmentProvider& profile);
 
-  /// One more than segments; none without segments.
-  const std::vector<Node>& nodes() const { return m_nodes; }
-
- private:
   bool isCopyOf(const IProfileSegmentProvider& profile) const;
 
+  /// Without points that are not finite, whose neighbours are joined by a straight. One more than
+  /// segments; none without segments.
+  std::vector<Node> soundNodes() const;
+
+ private:
   std::vector<Node> m_nodes;
 };
 
-/// The closed outline of a profile; empty for a profile without segments.
+/// The closed outline of a profile through its finite points; empty for a profile without
+/// segments.
 Path outlineOf(const IProfileSegmentProvider& profile, bool clean);
 
-/// The cleaned outline of a profile, kept until the profile's segments change: cleaning a fine one
-/// takes longer than clipping it.
-class KeptOutline {
+/// What is worked out from a profile, kept until the profile's segments change. It takes the place
+/// of what was before when it is complete, so that nothing older answers after an exception.
+/// @tparam T constructed from a ProfileCopy
+template <class T>
+class KeptOfProfile {
  public:
-  const Path& of(const IProfileSegmentProvider& profile);
+  const T& of(const IProfileSegmentProvider& profile) {
+    if (!m_kept || !m_kept->copy.isCopyOf(profile)) {
+      m_kept = std::make_unique<const Kept>(profile);
+    }
+    return m_kept->value;
+  }
 
  private:
-  ProfileCopy m_copy;
-  Path m_outline;
+  struct Kept {
+    explicit Kept(const IProfileSegmentProvider& profile) : copy(profile), value(copy) {}
+
+    ProfileCopy copy;
+    T value;
+  };
+
+  std::unique_ptr<const Kept> m_kept;
+};
+
+/// The cleaned outline of a profile. Worth keeping: cleaning a fine one takes longer than clipping
+/// it.
+class CleanOutline {
+ public:
+  explicit CleanOutline(const ProfileCopy& profile);
+
+  const Path& path() const { return m_path; }
+
+ private:
+  Path m_path;
 };
 
 }  // namespace Calculations

@@ -3,6 +3,7 @@
 #include <boost/shared_ptr.hpp>
 
 #include <cstddef>
+#include <vector>
 
 namespace Ruv {
 namespace Calculations {
@@ -22,14 +23,8 @@ boost::shared_ptr<const ThProfileDefinition> profileThrough(
 
 }  // namespace
 
-const ThProfileCalculator& ReferenceCalculator::calculatorOn(
-    const IProfileSegmentProvider& reference) {
-  const bool isChanged = m_copy.update(reference);
-  if (isChanged || !m_calculator) {
-    m_calculator = std::make_unique<ThProfileCalculator>(profileThrough(m_copy.nodes()));
-  }
-  return *m_calculator;
-}
+ReferenceCalculator::ReferenceCalculator(const ProfileCopy& reference)
+    : m_calculator(profileThrough(reference.soundNodes())) {}
 
 }  // namespace Calculations
 }  // namespace Ruv

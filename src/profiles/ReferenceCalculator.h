@@ -8,21 +8,18 @@
 
 #include <Calculations/ThProfileCalculator.h>
 
-#include <memory>
-#include <vector>
-
 namespace Ruv {
 namespace Calculations {
 
-/// Copies a reference profile into a theoretical one and keeps the calculator on the copy until
-/// the reference's segments change.
+/// A theoretical calculator on a copy of any profile.
 class ReferenceCalculator {
  public:
-  const ThProfileCalculator& calculatorOn(const IProfileSegmentProvider& reference);
+  explicit ReferenceCalculator(const ProfileCopy& reference);
+
+  const ThProfileCalculator& calculator() const { return m_calculator; }
 
  private:
-  ProfileCopy m_copy;
-  std::unique_ptr<ThProfileCalculator> m_calculator;
+  ThProfileCalculator m_calculator;
 };
 
 }  // namespace Calculations

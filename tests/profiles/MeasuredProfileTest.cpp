@@ -12,6 +12,7 @@
 #include <map>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -340,6 +341,80 @@ TEST(GeologicalOverProfile, LeavesTheRestOfTheOverProfile) {
     EXPECT_NEAR(areaOf(parts.first), areaOf(whole), 1e-12);
     EXPECT_NEAR(areaOf(parts.second), share * sector(5.2, 5.0, kPi - 0.3), 0.03);
     EXPECT_NEAR(areaOf(calculator.overProfileAreaPathes()), calculator.overProfileArea(), 1e-3);
+  }
+}
+
+/// One such point used to lie in the middle of the section: 1.7 m2 less, and 85 m2 of over profile.
+TEST(MeasuredProfileCalculator, LeavesOutPointsThatAreNotFinite) {
+  const double nan = std::nan("");
+  const double inf = std::numeric_limits<double>::infinity();
+  const auto numbersOf = [](const MeasuredPtr& scan, bool asReference) {
+    const MeasuredProfileCalculator c =
+        asReference ? MeasuredProfileCalculator(scan, measuredCircle(5.1, 90, 0.0, 4.0))
+                    : MeasuredProfileCalculator(circleProfile(5.1, 0.0, 4.0), scan);
+    const ProfilePointResult point = c.calculateProfilePoint(Point2D(4, 6));
+    const Point2D p(-2, 5.5);
+    return std::vector<double>{
+        c.comparisonArea(),
+        c.referenceArea(),
+        c.overProfileArea(),
+        c.underProfileArea(),
+        c.comparisonCircumference(),
+        c.referenceCircumference(),
+        point.distance,
+        point.derolment,
+        c.horizontalDistanceToComparisonProfile(p).x,
+        c.verticalDistanceToComparisonProfile(p).y,
+        c.radialDistanceToComparisonProfile(p).x,
+        c.leastSquarePointOfComparisonProfile(FittingMethod::CircleKasa).radius,
+        c.leastSquarePointOfComparisonProfile(FittingMethod::CircleLegacy).center.y,
+        static_cast<double>(c.intersectionsAtGivenUpOffsetOfComparisonProfile(5).size())};
+  };
+  const MeasuredPtr sound = measuredCircle(5.2, 100, 0.3, 4.0);
+  for (const std::size_t place : {0u, 1u, 40u, 99u, 100u}) {
+    for (const Point2D& bad : {Point2D(nan, 3), Point2D(1, inf), Point2D(-inf, nan)}) {
+      SCOPED_TRACE(testing::Message() << place << ": " << bad.x << ", " << bad.y);
+      const MeasuredPtr spoilt = measuredThrough({});
+      for (unsigned i = 0; i <= 100; ++i) {
+        if (i == place) spoilt->addPoint(bad);
+        if (i < 100) spoilt->addPoint(sound->getPointAt(i));
+      }
+      EXPECT_EQ(spoilt->getNumPoints(), 101u);
+      for (const bool asReference : {false, true}) {
+        const std::vector<double> expected = numbersOf(sound, asReference);
+        const std::vector<double> found = numbersOf(spoilt, asReference);
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+          EXPECT_NEAR(found[i], expected[i], 1e-12) << i;
+        }
+      }
+    }
+  }
+}
+
+TEST(MeasuredProfileCalculator, LimitsThatAreNoNumbersAreNone) {
+  const double nan = std::nan("");
+  MeasuredProfileCalculator calculator(circleProfile(5.0, 0.0, 4.0), excavationWithChimney());
+  calculator.setFilterExcludeAbove(4.0);
+  calculator.setFilterExcludeLeftOf(0.0);
+  const double quarter = calculator.comparisonArea();
+  EXPECT_TRUE(calculator.isInFilteredArea(Point2D(nan, 1)));
+  calculator.setFilterExcludeLeftOf(nan);
+  EXPECT_NEAR(calculator.comparisonArea(), 2 * quarter, 0.01);
+  calculator.setFilterExcludeBetweenAngles(nan, 1.0, Point2D(0, 4));
+  calculator.setFilterExcludeBetweenAngles(0.0, 1.0, Point2D(0, nan));
+  EXPECT_NEAR(calculator.comparisonArea(), 2 * quarter, 0.01);
+  calculator.setFilterExcludeAbove(nan);
+  EXPECT_FALSE(calculator.isInFilteredArea(Point2D(0, 5000)));  // no filter is set any more
+  EXPECT_FALSE(calculator.isInFilteredArea(Point2D(nan, 1)));
+  calculator.setFilterExcludeAbove(std::numeric_limits<double>::infinity());
+  EXPECT_FALSE(calculator.isInFilteredArea(Point2D(0, 5000)));
+  // Nor is there a geological part.
+  for (const auto& [a, b] : {std::pair(nan, 0.1), {0.3, nan}}) {
+    EXPECT_TRUE(std::isnan(
+        calculator.geologicalOverProfileArea(Method::GeologicalBandBetweenLimits, a, b)));
+    const auto parts = calculator.overProfileDividedByGeologicalAreaPathes(
+        Method::GeologicalBandBetweenLimits, a, b);
+    EXPECT_EQ(parts.first.size() + parts.second.size(), 0u);
   }
 }
 
