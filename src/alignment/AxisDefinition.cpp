@@ -78,10 +78,13 @@ std::unique_ptr<CHoralElement> endEntryOf(const SegmentInput& input) {
 bool addSegment(AxisDefinitionImpl& impl, const SegmentInput& input) {
   if (impl.axisType != AxisType::HoralVeral) return false;
   CShapeContainer& container = impl.container;
-  if (container.numHoral() == 0) {
-    container.appendHoral(startPointAt(input.stationing, input.start));
-  }
-  container.appendHoral(endEntryOf(input), input.azimuth);
+  // All memory first: no start point stays when its segment cannot be added.
+  const bool isFirst = container.numHoral() == 0;
+  auto start = isFirst ? startPointAt(input.stationing, input.start) : nullptr;
+  auto end = endEntryOf(input);
+  container.makeRoomForTwoHoral();
+  if (isFirst) container.appendHoral(std::move(start));
+  container.appendHoral(std::move(end), input.azimuth);
   container.update();
   return true;
 }
@@ -105,12 +108,12 @@ void addVeralPoint(CShapeContainer& container, CShapeType::Id typeId, double sta
   container.update();
 }
 
-void appendTransSlope(CShapeContainer& container, double stationing, double slope) {
+std::unique_ptr<CTransSlopeElement> transSlopeAt(double stationing, double slope) {
   auto element = std::make_unique<CTransSlopeElement>();
   element->setTypeId(CShapeType::TransverseSlope);
   element->setStationing(stationing);
   element->setSlope(slope);
-  container.appendTransSlope(std::move(element));
+  return element;
 }
 
 unsigned asCount(std::size_t count) {
@@ -212,8 +215,11 @@ bool AxisDefinition::addTransSlopeSegmentConstant(double stationingFrom, double 
 bool AxisDefinition::addTransSlopeSegmentLinear(double stationingFrom, double stationingTo,
                                                 double slopeFrom, double slopeTo) {
   if (!isTypeHoralVeral()) return false;
-  appendTransSlope(m_impl->container, stationingFrom, slopeFrom);
-  appendTransSlope(m_impl->container, stationingTo, slopeTo);
+  auto from = transSlopeAt(stationingFrom, slopeFrom);
+  auto to = transSlopeAt(stationingTo, slopeTo);
+  m_impl->container.makeRoomForTwoTransSlopes();  // neither without the other
+  m_impl->container.appendTransSlope(std::move(from));
+  m_impl->container.appendTransSlope(std::move(to));
   m_impl->container.update();
   return true;
 }

@@ -1,5 +1,6 @@
 #include <Calculations/ThProfileDefinition.h>
 
+#include "foundation/MakeRoom.h"
 #include "profiles/ThProfileDefinitionImpl.h"
 
 #include <cstddef>
@@ -14,6 +15,7 @@ IProfileSegmentProvider& IProfileSegmentProvider::operator=(const IProfileSegmen
 IProfileSegmentProvider::~IProfileSegmentProvider() = default;
 
 void ThProfileDefinitionImpl::add(const Point2D& start, const Point2D& end, double radius) {
+  makeRoomFor(2, nodes);  // no start without its segment
   if (nodes.empty()) {
     nodes.push_back({start, 0.0, 0.0});
     sense.add(start);

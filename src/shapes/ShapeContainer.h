@@ -5,6 +5,7 @@
 #define CALCULATIONS_SHAPES_SHAPE_CONTAINER_H
 
 #include "foundation/DerivedOnDemand.h"
+#include "foundation/MakeRoom.h"
 #include "shapes/HoralAlignment.h"
 #include "shapes/TransSlopes.h"
 #include "shapes/VeralAlignment.h"
@@ -27,6 +28,8 @@ class CShapeList {
   Element* at(std::size_t index) const {
     return index < m_elements.size() ? m_elements[index].get() : nullptr;
   }
+  /// So that appending as many elements cannot fail.
+  void makeRoom(std::size_t count) { makeRoomFor(count, m_elements); }
   void append(std::unique_ptr<Element> element) { m_elements.push_back(std::move(element)); }
   void reset();
   /// Sorts by stationing, elements of equal stationing in the order of adding, and links each
@@ -70,6 +73,11 @@ class CShapeContainer {
   CVeralElement* veralAt(std::size_t index) const { return m_veral.at(index); }
   CTransSlopeElement* transSlopeAt(std::size_t index) const { return m_transSlopes.at(index); }
 
+  /// So that two elements can be appended without fail: a segment with the start of its list.
+  /// @{
+  void makeRoomForTwoHoral() { m_horal.makeRoom(2); }
+  void makeRoomForTwoTransSlopes() { m_transSlopes.makeRoom(2); }
+  /// @}
   void appendHoral(std::unique_ptr<CHoralElement> element);
   /// @param definedAzimuth with which the segment that ends at the element was defined
   void appendHoral(std::unique_ptr<CHoralElement> element, double definedAzimuth);

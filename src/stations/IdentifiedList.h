@@ -4,6 +4,8 @@
 #ifndef CALCULATIONS_STATIONS_IDENTIFIED_LIST_H
 #define CALCULATIONS_STATIONS_IDENTIFIED_LIST_H
 
+#include "foundation/MakeRoom.h"
+
 #include <cstddef>
 #include <map>
 #include <optional>
@@ -24,6 +26,8 @@ class IdentifiedList {
   /// @return false, with nothing stored, when the id is empty or has an entry already
   bool add(const std::wstring& id, const T& entry) {
     if (id.empty()) return false;
+    makeRoomFor(1, m_entries);  // no id without its entry
+    makeRoomFor(1, m_ids);
     const auto [place, isNew] = m_indices.emplace(id, m_entries.size());
     if (!isNew) return false;
     m_entries.push_back(entry);

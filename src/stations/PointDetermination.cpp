@@ -1,6 +1,7 @@
 #include <Calculations/PointDetermination.h>
 #include <Calculations/Utilities.h>
 
+#include "foundation/MakeRoom.h"
 #include "stations/FixPointMatcher.h"
 #include "stations/IdentifiedList.h"
 #include "stations/Matching.h"
@@ -8,6 +9,7 @@
 #include "stations/SolutionSignificance.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace Ruv {
@@ -55,9 +57,10 @@ class PointDeterminationImpl {
     return points;
   }
 
-  void appendSolutions(const std::vector<MatchedSolution>& found,
+  void appendSolutions(std::vector<MatchedSolution> found,
                        const std::vector<std::size_t>& idOrder) {
-    for (MatchedSolution solution : found) {
+    makeRoomFor(found.size(), solutions);  // all of them or none
+    for (MatchedSolution& solution : found) {
       for (std::size_t& fixPoint : solution.fixPoints) {
         if (fixPoint != kNotAssigned) fixPoint = idOrder[fixPoint];
       }

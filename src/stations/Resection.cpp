@@ -8,6 +8,7 @@
 
 #include <iostream>
 #include <optional>
+#include <vector>
 
 namespace Ruv {
 namespace Calculations {
@@ -76,7 +77,13 @@ bool Resection::addFixPointU(const std::basic_string<unsigned short>& id, const 
 
 bool Resection::addMeasurement(const std::wstring& id, const PolarPoint& measurement) {
   if (id.empty()) return false;
-  m_impl->measurements[id].push_back(measurement);
+  const auto known = m_impl->measurements.find(id);
+  if (known != m_impl->measurements.end()) {
+    known->second.push_back(measurement);
+  } else {
+    // With its measurement at once: no id stays without one when memory runs out.
+    m_impl->measurements.emplace(id, std::vector<PolarPoint>(1, measurement));
+  }
   return true;
 }
 
