@@ -6,6 +6,7 @@
 #include <Eigen/Core>
 
 #include <cmath>
+#include <limits>
 
 namespace Ruv {
 namespace Calculations {
@@ -60,8 +61,13 @@ FittingResult FittingHelper::circleFitLandau(const std::vector<Point2D>& points)
   const double y = s.y * s.xx - n * s.yyy + s.yy * s.y - n * s.xxy;
   // Rounding must not turn a straight line into a circle of arbitrary radius. The moments lose as
   // many digits as the first point is far from the others: a factor n if it stands alone.
-  const double cancellation = -2.0 * n * (s.xx + s.yy) / (xx + yy);
-  const double det = areCollinear(xx, xy, yy, n * cancellation) ? 0.0 : yy * xx - xy * xy;
+  const bool areInOnePlace = xx + yy == 0.0;
+  const double cancellation = areInOnePlace ? 1.0 : -2.0 * n * (s.xx + s.yy) / (xx + yy);
+  if (areInOnePlace || areCollinear(xx, xy, yy, n * cancellation)) {
+    constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+    return FittingResult(FittingMethod::CircleLandau, Point2D(kNan, kNan), kNan);
+  }
+  const double det = yy * xx - xy * xy;
   const double a = (x * yy - y * xy) / det;
   const double b = (y * xx - x * xy) / det;
   const double radius =

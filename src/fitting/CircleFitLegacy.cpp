@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 
 namespace Ruv {
 namespace Calculations {
@@ -91,7 +92,10 @@ bool isLost(const Circle& circle) {
   return std::isnan(circle.a) && std::isnan(circle.b) && std::isnan(circle.r);
 }
 
+/// Not-a-number for no points.
 Point2D centroidOf(const std::vector<Point2D>& points) {
+  constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+  if (points.empty()) return Point2D(kNan, kNan);
   Point2D sum;
   for (const Point2D& p : points) {
     sum = sum + p;

@@ -32,13 +32,14 @@ PointFrame frameOf(const PointSubset& points) {
     sum += d;
     sumOfSquares += d * d;
   });
+  PointFrame frame;
+  if (count == 0) return frame;
   const auto n = static_cast<double>(count);
   const Eigen::Array2d mean = sum / n;
   const double meanSquare = (sumOfSquares / n - mean * mean).sum();
-  PointFrame frame;
   frame.count = count;
   frame.origin = Point2D(first.x() + mean.x(), first.y() + mean.y());
-  frame.unit = powerOfTwoBelow(std::sqrt(meanSquare));
+  frame.unit = powerOfTwoBelow(std::sqrt(std::max(0.0, meanSquare)));
   return frame;
 }
 

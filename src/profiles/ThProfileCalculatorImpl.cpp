@@ -35,8 +35,8 @@ constexpr double kCrownInterval = 0.1;
 /// A point of the profile this near (m) to the foot is the foot, not the other end of a diameter.
 constexpr double kSmallestDiameter = 0.001;
 
-/// Centroid of the area of a polygon by the shoelace formula.
-Point2D areaCentroid(const std::vector<Point2D>& polygon) {
+/// Centroid of the area of a polygon by the shoelace formula; nothing without area.
+std::optional<Point2D> areaCentroid(const std::vector<Point2D>& polygon) {
   // Reduced coordinates: the products would cost digits far from the origin.
   const Point2D reference = polygon.front();
   double doubledArea = 0.0;
@@ -48,6 +48,7 @@ Point2D areaCentroid(const std::vector<Point2D>& polygon) {
     doubledArea += cross;
     moment = moment + (a + b) * cross;
   }
+  if (doubledArea == 0.0) return std::nullopt;
   return reference + moment / (3.0 * doubledArea);
 }
 
@@ -237,10 +238,11 @@ double ThProfileCalculatorImpl::rawDerolmentOfCrown() const {
   const double count = std::floor(m_circumference / kCrownInterval + 0.5);
   const std::vector<Point2D> outline = samples(kCrownInterval, count, true);
   if (outline.empty()) return 0.0;
-  const double x = areaCentroid(outline).x;
+  const auto centroid = areaCentroid(outline);
+  if (!centroid) return 0.0;
   double highest = std::numeric_limits<double>::lowest();
   Point2D crown;
-  for (const Point2D& point : pointsAtRightOffset(x)) {
+  for (const Point2D& point : pointsAtRightOffset(centroid->x)) {
     if (!(point.y > highest)) continue;
     highest = point.y;
     crown = point;

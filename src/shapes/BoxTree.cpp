@@ -33,19 +33,20 @@ CBox boxAroundCurve(const Point2D& start, const Point2D& end, double length) {
   return box;
 }
 
-/// Half the size of a box that holds every finite point, or minus that of one that holds none.
-constexpr double kBoundless = 1e308;
+/// Half the size of a box that holds every point within 1e153 m, or minus that of one that holds
+/// none: twice its square is still finite.
+constexpr double kBoundless = 1e153;
 
 void CBoxTree::Group::set(std::size_t place, const CBox& box) {
-  centreX[place] = (box.low.x + box.high.x) / 2.0;
-  centreY[place] = (box.low.y + box.high.y) / 2.0;
-  halfWidth[place] = (box.high.x - box.low.x) / 2.0;
-  halfHeight[place] = (box.high.y - box.low.y) / 2.0;
-  const bool isFinite = std::isfinite(centreX[place]) && std::isfinite(centreY[place]) &&
-                        std::isfinite(halfWidth[place]) && std::isfinite(halfHeight[place]);
-  if (isFinite && !box.isEmpty()) return;
   centreX[place] = centreY[place] = 0.0;
   halfWidth[place] = halfHeight[place] = box.isEmpty() ? -kBoundless : kBoundless;
+  const Point2D centre(box.low.x / 2.0 + box.high.x / 2.0, box.low.y / 2.0 + box.high.y / 2.0);
+  const Point2D half(box.high.x / 2.0 - box.low.x / 2.0, box.high.y / 2.0 - box.low.y / 2.0);
+  if (box.isEmpty() || !isFinite(centre) || !isFinite(half)) return;
+  centreX[place] = centre.x;
+  centreY[place] = centre.y;
+  halfWidth[place] = half.x;
+  halfHeight[place] = half.y;
 }
 
 CBoxTree::CBoxTree(std::vector<CBox> boxes) {

@@ -19,7 +19,7 @@ struct CBox {
   Point2D low{1e308, 1e308};
   Point2D high{-1e308, -1e308};
 
-  /// False also when a bound is not a number.
+  /// True also when a bound is not a number.
   bool isEmpty() const { return !(low.x <= high.x && low.y <= high.y); }
   void include(const CBox& other);
 };

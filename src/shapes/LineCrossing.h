@@ -26,7 +26,10 @@ class CLine {
   }
 
  private:
-  static CDirection unit(const Point2D& v, double length) { return {v.x / length, v.y / length}; }
+  /// Without direction every distance and place is zero, and nothing is crossed.
+  static CDirection unit(const Point2D& v, double length) {
+    return length > 0.0 ? CDirection{v.x / length, v.y / length} : CDirection{0.0, 0.0};
+  }
 
   Point2D m_start;
   double m_length;
