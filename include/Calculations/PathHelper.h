@@ -19,7 +19,11 @@ namespace Calculations {
 /// Static conversions between outlines and those of the clipping library.
 ///
 /// Units: one metre is 10000 clipping units.
-/// Failure: none; empty outlines give empty outlines.
+/// Range: metres are converted up to 1e11 m, which is 1e15 units. The clipping library takes up to
+///   ClipperLib::hiRange, 4.6e18 units, and throws ClipperLib::clipperException for more. Points of
+///   its own are copied as they are; beyond that range pointInPath and Path::close may do anything but crash.
+/// Failure: empty outlines give empty outlines. Not-a-number becomes 0, which Path leaves out.
+///   std::bad_alloc for want of memory.
 /// Cost: linear in the number of points, but for rings, which are clipped along every hole.
 /// @snippet snippets/Profiles.cpp PathHelper
 class CALCULATIONS_EXPORT PathHelper {
@@ -61,14 +65,16 @@ class CALCULATIONS_EXPORT PathHelper {
   /// @}
 
   /// Removes points that lie no farther than a tolerance (units) from the line through the last
-  /// kept point and the point after it. Both ends stay; what is left out lies within twice the
-  /// tolerance of the result. O(n).
+  /// kept point and the point after it; the end of a spur that leads back along itself goes too.
+  /// Both ends stay; what else is left out lies within twice the tolerance of the result. For any
+  /// 64-bit coordinates. O(n).
   static ClipperLib::Path simplyfyLine(const ClipperLib::Path& line, double tolerance);
   /// simplyfyLine for each.
   static ClipperLib::Paths simplyfyLines(const ClipperLib::Paths& lines, double tolerance);
 
   /// Cuts outlines that hold holes, which have the opposite orientation, into simple pieces whose
-  /// areas add up, each along the vertical line through the middle of a hole. Others stay.
+  /// areas add up, each along the vertical line through the middle of a hole. Others stay. Empty
+  /// when clipping fails but for want of memory.
   static ClipperLib::Paths convertRingToSimplePaths(const ClipperLib::Paths& paths);
 
  private:

@@ -102,6 +102,18 @@ ClipperLib::Paths copied(const PathViews& paths) {
   return copies;
 }
 
+void refuseOutOfRange(const PathViews& paths) {
+  const auto isInRange = [](ClipperLib::cInt coordinate) {
+    return coordinate >= -ClipperLib::hiRange && coordinate <= ClipperLib::hiRange;
+  };
+  for (const ClipperLib::Path* path : paths) {
+    for (const ClipperLib::IntPoint& p : *path) {
+      if (isInRange(p.X) && isInRange(p.Y)) continue;
+      throw ClipperLib::clipperException("Coordinate outside allowed range");
+    }
+  }
+}
+
 template <class Step, class... Arguments>
 decltype(auto) FailsafeClipper::take(Arguments... arguments) {
   return (static_cast<Clipper&>(*this).*memberOf(Step()))(arguments...);

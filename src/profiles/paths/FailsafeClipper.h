@@ -18,6 +18,10 @@ using PathViews = std::vector<const ClipperLib::Path*>;
 PathViews viewsOf(const ClipperLib::Paths& paths);
 ClipperLib::Paths copied(const PathViews& paths);
 
+/// Throws what the clipper throws for points beyond its range, before anything is computed with
+/// them.
+void refuseOutOfRange(const PathViews& paths);
+
 /// The clipper has given up for another reason than want of memory: there is no result, which is
 /// not the same as an empty one.
 class ClippingFailure : public std::exception {

@@ -59,18 +59,6 @@ double arcToleranceOf(ClipperLib::cInt distance) {
                   std::min(kArcToleranceUnits * coarseness * coarseness, kCoarsestArc * offset));
 }
 
-bool isInRange(ClipperLib::cInt coordinate) {
-  return coordinate >= -ClipperLib::hiRange && coordinate <= ClipperLib::hiRange;
-}
-
-/// What the clipper throws for such points, which offsetting would first compute with.
-void refuseOutOfRange(const ClipperLib::Path& path) {
-  for (const ClipperLib::IntPoint& p : path) {
-    if (isInRange(p.X) && isInRange(p.Y)) continue;
-    throw ClipperLib::clipperException("Coordinate outside allowed range");
-  }
-}
-
 ClipperLib::Paths grown(const PathViews& offset) {
   FailsafeClipper clipper;
   clipper.add(offset, ClipperLib::ptSubject, true);
@@ -102,8 +90,8 @@ ClipperLib::Paths offsetBy(ClipperLib::cInt distance, const PathViews& paths,
   ClipperLib::ClipperOffset clipper(kMiterLimit, arcToleranceOf(distance));
   // The clipper loses what this list does not take.
   (clipper.*memberOf(OffsetSteps::Inputs())).Childs.reserve(paths.size());
+  refuseOutOfRange(paths);
   for (const ClipperLib::Path* path : paths) {
-    refuseOutOfRange(*path);
     clipper.AddPath(*path, ClipperLib::jtRound, ends);
   }
   (clipper.*memberOf(OffsetSteps::FixOrientations()))();

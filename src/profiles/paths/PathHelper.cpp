@@ -75,7 +75,7 @@ Polyline PathHelper::profileLineFromPath(const Path& path) { return Polyline(poi
 std::vector<Polygon> PathHelper::profileAreasFromPathes(const Pathes& paths, double minArea) {
   std::vector<Polygon> areas;
   for (const Path& path : paths.paths()) {
-    if (std::abs(path.area()) >= minArea) areas.push_back(profileAreaFromPath(path));
+    if (!(std::abs(path.area()) < minArea)) areas.push_back(profileAreaFromPath(path));
   }
   return areas;
 }
@@ -103,6 +103,7 @@ ClipperLib::Paths PathHelper::simplyfyLines(const ClipperLib::Paths& lines, doub
 
 ClipperLib::Paths PathHelper::convertRingToSimplePaths(const ClipperLib::Paths& paths) {
   try {
+    refuseOutOfRange(viewsOf(paths));
     return cutAtHoles(paths);
   } catch (const ClippingFailure&) {
     return ClipperLib::Paths();

@@ -344,6 +344,9 @@ TEST(Path, RefusesWhatTheClipperCannotHold) {
       EXPECT_THROW(Path::expand(path, 1), ClipperLib::clipperException);
       EXPECT_THROW(Path::expandLine(path, 1), ClipperLib::clipperException);
       EXPECT_THROW(Path::linesWithin(path, box(0, 0, 1, 1)), ClipperLib::clipperException);
+      EXPECT_THROW(PathHelper::convertRingToSimplePaths(
+                       {{{0, 0}, {9, 0}, {9, 9}}, PathHelper::clipperLibPathFromPath(path)}),
+                   ClipperLib::clipperException);
     }
   }
   const ClipperLib::cInt most = limit - 100000;  // room to grow
