@@ -19,7 +19,8 @@ class MeasuredProfileImpl;
 ///
 /// Conventions: metres, x to the right, y up. Segment i runs from point i to the next, the last one
 ///   back to the first, so there are as many segments as points. All are straight.
-/// Failure: nothing is refused or thrown; an index out of range gives (0, 0).
+/// Failure: nothing is refused; an index out of range gives (0, 0). Points that are not finite are
+///   kept and handed out, but whatever is worked out from the profile leaves them out.
 /// Cost: constant for a point or a segment.
 /// Threads: may be shared by threads that only read. Not copyable.
 /// @snippet snippets/Profiles.cpp MeasuredProfile
@@ -48,7 +49,7 @@ class CALCULATIONS_EXPORT MeasuredProfile : public IProfileSegmentProvider {
   Point2D getSegmentEndAt(unsigned int index) const override;
   /// 0
   double getSegmentRadiusAt(unsigned int index) const override;
-  /// With the segment that closes the polygon; 0 for fewer than two points. O(n).
+  /// With the segment that closes the polygon of finite points; 0 for fewer than two. O(n).
   double getCircumference() const override;
 
  private:

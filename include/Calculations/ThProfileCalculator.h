@@ -44,8 +44,10 @@ class CALCULATIONS_EXPORT IProfileCalculator {
 ///   circumference C. The crown is the highest point above the area's centroid, found on samples
 ///   0.1 m apart, so on arcs it is good to a few micrometres.
 /// Distance: positive outside the profile, negative inside, whichever way round it was entered.
-/// Failure: nothing throws. A profile without segments gives zero results, empty lists, or the
-///   largest double where a diameter is asked for.
+/// Failure: nothing throws but std::bad_alloc. A profile without segments, or a point that is not
+///   finite, gives zero results, the distance too, empty lists, or the largest double where a
+///   diameter is asked for. A profile with points that are not finite has no circumference, and its
+///   derolments are not-a-number.
 /// Cost: constructing takes O(C / 0.1 m + n log n), a point O(log n) near the profile.
 /// Lifetime: shares ownership of the profile. It is read when the calculator is constructed; later
 ///   changes to it are not seen.
@@ -68,7 +70,7 @@ class CALCULATIONS_EXPORT ThProfileCalculator : public IProfileCalculator {
   Point2D applyRadialOffset(const Point2D& p, double offset) const;
 
   /// The inverse of calculateProfilePoint on the profile. Derolments may lie up to one
-  /// circumference outside their range. (0, 0) for an empty profile.
+  /// circumference outside their range. (0, 0) for an empty profile and for not-a-number.
   Point2D calcPointOnProfileAtDerolment(double derolment) const;
 
   /// From the foot of p across the profile along its normal, to the nearest other point of the
@@ -76,8 +78,8 @@ class CALCULATIONS_EXPORT ThProfileCalculator : public IProfileCalculator {
   double diameterAtProfilePoint(const Point2D& p) const;
 
   /// @name Samples
-  /// Clockwise from the profile's start point. Empty for an interval that is not positive and for
-  /// more than 1e7 samples.
+  /// Clockwise from the profile's start point. Empty for more than 1e7 samples; an interval that is
+  /// not positive gives none but the vertices asked for.
   /// @{
 
   /// Points at equal distances along the profile.

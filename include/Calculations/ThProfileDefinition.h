@@ -51,9 +51,9 @@ class CALCULATIONS_EXPORT IProfileSegmentProvider {
 /// Chain: each segment runs from the end of the one before it to its own end. The start point
 ///   given with a segment counts for the first one only; for the others it enters the stations
 ///   that are kept along the chain, so it should repeat the end before it.
-/// Failure: nothing is refused or thrown. An arc whose chord exceeds its diameter has no length
-///   (not-a-number); one whose end points coincide has length 0. An index out of range gives
-///   (0, 0) or 0.
+/// Failure: nothing is refused. An arc whose chord exceeds its diameter has no length
+///   (not-a-number), nor has a segment with a coordinate that is not finite; one whose end points
+///   coincide has length 0. An index out of range gives (0, 0) or 0.
 /// Cost: adding takes constant time, also for the sense of travel.
 /// Threads: may be shared by threads that only read. Not copyable.
 /// @snippet snippets/Profiles.cpp ThProfileDefinition
