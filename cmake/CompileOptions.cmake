@@ -2,9 +2,11 @@
 
 add_library(CalculationsCompileOptions INTERFACE)
 
-# Results must not depend on the machine: no fused multiply-add, no fast-math.
+# Results must not depend on the machine: no fused multiply-add, no fast-math. Hosts may trap
+# floating-point exceptions: clang must not divide before it is known by what, as GCC does not.
 target_compile_options(CalculationsCompileOptions INTERFACE
   -ffp-contract=off
+  $<$<CXX_COMPILER_ID:Clang>:-ffp-exception-behavior=maytrap>
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow
   $<$<BOOL:${CALCULATIONS_WERROR}>:-Werror>)
 
