@@ -46,8 +46,9 @@ class CALCULATIONS_EXPORT IProfileCalculator {
 /// Distance: positive outside the profile, negative inside, whichever way round it was entered.
 /// Failure: nothing throws but std::bad_alloc. A profile without segments, or a point that is not
 ///   finite, gives zero results, the distance too, empty lists, or the largest double where a
-///   diameter is asked for. A profile with points that are not finite has no circumference, and its
-///   derolments are not-a-number.
+///   diameter is asked for. Of an arc whose chord exceeds its diameter only the ends count. Where a
+///   point of the profile is not finite both its segments are missing, and derolments are of no
+///   use.
 /// Cost: constructing takes O(C / 0.1 m + n log n), a point O(log n) near the profile.
 /// Lifetime: shares ownership of the profile. It is read when the calculator is constructed; later
 ///   changes to it are not seen.
@@ -70,7 +71,8 @@ class CALCULATIONS_EXPORT ThProfileCalculator : public IProfileCalculator {
   Point2D applyRadialOffset(const Point2D& p, double offset) const;
 
   /// The inverse of calculateProfilePoint on the profile. Derolments may lie up to one
-  /// circumference outside their range. (0, 0) for an empty profile and for not-a-number.
+  /// circumference outside their range; those farther out give an end of the profile. (0, 0) for
+  /// an empty profile and for not-a-number.
   Point2D calcPointOnProfileAtDerolment(double derolment) const;
 
   /// From the foot of p across the profile along its normal, to the nearest other point of the

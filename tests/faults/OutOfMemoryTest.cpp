@@ -58,6 +58,8 @@ TEST_P(OutOfMemory, LeavesEverythingAsItWas) {
     after = play.state();
   }
   bool isOver = false;
+  std::size_t runs = 0;
+  std::size_t lossesOfClipper = 0;
   for (std::size_t allocation = 1; !isOver; ++allocation) {
     SCOPED_TRACE(allocation);
     {
@@ -75,7 +77,11 @@ TEST_P(OutOfMemory, LeavesEverythingAsItWas) {
     const MemoryReport report = memoryReport();
     ASSERT_EQ(report.freedTwice, 0u);
     ASSERT_EQ(report.lost, 0u);
+    ++runs;
+    if (report.lostByClipper > 0) ++lossesOfClipper;
   }
+  // What its lists did not take is lost, no more: up to 9 % were seen.
+  EXPECT_LE(lossesOfClipper, runs / 10);
 }
 
 template <class Call>

@@ -575,7 +575,7 @@ void addMeasured(std::vector<Scene>& scenes) {
            })
       .add("IsDivided", [](Comparison& c) {
         return numbersOf(c.calculator.geologicalOverProfileAreaPathes(
-            Method::GeologicalBandBetweenLimits, 0.02, 0.01));
+            Method::GeologicalBeyondLimitOnly, 0.02, 0));
       });
 }
 

@@ -391,6 +391,15 @@ TEST(MeasuredProfileCalculator, LeavesOutPointsThatAreNotFinite) {
   }
 }
 
+TEST(MeasuredProfileCalculator, JoinsTheNeighboursOfAPointThatIsNotFiniteByAStraight) {
+  const MeasuredPtr scan = measuredThrough({{0, 0}, {4, 0}, {4, 4}, {0, 4}});
+  const MeasuredProfileCalculator calculator(
+      profileThrough({{0, 0, 0}, {0, 4, 0}, {std::nan(""), 6, 0}, {4, 4, 3}, {4, 0, 0}, {0, 0, 0}}),
+      scan);
+  EXPECT_EQ(calculator.referenceArea(), calculator.comparisonArea());
+  EXPECT_EQ(calculator.calculateProfilePoint(Point2D(2, 3)).distance, -1.0);
+}
+
 TEST(MeasuredProfileCalculator, LimitsThatAreNoNumbersAreNone) {
   const double nan = std::nan("");
   MeasuredProfileCalculator calculator(circleProfile(5.0, 0.0, 4.0), excavationWithChimney());

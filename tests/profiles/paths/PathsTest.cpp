@@ -219,19 +219,21 @@ TEST(Pathes, FindAllPartsOfALineThatEndsLevel) {
   EXPECT_NEAR(Pathes::linesWithin(line, area, false).linesLength(), 34.1275, 2e-3);
 }
 
-/// Lines that end level are clipped after a shear: below the axis too they come back level.
-TEST(Pathes, KeepLevelLinesLevel) {
-  for (const ClipperLib::cInt y : {-70001, -3, 0, 3, 70001}) {
-    ClipperLib::Path area;
-    for (const IntPoint& corner : {IntPoint(-7001, -90), IntPoint(-3, 50), IntPoint(6007, -80)}) {
-      area.emplace_back(corner.X, corner.Y + y);
-    }
-    const Path line = PathHelper::pathFromClipperLibPath({{-9000, y}, {8000, y}});
-    const Pathes inside =
-        Pathes::linesWithin(line, PathHelper::pathFromClipperLibPath(area), false);
-    ASSERT_EQ(inside.numPathes(), 1u);
-    for (const IntPoint& p : PathHelper::clipperLibPathFromPath(inside.pathAt(0))) {
-      EXPECT_EQ(p.Y, y);
+/// Lines that end level are clipped after a shear. What comes back lies where the line crosses the
+/// border, to the nearest step of the grid above the axis and below it.
+TEST(Pathes, RoundCrossingsToTheNearest) {
+  for (const int drop : {1000, 3333, 5557}) {
+    for (const int y : {-70001, -3, 0, 3, 70001}) {
+      const Path line = PathHelper::pathFromClipperLibPath({{-9000, y}, {0, y}, {8001, y - drop}});
+      const Path area = PathHelper::pathFromClipperLibPath(
+          {{-5000, y - 90000}, {5003, y - 90000}, {5003, y + 90000}, {-5000, y + 90000}});
+      const Pathes inside = Pathes::linesWithin(line, area, false);
+      ASSERT_EQ(inside.numPathes(), 1u);
+      ClipperLib::Path points = PathHelper::clipperLibPathFromPath(inside.pathAt(0));
+      if (points.front().X > 0) ClipperLib::ReversePath(points);
+      EXPECT_EQ(points.front(), IntPoint(-5000, y));
+      EXPECT_EQ(points.back().X, 5003);
+      EXPECT_NEAR(static_cast<double>(points.back().Y), y - drop * 5003.0 / 8001.0, 0.501);
     }
   }
 }
