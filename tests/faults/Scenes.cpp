@@ -388,7 +388,7 @@ struct Outlines {
   Path line;
 
   Outlines() {
-    several.addPath(box(2, 1, 5, 2.5));
+    several.addPath(box(3, 1, 5, 2.5));  // they share an edge
     holes.addPath(box(0.5, -1, 1, 1));
     for (const Point2D& p : {Point2D(-4, 1), Point2D(0, 1), Point2D(1, -3), Point2D(4, -3)}) {
       line.addSegment(PathSegment(p.x, p.y));

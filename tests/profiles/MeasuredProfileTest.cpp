@@ -153,6 +153,8 @@ TEST(MeasuredProfileCalculator, FindsTheComparisonAlongLines) {
                                              measuredThrough({{-3, -3}, {3, -3}, {3, 3}, {-3, 3}}));
   expectPoint(calculator.horizontalDistanceToComparisonProfile(Point2D(0, 1)), Point2D(3, 1),
               1e-12);
+  expectPoint(calculator.horizontalDistanceToComparisonProfile(Point2D(-1, 1)), Point2D(-3, 1),
+              1e-12);  // on the edge that closes the polygon
   expectPoint(calculator.verticalDistanceToComparisonProfile(Point2D(1, -1)), Point2D(1, -3),
               1e-12);
   expectPoint(calculator.radialDistanceToComparisonProfile(Point2D(1, 0.5)), Point2D(3, 1.5), 1e-9);
