@@ -182,9 +182,6 @@ class CALCULATIONS_EXPORT Pathes {
  private:
   friend class PathImpl;
 
-  /// Not-a-number for what stands for a clipping that has failed.
-  double startOfSum() const;
-
   std::vector<Path> m_paths;
   bool m_isFailed = false;  // stands for a clipping that has failed
 };

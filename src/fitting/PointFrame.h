@@ -28,7 +28,8 @@ struct PointFrame {
   Point2D restored(const Point2D& p) const { return origin + p * unit; }
 };
 
-/// The unit is 1 for coincident points and for none. Coordinates that are not finite give an origin that is not.
+/// The unit is 1 for coincident points and for none. Coordinates that are not finite give an origin
+/// that is not.
 PointFrame frameOf(const PointSubset& points);
 
 /// What the rounding of the points' own coordinates amounts to in units of the frame, with a margin

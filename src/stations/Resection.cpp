@@ -77,12 +77,13 @@ bool Resection::addFixPointU(const std::basic_string<unsigned short>& id, const 
 
 bool Resection::addMeasurement(const std::wstring& id, const PolarPoint& measurement) {
   if (id.empty()) return false;
-  const auto known = m_impl->measurements.find(id);
-  if (known != m_impl->measurements.end()) {
-    known->second.push_back(measurement);
+  MeasurementMap& measurements = m_impl->measurements;
+  const auto place = measurements.lower_bound(id);
+  if (place != measurements.end() && place->first == id) {
+    place->second.push_back(measurement);
   } else {
     // With its measurement at once: no id stays without one when memory runs out.
-    m_impl->measurements.emplace(id, std::vector<PolarPoint>(1, measurement));
+    measurements.emplace_hint(place, id, std::vector<PolarPoint>(1, measurement));
   }
   return true;
 }

@@ -14,6 +14,15 @@
 namespace Ruv {
 namespace Calculations {
 
+namespace {
+
+/// Not-a-number for what stands for a clipping that has failed.
+double startOfSum(const Pathes& paths) {
+  return PathImpl::isFailure(paths) ? std::numeric_limits<double>::quiet_NaN() : 0.0;
+}
+
+}  // namespace
+
 Pathes::Pathes() = default;
 Pathes::Pathes(const Path& path) : m_paths(1, path) {}
 Pathes::Pathes(const Pathes& other) = default;
@@ -45,12 +54,8 @@ Path Pathes::pathAt(unsigned int index) const {
   return index < m_paths.size() ? m_paths[index] : Path();
 }
 
-double Pathes::startOfSum() const {
-  return m_isFailed ? std::numeric_limits<double>::quiet_NaN() : 0.0;
-}
-
 double Pathes::area() const {
-  double sum = startOfSum();
+  double sum = startOfSum(*this);
   for (const Path& path : m_paths) {
     sum += path.area();
   }
@@ -58,7 +63,7 @@ double Pathes::area() const {
 }
 
 double Pathes::linesLength() const {
-  double sum = startOfSum();
+  double sum = startOfSum(*this);
   for (const Path& path : m_paths) {
     sum += path.lineLength();
   }
