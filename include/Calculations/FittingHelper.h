@@ -23,7 +23,8 @@ namespace Calculations {
 /// Accuracy: points of a circle, or of an ellipse no flatter than 1 : 20, give it back within 1e-10
 ///   of its size, also 100 km from the origin; arcs lose digits the shorter they are. The legacy
 ///   fit stops within 1e-5 m of the minimum and is meant for points near the origin.
-/// Failure: throws nothing but std::bad_alloc. Input that determines nothing gives not-a-number or infinite values
+/// Failure: throws nothing but std::bad_alloc. Input that determines nothing gives not-a-number or
+/// infinite values
 ///   (circles) or zeros (ellipses), as each fit says. Coordinates that are not finite do the
 ///   same, and coordinates beyond about 1e50 m may.
 /// Cost: linear in the number of points, with a fixed amount of memory; the legacy fit passes over
@@ -39,8 +40,9 @@ class CALCULATIONS_EXPORT FittingHelper {
   /// their radius, the less the result can be relied upon. From some 500 radii on, 2000 for points
   /// all round, it returns arbitrary circles: always beyond 10 km from the origin for a tunnel.
   /// @return after 1000 steps the circle reached by then, without a mark. The radius may come out
-  ///   negative, as it mostly does away from the origin; its magnitude counts. Fewer than 12 points: their centroid with the radius 0 (not-a-number for no
-  ///   points). A coordinate that is not finite: not-a-number.
+  ///   negative, as it mostly does away from the origin; its magnitude counts. Fewer than 12
+  ///   points: their centroid with the radius 0 (not-a-number for no points). A coordinate that is
+  ///   not finite: not-a-number.
   static FittingResult circleFitRuvLegacy(const std::vector<Point2D>& points);
 
   /// Circle by the linear least squares of Kasa (IEEE Trans. Instrum. Meas. 25, 1976), solved

@@ -21,7 +21,8 @@ namespace Calculations {
 /// Units: one metre is 10000 clipping units.
 /// Range: metres are converted up to 1e11 m, which is 1e15 units. The clipping library takes up to
 ///   ClipperLib::hiRange, 4.6e18 units, and throws ClipperLib::clipperException for more. Points of
-///   its own are copied as they are; beyond that range pointInPath and Path::close may do anything but crash.
+///   its own are copied as they are; beyond that range pointInPath and Path::close may do anything
+///   but crash.
 /// Failure: empty outlines give empty outlines. Not-a-number becomes 0, which Path leaves out.
 ///   std::bad_alloc for want of memory.
 /// Cost: linear in the number of points, but for rings, which are clipped along every hole.

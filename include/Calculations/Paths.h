@@ -72,8 +72,8 @@ class CALCULATIONS_EXPORT Path {
   /// 0.14 mm to their neighbours' line if asked to clean, and repeats the first point at the end.
   /// A thin outline may be cleaned away to fewer than three points.
   ///
-  /// Cleaning looks at one point after the other, so on a smooth outline what it removes adds up: on
-  /// an arc of radius R with points s apart to a cut of R (0.14 mm)^2 / (2 s^2), for 5 m half a
+  /// Cleaning looks at one point after the other, so on a smooth outline what it removes adds up:
+  /// on an arc of radius R with points s apart to a cut of R (0.14 mm)^2 / (2 s^2), for 5 m half a
   /// millimetre at 1 cm and 2 mm at 5 mm. Points that scatter by some tenths of a millimetre, as
   /// measured ones do, keep it from that.
   void close(bool clean);
