@@ -24,9 +24,8 @@ namespace Calculations {
 ///   of its size, also 100 km from the origin; arcs lose digits the shorter they are. The legacy
 ///   fit stops within 1e-5 m of the minimum and is meant for points near the origin.
 /// Failure: throws nothing but std::bad_alloc. Input that determines nothing gives not-a-number or
-/// infinite values
-///   (circles) or zeros (ellipses), as each fit says. Coordinates that are not finite do the
-///   same, and coordinates beyond about 1e50 m may.
+///   infinite values (circles) or zeros (ellipses), as each fit says. Coordinates that are not
+///   finite do the same, and coordinates beyond about 1e50 m may.
 /// Cost: linear in the number of points, with a fixed amount of memory; the legacy fit passes over
 ///   them some 70 times, the ellipse a few times a round.
 /// @snippet snippets/Profiles.cpp FittingHelper

@@ -23,7 +23,8 @@ namespace Calculations {
 ///   ClipperLib::hiRange, 4.6e18 units, and throws ClipperLib::clipperException for more. Points of
 ///   its own are copied as they are; beyond that range pointInPath and Path::close may do anything
 ///   but crash.
-/// Failure: empty outlines give empty outlines. Not-a-number becomes 0, which Path leaves out.
+/// Failure: empty outlines give empty outlines. Not-a-number becomes 0; Path leaves such points
+/// out.
 ///   std::bad_alloc for want of memory.
 /// Cost: linear in the number of points, but for rings, which are clipped along every hole.
 /// @snippet snippets/Profiles.cpp PathHelper

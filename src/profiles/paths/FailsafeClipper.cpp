@@ -7,7 +7,6 @@
 
 #include "profiles/paths/OpenedClipper.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <new>
 

@@ -36,8 +36,8 @@ class ClippingFailure : public std::exception {
 /// intersections, it deletes some of them twice.
 /// Failure: std::bad_alloc for want of memory; ClippingFailure when the sweep loses its way;
 ///   ClipperLib::clipperException for coordinates beyond ClipperLib::hiRange. The clipping is then
-///   of no further use. Of what the library had allocated one block at most is lost, the one that
-///   a full list did not take.
+///   of no further use. Of what the library had allocated at most a block is lost that a full list
+///   did not take, or the points of one outline.
 class FailsafeClipper : private ClipperLib::Clipper {
  public:
   FailsafeClipper() = default;
