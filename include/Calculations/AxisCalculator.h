@@ -43,9 +43,9 @@ class AxisCalculatorImpl;
 class CALCULATIONS_EXPORT AxisCalculator {
  public:
   /// A null pointer counts as an empty axis: every operation fails.
-  explicit AxisCalculator(const boost::shared_ptr<const AxisDefinition>& axis);
+  AxisCalculator(const boost::shared_ptr<const AxisDefinition>& axis);
   /// Works on the block's own axis.
-  explicit AxisCalculator(const boost::shared_ptr<const BlockAxisDefinition>& block);
+  AxisCalculator(const boost::shared_ptr<const BlockAxisDefinition>& block);
   AxisCalculator(const AxisCalculator&) = delete;
   AxisCalculator& operator=(const AxisCalculator&) = delete;
   virtual ~AxisCalculator();

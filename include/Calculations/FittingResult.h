@@ -43,8 +43,10 @@ struct CALCULATIONS_EXPORT FittingResult {
   double semiAxisB;              ///< second semi-axis of the ellipse; the radius for a circle
   double rotation;               ///< of the ellipse (rad); 0 for a circle
 
+  /// All 0; the method is then CircleLegacy.
+  FittingResult();
   /// No geometry yet: everything but the method is 0.
-  explicit FittingResult(FittingMethod::Method m);
+  FittingResult(FittingMethod::Method m);
   /// A circle.
   FittingResult(FittingMethod::Method m, Point2D centerPoint, double r);
   /// An ellipse with the semi-axes a and b.

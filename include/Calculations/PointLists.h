@@ -22,7 +22,7 @@ class CALCULATIONS_EXPORT Polyline {
  public:
   Polyline();
   /// Through the points, in order.
-  explicit Polyline(const std::vector<Point2D>& points);
+  Polyline(const std::vector<Point2D>& points);
   Polyline(const Polyline& other);
   Polyline& operator=(const Polyline& other);
   ~Polyline();
@@ -44,7 +44,7 @@ class CALCULATIONS_EXPORT Polygon {
  public:
   Polygon();
   /// Around the points, in order.
-  explicit Polygon(const std::vector<Point2D>& points);
+  Polygon(const std::vector<Point2D>& points);
   Polygon(const Polygon& other);
   Polygon& operator=(const Polygon& other);
   ~Polygon();

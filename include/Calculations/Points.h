@@ -172,6 +172,9 @@ class PointBase : public PointComponents<T> {
 class CALCULATIONS_EXPORT ENHPoint : public PointBase<ENHPoint> {
  public:
   ENHPoint() = default;
+  // Both sides of a comparison are then of one type. C++20 also reads it from right to left and
+  // would find it ambiguous.
+  using PointBase<ENHPoint>::operator==;
   /// From its coordinates.
   ENHPoint(double eastValue, double northValue, double heightValue)
       : PointBase<ENHPoint>(eastValue, northValue, heightValue) {}
@@ -197,6 +200,7 @@ class CALCULATIONS_EXPORT ENHPoint : public PointBase<ENHPoint> {
 class XYZPoint : public PointBase<XYZPoint> {
  public:
   XYZPoint() = default;
+  using PointBase<XYZPoint>::operator==;  // as for ENHPoint
   /// From its coordinates.
   XYZPoint(double xValue, double yValue, double zValue)
       : PointBase<XYZPoint>(xValue, yValue, zValue) {}

@@ -57,7 +57,7 @@ class CALCULATIONS_EXPORT IProfileCalculator {
 class CALCULATIONS_EXPORT ThProfileCalculator : public IProfileCalculator {
  public:
   /// A null pointer counts as an empty profile.
-  explicit ThProfileCalculator(const boost::shared_ptr<const ThProfileDefinition>& profile);
+  ThProfileCalculator(const boost::shared_ptr<const ThProfileDefinition>& profile);
   ThProfileCalculator(const ThProfileCalculator&) = delete;
   ThProfileCalculator& operator=(const ThProfileCalculator&) = delete;
   ~ThProfileCalculator() override;

@@ -15,7 +15,8 @@ namespace Ruv {
 /// Conventions: metres and radians. In every operation l is the arc length from the origin, and the
 ///   curve reaches the radius R after the length L. Results are written to out and tell magnitudes:
 ///   the caller applies the signs of l and of the curve's side.
-/// Failure: operations return false; what out then holds is told by the derived class.
+/// Failure: operations return false; what out then holds is told by the derived class. An operation
+///   that a derived class leaves out gives 0 and false.
 /// Cost: that of the derived class.
 /// @snippet snippets/Axes.cpp CClothoidCurve
 class CALCULATIONS_EXPORT CTransitionCurve {
@@ -26,13 +27,13 @@ class CALCULATIONS_EXPORT CTransitionCurve {
   virtual ~CTransitionCurve();
 
   /// Reciprocal of the radius at l.
-  virtual bool curvature(double l, double radius, double length, double& out) const = 0;
+  virtual bool curvature(double l, double radius, double length, double& out) const;
   /// Change of direction since the origin (rad).
-  virtual bool tangentAngle(double l, double radius, double length, double& out) const = 0;
+  virtual bool tangentAngle(double l, double radius, double length, double& out) const;
   /// Coordinate to the side of the tangent at the origin.
-  virtual bool localY(double l, double radius, double length, double& out) const = 0;
+  virtual bool localY(double l, double radius, double length, double& out) const;
   /// Coordinate along the tangent at the origin.
-  virtual bool localX(double l, double radius, double length, double& out) const = 0;
+  virtual bool localX(double l, double radius, double length, double& out) const;
   /// The curve kind's name.
   virtual const std::string& name() const = 0;
   /// Index of the last series term: 12 unless a derived class says otherwise.

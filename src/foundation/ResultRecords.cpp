@@ -23,6 +23,8 @@ static_assert(offsetof(ProfilePointResult, profilePoint) == 0 &&
                   offsetof(ProfilePointResult, derolment) == 24,
               "storage order");
 
+FittingResult::FittingResult() : FittingResult(FittingMethod::CircleLegacy) {}
+
 FittingResult::FittingResult(FittingMethod::Method m) : FittingResult(m, Point2D(), 0.0) {}
 
 FittingResult::FittingResult(FittingMethod::Method m, Point2D centerPoint, double r)

@@ -80,6 +80,26 @@ CTransitionCurve::CTransitionCurve(const CTransitionCurve&) = default;
 CTransitionCurve& CTransitionCurve::operator=(const CTransitionCurve&) = default;
 CTransitionCurve::~CTransitionCurve() = default;
 
+bool CTransitionCurve::curvature(double, double, double, double& out) const {
+  out = 0.0;
+  return false;
+}
+
+bool CTransitionCurve::tangentAngle(double, double, double, double& out) const {
+  out = 0.0;
+  return false;
+}
+
+bool CTransitionCurve::localY(double, double, double, double& out) const {
+  out = 0.0;
+  return false;
+}
+
+bool CTransitionCurve::localX(double, double, double, double& out) const {
+  out = 0.0;
+  return false;
+}
+
 int CTransitionCurve::numberOfTerms() const { return 12; }
 
 CClothoidCurve::CClothoidCurve() = default;

@@ -1,8 +1,16 @@
+// This file is compiled as C++20, which reads comparisons from right to left as well.
+
+#include <Calculations/AxisCalculator.h>
+#include <Calculations/FittingResult.h>
+#include <Calculations/PointLists.h>
 #include <Calculations/Points.h>
+#include <Calculations/ThProfileCalculator.h>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <type_traits>
+#include <vector>
 
 namespace {
 
@@ -37,5 +45,29 @@ TEST(ENHPoint, DirectionsBelowAMillimetreAreZero) {
   EXPECT_EQ(ENHPoint(0.0005, 0, 0.0005).elevationAngle(), 0.0);
   EXPECT_DOUBLE_EQ(ENHPoint(3, 4, 9).lengthOfEastNorthProjection(), 5.0);
 }
+
+TEST(XYZPoint, ComparesExactly) {
+  EXPECT_TRUE(XYZPoint(1, 2, 3) == XYZPoint(1, 2, 3));
+  EXPECT_TRUE(XYZPoint(1, 2, 3) != XYZPoint(1, 2, 3 + 1e-15));
+}
+
+TEST(FittingResult, HoldsNothingAtFirst) {
+  const FittingResult result;
+  EXPECT_EQ(result.method, 0);
+  EXPECT_EQ(result.center.length() + result.radius + result.rotation, 0.0);
+  EXPECT_EQ(result.semiAxisA + result.semiAxisB, 0.0);
+}
+
+template <class From, class To>
+constexpr bool kConverts = std::is_convertible_v<From, To>;
+template <class T>
+using Shared = boost::shared_ptr<const T>;
+
+static_assert(kConverts<FittingMethod::Method, FittingResult>);
+static_assert(kConverts<std::vector<Point2D>, Polyline> &&
+              kConverts<std::vector<Point2D>, Polygon>);
+static_assert(kConverts<Shared<AxisDefinition>, AxisCalculator>);
+static_assert(kConverts<Shared<BlockAxisDefinition>, AxisCalculator>);
+static_assert(kConverts<Shared<ThProfileDefinition>, ThProfileCalculator>);
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <string>
 
 namespace {
 
@@ -165,6 +166,29 @@ TEST(PlaneCurve, RefusesWhatHasNoShape) {
   EXPECT_FALSE(CPlaneCurve::clothoid(0.0, 1e-6, 1e3).isDefined());
   EXPECT_FALSE(CPlaneCurve::clothoid(0.0, 100.0, 0.0).isDefined());
   EXPECT_FALSE(CPlaneCurve::clothoid(nan, 100.0, 10.0).isDefined());
+}
+
+/// A kind that only has a name.
+class NamedCurve : public Ruv::CTransitionCurve {
+ public:
+  const std::string& name() const override { return m_name; }
+
+ private:
+  std::string m_name = "named";
+};
+
+TEST(TransitionCurve, HasNoShapeOfItsOwn) {
+  const NamedCurve curve;
+  EXPECT_EQ(curve.numberOfTerms(), 12);
+  using Operation = bool (Ruv::CTransitionCurve::*)(double, double, double, double&) const;
+  const Operation operations[] = {&Ruv::CTransitionCurve::curvature,
+                                  &Ruv::CTransitionCurve::tangentAngle,
+                                  &Ruv::CTransitionCurve::localX, &Ruv::CTransitionCurve::localY};
+  for (const Operation operation : operations) {
+    double out = 7.0;
+    EXPECT_FALSE((curve.*operation)(50, 400, 100, out));
+    EXPECT_EQ(out, 0.0);
+  }
 }
 
 /// A curve with another number of series terms.
