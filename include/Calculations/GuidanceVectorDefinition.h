@@ -115,8 +115,9 @@ class CALCULATIONS_EXPORT GuidanceVectorFactory {
       const boost::shared_ptr<const ThProfileDefinition>& profile, const AxisPoint& origin);
 
   /// From one axis point towards another. Evaluated with the same perpendicular flag, the vector
-  /// passes through both. A point that cannot be converted counts as the origin of the grid. The
-  /// flags say how the points are read, see AxisCalculator.
+  /// passes through both. The flags say how the points are read, see AxisCalculator. Not-a-number
+  /// when a point cannot be converted, and when both are the same; a shaft goes straight on beyond
+  /// its ends.
   static GuidanceVectorDefinition* createAsStraightFromPairOfAxisCoordinates(
       const boost::shared_ptr<const AxisDefinition>& axis, const AxisPoint& first,
       const AxisPoint& second, bool perpendicular, bool withTransSlope);

@@ -3,6 +3,7 @@
 #include <Calculations/Utilities.h>
 
 #include "guidance/AxisAttitude.h"
+#include "guidance/ContinuedTunnelMeter.h"
 #include "guidance/Levelling.h"
 
 #include <utility>
@@ -44,14 +45,11 @@ GuidanceOffsets GuidanceCalculatorImpl::offsetsFromParallel(const ENHPoint& poin
   if (!calculator.enhPointToAxisPoint(point, place, perpendicular, true)) return GuidanceOffsets();
   double forward = place.stationing - origin.stationing;
   if (perpendicular) {
-    // With one of the two conversions the calculation goes on: the other one has written the
-    // stationing itself.
-    double atPoint = 0.0;
-    double atOrigin = 0.0;
-    const bool hasPoint = calculator.stationingToTunnelmeter(place.stationing, atPoint);
-    const bool hasOrigin = calculator.stationingToTunnelmeter(origin.stationing, atOrigin);
-    if (!hasPoint && !hasOrigin) return GuidanceOffsets();
-    forward = atPoint - atOrigin;
+    const ContinuedTunnelMeter tunnelmeter(*axis, calculator);
+    const ContinuedTunnelMeter::Value atPoint = tunnelmeter.at(place.stationing);
+    const ContinuedTunnelMeter::Value atOrigin = tunnelmeter.at(origin.stationing);
+    if (!atPoint.isOnAxis && !atOrigin.isOnAxis) return GuidanceOffsets();
+    forward = atPoint.value - atOrigin.value;
   }
   return GuidanceOffsets(forward, place.offset - origin.offset, place.height - origin.height);
 }
@@ -75,11 +73,13 @@ ENHPoint GuidanceCalculatorImpl::pointOnParallel(double forwardValue) const {
   const AxisPoint origin = vector->getVectorOriginPoint();
   double stationing = origin.stationing + forwardValue;
   if (perpendicular) {
-    double atOrigin = 0.0;
-    const bool hasOrigin = calculator.stationingToTunnelmeter(origin.stationing, atOrigin);
-    const bool hasStationing =
-        calculator.tunnelmeterToStationing(atOrigin + forwardValue, stationing);
-    if (!hasOrigin && !hasStationing) return ENHPoint();
+    if (!axis) return ENHPoint();
+    const ContinuedTunnelMeter tunnelmeter(*axis, calculator);
+    const ContinuedTunnelMeter::Value atOrigin = tunnelmeter.at(origin.stationing);
+    const ContinuedTunnelMeter::Value there =
+        tunnelmeter.stationingAt(atOrigin.value + forwardValue);
+    if (!atOrigin.isOnAxis && !there.isOnAxis) return ENHPoint();
+    stationing = there.value;
   }
   ENHPoint point;
   calculator.axisPointToEnhPoint(AxisPoint(stationing, origin.offset, origin.height), point,

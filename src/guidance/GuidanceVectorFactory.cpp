@@ -7,6 +7,7 @@
 #include "guidance/Levelling.h"
 
 #include <cmath>
+#include <limits>
 
 namespace Ruv {
 namespace Calculations {
@@ -21,9 +22,12 @@ GuidanceVectorDefinition* straightVector(const AxisPoint& origin,
   return vector.release();
 }
 
+/// Not-a-number where the conversion fails: from the origin of the grid a vector would point to a
+/// plausible direction. A shaft writes its result all the same.
 ENHPoint gridPointOf(const AxisCalculator& axis, const AxisPoint& point, bool perpendicular,
                      bool withTransSlope) {
-  ENHPoint result;
+  constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
+  ENHPoint result(kNotANumber, kNotANumber, kNotANumber);
   axis.axisPointToEnhPoint(point, result, perpendicular, withTransSlope);
   return result;
 }

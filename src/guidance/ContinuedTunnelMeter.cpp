@@ -1,0 +1,43 @@
+#include "guidance/ContinuedTunnelMeter.h"
+
+#include <limits>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
+
+}  // namespace
+
+ContinuedTunnelMeter::Value ContinuedTunnelMeter::at(double stationing) const {
+  double tunnelmeter = 0.0;
+  if (m_calculator.stationingToTunnelmeter(stationing, tunnelmeter)) return {tunnelmeter, true};
+  const double first = m_axis.minimumStng2d();
+  const double last = m_axis.maximumStng2d();
+  const bool isOutside = stationing < first || stationing > last;
+  const double end = stationing < first ? first : last;
+  if (!isOutside || !m_calculator.stationingToTunnelmeter(end, tunnelmeter)) {
+    return {kNotANumber, false};
+  }
+  return {tunnelmeter + (stationing - end), false};
+}
+
+ContinuedTunnelMeter::Value ContinuedTunnelMeter::stationingAt(double tunnelmeter) const {
+  double stationing = 0.0;
+  if (m_calculator.tunnelmeterToStationing(tunnelmeter, stationing)) return {stationing, true};
+  const double first = m_axis.minimumStng2d();
+  const double last = m_axis.maximumStng2d();
+  double atEnd = 0.0;
+  if (m_calculator.stationingToTunnelmeter(first, atEnd) && tunnelmeter < atEnd) {
+    return {first + (tunnelmeter - atEnd), false};
+  }
+  if (m_calculator.stationingToTunnelmeter(last, atEnd) && tunnelmeter > atEnd) {
+    return {last + (tunnelmeter - atEnd), false};
+  }
+  return {kNotANumber, false};
+}
+
+}  // namespace Calculations
+}  // namespace Ruv
