@@ -33,7 +33,7 @@ class AxisCalculatorImpl;
 /// Failure: operations return false, never throw, when the stationing (given or found) lies
 ///   outside the range of the axis, when the axis has fewer than two horizontal entries or two
 ///   vertical points, or when an element cannot be evaluated. Each says what its output then holds.
-///   A stationing found up to 1e-7 m outside counts as the limit.
+///   A stationing found up to 1e-7 m outside counts as the limit, a tunnel meter up to 1e-9 m.
 /// Accuracy: there and back returns the point within 1e-9 m plus the rounding of the coordinates.
 /// Cost: constructing is O(1). Conversions are O(log n) in the number of elements; for points
 ///   without a foot near the axis grid to axis is O(n).
@@ -80,8 +80,9 @@ class CALCULATIONS_EXPORT AxisCalculator {
   /// @{
 
   /// The length in space from the origin of the mapping, see
-  /// AxisDefinition::setStationingMappingValues, and back. On a shaft it is the stationing. The
-  /// result is the input on failure.
+  /// AxisDefinition::setStationingMappingValues, and back. On a shaft it is the stationing. Outside
+  /// the profile, where an origin may lie, it counts one metre per metre. The result is the input
+  /// on failure: also from a rounding on that cannot be computed.
   bool stationingToTunnelmeter(double stationing, double& result) const;
   bool tunnelmeterToStationing(double tunnelmeter, double& result) const;
   /// @}

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace Ruv {
 
@@ -16,8 +17,9 @@ namespace {
 /// Grades and transverse slopes in percent are rises per this length.
 constexpr double kPercentBase = 100.0;
 
-/// A tunnel meter this far outside the axis, relative to its own size, is at its end.
+/// A tunnel meter outside the axis by no more than this (m) and its own rounding is at its end.
 constexpr double kTunnelMeterTolerance = 1e-9;
+constexpr double kTunnelMeterUlps = 4.0;
 
 /// A place in the plane square to the axis: to the right and upwards.
 struct CSectionPoint {
@@ -169,12 +171,14 @@ std::optional<double> tunnelMeterAt(const CAxisGeometry& axis, const CStationing
 
 std::optional<double> stationingAt(const CAxisGeometry& axis, const CStationingMapping& mapping,
                                    double tunnelMeter) {
+  // A rounding that cannot be computed ends the lengths, not those before it.
+  const double last = std::min(axis.maximumStationing, axis.veral.lastStationingWithLength());
   const auto lowest = tunnelMeterAt(axis, mapping, axis.minimumStationing);
-  const auto highest = tunnelMeterAt(axis, mapping, axis.maximumStationing);
-  if (!lowest || !highest || !(axis.minimumStationing <= axis.maximumStationing)) {
-    return std::nullopt;
-  }
-  const double tolerance = kTunnelMeterTolerance * std::max(1.0, std::abs(tunnelMeter));
+  const auto highest = tunnelMeterAt(axis, mapping, last);
+  if (!lowest || !highest || !(axis.minimumStationing <= last)) return std::nullopt;
+  const double tolerance = kTunnelMeterTolerance + kTunnelMeterUlps *
+                                                       std::numeric_limits<double>::epsilon() *
+                                                       std::abs(tunnelMeter);
   if (!(tunnelMeter >= *lowest - tolerance && tunnelMeter <= *highest + tolerance)) {
     return std::nullopt;
   }
@@ -182,7 +186,7 @@ std::optional<double> stationingAt(const CAxisGeometry& axis, const CStationingM
       tunnelMeter - mapping.value3dAtOrigin + axis.veral.lengthAt(mapping.origin2d);
   const double stationing = axis.veral.stationingAtLength(length);
   if (!std::isfinite(stationing)) return std::nullopt;
-  return std::max(axis.minimumStationing, std::min(stationing, axis.maximumStationing));
+  return std::max(axis.minimumStationing, std::min(stationing, last));
 }
 
 }  // namespace Ruv

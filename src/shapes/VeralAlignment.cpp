@@ -11,6 +11,10 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
+bool hasLength(const CVeralPiece& piece) {
+  return std::isfinite(piece.lengthBefore + piece.curve.lengthBetween(piece.from, piece.to));
+}
+
 double justBelow(double value) { return std::nextafter(value, -kInfinity); }
 
 /// Gives every stationing to the first curve that asks for it.
@@ -82,7 +86,11 @@ CVeralAlignment::CVeralAlignment(const std::vector<CVeralPoint>& points) {
   m_last = points.back().stationing;
   CPieceClaims claims(points);
   m_pieces = claims.takePieces();
-  m_index = CStationingIndex(m_first, claims.takeLastStationings());
+  std::vector<double> lastStationings = claims.takeLastStationings();
+  while (m_numWithLength < m_pieces.size() && hasLength(m_pieces[m_numWithLength])) {
+    m_lastWithLength = lastStationings[m_numWithLength++];
+  }
+  m_index = CStationingIndex(m_first, std::move(lastStationings));
 }
 
 std::size_t CVeralAlignment::pieceAt(double stationing) const {
@@ -107,12 +115,12 @@ double CVeralAlignment::lengthAt(double stationing) const {
 }
 
 double CVeralAlignment::stationingAtLength(double length) const {
-  if (m_pieces.empty()) return std::numeric_limits<double>::quiet_NaN();
+  if (m_numWithLength == 0) return std::numeric_limits<double>::quiet_NaN();
   if (length < 0.0) return m_first + length;
   const double whole = lengthAt(m_last);
   if (length > whole) return m_last + (length - whole);
   const auto beyond = std::upper_bound(
-      m_pieces.begin(), m_pieces.end(), length,
+      m_pieces.begin(), m_pieces.begin() + static_cast<std::ptrdiff_t>(m_numWithLength), length,
       [](double value, const CVeralPiece& piece) { return value < piece.lengthBefore; });
   const CVeralPiece& piece = beyond == m_pieces.begin() ? m_pieces.front() : *(beyond - 1);
   return piece.curve.stationingBeyond(piece.from, piece.to, length - piece.lengthBefore);

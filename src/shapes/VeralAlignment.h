@@ -8,6 +8,7 @@
 #include "shapes/VerticalCurve.h"
 
 #include <cstddef>
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -40,7 +41,10 @@ class CVeralAlignment {
   /// Length in space from the first point to a stationing. Outside the points it grows by 1 per
   /// metre of stationing. Not-a-number beyond a place where the height is undefined. O(log n).
   double lengthAt(double stationing) const;
-  /// The inverse of lengthAt.
+  /// The last stationing of the alignment up to which lengthAt gives a number; not-a-number when
+  /// there is none.
+  double lastStationingWithLength() const { return m_lastWithLength; }
+  /// The inverse of lengthAt for the lengths that it gives.
   double stationingAtLength(double length) const;
 
   const std::vector<CVeralPiece>& pieces() const { return m_pieces; }
@@ -54,6 +58,8 @@ class CVeralAlignment {
  private:
   double m_first = 0.0;
   double m_last = 0.0;
+  double m_lastWithLength = std::numeric_limits<double>::quiet_NaN();
+  std::size_t m_numWithLength = 0;  // of the pieces, from the first one on
   std::vector<CVeralPiece> m_pieces;
   CStationingIndex m_index;  // of the greatest stationing that each piece holds
 };

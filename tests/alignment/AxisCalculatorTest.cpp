@@ -255,6 +255,49 @@ TEST(AxisCalculator, FindsNoFootInSpaceWhereTheHeightIsUndefined) {
   EXPECT_TRUE(calculator.enhPointToAxisPointPerpendicular(ENHPoint(1, 10, 2), place));
 }
 
+TEST(AxisCalculator, EndsWithTheProfile) {
+  const AxisPtr axis = newAxis();
+  ChainBuilder(axis, 0, 0, 0, 0).straight(100);
+  axis->addVeralPointKink(20, 5);
+  axis->addVeralPointKink(80, 5);
+  const AxisCalculator calculator(axis);
+  AxisPoint place;
+  for (const bool inSpace : {false, true}) {
+    for (const double outside : {19.0, 19.9999, 80.0001, 81.0}) {
+      EXPECT_FALSE(calculator.enhPointToAxisPoint(ENHPoint(1, outside, 5), place, inSpace, true));
+    }
+    EXPECT_EQ(axisPoint(calculator, ENHPoint(1, 80 + 9e-8, 5), inSpace).stationing, 80.0);
+  }
+}
+
+TEST(AxisCalculator, ConvertsTunnelMetersUpToWhereTheHeightCannotBeComputed) {
+  for (const double height : {5.0, std::nan("")}) {
+    const AxisPtr axis = newAxis();
+    ChainBuilder(axis, 0, 0, 0, 0).straight(100);
+    axis->addVeralPointKink(0, 0);
+    axis->addVeralPointParabola(20, 1, 200);
+    axis->addVeralPointKink(40, 4);
+    if (height == 5.0) axis->addVeralPointArc(60, 4, 50);  // stands where the next point does
+    axis->addVeralPointKink(60, height);
+    for (double stationing = 70.0; stationing <= 100.0; stationing += 2.0) {
+      axis->addVeralPointKink(stationing, 5);
+    }
+    const AxisCalculator calculator(axis);
+    double tunnelmeter = 0;
+    double back = 0;
+    int numConverted = 0;
+    for (double stationing = 0.0; stationing <= 100.0; stationing += 0.25) {
+      if (!calculator.stationingToTunnelmeter(stationing, tunnelmeter)) continue;
+      ++numConverted;
+      ASSERT_TRUE(calculator.tunnelmeterToStationing(tunnelmeter, back)) << stationing;
+      EXPECT_NEAR(back, stationing, 1e-11);
+    }
+    EXPECT_EQ(numConverted, 161);
+    ASSERT_TRUE(calculator.stationingToTunnelmeter(40.0, tunnelmeter));
+    EXPECT_FALSE(calculator.tunnelmeterToStationing(tunnelmeter + 1e-6, back));
+  }
+}
+
 TEST(AxisCalculator, ConvertsTunnelMeters) {
   const AxisPtr axis = straightAxis(0, 1000, 100, 0, 75);
   const AxisCalculator rising(axis);
@@ -270,9 +313,18 @@ TEST(AxisCalculator, ConvertsTunnelMeters) {
   for (const double stationing : {1000.0, 1020.0, 1060.0, 1100.0}) {
     expectPair(stationing, 5000 + 1.25 * (stationing - 1020));
   }
+  // From an origin behind the axis as if it were level there too.
+  axis->setStationingMappingValues(1150, 5000);
+  expectPair(1100, 4950);
+  expectPair(1000, 4825);
+  axis->setStationingMappingValues(1020, 5000);
   // A limit that a caller has rounded is the limit.
   ASSERT_TRUE(rising.tunnelmeterToStationing(5100 + 1e-10, result));
   EXPECT_EQ(result, 1100.0);
+  axis->setStationingMappingValues(1020, 5e6);
+  EXPECT_TRUE(rising.tunnelmeterToStationing(5000100 + 1e-9, result));
+  EXPECT_FALSE(rising.tunnelmeterToStationing(5000100 + 1e-7, result));
+  axis->setStationingMappingValues(1020, 5000);
   for (const double outside : {999.0, 1101.0}) {
     EXPECT_FALSE(rising.stationingToTunnelmeter(outside, result));
     EXPECT_EQ(result, outside);
