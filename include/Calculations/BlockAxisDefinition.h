@@ -24,7 +24,9 @@ class BlockAxisDefinitionImpl;
 /// its tunnel meter continues that of the reference axis. A block of a shaft is a shaft.
 ///
 /// Conventions: metres; Stng2d is a stationing, in plan, Stng3d a tunnel meter, in space.
-/// Failure: never throws. Where the reference axis cannot be evaluated the values concerned are 0.
+/// Failure: never throws. Where the reference axis cannot be evaluated the values concerned are 0:
+///   a block that reaches beyond its reference axis leads to the grid point (0, 0, 0), and its
+///   axis with it. So check both stationings against the range of the reference axis first.
 ///   An untyped or null reference axis leaves the block without axis (a null pointer).
 /// Cost: a few conversions by AxisCalculator to construct, at most as many a question.
 /// Lifetime: immutable after construction, shareable between threads, not copyable.

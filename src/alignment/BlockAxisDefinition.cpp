@@ -2,6 +2,9 @@
 #include <Calculations/BlockAxisDefinition.h>
 #include <Calculations/Utilities.h>
 
+#include "alignment/AxisDefinitionImpl.h"
+
+#include <algorithm>
 #include <cmath>
 
 namespace Ruv {
@@ -61,8 +64,8 @@ Chord chordOf(const AxisCalculator& reference, double startStationing, double en
   return chord;
 }
 
-boost::shared_ptr<const AxisDefinition> axisAlong(const Chord& chord) {
-  const boost::shared_ptr<AxisDefinition> axis(AxisDefinitionFactory::createHoralVeralAxis());
+boost::shared_ptr<AxisDefinition> axisAlong(const Chord& chord) {
+  boost::shared_ptr<AxisDefinition> axis(AxisDefinitionFactory::createHoralVeralAxis());
   const ENHPoint& start = chord.start;
   const ENHPoint& end = chord.end;
   const double azimuth = Utilities::horAngleBetween(start, end);
@@ -92,19 +95,32 @@ boost::shared_ptr<const AxisDefinition> axisAlong(const Chord& chord) {
   return axis;
 }
 
-boost::shared_ptr<const AxisDefinition> shaftAlong(const Chord& chord) {
+boost::shared_ptr<AxisDefinition> shaftAlong(const Chord& chord) {
   const bool isTopDown = chord.start.height > chord.end.height;
   const double backwards = isTopDown ? kOverhang : -kOverhang;
-  return boost::shared_ptr<const AxisDefinition>(AxisDefinitionFactory::createShaftAxis(
+  return boost::shared_ptr<AxisDefinition>(AxisDefinitionFactory::createShaftAxis(
       chord.start.east, chord.start.north, chord.start.height + backwards,
       chord.end.height - backwards, chord.stationing - kOverhang));
 }
 
-boost::shared_ptr<const AxisDefinition> blockAxisOf(const AxisDefinition& reference,
-                                                    const Chord& chord) {
+boost::shared_ptr<AxisDefinition> blockAxisOf(const AxisDefinition& reference, const Chord& chord) {
   if (reference.isTypeHoralVeral()) return axisAlong(chord);
   if (reference.isShaftAxis()) return shaftAlong(chord);
-  return boost::shared_ptr<const AxisDefinition>();
+  return boost::shared_ptr<AxisDefinition>();
+}
+
+void moveOnTo(double stationing, CShapeBase* element) {
+  if (element != nullptr && stationing > element->getStationing()) {
+    element->setStationing(stationing);
+  }
+}
+
+/// Lets a block axis end no earlier than at a stationing that is its end but for rounding.
+void extendTo(double stationing, AxisDefinition& axis) {
+  CShapeContainer& container = axis.getImpl()->container;
+  if (axis.isTypeHoralVeral()) moveOnTo(stationing, container.horalAt(container.numHoral() - 1));
+  moveOnTo(stationing, container.veralAt(container.numVeral() - 1));
+  moveOnTo(stationing, container.transSlopeAt(container.numTransSlope() - 1));
 }
 
 }  // namespace
@@ -118,8 +134,14 @@ BlockAxisDefinition::BlockAxisDefinition(
   m_impl->blockEndStng2dOnRefAxis = blockEndStng2dOnRefAxis;
   if (!referenceAxis) return;
   const AxisCalculator reference(referenceAxis);
-  m_impl->blockAxis =
+  const boost::shared_ptr<AxisDefinition> axis =
       blockAxisOf(*referenceAxis, chordOf(reference, blockStartStng2d, blockEndStng2dOnRefAxis));
+  m_impl->blockAxis = axis;
+  if (!axis) return;
+  // The length is found by projection, so the block may end a rounding error after its chord.
+  const double length = blockLength2d();
+  extendTo(std::max(blockStartStng2d + length + kOverhang, blockStartStng2d + (length + kOverhang)),
+           *axis);
 }
 
 BlockAxisDefinition::~BlockAxisDefinition() = default;

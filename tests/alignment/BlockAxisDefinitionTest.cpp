@@ -67,6 +67,34 @@ TEST(BlockAxisDefinition, IsTheChordBetweenTwoPointsOfTheAxis) {
   }
 }
 
+TEST(BlockAxisDefinition, ReachesTwoMetresBeyondBothEnds) {
+  // Whatever the last digits of the sums are.
+  Random random(73);
+  ENHPoint point;
+  for (int round = 0; round < 20; ++round) {
+    const AxisPtr axis = randomSmoothAxis(random);
+    axis->addTransSlopeSegmentConstant(axis->minimumStng2d() + 200, axis->maximumStng2d(), 3.0);
+    const double top = random.uniform(100.0, 900.0);
+    const AxisPtr shaft(AxisDefinitionFactory::createShaftAxis(
+        1, 2, top, top + (round % 2 == 0 ? 100 : -100), random.uniform(0.0, 9000.0)));
+    for (const AxisPtr& reference : {axis, shaft}) {
+      for (int i = 0; i < 100; ++i) {
+        const double start =
+            random.uniform(reference->minimumStng2d(), reference->maximumStng2d() - 10);
+        const BlockPtr block = blockOf(reference, start, start + random.uniform(0.5, 10.0));
+        const AxisCalculator chord(block);
+        const double end = block->blockEndStng2d();
+        for (const double limit : {start - 2, end + 2, start + (block->blockLength2d() + 2)}) {
+          EXPECT_TRUE(chord.axisPointToEnhPointVertical(AxisPoint(limit, 0, 0), point));
+        }
+        EXPECT_EQ(transSlopeAt(chord, block->asAxisDefinition()->maximumStng2d()),
+                  transSlopeAt(chord, end + 1));
+        EXPECT_FALSE(chord.axisPointToEnhPointVertical(AxisPoint(end + 2 + 1e-9, 0, 0), point));
+      }
+    }
+  }
+}
+
 TEST(BlockAxisDefinition, OfAShaftIsAShaft) {
   for (const bool topDown : {true, false}) {
     const AxisPtr shaft(
