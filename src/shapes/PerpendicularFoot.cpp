@@ -69,6 +69,27 @@ CSpatialFoot wedgeFoot(double stationing, const CView& before, const CView& afte
   return {stationing, rightComponent(ray, beside), std::copysign(rest, after.rise)};
 }
 
+/// Part of a parabola from one end to its vertex, where the grade is 0; 0 when it does not lie
+/// between the ends.
+double shareToVertex(const CHeightAndGrade& first, const CHeightAndGrade& last) {
+  return first.grade * last.grade < 0.0 ? first.grade / (first.grade - last.grade) : 0.0;
+}
+
+/// The largest angle (rad) by which a stretch turns on a metre, in plan and in profile together. In
+/// profile it is that of a parabola at its vertex, of a circle at its steeper end.
+double sharpestTurningBetween(const CView& first, const CView& last) {
+  return std::max(std::abs(first.plan.curvature), std::abs(last.plan.curvature)) +
+         std::max(std::abs(first.profile.gradeChange), std::abs(last.profile.gradeChange));
+}
+
+/// In how many pieces a stretch is searched. Only a rounding that all but stands upright would have
+/// more than the limit.
+int numPieces(double turning) {
+  constexpr double kMostPieces = 300.0;  // what a clothoid of kLargestTurning has
+  return static_cast<int>(
+      std::min(std::max(1.0, std::ceil(turning / kLargestSearchedTurning)), kMostPieces));
+}
+
 class CPerpendicularSearch {
  public:
   CPerpendicularSearch(const CAxisGeometry& axis, const Calculations::ENHPoint& point)
@@ -143,18 +164,23 @@ class CPerpendicularSearch {
       const double stationing = std::min(stretch.segment->stationingStart + length, toStationing);
       m_nearest.regular.offer(seen->distance(), stationing, squareFoot(stationing, *seen));
     };
-    const double sharpest =
-        std::max(std::abs(first->plan.curvature), std::abs(last->plan.curvature));
-    const int parts =
-        std::max(1, static_cast<int>(std::ceil(sharpest * (to - from) / kLargestSearchedTurning)));
+    const double sharpest = sharpestTurningBetween(*first, *last);
     CSearchNode node{from, first->forward};
-    for (int part = 1; part <= parts; ++part) {
-      const double place = from + (to - from) * part / parts;
-      const CSearchNode next =
-          part == parts ? CSearchNode{to, last->forward} : CSearchNode{place, forwardAt(place)};
-      findFeet(forwardAt, node, next, found);
-      node = next;
-    }
+    const auto searchTo = [&](double end) {
+      const double begin = node.place;
+      const int parts = numPieces(sharpest * (end - begin));
+      for (int part = 1; part <= parts; ++part) {
+        const double place = part == parts ? end : begin + (end - begin) * part / parts;
+        const CSearchNode next =
+            place == to ? CSearchNode{to, last->forward} : CSearchNode{place, forwardAt(place)};
+        findFeet(forwardAt, node, next, found);
+        node = next;
+      }
+    };
+    // At its vertex a parabola turns the sharpest, and there may be an extremum on either side.
+    const double vertex = from + (to - from) * shareToVertex(first->profile, last->profile);
+    if (vertex > from && vertex < to) searchTo(vertex);
+    searchTo(to);
   }
 
   void offerJustOutside(double stationing, const CView& view) {

@@ -241,6 +241,49 @@ TEST(AxisCalculator, FindsTheNearestFootInSpace) {
   EXPECT_GT(numFound, 100);
 }
 
+TEST(AxisCalculator, FindsTheNearestFootInSpaceBesideSharpRoundings) {
+  // About the centre of curvature of a vertex there are three feet, and tight arcs in plan have
+  // their own. Feet that are equally near to 0.1 mm count as one.
+  Random random(88);
+  int numFound = 0;
+  for (int round = 0; round < 600; ++round) {
+    const double radius = std::pow(10.0, random.uniform(0.7, 2.0));
+    const double gradeIn = random.uniform(-1.5, 1.5);
+    const double gradeOut = random.uniform(-1.5, 1.5);
+    const double half = radius * std::abs(gradeOut - gradeIn) / 2 + 2;
+    const double planRadius = round % 3 == 0 ? 1e5 : std::max(random.uniform(8, 60), half / 3);
+    const AxisPtr axis = newAxis();
+    ChainBuilder(axis, 0, 0, 0, 0.2).arc(planRadius, 2 * half);
+    axis->addVeralPointKink(0, -half * gradeIn);
+    if (round % 4 == 0) axis->addVeralPointArc(half, 0, radius);
+    if (round % 4 != 0) axis->addVeralPointParabola(half, 0, radius);
+    axis->addVeralPointKink(2 * half, half * gradeOut);
+    const AxisCalculator calculator(axis);
+    std::vector<ENHPoint> samples;
+    for (int i = 0; i <= 1000; ++i) {
+      samples.push_back(gridPoint(calculator, AxisPoint(2 * half * (i / 1000.0), 0, 0)));
+    }
+    for (int i = 0; i < 60; ++i) {
+      const double offset =
+          round % 3 == 0 ? random.uniform(-1, 1) : random.uniform(-1.5, 1.5) * planRadius;
+      const AxisPoint in(random.uniform(0, 2 * half), offset, random.uniform(-2, 2) * radius);
+      const ENHPoint p = gridPoint(calculator, in, true);
+      double nearest = 1e300;
+      std::size_t place = 0;
+      for (std::size_t k = 0; k < samples.size(); ++k) {
+        const double distance = (samples[k] - p).length();
+        if (distance < nearest) place = k;
+        nearest = std::min(nearest, distance);
+      }
+      if (place == 0 || place + 1 == samples.size()) continue;
+      ++numFound;
+      const AxisPoint foot = axisPoint(calculator, p, true);
+      EXPECT_LE(std::hypot(foot.offset, foot.height), nearest + 1e-4) << round << " " << i;
+    }
+  }
+  EXPECT_GT(numFound, 25000);
+}
+
 TEST(AxisCalculator, FindsNoFootInSpaceWhereTheHeightIsUndefined) {
   const AxisPtr axis = newAxis();
   ChainBuilder(axis, 0, 0, 0, 0).straight(100);
