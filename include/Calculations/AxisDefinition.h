@@ -9,11 +9,26 @@
 #include <Calculations/ShapeElements.h>
 
 #include <memory>
+#include <vector>
 
 namespace Ruv {
 namespace Calculations {
 
 class AxisDefinitionImpl;
+
+/// How far a horizontal segment, as it was entered, is from continuing the one before it.
+///
+/// Units: metres and radians.
+/// Failure: none; not-a-number where a coordinate or azimuth of the axis is none.
+/// Cost: constant.
+/// @snippet snippets/Axes.cpp Misclosure
+struct Misclosure {
+  /// From the end of the segment before to the start point given with this one; 0 or more.
+  double distance = 0.0;
+  /// From the direction in which the segment before ends to the azimuth given with this one,
+  /// positive to the right, in [-pi, pi).
+  double directionBreak = 0.0;
+};
 
 /// A tunnel axis: horizontal segments, vertical points and transverse slopes over one plan
 /// stationing, or a vertical shaft.
@@ -21,14 +36,22 @@ class AxisDefinitionImpl;
 /// Units: metres; azimuths in radians, clockwise from north; transverse slopes in percent,
 ///   positive when the right side is lower. A positive radius curves to the right, a radius of 0
 ///   is infinite. Pictures: docs/conventions.md.
-/// Order: elements are kept by stationing and may be added in any order, except that the first
+/// Order: elements are kept by stationing, those of equal stationing in the order of adding.
+///   Intervals of transverse slope must be added in ascending order: a later one that ends where
+///   an earlier one begins takes its place there, and slopes between them come out wrong. The first
 ///   horizontal segment added must be the first of the axis: only that one sets the start point.
-///   A segment leads from the end of the one before it to its own end, so its start coordinates
-///   and azimuth must continue the chain; deviations of a few millimetres, as printed coordinates
-///   have, are spread over the segment.
+///   The other horizontal segments and the vertical points may be added in any order, but for
+///   those that share a stationing, which ascend as they are added.
+/// Chain: a segment leads from the end of the one before it to its own end, so its start
+///   stationing, start point and azimuth must continue the chain. A deviation of up to 5 mm, as
+///   printed coordinates have, is spread evenly along the segment, which keeps its azimuth. With a
+///   larger one the segment is turned and scaled to fit between the two ends, whatever comes out;
+///   misclosures() tells where that happens.
 /// Failure: an add operation is refused (false, nothing stored) only for the type of the axis,
-///   never for its geometry. A segment without geometry, as an arc of radius 0 or of more than a
-///   full circle, ends where it starts, and conversions fail on it.
+///   never for its geometry. A segment without geometry ends where it starts, and conversions fail
+///   on it: an arc of radius 0 or of more than a full circle, a clothoid that turns more than 100
+///   rad at its sharper curvature (length over the smaller radius), one of no length, or one with
+///   a value that is not finite.
 /// Cost: adding in order of stationing takes O(log n). The first calculation after a change
 ///   prepares the whole geometry, O(n).
 /// Threads: may be shared by threads that only read.
@@ -117,6 +140,12 @@ class CALCULATIONS_EXPORT AxisDefinition {
   CShapeBase* getHoralSegmentAt(unsigned index) const;
   /// A CVeralElement; null on a shaft and when the index is out of range.
   CShapeBase* getVeralPointAt(unsigned index) const;
+  /// How well the segments continue each other: one entry for each horizontal segment, the first
+  /// zero. Its distance is not zero when another segment than the first was added first. Look at
+  /// it once an axis is entered, and refuse the axis when a distance exceeds what printing
+  /// explains: beyond 5 mm a gap bends the segment after it. A start stationing that leaves a gap
+  /// does the same; it is not seen here, but from getStationing() of the element before. O(n).
+  std::vector<Misclosure> misclosures() const;
   /// @}
 
   /// @name Sampled polylines

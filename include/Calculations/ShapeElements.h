@@ -173,9 +173,7 @@ class CALCULATIONS_EXPORT CHoralElement : public CShapeBase {
   double m_radiusStart = 0.0;
   double m_radiusEnd = 0.0;
   double m_clothoidParameter = 0.0;
-  // The azimuth with which the segment was defined, not-a-number if none is known. It settles the
-  // direction where the end points cannot, as on a full circle.
-  double m_definedAzimuth;
+  std::uint32_t m_definition;  // which of those that the axis keeps tells how it was defined
 };
 
 /// A point of the vertical alignment: a kink or a rounded point of intersection.

@@ -1,4 +1,5 @@
 #include <Calculations/AxisDefinition.h>
+#include <Calculations/Utilities.h>
 
 #include "alignment/AxisDefinitionImpl.h"
 #include "alignment/AxisPolylines.h"
@@ -29,21 +30,21 @@ struct SegmentInput {
 };
 
 std::unique_ptr<CHoralElement> startPointAt(double stationing, const Point2D& point) {
-  auto element = std::make_unique<CHoralElement>();
-  element->setTypeId(CShapeType::StartPoint);
-  element->setStationing(stationing);
-  element->setEast(point.x);
-  element->setNorth(point.y);
-  return element;
+  return CShapeContainer::horalElementOf({CShapeType::StartPoint, stationing, point, 0, 0, 0});
 }
 
 /// A curve that is not defined ends where it starts.
-Point2D endPointOf(const SegmentInput& input) {
-  CPlacedCurve path;
-  path.curve = curveOfType(input.typeId, input.radiusStart, input.radiusEnd, input.length);
-  path.start = input.start;
-  path.startDirection = directionOfBearing(input.azimuth);
-  return path.curve.isDefined() ? path.end().position : input.start;
+CCurvePoint endOf(const SegmentInput& input) {
+  const CDirection direction = directionOfBearing(input.azimuth);
+  const CPlaneCurve curve =
+      curveOfType(input.typeId, input.radiusStart, input.radiusEnd, input.length);
+  if (curve.isDefined()) {
+    return CPlacedCurve{curve, input.start, input.azimuth, direction, 1.0}.end();
+  }
+  CCurvePoint start;
+  start.position = input.start;
+  start.heading = input.azimuth;
+  return start;
 }
 
 /// Parameter A of the clothoid between two radii: A^2 = R L from a straight to the radius R, and
@@ -59,20 +60,12 @@ double clothoidParameter(double radiusStart, double radiusEnd, double length) {
   return std::sqrt(std::abs(larger * length * smaller / (smaller - larger)));
 }
 
-std::unique_ptr<CHoralElement> endEntryOf(const SegmentInput& input) {
-  auto element = std::make_unique<CHoralElement>();
-  const Point2D end = endPointOf(input);
-  element->setTypeId(input.typeId);
-  element->setStationing(input.stationing + input.length);
-  element->setEast(end.x);
-  element->setNorth(end.y);
-  element->setRadiusStart(input.radiusStart);
-  element->setRadiusEnd(input.radiusEnd);
-  if (input.typeId == CShapeType::Clothoid) {
-    element->setClothoidParameter(
-        clothoidParameter(input.radiusStart, input.radiusEnd, input.length));
-  }
-  return element;
+std::unique_ptr<CHoralElement> endEntryOf(const SegmentInput& input, const Point2D& end) {
+  const double parameter = input.typeId == CShapeType::Clothoid
+                               ? clothoidParameter(input.radiusStart, input.radiusEnd, input.length)
+                               : 0.0;
+  return CShapeContainer::horalElementOf({input.typeId, input.stationing + input.length, end,
+                                          input.radiusStart, input.radiusEnd, parameter});
 }
 
 bool addSegment(AxisDefinitionImpl& impl, const SegmentInput& input) {
@@ -81,10 +74,12 @@ bool addSegment(AxisDefinitionImpl& impl, const SegmentInput& input) {
   // All memory first: no start point stays when its segment cannot be added.
   const bool isFirst = container.numHoral() == 0;
   auto start = isFirst ? startPointAt(input.stationing, input.start) : nullptr;
-  auto end = endEntryOf(input);
+  const CCurvePoint end = endOf(input);
+  auto entry = endEntryOf(input, end.position);
   container.makeRoomForTwoHoral();
+  container.define(*entry, {input.start, input.azimuth, end.heading});
   if (isFirst) container.appendHoral(std::move(start));
-  container.appendHoral(std::move(end), input.azimuth);
+  container.appendHoral(std::move(entry));
   container.update();
   return true;
 }
@@ -240,6 +235,21 @@ CShapeBase* AxisDefinition::getHoralSegmentAt(unsigned index) const {
 
 CShapeBase* AxisDefinition::getVeralPointAt(unsigned index) const {
   return isTypeHoralVeral() ? m_impl->container.veralAt(index) : nullptr;
+}
+
+std::vector<Misclosure> AxisDefinition::misclosures() const {
+  const CShapeContainer& container = m_impl->container;
+  std::vector<Misclosure> misclosures(getNumHoralSegments());
+  for (std::size_t i = 0; i < misclosures.size(); ++i) {
+    const CHoralElement& before = *container.horalAt(i);
+    const CHoralDefinition segment = container.definitionOf(*container.horalAt(i + 1));
+    misclosures[i].distance =
+        (segment.start - Point2D(before.getEast(), before.getNorth())).length();
+    if (i == 0) continue;  // nothing leads to the first one
+    misclosures[i].directionBreak = Utilities::getangleAsMinusPiToPi(
+        segment.startAzimuth - container.definitionOf(before).endAzimuth);
+  }
+  return misclosures;
 }
 
 Polyline AxisDefinition::getHoralSegmentPolylineAt(unsigned index, double step) const {

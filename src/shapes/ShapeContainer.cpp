@@ -23,7 +23,7 @@ void CShapeList<Element>::reset() {
 }
 
 template <class Element>
-void CShapeList<Element>::sortAndLink() {
+void CShapeList<Element>::sortAndLinkAdded() {
   if (m_numLinked == 0) {
     std::stable_sort(m_elements.begin(), m_elements.end(),
                      [](const auto& a, const auto& b) { return a->isLess(b.get()); });
@@ -76,9 +76,27 @@ void CShapeContainer::appendHoral(std::unique_ptr<CHoralElement> element) {
   take(m_horal, std::move(element));
 }
 
-void CShapeContainer::appendHoral(std::unique_ptr<CHoralElement> element, double definedAzimuth) {
-  element->m_definedAzimuth = definedAzimuth;
-  take(m_horal, std::move(element));
+std::unique_ptr<CHoralElement> CShapeContainer::horalElementOf(const CHoralEntry& entry) {
+  auto element = std::make_unique<CHoralElement>();
+  element->m_typeId = entry.typeId;
+  element->m_stationing = entry.stationing;
+  element->m_east = entry.end.x;
+  element->m_north = entry.end.y;
+  element->m_radiusStart = entry.radiusStart;
+  element->m_radiusEnd = entry.radiusEnd;
+  element->m_clothoidParameter = entry.clothoidParameter;
+  return element;
+}
+
+void CShapeContainer::define(CHoralElement& element, const CHoralDefinition& definition) {
+  m_definitions.push_back(definition);
+  element.m_definition = static_cast<std::uint32_t>(m_definitions.size() - 1);
+}
+
+CHoralDefinition CShapeContainer::definitionOf(const CHoralElement& element) const {
+  if (element.m_definition < m_definitions.size()) return m_definitions[element.m_definition];
+  constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+  return {Point2D(kUnknown, kUnknown), kUnknown, kUnknown};
 }
 
 void CShapeContainer::appendVeral(std::unique_ptr<CVeralElement> element) {
@@ -91,6 +109,7 @@ void CShapeContainer::appendTransSlope(std::unique_ptr<CTransSlopeElement> eleme
 
 void CShapeContainer::resetHoral() {
   m_horal.reset();
+  m_definitions.clear();
   m_geometry.forget();
 }
 
@@ -153,7 +172,7 @@ std::vector<CHoralSegmentData> CShapeContainer::horalSegments() const {
     data.end = {end.getEast(), end.getNorth()};
     data.radiusStart = end.getRadiusStart();
     data.radiusEnd = end.getRadiusEnd();
-    data.definedAzimuth = end.m_definedAzimuth;
+    data.definedAzimuth = definitionOf(end).startAzimuth;
     segments.push_back(data);
   }
   return segments;

@@ -13,6 +13,9 @@
 #include <Calculations/ShapeElements.h>
 
 #include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -35,16 +38,37 @@ class CShapeList {
   /// Sorts by stationing, elements of equal stationing in the order of adding, and links each
   /// element with its neighbours. Takes O(log n) steps for elements appended since the last call
   /// (and moves the pointers behind an element that belongs before the end).
-  void sortAndLink();
+  void sortAndLink() {
+    if (m_numLinked < m_elements.size()) sortAndLinkAdded();
+  }
   /// Stationings or links may have changed behind the list's back.
   void distrust() { m_numLinked = 0; }
 
  private:
+  void sortAndLinkAdded();
   void insertLinked(std::size_t index);
   void link(std::size_t index, std::size_t numLinked);
 
   std::vector<std::unique_ptr<Element>> m_elements;
   std::size_t m_numLinked = 0;  // elements at the front that are sorted and linked
+};
+
+/// The fields of a horizontal element.
+struct CHoralEntry {
+  std::int32_t typeId = CShapeType::StartPoint;
+  double stationing = 0.0;
+  Point2D end;
+  double radiusStart = 0.0;
+  double radiusEnd = 0.0;
+  double clothoidParameter = 0.0;
+};
+
+/// How a caller has defined a horizontal segment, of which the element stores the end.
+struct CHoralDefinition {
+  Point2D start;
+  /// Settles the direction where the end points cannot, as on a full circle.
+  double startAzimuth = 0.0;
+  double endAzimuth = 0.0;
 };
 
 /// The prepared geometry of an axis.
@@ -78,9 +102,12 @@ class CShapeContainer {
   void makeRoomForTwoHoral() { m_horal.makeRoom(2); }
   void makeRoomForTwoTransSlopes() { m_transSlopes.makeRoom(2); }
   /// @}
+
+  /// An element of no list yet.
+  static std::unique_ptr<CHoralElement> horalElementOf(const CHoralEntry& entry);
+  /// Keeps the definition of a segment that is about to be appended.
+  void define(CHoralElement& element, const CHoralDefinition& definition);
   void appendHoral(std::unique_ptr<CHoralElement> element);
-  /// @param definedAzimuth with which the segment that ends at the element was defined
-  void appendHoral(std::unique_ptr<CHoralElement> element, double definedAzimuth);
   void appendVeral(std::unique_ptr<CVeralElement> element);
   void appendTransSlope(std::unique_ptr<CTransSlopeElement> element);
 
@@ -97,6 +124,10 @@ class CShapeContainer {
 
   /// Evaluates the horizontal alignment; false outside it or on an element without geometry.
   bool positionAt(double stationing, CAlignmentPosition& result) const;
+
+  /// Of the segment that ends at an element; not-a-number where it was appended without.
+  CHoralDefinition definitionOf(const CHoralElement& element) const;
+  static constexpr std::uint32_t kNoDefinition = std::numeric_limits<std::uint32_t>::max();
 
   std::vector<CVeralPoint> veralPoints() const;
 
@@ -118,6 +149,9 @@ class CShapeContainer {
   CAxisGeometry derivedGeometry() const;
 
   CShapeList<CHoralElement> m_horal;
+  // Apart from the elements, which they would make too large for what memory allocators are quick
+  // to hand out, and in the order of adding.
+  std::deque<CHoralDefinition> m_definitions;
   CShapeList<CVeralElement> m_veral;
   CShapeList<CTransSlopeElement> m_transSlopes;
   DerivedOnDemand<CAxisGeometry> m_geometry;

@@ -2,8 +2,6 @@
 
 #include "shapes/ShapeContainer.h"
 
-#include <limits>
-
 namespace Ruv {
 
 namespace {
@@ -70,7 +68,7 @@ void CShapeBase::setPrevious(CShapeBase* previous) {
   noteChange();
 }
 
-CHoralElement::CHoralElement() : m_definedAzimuth(std::numeric_limits<double>::quiet_NaN()) {}
+CHoralElement::CHoralElement() : m_definition(CShapeContainer::kNoDefinition) {}
 
 CHoralElement::~CHoralElement() = default;
 

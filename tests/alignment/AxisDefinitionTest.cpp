@@ -76,6 +76,39 @@ TEST(AxisDefinition, TellsTheParameterOfAClothoid) {
   }
 }
 
+TEST(AxisDefinition, TellsHowSegmentsContinueEachOther) {
+  const AxisPtr axis = newAxis();
+  EXPECT_TRUE(axis->misclosures().empty());
+  axis->addHoralSegmentStraight(0, 600000, 200000, kPi / 2, 100);
+  axis->addHoralSegmentArc(100, 600103, 200004, kPi / 2 - 2e-6, 50, 25 * kPi);  // 3 and 4 m off
+  const CHoralElement& end = segmentOf(axis, 1);
+  axis->addHoralSegmentClothoid(300, end.getEast(), end.getNorth(), 1.3 - 6 * kPi, 50, 0, 40);
+  axis->addHoralSegmentArc(340, 0, 0, -kPi, 0.0, 10);  // has no geometry
+  axis->addHoralSegmentStraight(350, 0, 0.5, 1 - kPi, 10);
+  const std::vector<Misclosure> found = axis->misclosures();
+  const double clothoidTurning = 0.4;
+  const double expected[][2] = {{0, 0},
+                                {5, -2e-6},
+                                {0, 1.3 - kPi + 2e-6},
+                                {found[3].distance, kPi - 1.3 - clothoidTurning},
+                                {0.5, 1}};
+  ASSERT_EQ(found.size(), 5u);
+  EXPECT_GT(found[3].distance, 6e5);
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    EXPECT_NEAR(found[i].distance, expected[i][0], 1e-9) << i;
+    EXPECT_NEAR(found[i].directionBreak, expected[i][1], 1e-12) << i;
+  }
+  // The element before counts as it is now, and the first segment need not be the first one added.
+  dynamic_cast<CHoralElement*>(axis->getHoralSegmentAt(0))->setEast(600103);
+  EXPECT_NEAR(axis->misclosures()[1].distance, 4.0, 1e-9);
+  axis->resetHoral();
+  axis->addHoralSegmentStraight(10, 0, 30, 0, 10);
+  axis->addHoralSegmentStraight(0, 0, 20, 0, 10);
+  EXPECT_EQ(axis->misclosures()[0].distance, 10.0);
+  EXPECT_TRUE(
+      AxisPtr(AxisDefinitionFactory::createShaftAxis(0, 0, 0, 9, 0))->misclosures().empty());
+}
+
 TEST(AxisDefinition, StoresSegmentsWithoutGeometryAtTheirStart) {
   const AxisPtr axis = newAxis();
   EXPECT_TRUE(axis->addHoralSegmentArc(0, 7, 8, 1, 0.0, 10));
