@@ -99,7 +99,8 @@ class CALCULATIONS_EXPORT AxisDefinition {
   bool addHoralSegmentArc(double stationing, double east, double north, double azimuth,
                           double radius, double length);
   /// As the others, with a curvature that changes linearly from 1 / radiusStart to 1 / radiusEnd.
-  /// Radii of different sign give an S-curve; equal radii an arc.
+  /// Radii of different sign give an S-curve; equal radii an arc, which may go round more than
+  /// once.
   bool addHoralSegmentClothoid(double stationing, double east, double north, double azimuth,
                                double radiusStart, double radiusEnd, double length);
   /// @}

@@ -20,7 +20,10 @@ constexpr double kFullTurnNoise = 1e-12;
 CBox boxOf(const CHoralSegment& segment) {
   if (!segment.isEvaluable) return {};
   const CPlacedCurve& path = segment.path;
-  CBox box = boxAroundCurve(path.start, path.end().position, path.curve.length() * path.scale);
+  const double length = path.curve.length() * path.scale;
+  // A drift makes the curve longer by no more than itself.
+  const double drift = path.curve.drift().length() * length;
+  CBox box = boxAroundCurve(path.start, path.end().position, length + drift);
   // The stored end point, a rounding error away, is the foot of points just outside.
   box.include(boxAroundCurve(segment.end, segment.end, 0.0));
   return box;

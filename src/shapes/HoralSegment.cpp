@@ -14,8 +14,8 @@ namespace Ruv {
 
 namespace {
 
-/// A defined azimuth is trusted when it misses the end point by no more than this (m), plus the
-/// rounding of the coordinates: fifty times the error of the curve itself.
+/// A curve that misses its end point by no more than this (m), plus the rounding of the
+/// coordinates, meets it: fifty times the error of the curve itself.
 constexpr double kTrustedMiss = 1e-9;
 constexpr double kTrustedMissUlps = 4.0;
 
@@ -36,13 +36,18 @@ CPlacedCurve placedRigidly(const CPlaneCurve& curve, const Point2D& start, doubl
   return {curve, start, bearing, directionOfBearing(bearing), 1.0};
 }
 
+/// Laid out rigidly with the azimuth; a printing error is spread evenly along the segment.
 std::optional<CPlacedCurve> placedByAzimuth(const CHoralSegmentData& data,
                                             const CPlaneCurve& curve) {
   if (!std::isfinite(data.definedAzimuth)) return std::nullopt;
-  const CPlacedCurve path = placedRigidly(curve, data.start, data.definedAzimuth);
-  const double allowed = kTrustedMiss + kTrustedMissUlps * std::numeric_limits<double>::epsilon() *
-                                            largestCoordinate(data);
-  if (!((path.end().position - data.end).length() <= allowed)) return std::nullopt;
+  CPlacedCurve path = placedRigidly(curve, data.start, data.definedAzimuth);
+  const Point2D misclosure = data.end - path.end().position;
+  const double miss = misclosure.length();
+  const double rounding =
+      kTrustedMissUlps * std::numeric_limits<double>::epsilon() * largestCoordinate(data);
+  if (miss <= kTrustedMiss + rounding) return path;
+  if (!(miss <= kPrintingError + rounding)) return std::nullopt;
+  path.curve = curve.drifting(turnedFrom(path.startDirection, misclosure) / curve.length());
   return path;
 }
 

@@ -41,10 +41,12 @@ struct CHoralSegment {
 
 /// Places all segments of an alignment.
 ///
-/// A segment leads exactly from the end point of the element before it to its own end point: the
-/// start azimuth and a scale follow from the two points and the canonical curve. When the azimuth
-/// with which the segment was defined leads from the one to the other anyway, the segment is laid
-/// out rigidly with it, which keeps full circles and short elements in large coordinates exact.
+/// A segment leads exactly from the end point of the element before it to its own end point. When
+/// the azimuth with which the segment was defined leads from the one to the other but for a
+/// printing error, the segment is laid out rigidly with it and the error is spread evenly along it.
+/// So azimuths are those given, and no place is off by more than the printing error, however far
+/// the segment turns and however short it is. Otherwise the start azimuth and a scale follow from
+/// the two points and the canonical curve.
 ///
 /// A segment is not evaluable when its type or shape is none, its length is not positive, its end
 /// points coincide although its curve does not close, or when its curve closes and neither its

@@ -11,8 +11,8 @@ namespace Ruv {
 
 /// Carries a curve from its own frame to the plane: turned to a start bearing, scaled and shifted.
 ///
-/// The scale stretches a curve whose length does not quite fit its end points, as printed
-/// coordinates never do; lengths along the curve stay unscaled. It is 1 for consistent data.
+/// The scale stretches a curve whose length does not fit its end points; lengths along the curve
+/// stay unscaled. It is 1 for consistent data.
 struct CPlacedCurve {
   CPlaneCurve curve;
   Point2D start;

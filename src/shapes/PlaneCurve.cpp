@@ -39,10 +39,11 @@ bool hasFinitePlace(const CCurvePoint& point) {
   return isFinite(point.position) && std::isfinite(point.heading);
 }
 
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
 /// How far outside the foot lies when the curve is continued: one Newton step from its end.
 double lengthToFoot(const CForwardDistance& forward) {
-  return forward.slope < 0.0 ? std::abs(forward.value / forward.slope)
-                             : std::numeric_limits<double>::infinity();
+  return forward.slope < 0.0 ? std::abs(forward.value / forward.slope) : kInfinity;
 }
 
 }  // namespace
@@ -56,7 +57,13 @@ CPlaneCurve CPlaneCurve::straight(double length) {
 }
 
 CPlaneCurve CPlaneCurve::arc(double radius, double length) {
+  return length <= kTwoPi * std::abs(radius) ? windings(radius, length) : CPlaneCurve();
+}
+
+/// An arc that may go round more than once.
+CPlaneCurve CPlaneCurve::windings(double radius, double length) {
   CPlaneCurve curve;
+  if (!std::isfinite(radius) || radius == 0.0) return curve;
   curve.m_kind = Kind::Arc;
   curve.m_length = length;
   curve.m_radius = radius;
@@ -69,7 +76,7 @@ CPlaneCurve CPlaneCurve::clothoid(double radiusStart, double radiusEnd, double l
   const double curvatureStart = curvatureOfRadius(radiusStart);
   const double curvatureEnd = curvatureOfRadius(radiusEnd);
   if (curvatureStart == curvatureEnd) {
-    return curvatureStart == 0.0 ? straight(length) : arc(radiusStart, length);
+    return curvatureStart == 0.0 ? straight(length) : windings(radiusStart, length);
   }
   CPlaneCurve curve;
   curve.m_kind = Kind::Clothoid;
@@ -80,15 +87,23 @@ CPlaneCurve CPlaneCurve::clothoid(double radiusStart, double radiusEnd, double l
   return curve;
 }
 
-void CPlaneCurve::prepare() {
+CPlaneCurve CPlaneCurve::drifting(const Point2D& drift) const {
+  CPlaneCurve curve = *this;
+  curve.m_drifts = true;
+  curve.m_drift = drift;
+  curve.m_end.position = m_end.position + drift * m_length;
+  return curve;
+}
+
+bool CPlaneCurve::turnsTooMuch() const {
   const double sharpest =
       std::max(std::abs(m_curvatureStart), std::abs(m_curvatureStart + m_curvatureChange));
-  if (m_kind == Kind::Arc) {
-    if (!std::isfinite(m_radius) || m_radius == 0.0) return;
-    if (!(m_length <= kTwoPi * std::abs(m_radius))) return;
-  } else if (!(sharpest * std::abs(m_length) <= kLargestTurning)) {
-    return;
-  }
+  return !(sharpest * std::abs(m_length) <= kLargestTurning);
+}
+
+void CPlaneCurve::prepare() {
+  const bool isOneRound = m_kind == Kind::Arc && m_length <= kTwoPi * std::abs(m_radius);
+  if (!isOneRound && turnsTooMuch()) return;
   if (m_kind == Kind::Clothoid && placeOnSpiral()) m_kind = Kind::Spiral;
   m_end = at(m_length);
   m_isDefined = hasFinitePlace(m_end);
@@ -116,6 +131,12 @@ bool CPlaneCurve::placeOnSpiral() {
 
 double CPlaneCurve::curvatureAt(double l) const {
   return m_curvatureStart + m_curvatureChange * (l / m_length);
+}
+
+/// Where the curvature changes its sign; before the curve where it never does.
+double CPlaneCurve::placeOfInflection() const {
+  if (m_curvatureChange == 0.0) return -1.0;
+  return -m_curvatureStart * m_length / m_curvatureChange;
 }
 
 double CPlaneCurve::headingAt(double l) const {
@@ -147,10 +168,15 @@ Point2D CPlaneCurve::positionByQuadrature(double l) const {
 }
 
 CCurvePoint CPlaneCurve::at(double l) const {
-  if (m_kind == Kind::Arc) return pointOnArc(m_radius, l);
+  if (m_kind == Kind::Arc) {
+    CCurvePoint point = pointOnArc(m_radius, l);
+    carryOff(point.position, l);
+    return point;
+  }
   CCurvePoint point;
   if (m_kind == Kind::Straight) {
     point.position = Point2D(0.0, l);
+    carryOff(point.position, l);
     return point;
   }
   point.curvature = curvatureAt(l);
@@ -160,6 +186,7 @@ CCurvePoint CPlaneCurve::at(double l) const {
       m_kind == Kind::Spiral
           ? turnedTo(m_spiral.toCurve, spiralPoint(m_spiral.startLength + l) - m_spiral.startPoint)
           : positionByQuadrature(l);
+  carryOff(point.position, l);
   return point;
 }
 
@@ -173,20 +200,23 @@ double CPlaneCurve::radiusAt(double l) const {
 CCurveFoot CPlaneCurve::footOf(const Point2D& p) const {
   switch (m_kind) {
     case Kind::Straight:
-      return footOnStraight(m_length, p);
+      return m_drifts ? footOnDriftingStraight(m_length, m_drift, p) : footOnStraight(m_length, p);
     case Kind::Arc:
-      return footOnArc(m_radius, m_length, p);
+      if (m_drifts) return footBySearch(p);
+      // What goes round again has its first foot on the first round.
+      return footOnArc(m_radius, std::min(m_length, kTwoPi * std::abs(m_radius)), p);
     default:
-      return footOnClothoid(p);
+      return footBySearch(p);
   }
 }
 
-CCurveFoot CPlaneCurve::footOnClothoid(const Point2D& p) const {
+CCurveFoot CPlaneCurve::footBySearch(const Point2D& p) const {
   // The lateral of the place looked at last: after a root is found, that of the root.
   double lateral = 0.0;
   const auto forwardFrom = [&](const CCurvePoint& point) {
     const Point2D ray = p - point.position;
     lateral = rightComponent(ray, point.tangent);
+    // But for the drift, which costs a further step at most.
     return CForwardDistance{forwardComponent(ray, point.tangent), point.curvature * lateral - 1.0};
   };
   const auto forwardAt = [&](double l) { return forwardFrom(at(l)); };
@@ -198,8 +228,6 @@ CCurveFoot CPlaneCurve::footOnClothoid(const Point2D& p) const {
     best = {CFootReport::OnCurve, l, lateral, 0.0};
   };
 
-  const double inflection = -m_curvatureStart * m_length / m_curvatureChange;
-  const bool turnsBack = inflection > 0.0 && inflection < m_length;
   CCurvePoint startPoint;
   startPoint.curvature = m_curvatureStart;
   const CSearchNode start{0.0, forwardFrom(startPoint)};
@@ -217,21 +245,33 @@ CCurveFoot CPlaneCurve::footOnClothoid(const Point2D& p) const {
       from = next;
     }
   };
-  if (turnsBack) searchTo(inflection);
+  const double inflection = placeOfInflection();
+  if (inflection > 0.0 && inflection < m_length) searchTo(inflection);
   searchTo(m_length);
-  if (best.report == CFootReport::OnCurve) return best;
+  return unlessAnEndIsNearer(best, p, start.forward, end.forward);
+}
 
-  const bool isBefore = start.forward.value < 0.0;
-  const bool isBeyond = end.forward.value > 0.0;
-  const double before = lengthToFoot(start.forward);
-  const double beyond = lengthToFoot(end.forward);
+/// A foot that was found, or the end that the point lies outside of: the nearer one of two.
+CCurveFoot CPlaneCurve::unlessAnEndIsNearer(const CCurveFoot& found, const Point2D& p,
+                                            const CForwardDistance& start,
+                                            const CForwardDistance& end) const {
+  const bool isBefore = start.value < 0.0;
+  const bool isBeyond = end.value > 0.0;
+  const double before = isBefore ? lengthToFoot(start) : kInfinity;
+  const double beyond = isBeyond ? lengthToFoot(end) : kInfinity;
   // An end that only rounding makes the foot miss counts even if the other one is nearer.
   const bool touchesEnd = std::min(before, beyond) <= kFootTolerance;
-  const bool isNearerStart =
-      touchesEnd ? before <= beyond : p.length() <= (p - m_end.position).length();
+  const bool isFound = found.report == CFootReport::OnCurve;
+  if (isFound && !touchesEnd) return found;
+  const double fromStart = p.length();
+  const double fromEnd = (p - m_end.position).length();
+  const bool isNearerStart = touchesEnd ? before <= beyond : fromStart <= fromEnd;
+  // A curve of several turns may have a foot far away from an end that the point lies beside.
+  const double fromNearer = isNearerStart ? fromStart : fromEnd;
+  if (isFound && !(fromNearer + kFootPreference < std::abs(found.lateral))) return found;
   if (isBefore && (!isBeyond || isNearerStart)) return footBeforeStart(before);
   if (isBeyond) return footBeyondEnd(m_length, beyond);
-  return best;
+  return found;
 }
 
 }  // namespace Ruv

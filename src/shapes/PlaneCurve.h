@@ -8,6 +8,8 @@
 
 namespace Ruv {
 
+struct CForwardDistance;
+
 /// No clothoid of an alignment turns more than some sixteen full circles (rad); the time of an
 /// evaluation grows with the turning.
 constexpr double kLargestTurning = 100.0;
@@ -18,6 +20,11 @@ constexpr double kLargestTurning = 100.0;
 /// The linear law covers radii of opposite sign and nearly equal radii, for which no piece of one
 /// clothoid of a given parameter can be told. Positions are exact to 1e-11 m for elements of
 /// several kilometres, whatever the radius.
+///
+/// A curve may drift: its places are then those of the linear law plus drift * l, while headings
+/// and curvatures stay those of the law. So a curve meets an end point that it misses by a
+/// printing error, and keeps its azimuths. Feet are counted square to those azimuths, hence the
+/// foot of a point laid off square to the curve is the place it was laid off from.
 /// Source: Bertolazzi and Frego, G1 fitting with clothoids (2015), for the three evaluations.
 class CPlaneCurve {
  public:
@@ -27,10 +34,15 @@ class CPlaneCurve {
   static CPlaneCurve straight(double length);
   /// @param radius not zero
   static CPlaneCurve arc(double radius, double length);
-  /// A radius up to kZeroLength stands for an infinite one. Equal radii give an arc or a straight.
+  /// A radius up to kZeroLength stands for an infinite one. Equal radii give a straight or an arc,
+  /// which may go round more than once, as a clothoid of nearly equal radii does.
   static CPlaneCurve clothoid(double radiusStart, double radiusEnd, double length);
+  /// The same curve with a drift: right of the start direction and along it, in metres for each
+  /// metre of the curve.
+  CPlaneCurve drifting(const Point2D& drift) const;
 
   double length() const { return m_length; }
+  const Point2D& drift() const { return m_drift; }
 
   /// False for a curve that cannot be evaluated: an arc of radius 0 or of more than a full circle,
   /// a clothoid that would turn more than kLargestTurning at its sharper curvature, or data that
@@ -44,7 +56,8 @@ class CPlaneCurve {
   const CCurvePoint& end() const { return m_end; }
 
   /// Nearest foot of p, the first of equally near ones. An arc or clothoid has a foot only on the
-  /// near side of its centre of curvature. Constant time but for clothoids of several turns.
+  /// near side of its centre of curvature. An end that is missed by no more than kFootTolerance is
+  /// reported before a foot that is farther away. Constant time but for clothoids of several turns.
   CCurveFoot footOf(const Point2D& p) const;
 
  private:
@@ -64,23 +77,33 @@ class CPlaneCurve {
     CDirection toCurve;  // turns the spiral's frame into the curve's
   };
 
+  static CPlaneCurve windings(double radius, double length);
   void prepare();
+  bool turnsTooMuch() const;
   bool placeOnSpiral();
   double curvatureAt(double l) const;
+  double placeOfInflection() const;
   double headingAt(double l) const;
+  void carryOff(Point2D& position, double l) const {
+    if (m_drifts) position = position + m_drift * l;
+  }
   Point2D spiralPoint(double lengthFromOrigin) const;
   Point2D positionByQuadrature(double l) const;
 
-  CCurveFoot footOnClothoid(const Point2D& p) const;
+  CCurveFoot footBySearch(const Point2D& p) const;
+  CCurveFoot unlessAnEndIsNearer(const CCurveFoot& found, const Point2D& p,
+                                 const CForwardDistance& start, const CForwardDistance& end) const;
 
   Kind m_kind = Kind::Straight;
   bool m_isDefined = false;
+  bool m_drifts = false;
   double m_length = 0.0;
   double m_curvatureStart = 0.0;
   double m_curvatureChange = 0.0;  // over the whole length
-  double m_radius = 0.0;           // of an arc
+  double m_radius = 0.0;           // where it is the same everywhere
   SpiralFrame m_spiral;
   CCurvePoint m_end;
+  Point2D m_drift;
 };
 
 }  // namespace Ruv

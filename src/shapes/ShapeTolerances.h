@@ -18,6 +18,16 @@ constexpr double kNegligibleTransSlopePercent = 1.1920928955078125e-7;
 /// number.
 constexpr double kSmallestDivisor = 1.1754943508222875e-38;
 
+/// An azimuth that leads to within this (m) of the stored end of its segment is the true one, and
+/// what it misses by is a printing error. Coordinates printed in millimetres are off by up to
+/// 0.7 mm at either end, a length by 0.5 mm, and an azimuth printed in 0.1 mgon leads 0.8 mm astray
+/// on a kilometre: 5 mm are twice all that together. A miss of just 5 mm still counts.
+constexpr double kPrintingError = 0.005;
+
+/// Elements that touch with a break below this (rad) are a smooth alignment. Printed azimuths and
+/// coordinates leave breaks up to 1e-5; a corner that is meant has 1e-3 at least.
+constexpr double kSmoothBreak = 1e-3;
+
 /// A foot this far (m) outside a segment or an axis still counts as its end point. A point on the
 /// normal of a joint misses both neighbours by rounding noise, up to 1e-8 m in national grids.
 constexpr double kFootTolerance = 1e-7;

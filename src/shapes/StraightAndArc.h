@@ -6,6 +6,8 @@
 
 #include "shapes/CurvePoint.h"
 
+#include <algorithm>
+
 namespace Ruv {
 
 /// The point of an arc after a length. No centre is involved, so no radius loses digits.
@@ -17,6 +19,16 @@ inline CCurveFoot footOnStraight(double length, const Point2D& p) {
   if (p.y < 0.0) return footBeforeStart(-p.y);
   if (p.y > length) return footBeyondEnd(length, p.y - length);
   return {CFootReport::OnCurve, p.y, p.x, 0.0};
+}
+
+/// On a straight whose places drift aside and along by a share of their length. One that is carried
+/// back faster than it advances has no feet.
+inline CCurveFoot footOnDriftingStraight(double length, const Point2D& drift, const Point2D& p) {
+  const double advance = 1.0 + drift.y;
+  if (p.y < 0.0) return footBeforeStart(-p.y);
+  if (!(p.y <= length * advance)) return footBeyondEnd(length, p.y - length * advance);
+  const double l = advance > 0.0 ? std::min(p.y / advance, length) : 0.0;
+  return {CFootReport::OnCurve, l, p.x - drift.x * l, 0.0};
 }
 
 /// Only the near side of the centre counts; the centre itself has its foot at the start. Of the

@@ -36,7 +36,7 @@ TEST(AxisCalculator, ReturnsEveryPoint) {
   Random random(61);
   for (int round = 0; round < 60; ++round) {
     SCOPED_TRACE(round);
-    const AxisPtr axis = randomSmoothAxis(random);
+    const AxisPtr axis = randomSmoothAxis(random, round % 3 == 0 ? 0.003 : 0.0);
     const AxisCalculator calculator(axis);
     std::vector<double> stationings = {axis->minimumStng2d(), axis->maximumStng2d()};
     for (unsigned i = 0; i + 1 < axis->getNumHoralSegments(); ++i) {
@@ -123,6 +123,20 @@ TEST(AxisCalculator, GoesRoundFullCirclesAtAnyStationing) {
       expectReturn(calculator, AxisPoint(start + length / 3, 2, 1), false, true);
       EXPECT_EQ(AxisProperties(calculator, start + length / 3).radius, -radius);
     }
+  }
+}
+
+TEST(AxisCalculator, GoesRoundMoreThanOnceOnClothoidsOfEqualRadii) {
+  for (const double radiusEnd : {-10.0, -10.0000001}) {
+    const AxisPtr axis = newAxis();
+    ChainBuilder(axis, 0, 600000, 200000, 0.3).clothoid(-10.0, radiusEnd, 80).straight(50);
+    axis->addVeralPointKink(0, 10);
+    axis->addVeralPointKink(130, 11);
+    const AxisCalculator calculator(axis);
+    expectReturn(calculator, AxisPoint(30, 2, 1), false, true);
+    const ENHPoint second = gridPoint(calculator, AxisPoint(75, 0, 0));
+    const ENHPoint first = gridPoint(calculator, AxisPoint(75 - 20 * kPi, 0, 0));
+    EXPECT_LT((second - first).lengthOfEastNorthProjection(), 1e-6);
   }
 }
 

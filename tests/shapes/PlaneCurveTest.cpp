@@ -31,12 +31,23 @@ struct CurveCase {
 };
 
 /// Straights and arcs, also nearly a full circle; into, out of and between curves; curves of both
-/// senses; nearly equal radii; almost 2 rad from a straight; many turns; kilometres.
-const CurveCase kCurves[] = {
-    {0, 0, 3000},    {250, 250, 1500}, {-4e6, -4e6, 5000},        {-30, -30, 188.4},
-    {0, 400, 100},   {-400, 0, 100},   {-1000, -300, 100},        {100, -200, 90},
-    {-100, 100, 90}, {500, 499.9, 10}, {500, 500.000000001, 200}, {0, 60, 235},
-    {20, 30, 900},   {0, -2500, 4000}};
+/// senses; nearly equal radii; almost 2 rad from a straight; many turns, of one radius too;
+/// kilometres.
+const CurveCase kCurves[] = {{0, 0, 3000},
+                             {250, 250, 1500},
+                             {-4e6, -4e6, 5000},
+                             {-30, -30, 188.4},
+                             {0, 400, 100},
+                             {-400, 0, 100},
+                             {-1000, -300, 100},
+                             {100, -200, 90},
+                             {-100, 100, 90},
+                             {500, 499.9, 10},
+                             {500, 500.000000001, 200},
+                             {0, 60, 235},
+                             {20, 30, 900},
+                             {0, -2500, 4000},
+                             {12, 12, 100}};
 
 class PlaneCurve : public testing::TestWithParam<CurveCase> {};
 
@@ -85,9 +96,11 @@ BruteForceFoot nearestPlace(const CPlaneCurve& curve, const Point2D& p) {
 
 TEST_P(PlaneCurve, FindsTheNearestFoot) {
   const CurveCase& c = GetParam();
-  const CPlaneCurve curve = CPlaneCurve::clothoid(c.radiusStart, c.radiusEnd, c.length);
   Random random(21);
-  for (int i = 0; i < 60; ++i) {
+  for (int i = 0; i < 80; ++i) {
+    const Point2D drift = i < 60 ? Point2D() : Point2D(0.003, -0.004) / c.length;
+    const CPlaneCurve curve =
+        CPlaneCurve::clothoid(c.radiusStart, c.radiusEnd, c.length).drifting(drift);
     const double reach = i % 3 == 0 ? c.length : 12.0;
     const Point2D p = curve.at(random.uniform(0.0, c.length)).position +
                       Point2D(random.uniform(-reach, reach), random.uniform(-reach, reach));
@@ -101,15 +114,22 @@ TEST_P(PlaneCurve, FindsTheNearestFoot) {
       const Point2D ray = p - place.position;
       EXPECT_NEAR(Ruv::forwardComponent(ray, place.tangent), 0.0, 1e-9);
       EXPECT_NEAR(Ruv::rightComponent(ray, place.tangent), foot.lateral, 1e-9);
+      // Feet are square to the azimuth, which a drift leaves: off the nearest by its square.
       if (!endsNearest) {
-        EXPECT_NEAR(std::abs(foot.lateral), expected.distance, 1e-9);
+        const double oblique = drift.length() * drift.length() * c.length * 10;
+        EXPECT_NEAR(std::abs(foot.lateral), expected.distance, 1e-9 + oblique);
       }
     } else {
       EXPECT_TRUE(endsNearest) << "misses a foot at " << expected.length;
       const bool isBefore = Ruv::forwardComponent(p, curve.at(0).tangent) < 0.0;
       const bool isBeyond =
           Ruv::forwardComponent(p - curve.end().position, curve.end().tangent) > 0.0;
-      EXPECT_TRUE(foot.report == CFootReport::BeforeStart ? isBefore : isBeyond || isBefore);
+      const bool isNearerStart = p.length() <= (p - curve.end().position).length();
+      const bool saysBefore = foot.report == CFootReport::BeforeStart;
+      EXPECT_TRUE(saysBefore ? isBefore : isBeyond || isBefore);
+      if (isBefore && isBeyond && c.radiusStart != c.radiusEnd) {
+        EXPECT_EQ(saysBefore, isNearerStart);
+      }
       EXPECT_EQ(foot.length, foot.report == CFootReport::BeforeStart ? 0.0 : c.length);
     }
   }
@@ -143,6 +163,51 @@ TEST(PlaneCurveFoot, AtTheStartOfAClothoidIsSeenWhenTheEndIsNearer) {
   const CCurveFoot foot = CPlaneCurve::clothoid(-40, -20, 40).footOf(Point2D(-30, -1e-15));
   EXPECT_EQ(foot.report, CFootReport::BeforeStart);
   EXPECT_LT(foot.outside, 1e-14);
+}
+
+TEST(PlaneCurveFoot, AnEndMissedByRoundingCountsBeforeAFootOnAnotherTurn) {
+  // Points abeam of the end of spirals that have turned by some rounds.
+  int numOtherFeet = 0;
+  for (double length = 100.0; length < 400.0; length += 7.0) {
+    const CPlaneCurve curve = CPlaneCurve::clothoid(60, 15, length);
+    const CCurvePoint end = curve.end();
+    for (double offset = -12.0; offset < 13.0; offset += 0.5) {
+      const Point2D abeam = end.position + Ruv::rightNormal(end.tangent) * offset;
+      const Point2D ahead(end.tangent.x, end.tangent.y);
+      const CCurveFoot before = curve.footOf(abeam - ahead * 1e-8);
+      if (before.report != CFootReport::OnCurve || before.length < length - 0.1) continue;
+      const CCurveFoot beyond = curve.footOf(abeam + ahead * 1e-8);
+      EXPECT_EQ(beyond.report, CFootReport::BeyondEnd);
+      EXPECT_LE(beyond.outside, 2e-7);
+      if (curve.footOf(abeam + ahead * 1e-5).report == CFootReport::OnCurve) ++numOtherFeet;
+    }
+  }
+  EXPECT_GT(numOtherFeet, 100);
+}
+
+TEST(PlaneCurveFoot, OfAnArcThatGoesRoundAgainLiesOnTheFirstRound) {
+  const CPlaneCurve curve = CPlaneCurve::clothoid(-20, -20, 900);
+  ASSERT_TRUE(curve.isDefined());
+  EXPECT_EQ(curve.radiusAt(700), -20.0);
+  EXPECT_LT((curve.at(300 + 40 * kPi).position - curve.at(300).position).length(), 1e-12);
+  for (double l = 0.3; l < 120.0; l += 7.0) {
+    const CCurvePoint place = curve.at(l + 80 * kPi);
+    const CCurveFoot foot = curve.footOf(place.position + Ruv::rightNormal(place.tangent) * 3.0);
+    EXPECT_NEAR(foot.length, l, 1e-11);
+    EXPECT_NEAR(foot.lateral, 3.0, 1e-12);
+  }
+  EXPECT_TRUE(CPlaneCurve::clothoid(10, 10, 999).isDefined());
+  EXPECT_FALSE(CPlaneCurve::clothoid(10, 10, 1001).isDefined());  // as nearly equal radii
+  EXPECT_FALSE(CPlaneCurve::clothoid(10, 10.001, 1001).isDefined());
+}
+
+TEST(PlaneCurveFoot, OnAStraightThatDriftsBackIsNone) {
+  const CPlaneCurve curve = CPlaneCurve::straight(0.001).drifting(Point2D(0.0, -3.0));
+  for (const double ahead : {-0.01, -0.001, 0.0, 0.0005, 0.01}) {
+    const CFootReport report = curve.footOf(Point2D(5.0, ahead)).report;
+    EXPECT_EQ(report, ahead < 0.0 ? CFootReport::BeforeStart : CFootReport::BeyondEnd);
+  }
+  EXPECT_EQ(CPlaneCurve::straight(1.0).drifting({0.0, -1.0}).footOf({5.0, 0.0}).length, 0.0);
 }
 
 TEST(FootSearch, StaysBetweenItsEndsWhenDistancesOverflow) {

@@ -100,9 +100,20 @@ void ChainBuilder::proceed(double length, double turning) {
   const auto* end = dynamic_cast<const Ruv::CHoralElement*>(
       m_axis->getHoralSegmentAt(m_axis->getNumHoralSegments() - 1));
   m_stationing += length;
-  m_east = end->getEast();
-  m_north = end->getNorth();
+  m_east = printed(end->getEast());
+  m_north = printed(end->getNorth());
   m_azimuth += turning;
+}
+
+double ChainBuilder::printed(double coordinate) {
+  if (m_random == nullptr) return coordinate;
+  return coordinate + m_random->uniform(-m_printingError, m_printingError);
+}
+
+ChainBuilder& ChainBuilder::printedTo(double error, Random& random) {
+  m_printingError = error;
+  m_random = &random;
+  return *this;
 }
 
 ChainBuilder& ChainBuilder::straight(double length) {
@@ -130,10 +141,11 @@ ChainBuilder& ChainBuilder::turn(double angle) {
   return *this;
 }
 
-AxisPtr randomSmoothAxis(Random& random) {
+AxisPtr randomSmoothAxis(Random& random, double printingError) {
   AxisPtr axis = newAxis();
   ChainBuilder chain(axis, random.uniform(-500.0, 5000.0), 600000.0, 200000.0,
                      random.uniform(-7.0, 7.0));
+  if (printingError > 0.0) chain.printedTo(printingError, random);
   const double start = chain.stationing();
   for (int i = 0; i < 4; ++i) {
     const double radius = random.uniform(300.0, 900.0) * (random.index(2) == 0 ? 1.0 : -1.0);

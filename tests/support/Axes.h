@@ -55,13 +55,18 @@ class ChainBuilder {
   ChainBuilder& clothoid(double radiusStart, double radiusEnd, double length);
   /// Makes a corner.
   ChainBuilder& turn(double angle);
+  /// From here on, start points lie beside the end before by up to this in east and north.
+  ChainBuilder& printedTo(double error, Random& random);
 
   double stationing() const { return m_stationing; }
 
  private:
   void proceed(double length, double turning);
+  double printed(double coordinate);
 
   AxisPtr m_axis;
+  double m_printingError = 0.0;
+  Random* m_random = nullptr;
   double m_stationing;
   double m_east;
   double m_north;
@@ -70,7 +75,8 @@ class ChainBuilder {
 
 /// Straights, arcs and clothoids in random order with tangent joints, from about 300 m radius, in
 /// national coordinates, with circles and parabolas in the profile and changing cross fall.
-AxisPtr randomSmoothAxis(Random& random);
+/// @param printingError by which start points may be off in east and north
+AxisPtr randomSmoothAxis(Random& random, double printingError = 0.0);
 
 /// A point of a curve of linear curvature that starts at the origin heading north, by quadrature.
 /// x is east, y north.
