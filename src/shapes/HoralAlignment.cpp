@@ -67,20 +67,36 @@ CHoralAlignment::CHoralAlignment(double startStationing,
   }
   m_ends = CStationingIndex(startStationing, std::move(ends));
   m_boxes = CBoxTree(std::move(boxes));
+  findWedges();
+}
+
+void CHoralAlignment::findWedges() {
+  std::size_t before = m_segments.size();  // none yet
+  for (std::size_t i = 0; i < m_segments.size(); ++i) {
+    if (m_segments[i].isOfLengthZero()) continue;
+    if (before < m_segments.size()) {
+      if (const auto wedge = smoothWedgeBetween(m_segments[before], m_segments[i])) {
+        m_wedges.resize(m_segments.size());
+        m_wedges[before] = *wedge;
+        m_segments[before].opensWedge = true;
+      }
+    }
+    before = i;
+  }
 }
 
 const CHoralSegment* CHoralAlignment::segmentAt(double stationing) const {
   if (!(stationing >= m_startStationing)) return nullptr;
-  std::size_t index = m_ends.firstNotLess(stationing);
-  // An element of length 0 can only be met at the very start, where the next one begins too.
-  while (index < m_segments.size() && m_segments[index].stationingEnd == stationing &&
-         m_segments[index].stationingStart == stationing) {
-    ++index;
+  auto found = m_segments.begin() + static_cast<std::ptrdiff_t>(m_ends.firstNotLess(stationing));
+  if (found == m_segments.end()) return nullptr;
+  if (!found->isEvaluable) {
+    // An element of length 0 can only be met at the very start, where the next one begins too.
+    found = std::find_if_not(found, m_segments.end(),
+                             [](const CHoralSegment& segment) { return segment.isOfLengthZero(); });
+    if (found == m_segments.end() || !found->isEvaluable) return nullptr;
   }
-  if (index == m_segments.size() || !m_segments[index].isEvaluable) return nullptr;
-  const CHoralSegment& segment = m_segments[index];
   // It begins elsewhere when a caller has linked it to another element than the one before it.
-  return stationing >= segment.stationingStart ? &segment : nullptr;
+  return stationing >= found->stationingStart ? &*found : nullptr;
 }
 
 std::optional<CCurvePoint> CHoralAlignment::pointAt(double stationing) const {
@@ -120,6 +136,10 @@ std::optional<CAlignmentFoot> CHoralAlignment::nearestFoot(const Point2D& p) con
     } else if (foot.outside <= kFootTolerance) {
       const CAlignmentFoot end = footAtEnd(segment, foot, p);
       nearest.justOutside.offer(std::abs(end.offset), order, end);
+    }
+    if (segment.opensWedge && m_wedges[index].holds(p)) {
+      const double offset = m_wedges[index].offsetOf(p);
+      nearest.regular.offer(std::abs(offset), order, {segment.stationingEnd, offset});
     }
   };
   m_boxes.visitNear(

@@ -6,6 +6,7 @@
 
 #include "shapes/BoxTree.h"
 #include "shapes/HoralSegment.h"
+#include "shapes/SmoothWedge.h"
 #include "shapes/StationingIndex.h"
 
 #include <cstddef>
@@ -46,13 +47,15 @@ class CHoralAlignment {
   /// The same as callers are told it.
   std::optional<CAlignmentPosition> positionAt(double stationing) const;
 
-  /// Nearest foot of a point, the first of equally near ones. Where no segment has a foot, as on
+  /// Nearest foot of a point, the first of equally near ones. A joint counts as a foot of the
+  /// points in its smooth wedge, with the distance as offset. Where no segment has a foot, as on
   /// the outer side of a corner, the nearest corner that faces the point takes its place, with
   /// the distance as offset. Nothing when there is neither. O(log n) for points that have a foot
   /// near the alignment, O(n) for those that have none.
   std::optional<CAlignmentFoot> project(const Point2D& p) const;
 
  private:
+  void findWedges();
   const CHoralSegment* segmentAt(double stationing) const;
   std::optional<CAlignmentFoot> nearestFoot(const Point2D& p) const;
   std::optional<CAlignmentFoot> nearestCorner(const Point2D& p) const;
@@ -60,6 +63,7 @@ class CHoralAlignment {
   double m_startStationing = 0.0;
   CStationingIndex m_ends;
   std::vector<CHoralSegment> m_segments;
+  std::vector<CSmoothWedge> m_wedges;  // at the end of the segment of the same index; empty if none
   CBoxTree m_boxes;
 };
 

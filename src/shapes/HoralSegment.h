@@ -33,6 +33,7 @@ struct CHoralSegment {
   Point2D end;
   bool isGap = false;        ///< skipped by the projection
   bool isEvaluable = false;  ///< only then is the path set
+  bool opensWedge = false;   ///< with the segment after it, see CSmoothWedge
   CPlacedCurve path;
 
   /// Both ends are one joint of the alignment; never evaluable.

@@ -1,0 +1,51 @@
+#include "shapes/SmoothWedge.h"
+
+#include "shapes/ShapeTolerances.h"
+
+#include <cmath>
+
+namespace Ruv {
+
+namespace {
+
+/// A break below this (rad) opens less than kFootTolerance up to 100 km beside the axis.
+constexpr double kRoundingBreak = 1e-12;
+
+bool touch(const CHoralSegment& before, const CHoralSegment& after) {
+  return before.isEvaluable && after.isEvaluable && before.stationingEnd == after.stationingStart &&
+         (after.start - before.end).length() <= kPrintingError;
+}
+
+double breakBetween(const CDirection& into, const CDirection& outOf) {
+  return std::abs(bearingOf(turnedFrom(into, Point2D(outOf.x, outOf.y))));
+}
+
+}  // namespace
+
+bool CSmoothWedge::holds(const Point2D& p) const {
+  const Point2D ray = p - tip;
+  if (!(forwardComponent(ray, into) > 0.0 && forwardComponent(ray, outOf) + ahead < 0.0)) {
+    return false;
+  }
+  const double lateral = rightComponent(ray, into);
+  return curvatureInto * lateral < 1.0 || curvatureOutOf * lateral < 1.0;
+}
+
+double CSmoothWedge::offsetOf(const Point2D& p) const {
+  const Point2D ray = p - tip;
+  return std::copysign(ray.length(), rightComponent(ray, into));
+}
+
+std::optional<CSmoothWedge> smoothWedgeBetween(const CHoralSegment& before,
+                                               const CHoralSegment& after) {
+  if (!touch(before, after)) return std::nullopt;
+  const CCurvePoint end = before.path.end();
+  const CCurvePoint start = after.path.at(0.0);
+  const double turning = breakBetween(end.tangent, start.tangent);
+  if (!(turning >= kRoundingBreak && turning < kSmoothBreak)) return std::nullopt;
+  return CSmoothWedge{end.position,  end.tangent,
+                      start.tangent, forwardComponent(end.position - start.position, start.tangent),
+                      end.curvature, start.curvature};
+}
+
+}  // namespace Ruv
