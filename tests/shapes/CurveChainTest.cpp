@@ -76,6 +76,45 @@ TEST(CurveChain, GivesSharedPointsToTheLowerStation) {
   }
 }
 
+TEST(CurveChain, TellsOutsideFromInsideAtEveryVertex) {
+  // Acute triangles, whose vertices each are the first node once. The nearest point of most points
+  // is a vertex, where the sides on both sides of it decide.
+  Random random(93);
+  for (int round = 0; round < 300; ++round) {
+    const Point2D apex(random.uniform(-1, 1), random.uniform(3, 9));
+    const Point2D corners[] = {apex, {-0.3, 0}, {random.uniform(-0.2, 0.4), 0}};
+    const std::size_t first = random.index(3);
+    const std::size_t step = 1 + random.index(2);  // either way round
+    std::vector<CChainNode> nodes;
+    for (std::size_t i = 0; i < 4; ++i) {
+      const Point2D& point = corners[(first + i * step) % 3];
+      nodes.push_back({point, static_cast<double>(i), 0.0});
+      if (random.index(4) == 0) nodes.push_back(nodes.back());
+    }
+    const CCurveChain chain(nodes);
+    for (int i = 0; i < 30; ++i) {
+      const Point2D p =
+          corners[i % 3] + Point2D(random.uniform(-0.5, 0.5), random.uniform(-0.5, 0.5));
+      bool isInside = true;
+      for (int side = 0; side < 3; ++side) {
+        const Point2D along = corners[(side + 1) % 3] - corners[side];
+        const Point2D ray = p - corners[side];
+        if (along.x * ray.y - along.y * ray.x < 0.0) isInside = false;
+      }
+      EXPECT_EQ(chain.project(p)->outside < 0.0, isInside) << round << ": " << p.x << " " << p.y;
+    }
+  }
+}
+
+TEST(CurveChain, EndsOfAnOpenChainHaveTheSidesOfTheirOwnSegments) {
+  const CCurveChain chain({{{0, 0}, 0, 0}, {{4, 0}, 4, 0}, {{7, 4}, 9, 0}});  // anticlockwise
+  for (const double side : {1.0, -1.0}) {
+    EXPECT_NEAR(chain.project({-1, -0.1 * side})->outside, side * std::hypot(1, 0.1), 1e-15);
+    const Point2D beyond(7 + 0.6 + 0.08 * side, 4 + 0.8 - 0.06 * side);
+    EXPECT_NEAR(chain.project(beyond)->outside, side * std::hypot(1, 0.1), 1e-15);
+  }
+}
+
 TEST(ChainIntersections, MeetTheLineAndTheChain) {
   Random random(92);
   for (int round = 0; round < 200; ++round) {
