@@ -1,5 +1,7 @@
 #include "snippets/Snippets.h"
 
+#include <cmath>
+
 namespace Snippets {
 
 boost::shared_ptr<AxisDefinition> defineAxis() {
@@ -15,6 +17,18 @@ boost::shared_ptr<AxisDefinition> defineAxis() {
   axis->setStationingMappingValues(1000, 0);  // the tunnel meter counts from the portal
   //! [AxisDefinition]
   return axis;
+}
+
+bool isContinuous(const AxisDefinition& axis) {
+  //! [Misclosure]
+  // Printed to the millimetre and the tenth of a milligon; more than that is a typing error.
+  bool isContinuous = true;
+  for (const Misclosure& misclosure : axis.misclosures()) {
+    if (!(misclosure.distance <= 0.005)) isContinuous = false;
+    if (!(std::abs(misclosure.directionBreak) <= 1e-5)) isContinuous = false;
+  }
+  //! [Misclosure]
+  return isContinuous;
 }
 
 boost::shared_ptr<const AxisDefinition> defineShaft() {

@@ -14,6 +14,7 @@ namespace Snippets {
 using namespace Ruv::Calculations;
 
 boost::shared_ptr<AxisDefinition> defineAxis();
+bool isContinuous(const AxisDefinition& axis);
 boost::shared_ptr<const AxisDefinition> defineShaft();
 boost::shared_ptr<ThProfileDefinition> defineProfile();
 boost::shared_ptr<MeasuredProfile> defineMeasuredProfile();

@@ -38,6 +38,13 @@ TEST(Snippets, Axes) {
   EXPECT_EQ(defineShaft()->maximumStng2d(), 80.0);
 }
 
+TEST(Snippets, Misclosure) {
+  const auto axis = defineAxis();
+  EXPECT_TRUE(isContinuous(*axis));
+  axis->addHoralSegmentStraight(1250, 600018, 200255, 0.25, 50);  // 5.8 m off
+  EXPECT_FALSE(isContinuous(*axis));
+}
+
 TEST(Snippets, ElementsOfAxes) {
   const auto axis = defineAxis();
   double tunnelmeter = 0.0;
