@@ -67,10 +67,11 @@ class CALCULATIONS_EXPORT AxisCalculator {
 
   /// The axis point of a grid point, the inverse of the above. Takes the nearest foot, the first of
   /// equally near ones. On the outer side of a corner of the axis, where no element has a foot, the
-  /// stationing is that of the corner and the offset the distance from it. Where elements touch
-  /// with a break below 0.001 rad, as with printed azimuths, their joint is a foot in the same way,
-  /// and competes with the others. The output is unchanged on failure, except on a shaft, where it
-  /// is always written.
+  /// stationing is that of the corner and the offset the distance from it; in the vertical plane
+  /// only if the whole axis has none, for a foot on another turn of it goes first, however far
+  /// away. Where elements touch with a break below 0.001 rad, as with printed azimuths, their joint
+  /// is a foot in the same way, and competes with the others. The output is unchanged on failure,
+  /// except on a shaft, where it is always written.
   /// @return false also when the point has no foot on the axis
   bool enhPointToAxisPoint(const ENHPoint& in, AxisPoint& out, bool perpendicular,
                            bool withTransSlope) const;

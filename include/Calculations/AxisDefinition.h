@@ -106,7 +106,8 @@ class CALCULATIONS_EXPORT AxisDefinition {
   /// @}
 
   /// @name Vertical points of intersection
-  /// The rounding lies on the concave side whatever the sign of its value.
+  /// The rounding lies on the concave side whatever the sign of its value. One that reaches into
+  /// another or beyond a neighbour is accepted; the height then jumps where the earlier one ends.
   /// @{
 
   /// Not rounded. @return false on a shaft that has its two points, and on an untyped axis

@@ -11,6 +11,7 @@ namespace {
 /// A break below this (rad) opens less than kFootTolerance up to 100 km beside the axis.
 constexpr double kRoundingBreak = 1e-12;
 
+/// An element of length zero between them may leave a gap as wide as a printing error.
 bool touch(const CHoralSegment& before, const CHoralSegment& after) {
   return before.isEvaluable && after.isEvaluable && before.stationingEnd == after.stationingStart &&
          (after.start - before.end).length() <= kPrintingError;
@@ -42,7 +43,9 @@ std::optional<CSmoothWedge> smoothWedgeBetween(const CHoralSegment& before,
   const CCurvePoint end = before.path.end();
   const CCurvePoint start = after.path.at(0.0);
   const double turning = breakBetween(end.tangent, start.tangent);
-  if (!(turning >= kRoundingBreak && turning < kSmoothBreak)) return std::nullopt;
+  const double gap = (start.position - end.position).length();
+  const bool isRounding = turning < kRoundingBreak && gap <= kFootTolerance;
+  if (isRounding || !(turning < kSmoothBreak)) return std::nullopt;
   return CSmoothWedge{end.position,  end.tangent,
                       start.tangent, forwardComponent(end.position - start.position, start.tangent),
                       end.curvature, start.curvature};

@@ -27,6 +27,7 @@ void useEverything(const AxisPtr& axis) {
   ENHPoint point;
   AxisPoint place;
   double a = 0, b = 0, c = 0, d = 0, e = 0, f = 0;
+  EXPECT_EQ(axis->misclosures().size(), axis->getNumHoralSegments());
   for (const double value : kBadValues) {
     for (int flags = 0; flags < 4; ++flags) {
       const bool inSpace = (flags & 1) != 0;

@@ -194,6 +194,7 @@ TEST(SmoothWedge, OpensBetweenTouchingSegmentsOnTheNearSideOfTheirCentres) {
   EXPECT_FALSE(wedgeAfter(9.99e-4, 0.006));
   EXPECT_FALSE(wedgeAfter(-1.001e-3, 0.0));
   EXPECT_FALSE(wedgeAfter(1e-13, 0.0));  // rounding
+  EXPECT_TRUE(wedgeAfter(0.0, 0.004)->holds(wedge->tip + Point2D(0.002, 0.0)));
 }
 
 TEST(HoralAlignment, PlacesSegmentsBetweenTheirEndPoints) {
