@@ -1,5 +1,6 @@
 #include "stations/Helmert3d.h"
 
+#include "stations/MatrixPointsFit.h"
 #include "stations/SpatialNormals.h"
 
 #include <cmath>
@@ -41,6 +42,24 @@ SpatialParameters parametersOf(const StationSetup& start, const ENHPoint& origin
       {station.east, station.north, station.height}, {0.0, 0.0, start.orientation}, start.scale};
 }
 
+Eigen::Matrix3Xd columnsOf(const std::vector<Eigen::Vector3d>& vectors) {
+  Eigen::Matrix3Xd columns(3, static_cast<Eigen::Index>(vectors.size()));
+  Eigen::Index column = 0;
+  for (const Eigen::Vector3d& v : vectors) {
+    columns.col(column++) = v;
+  }
+  return columns;
+}
+
+/// The best rotation in closed form, with the scale as the ratio of the extents.
+SpatialParameters closedForm(const ReducedPairs& pairs) {
+  const Eigen::Matrix3d rotation =
+      MatrixPointsFit(columnsOf(pairs.local), columnsOf(pairs.global)).rotation();
+  const double scale = std::sqrt(pairs.globalSpread.trace() / pairs.localSpread.trace());
+  return {pairs.globalCentroid - scale * (rotation * pairs.localCentroid), anglesOf(rotation),
+          scale};
+}
+
 SpatialParameters corrected(const SpatialParameters& p, const SpatialNormals::Vector7& by) {
   SpatialParameters result = p;
   result.translation += by.head<3>();
@@ -58,8 +77,14 @@ bool areNegligible(const SpatialNormals::Vector7& corrections) {
          rootMeanSquare(corrections.segment<3>(3)) < kNegligibleCorrection;
 }
 
-std::optional<SpatialParameters> adjust(const ReducedPairs& pairs, SpatialParameters parameters,
-                                        ResectionDiagnostics& diagnostics) {
+struct Adjustment {
+  SpatialParameters parameters;
+  bool hasSettled = false;
+};
+
+/// @return nothing when corrections are not finite
+std::optional<Adjustment> iterate(const ReducedPairs& pairs, SpatialParameters parameters,
+                                  ResectionDiagnostics& diagnostics) {
   for (int step = 1;; ++step) {
     const SpatialNormals normals(pairs, parameters);
     const auto corrections = normals.solve();
@@ -70,8 +95,22 @@ std::optional<SpatialParameters> adjust(const ReducedPairs& pairs, SpatialParame
     }
     if (!corrections) return std::nullopt;
     parameters = corrected(parameters, *corrections);
-    if (areNegligible(*corrections) || step > kIterationLimit) return parameters;
+    if (areNegligible(*corrections)) return Adjustment{parameters, true};
+    if (step > kIterationLimit) return Adjustment{parameters, false};
   }
+}
+
+/// From the level start one in a thousand instruments that are tilted by 60 gon or more sends the
+/// iteration to and fro between the two triples of angles until it is stopped anywhere. From the
+/// closed form it settles in some steps, if at all.
+std::optional<SpatialParameters> adjust(const ReducedPairs& pairs, const SpatialParameters& start,
+                                        ResectionDiagnostics& diagnostics) {
+  const auto level = iterate(pairs, start, diagnostics);
+  if (level && level->hasSettled) return level->parameters;
+  const auto tilted = iterate(pairs, closedForm(pairs), diagnostics);
+  if (tilted && tilted->hasSettled) return tilted->parameters;
+  if (!level) return std::nullopt;
+  return level->parameters;
 }
 
 }  // namespace
@@ -98,9 +137,12 @@ std::optional<StationSetup> fitHelmert3d(const PointPairs& pairs, const StationS
   diagnostics.add("cofactors", *cofactors);
 
   const Eigen::Vector3d& t = parameters->translation;
+  const SpatialAngles angles = anglesOf(spatialRotation(parameters->angles).matrix);
   StationSetup setup;
   setup.station = pairs.origin + ENHPoint(t.x(), t.y(), t.z());
-  setup.orientation = parameters->angles.kappa;
+  setup.tiltAboutEast = angles.omega;
+  setup.tiltAboutNorth = angles.phi;
+  setup.orientation = angles.kappa;
   setup.scale = parameters->scale;
   setup.stationStdDev = ENHPoint(stdDevs(0), stdDevs(1), stdDevs(2));
   setup.orientationStdDev = stdDevs(5);

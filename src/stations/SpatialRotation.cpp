@@ -26,5 +26,14 @@ SpatialRotation spatialRotation(const SpatialAngles& angles) {
   return r;
 }
 
+SpatialAngles anglesOf(const Eigen::Matrix3d& rotation) {
+  const Eigen::Matrix3d& m = rotation;
+  SpatialAngles angles;
+  angles.omega = std::atan2(-m(2, 1), m(2, 2));
+  angles.phi = std::atan2(m(2, 0), std::hypot(m(2, 1), m(2, 2)));
+  angles.kappa = std::atan2(-m(1, 0), m(0, 0));
+  return angles;
+}
+
 }  // namespace Calculations
 }  // namespace Ruv

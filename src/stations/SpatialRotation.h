@@ -26,6 +26,11 @@ struct SpatialRotation {
 
 SpatialRotation spatialRotation(const SpatialAngles& angles);
 
+/// The angles of a rotation. Two triples give every rotation, (omega, phi, kappa) and (omega + pi,
+/// pi - phi, kappa + pi): this is the one with cos(phi) >= 0, whose kappa is the orientation even
+/// of an instrument that is tilted by nearly a right angle.
+SpatialAngles anglesOf(const Eigen::Matrix3d& rotation);
+
 }  // namespace Calculations
 }  // namespace Ruv
 
