@@ -24,6 +24,7 @@
 #include <Calculations/ProfilePointResult.h>
 #include <Calculations/Resection.h>
 #include <Calculations/ShapeElements.h>
+#include <Calculations/StationPlacement.h>
 #include <Calculations/ThProfileCalculator.h>
 #include <Calculations/ThProfileDefinition.h>
 #include <Calculations/ThProfileMorpher.h>

@@ -6,6 +6,7 @@
 
 #include <Calculations/Export.h>
 #include <Calculations/Points.h>
+#include <Calculations/StationPlacement.h>
 
 #include <memory>
 #include <string>
@@ -31,6 +32,9 @@ class ResectionImpl;
 /// Accuracy: the least-squares solution within 1e-9 m, 1e-12 rad and 1e-12 in scale, as far as
 ///   doubles carry the coordinates; standard deviations within 1e-6 relative. The 3-D method, which
 ///   iterates, needs residuals below a thousandth of the spread of the points for this.
+/// Reliability: with three sightings a wrong one spreads over all residuals; five or more show
+/// which
+///   it is. Before anything is steered by a station, look at its standard deviations and residuals.
 /// Failure: adding and calculating return false, never throw; each says what its outputs then hold.
 /// Cost: linear in the number of measurements and fix points, but for adding, which is O(log n).
 /// Lifetime: copies share their points and measurements, so what is added through one of them is
@@ -44,14 +48,16 @@ class CALCULATIONS_EXPORT Resection {
   virtual ~Resection();
 
   /// @name Fix points and measurements
-  /// Ids are told apart and ordered by their code units. The second form of each takes ids in
+  /// Ids are told apart and ordered by their code units. The other forms of each take ids in
   /// strings of 16-bit units, which are widened one by one: a surrogate pair becomes two units.
+  /// Strings of unsigned short are there where the standard library has them; libc++ dropped them
+  /// with its version 19.
   /// @{
 
   /// Removes all fix points and measurements.
   void reset();
 
-  /// Of fix points added, each id once.
+  /// The number of fix points, each id once.
   int getNumFixpoints() const;
 
   /// The number of measurements, those of unknown ids and repeated ones included.
@@ -61,13 +67,21 @@ class CALCULATIONS_EXPORT Resection {
   /// @return false, with nothing stored, when the id is empty
   bool addFixPoint(const std::wstring& id, const ENHPoint& point);
   /// As addFixPoint.
+  bool addFixPointU(const std::u16string& id, const ENHPoint& point);
+#if !defined(_LIBCPP_VERSION) || _LIBCPP_VERSION < 190000
+  /// As addFixPoint.
   bool addFixPointU(const std::basic_string<unsigned short>& id, const ENHPoint& point);
+#endif
 
   /// Adds a measurement to those of the id.
   /// @return false, with nothing stored, when the id is empty
   bool addMeasurement(const std::wstring& id, const PolarPoint& measurement);
   /// As addMeasurement.
+  bool addMeasurementU(const std::u16string& id, const PolarPoint& measurement);
+#if !defined(_LIBCPP_VERSION) || _LIBCPP_VERSION < 190000
+  /// As addMeasurement.
   bool addMeasurementU(const std::basic_string<unsigned short>& id, const PolarPoint& measurement);
+#endif
   /// @}
 
   /// Plane similarity transformation in closed form. Three measurements are enough, even of two
@@ -90,14 +104,19 @@ class CALCULATIONS_EXPORT Resection {
                                    double& scaleStdDev) const;
 
   /// Spatial similarity transformation by least squares (Gauss-Newton on seven parameters, started
-  /// from the plane one). Instruments may be tilted by tens of degrees.
+  /// from the plane one). Instruments may hang at any tilt, but for one of a right angle about
+  /// north, where orientation and tilt about east are one and the same turn.
   ///
-  /// The iteration stops after at most 101 steps and then returns what it has: data that do not
-  /// fit together show in the standard deviations. Steps and results go as text to std::clog, in
-  /// one piece; set its buffer to null to save the time.
+  /// An iteration stops after at most 101 steps. One that has not settled by then is repeated from
+  /// the closed form of the rotation (Kabsch 1978); if that does not settle either, the first one
+  /// is returned as it is. Data that do not fit together show in the standard deviations.
+  /// Steps and results go as text to std::clog, in one piece; set its buffer to null to save the
+  /// time.
   /// @param[out] station east, north and height of the instrument
   /// @param[out] orientation in [0, 2 pi), the rotation about the vertical that follows the tilts
-  ///   about the instrument's own east and north axes
+  ///   about the instrument's own east and north axes, of which the second is at most a right
+  ///   angle. Alone it places nothing that a tilted instrument measures: see
+  ///   calculatePlacementHelmert3d
   /// @param[out] scale of the lengths in space
   /// @param[out] stationStdDev standard deviations of east, north and height
   /// @param[out] orientationStdDev standard deviation of the orientation
@@ -108,6 +127,12 @@ class CALCULATIONS_EXPORT Resection {
   bool calculateResectionHelmert3d(ENHPoint& station, double& orientation, double& scale,
                                    ENHPoint& stationStdDev, double& orientationStdDev,
                                    double& scaleStdDev) const;
+
+  /// The adjustment of calculateResectionHelmert3d with all that it finds: the same numbers, the
+  /// tilt, the residuals, and the conversions between what the instrument reads and the grid.
+  /// @param[out] placement unchanged on failure
+  /// @return false when calculateResectionHelmert3d returns false
+  bool calculatePlacementHelmert3d(StationPlacement& placement) const;
 
  private:
   std::shared_ptr<ResectionImpl> m_impl;

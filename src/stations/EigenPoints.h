@@ -13,6 +13,8 @@ namespace Calculations {
 
 inline Eigen::Vector3d asVector(const ENHPoint& p) { return {p.east, p.north, p.height}; }
 
+inline ENHPoint asPoint(const Eigen::Vector3d& v) { return {v.x(), v.y(), v.z()}; }
+
 }  // namespace Calculations
 }  // namespace Ruv
 

@@ -30,8 +30,14 @@ class IdentifiedList {
     makeRoomFor(1, m_ids);
     const auto [place, isNew] = m_indices.emplace(id, m_entries.size());
     if (!isNew) return false;
-    m_entries.push_back(entry);
-    m_ids.push_back(&place->first);
+    try {
+      m_ids.push_back(&place->first);
+      m_entries.push_back(entry);
+    } catch (...) {  // an id without an entry would be found for ever
+      m_ids.resize(m_entries.size());
+      m_indices.erase(place);
+      throw;
+    }
     return true;
   }
 

@@ -5,6 +5,7 @@
 #include "stations/Helmert3d.h"
 #include "stations/PointPairs.h"
 #include "stations/ResectionDiagnostics.h"
+#include "stations/StationPlacementImpl.h"
 
 #include <iostream>
 #include <optional>
@@ -24,7 +25,8 @@ namespace {
 /// Three ids are needed to find a tilt.
 constexpr std::size_t kFewestIdsInSpace = 3;
 
-std::wstring widened(const std::basic_string<unsigned short>& id) {
+template <class Unit>
+std::wstring widened(const std::basic_string<Unit>& id) {
   return std::wstring(id.begin(), id.end());
 }
 
@@ -71,7 +73,7 @@ bool Resection::addFixPoint(const std::wstring& id, const ENHPoint& point) {
   return true;
 }
 
-bool Resection::addFixPointU(const std::basic_string<unsigned short>& id, const ENHPoint& point) {
+bool Resection::addFixPointU(const std::u16string& id, const ENHPoint& point) {
   return addFixPoint(widened(id), point);
 }
 
@@ -88,10 +90,20 @@ bool Resection::addMeasurement(const std::wstring& id, const PolarPoint& measure
   return true;
 }
 
+bool Resection::addMeasurementU(const std::u16string& id, const PolarPoint& measurement) {
+  return addMeasurement(widened(id), measurement);
+}
+
+#if !defined(_LIBCPP_VERSION) || _LIBCPP_VERSION < 190000
+bool Resection::addFixPointU(const std::basic_string<unsigned short>& id, const ENHPoint& point) {
+  return addFixPoint(widened(id), point);
+}
+
 bool Resection::addMeasurementU(const std::basic_string<unsigned short>& id,
                                 const PolarPoint& measurement) {
   return addMeasurement(widened(id), measurement);
 }
+#endif
 
 bool Resection::calculateResectionHelmert2d(ENHPoint& station, double& orientation, double& scale,
                                             ENHPoint& stationStdDev, double& orientationStdDev,
@@ -122,6 +134,15 @@ bool Resection::calculateResectionHelmert3d(ENHPoint& station, double& orientati
   stationStdDev = setup->stationStdDev;
   orientationStdDev = setup->orientationStdDev;
   scaleStdDev = setup->scaleStdDev;
+  return true;
+}
+
+bool Resection::calculatePlacementHelmert3d(StationPlacement& placement) const {
+  const auto setup = spatialSetup(m_impl->fixPoints, m_impl->measurements);
+  if (!setup) return false;
+  const auto found = std::make_shared<StationPlacementImpl>(*setup);
+  found->setResiduals(m_impl->measurements, m_impl->fixPoints);
+  placement = StationPlacement(found);
   return true;
 }
 

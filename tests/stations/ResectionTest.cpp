@@ -1,6 +1,7 @@
 #include <Calculations/Resection.h>
 #include <Calculations/Utilities.h>
 
+#include "stations/SpatialNormals.h"
 #include "stations/SpatialRotation.h"
 #include "support/Csv.h"
 #include "support/Random.h"
@@ -60,6 +61,14 @@ Result inSpace(const Resection& resection, std::streambuf* diagnostics = nullptr
   Result r = resultOf(resection, &Resection::calculateResectionHelmert3d);
   std::clog.rdbuf(before);
   return r;
+}
+
+/// Without the diagnostics.
+bool place(const Resection& resection, StationPlacement& placement) {
+  std::streambuf* const before = std::clog.rdbuf(nullptr);
+  const bool ok = resection.calculatePlacementHelmert3d(placement);
+  std::clog.rdbuf(before);
+  return ok;
 }
 
 /// What a refused calculation in space leaves.
@@ -210,8 +219,8 @@ TEST(Resection, CountsMeasurementsAndPairsByIdInAllCopies) {
   const Result before = inSpace(resection);
   EXPECT_FALSE(resection.addFixPoint(L"", ENHPoint()));
   EXPECT_FALSE(resection.addMeasurement(L"", PolarPoint()));
-  EXPECT_FALSE(resection.addFixPointU({}, ENHPoint()));
-  EXPECT_FALSE(resection.addMeasurementU({}, PolarPoint()));
+  EXPECT_FALSE(resection.addFixPointU(u"", ENHPoint()));
+  EXPECT_FALSE(resection.addMeasurementU(u"", PolarPoint()));
   resection.addFixPoint(L"never measured", ENHPoint(1.0, 1.0, 1.0));
   EXPECT_TRUE(original->addMeasurement(L"unknown", PolarPoint(1.0, 1.0, 1.0)));
   original.reset();
@@ -220,13 +229,16 @@ TEST(Resection, CountsMeasurementsAndPairsByIdInAllCopies) {
   EXPECT_EQ(resection.getNumFixPointMeasurements(), 6);
   EXPECT_EQ(inSpace(resection), before);
   // 16-bit units are taken one by one, and a later fix point replaces the earlier.
-  const unsigned short id[] = {'P', '3'};
-  resection.addFixPointU({id, 2}, ENHPoint(100.0, 195.0, 50.0));
+  EXPECT_TRUE(resection.addFixPointU(u"P3", ENHPoint(100.0, 195.0, 50.0)));
   EXPECT_EQ(resection.getNumFixpoints(), 5);
   EXPECT_GT(inPlane(resection).values(kScaleStdDev), 0.01);
-  resection.addFixPoint(L"P3", kSquare[3].global);
+  const unsigned short id[] = {'P', '3'};
+  const std::basic_string<unsigned short> p3(id, 2);
+  EXPECT_TRUE(resection.addFixPointU(p3, kSquare[3].global));
   EXPECT_EQ(inSpace(resection), before);
-  resection.addMeasurementU({id, 2}, Utilities::convertToPolarMeasurement({0.0, -20.0, 0.0}));
+  const PolarPoint astray = Utilities::convertToPolarMeasurement({0.0, -20.0, 0.0});
+  EXPECT_TRUE(resection.addMeasurementU(p3, astray) && resection.addMeasurementU(u"P0", astray));
+  EXPECT_EQ(resection.getNumFixPointMeasurements(), 8);
   EXPECT_GT(inPlane(resection).values(kScaleStdDev), 0.01);
   const Resection copy(resection);
   resection.reset();
@@ -248,6 +260,127 @@ TEST(Resection, TwoIdsMeasuredTwiceSufficeInThePlaneOnly) {
   resection.addFixPoint(L"not measured", ENHPoint());
   resection.addMeasurement(L"not known", PolarPoint());
   EXPECT_EQ(inSpace(resection), refusedInSpace());
+}
+
+/// Angles of an instrument whose standing axis is tilted by an angle towards an azimuth.
+SpatialAngles tilted(double tilt, double azimuth, double kappa) {
+  const double level = std::sin(tilt);
+  return {std::atan2(-level * std::cos(azimuth), std::cos(tilt)),
+          std::asin(level * std::sin(azimuth)), kappa};
+}
+
+TEST(ResectionHelmert3d, FindsTheSetupAtAnyTilt) {
+  Random random(5);
+  for (const double tilt : {60.0, 70.0, 80.0, 90.0, 99.0, 130.0, 199.0}) {
+    for (int i = 0; i < 600; ++i) {
+      SCOPED_TRACE(testing::Message() << "tilt " << tilt << " gon, station " << i);
+      const SpatialAngles angles =
+          tilted(Utilities::gon2rad(tilt), random.uniform(0.0, 6.28), random.uniform(0.0, 6.28));
+      Parameters truth;
+      truth << 100.0, 200.0, 50.0, angles.omega, angles.phi, angles.kappa, 1.0;
+      std::vector<Pair> pairs(3 + random.index(6));
+      for (Pair& pair : pairs) {
+        pair.local = ENHPoint(0, 25, 3) + randomPoint(random, 15.0, 6.0);
+        pair.global = pointOf(transformed(truth, pair.local));
+      }
+      StationPlacement found;
+      ASSERT_TRUE(place(resectionOf(pairs), found));
+      // Near a right angle about north, cos(phi) is what kappa has to be divided by.
+      const double tolerance = 1e-9 / std::cos(angles.phi);
+      const auto turn = [](double a, double b) { return Utilities::getangleAsMinusPiToPi(a - b); };
+      ASSERT_NEAR(turn(found.orientation(), angles.kappa), 0.0, tolerance);
+      ASSERT_NEAR(turn(found.tiltAboutEast(), angles.omega), 0.0, tolerance);
+      ASSERT_NEAR(found.tiltAboutNorth(), angles.phi, tolerance);
+      ASSERT_LT((found.station() - ENHPoint(100, 200, 50)).length(), 1e-9);
+    }
+  }
+}
+
+TEST(ResectionHelmert3d, RefusesAngleThatAnotherOneUndoes) {
+  // Instrument tilted by a right angle about north: omega and kappa turn about one axis.
+  PointPairs pairs;
+  for (const Pair& pair : kSquare) {
+    pairs.local.push_back(pair.local);
+    pairs.global.push_back(pair.global);
+  }
+  const ReducedPairs reduced(pairs);
+  const auto at = [&](double phi) {
+    return SpatialNormals(reduced, {{0, 0, 0}, {0.3, phi, 0.5}, 1.0}).cofactors();
+  };
+  EXPECT_FALSE(at(std::acos(0.0) + 1e-9));
+  EXPECT_TRUE(at(std::acos(0.0) - 1e-5));
+}
+
+TEST(StationPlacement, PlacesWhatTheInstrumentSees) {
+  Random random(31);
+  Scene scene = randomScene(random, 0.2, 0.003);
+  Resection resection = resectionOf(scene.pairs, kGrid);
+  const PolarPoint again = Utilities::convertToPolarMeasurement(scene.pairs[1].local * 1.0001);
+  resection.addMeasurement(L"P1", again);
+  resection.addMeasurement(L"unknown", again);
+  StationPlacement found;
+  ASSERT_TRUE(place(resection, found));
+  const Result expected = inSpace(resection);
+  Result same;
+  same.ok = true;
+  same.values << vectorOf(found.station()), found.orientation(), found.scale(),
+      vectorOf(found.stationStdDev()), found.orientationStdDev(), found.scaleStdDev();
+  EXPECT_EQ(same, expected);
+
+  ENHPoint sum;
+  for (std::size_t i = 0; i < scene.pairs.size(); ++i) {
+    const Pair& pair = scene.pairs[i];
+    const PolarPoint polar = Utilities::convertToPolarMeasurement(pair.local);
+    const std::vector<ENHPoint> residuals = found.residuals(L"P" + std::to_wstring(i));
+    ASSERT_EQ(residuals.size(), i == 1 ? 2u : 1u);
+    EXPECT_LT((found.toGlobal(polar) - (pair.global + kGrid) - residuals[0]).length(), 1e-9);
+    EXPECT_LT((found.toGlobal(pair.local) - found.toGlobal(polar)).length(), 1e-9);
+    const PolarPoint back = found.toPolar(found.toGlobal(polar));
+    EXPECT_NEAR(back.horizontalAngle, polar.horizontalAngle, 1e-10);
+    EXPECT_NEAR(back.verticalAngle, polar.verticalAngle, 1e-10);
+    EXPECT_NEAR(back.slopeDistance, polar.slopeDistance, 1e-9);
+    for (const ENHPoint& r : residuals) {
+      EXPECT_LT(r.length(), 0.02);
+      sum += r;
+    }
+  }
+  EXPECT_LT(sum.length(), 1e-8) << "residuals of a least squares shift";
+  EXPECT_GT((found.residuals(L"P1")[1] - found.residuals(L"P1")[0]).length(), 1e-4);
+  EXPECT_TRUE(found.residuals(L"unknown").empty());
+
+  // A value: neither what is added later nor a failure changes it.
+  const StationPlacement copy = found;
+  resection.reset();
+  EXPECT_FALSE(place(resection, found));
+  EXPECT_TRUE(found.station() == copy.station() && found.residuals(L"P1").size() == 2);
+  found = StationPlacement();
+  EXPECT_TRUE(copy.station() != found.station());
+  EXPECT_TRUE(found.toGlobal(ENHPoint(1, 2, 3)) == ENHPoint(1, 2, 3));
+}
+
+TEST(StationPlacement, TiltsPointTheZeroDirectionDownAndTheRightOneUp) {
+  const ENHPoint station(10.0, 20.0, 30.0);
+  const double orientation = 1.0;
+  const SpatialAngles cases[] = {{0.01, 0.0, orientation}, {0.0, 0.02, orientation}, {0, 0, 4.0}};
+  for (const SpatialAngles& angles : cases) {
+    Parameters truth;
+    truth << vectorOf(station), angles.omega, angles.phi, angles.kappa, 1.0;
+    std::vector<Pair> pairs;
+    for (const Pair& pair : kSquare) {
+      pairs.push_back({pair.local, pointOf(transformed(truth, pair.local))});
+    }
+    StationPlacement found;
+    ASSERT_TRUE(place(resectionOf(pairs), found));
+    const ENHPoint forward = found.toGlobal(ENHPoint(0, 100, 0)) - station;
+    const ENHPoint right = found.toGlobal(ENHPoint(100, 0, 0)) - station;
+    EXPECT_NEAR(forward.height, -100.0 * std::sin(angles.omega), 1e-9);
+    EXPECT_NEAR(right.height, 100.0 * std::sin(angles.phi), 1e-9);
+    EXPECT_NEAR(found.orientation(), angles.kappa, 1e-11);
+    if (angles.omega != 0.0 || angles.phi != 0.0) continue;
+    const PolarPoint any(5.0, 1.0, 50.0);
+    const ENHPoint level = Utilities::transformLocalToGlobal(any, station, angles.kappa, 1.0);
+    EXPECT_LT((found.toGlobal(any) - level).length(), 1e-9);
+  }
 }
 
 TEST(ResectionHelmert3d, RefusesWhatLeavesTheRotationOpen) {
