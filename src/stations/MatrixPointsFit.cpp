@@ -1,8 +1,10 @@
 #include "stations/MatrixPointsFit.h"
 
+#include <Eigen/Geometry>
 #include <Eigen/LU>
 #include <Eigen/SVD>
 
+#include <cmath>
 #include <limits>
 #include <stdexcept>
 
@@ -13,6 +15,32 @@ namespace {
 
 constexpr const char* kDifferentSize =
     "matrixPointsToMatch and matrixPointsCandidates have different size";
+
+/// A cross-covariance whose second singular value is below this part of the first has rank 1: the
+/// points, or their candidates, lie on a line. Rounding leaves less than 1e-11 of lines of some
+/// metres, even at coordinates of 5000 km, which come in steps of 1e-9 m. Points that stray from
+/// lines by 1e-5 of their length, 0.1 mm in 10 m, give this; farther astray they have a best
+/// rotation, however weakly it is determined.
+constexpr double kRankOne = 1e-10;
+
+/// A rotation whose cosine of the tilt could grow by less than this stays as it is: the identity of
+/// equal points, and any rotation of points on a plumb line, which no turn about it tilts.
+constexpr double kNegligibleGain = 1e-12;
+
+/// Of the rotations that follow a given one by a turn about an axis, the one with the largest
+/// element in row 3, column 3, the cosine of the tilt.
+///
+/// A turn by t about the unit vector a takes v = R e3 to (a.v) a + cos(t) p + sin(t) (a x v), with
+/// the part p = v - (a.v) a of v square to a. Its height is largest when t is the angle of the
+/// vector (height of p, height of a x v).
+Eigen::Matrix3d mostUpright(const Eigen::Matrix3d& rotation, const Eigen::Vector3d& axis) {
+  const Eigen::Vector3d vertical = rotation.col(2);
+  const Eigen::Vector3d across = vertical - axis.dot(vertical) * axis;
+  const Eigen::Vector2d height(across.z(), axis.cross(vertical).z());
+  if (height.norm() - height.x() < kNegligibleGain) return rotation;
+  const double turn = std::atan2(height.y(), height.x());
+  return Eigen::AngleAxisd(turn, axis).toRotationMatrix() * rotation;
+}
 
 /// The proper rotation R that maximises the trace of R times the covariance of points (left) and
 /// candidates (right).
@@ -27,6 +55,11 @@ Eigen::MatrixXd rotationFrom(const Eigen::MatrixXd& crossCovariance) {
     // A reflection fits better. Turning the direction of least spread costs least.
     v.col(v.cols() - 1) *= -1.0;
     rotation = v * svd.matrixU().transpose();
+  }
+  if constexpr (dimension == 3) {
+    const Eigen::Vector3d& spread = svd.singularValues();
+    if (spread(0) > 0.0 && spread(1) <= kRankOne * spread(0))
+      return mostUpright(rotation, v.col(0));
   }
   return rotation;
 }

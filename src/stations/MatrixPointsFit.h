@@ -12,9 +12,9 @@ namespace Calculations {
 /// Least-squares rotation and translation, without scale, of points onto candidates (Arun, Huang
 /// and Blostein 1987; proper rotations after Kabsch 1978).
 ///
-/// Mirror images get the best proper rotation, never a reflection. Points on a line leave the
-/// rotation about it open: some fitting rotation is returned. Input that is not finite gives
-/// not-a-number.
+/// Mirror images get the best proper rotation, never a reflection. Spatial points on a line leave
+/// the rotation about it open: of the equally good ones the most upright is returned, which tilts
+/// the third axis least. Input that is not finite gives not-a-number.
 class MatrixPointsFit {
  public:
   /// One column per point; two rows for plane points, three for spatial ones. Columns of the same

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <Eigen/Dense>
 
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -61,6 +62,29 @@ TEST(MatrixPointsFit, OfEqualDegenerateSetsIsTheIdentity) {
     const MatrixPointsFit fit(points, points);
     EXPECT_TRUE(fit.rotation().isIdentity(1e-13)) << points;
     EXPECT_TRUE(fit.translation().isZero(1e-12)) << points;
+  }
+}
+
+TEST(MatrixPointsFit, OfPointsOnALineIsTheMostUpright) {
+  Random random(29);
+  for (int i = 0; i < 200; ++i) {
+    const Eigen::Vector3d from = randomPoints(random, 3, 1).normalized();
+    const Eigen::Vector3d to = randomPoints(random, 3, 1).normalized();
+    Eigen::MatrixXd points = from * Eigen::RowVector4d(0, 3, 7, 12);
+    // At grid coordinates rounding bends the line.
+    const Eigen::MatrixXd candidates =
+        (to * Eigen::RowVector4d(0, 3, 7, 12)).colwise() + Eigen::Vector3d(6e5, 5e6, 500.0);
+    // Measured points that stray from it leave the best rotation as open.
+    if (i % 2 == 0) points += 0.001 * randomPoints(random, 3, 4);
+    const MatrixPointsFit fit(points, candidates);
+    const Eigen::MatrixXd& r = fit.rotation();
+    EXPECT_TRUE((r * r.transpose()).isIdentity(1e-13));
+    const Eigen::MatrixXd reduced = points.colwise() - points.rowwise().mean();
+    EXPECT_NEAR((r * reduced - to * to.transpose() * (r * reduced)).norm() / reduced.norm(), 0.0,
+                i % 2 == 0 ? 0.01 : 1e-9);
+    // A line cannot rise by another angle without tilting by the difference.
+    const double rise = std::asin(from.z()) - std::asin(to.z());
+    EXPECT_NEAR(r(2, 2), std::cos(rise), i % 2 == 0 ? 0.01 : 1e-8);
   }
 }
 

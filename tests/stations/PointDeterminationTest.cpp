@@ -77,6 +77,24 @@ TEST(PointDetermination, IdentifiesUnderAnyTurnAndUpToTheLargestTilt) {
   }
 }
 
+TEST(PointDetermination, PrismsOnALineAreFoundFromATiltedInstrument) {
+  for (const ENHPoint& grid : {ENHPoint(), ENHPoint(600000.0, 5000000.0, 500.0)}) {
+    for (int i = 0; i < 40; ++i) {
+      PointDetermination d;
+      for (const double north : {10.0, 13.0, 17.0, 22.0}) {
+        const ENHPoint p(5.0, north, 1.0);
+        d.addPoint(numbered(L"F", d.getNumPoints()), p + grid);
+        PolarPoint seenTilted = Utilities::convertToPolarMeasurement(
+            Utilities::rotateAroundEastXaxis(p, Utilities::gon2rad(1.0)));
+        if (d.getNumPoints() == 1) seenTilted.slopeDistance += 1e-5 * i;
+        d.addMeasurement(numbered(L"M", d.getNumMeasurements()), seenTilted);
+      }
+      EXPECT_TRUE(d.determineMeasuredPointsStrict()) << i;
+      EXPECT_THAT(identified(d), ElementsAre(L"F0", L"F1", L"F2", L"F3"));
+    }
+  }
+}
+
 TEST(PointDetermination, FailureLeavesTheResult) {
   PointDetermination d;
   addPoints(d, kFixPoints);
