@@ -2,6 +2,7 @@
 #include <Calculations/Utilities.h>
 
 #include "foundation/MakeRoom.h"
+#include "stations/ChanceAssignments.h"
 #include "stations/FixPointMatcher.h"
 #include "stations/IdentifiedList.h"
 #include "stations/Matching.h"
@@ -9,6 +10,8 @@
 #include "stations/SolutionSignificance.h"
 
 #include <algorithm>
+#include <iterator>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -19,6 +22,14 @@ namespace {
 
 /// A rigid motion in space is determined by three points.
 constexpr int kFewestPoints = 3;
+
+/// What the determination that found the first solution had before it. Points and measurements can
+/// be added afterwards, always behind these, and the settings changed.
+struct Circumstances {
+  MatchSettings settings;
+  std::size_t fixPoints = 0;
+  std::size_t measurements = 0;
+};
 
 void setTolerance(double& tolerance, double value) {
   if (value >= 0.0) tolerance = value;
@@ -32,6 +43,7 @@ class PointDeterminationImpl {
   IdentifiedList<PolarPoint> measurements;
   MatchSettings settings;
   std::vector<MatchedSolution> solutions;
+  Circumstances ofFirstSolution;
 
   template <class Search>
   bool determine(const Search& search) {
@@ -43,7 +55,11 @@ class PointDeterminationImpl {
     }
     FixPointMatcher matcher(settings, pointsInIdOrder, localPoints());
     if (!search(matcher)) return false;
+    const bool isFirst = solutions.empty();
     appendSolutions(matcher.solutions(), idOrder);
+    if (isFirst) {
+      ofFirstSolution = {settings, fixPoints.entries().size(), measurements.entries().size()};
+    }
     return true;
   }
 
@@ -64,8 +80,8 @@ class PointDeterminationImpl {
       for (std::size_t& fixPoint : solution.fixPoints) {
         if (fixPoint != kNotAssigned) fixPoint = idOrder[fixPoint];
       }
-      solutions.push_back(std::move(solution));
     }
+    std::move(found.begin(), found.end(), std::back_inserter(solutions));
   }
 };
 
@@ -109,6 +125,19 @@ bool PointDetermination::determineMeasuredPointsRobust() {
 
 bool PointDetermination::isBestSolutionSignificantlyBetter() const {
   return isFirstSolutionSignificant(m_impl->solutions, m_impl->fixPoints.entries());
+}
+
+double PointDetermination::expectedChanceSolutions() const {
+  constexpr double kNoEvidence = std::numeric_limits<double>::infinity();
+  if (m_impl->solutions.empty()) return kNoEvidence;
+  const Circumstances& before = m_impl->ofFirstSolution;
+  const std::vector<ENHPoint>& all = m_impl->fixPoints.entries();
+  const std::vector<ENHPoint> fixPoints(
+      all.begin(), all.begin() + static_cast<std::ptrdiff_t>(before.fixPoints));
+  const std::size_t matched = numMatchedPlaces(m_impl->solutions.front(), fixPoints,
+                                               before.settings.toleranceDistanceDifference);
+  if (matched < kFewestInFigure) return kNoEvidence;
+  return expectedChanceAssignments(fixPoints, before.measurements, matched, before.settings);
 }
 
 std::wstring PointDetermination::getFixPointIdForMeasurementId(

@@ -125,10 +125,14 @@ TEST(PointDetermination, QueriesAnswerFromTheFirstDeterminationUntilReset) {
   EXPECT_FALSE(d.isBestSolutionSignificantlyBetter());
   d.reset();
   EXPECT_EQ(d.getNumPoints() + d.getNumMeasurements(), 0u);
-  EXPECT_EQ(d.getFixPointIdForMeasurementId(L"M0"), L"");
   EXPECT_FALSE(d.determineMeasuredPointsStrict());
   EXPECT_FALSE(d.determineMeasuredPointsRobust());
+  // Points and measurements under the old ids do not bring the old solutions back.
+  addPoints(d, {{0, 0, 0}, {7, 0, 1}, {0, 11, 2}});
+  addMeasurements(d, {{1, 1, 0}, {8, 1, 1}, {1, 12, 2}});
+  EXPECT_THAT(identified(d), Each(L""));
   EXPECT_FALSE(d.isBestSolutionSignificantlyBetter());
+  EXPECT_EQ(d.expectedChanceSolutions(), kInfinity);
 }
 
 TEST(PointDetermination, SettingsRefuseWhatMakesNoSense) {
@@ -155,6 +159,61 @@ TEST(PointDetermination, SettingsRefuseWhatMakesNoSense) {
   }
   d.reset();
   EXPECT_THAT(values(), ElementsAre(3.0, 0.05, 0.02, 80.0));
+}
+
+TEST(PointDetermination, ChanceIsThatOfTheFirstDetermination) {
+  PointDetermination d;
+  const PointDetermination copy(d);
+  EXPECT_EQ(d.expectedChanceSolutions(), kInfinity);
+  addPoints(d, kFixPoints);
+  addMeasurements(d, seen({4, 2, 0, 5}, 2.0, 0.0));
+  EXPECT_EQ(d.expectedChanceSolutions(), kInfinity);
+  ASSERT_TRUE(d.determineMeasuredPointsStrict());
+  const double first = d.expectedChanceSolutions();
+  EXPECT_LT(first, 1e-6);
+  EXPECT_GT(first, 0.0);
+  d.setToleranceDistanceDifference(0.5);
+  d.setToleranceHeightDifference(0.3);
+  d.setToleranceTilt(30.0);
+  addPoints(d, {{700000.0, 200000.0, 503.0}});
+  EXPECT_TRUE(d.determineMeasuredPointsStrict());
+  EXPECT_EQ(copy.expectedChanceSolutions(), first);
+  // One of two measurements in a choice of many more is less of a surprise, and so are wide
+  // tolerances.
+  const auto expected = [](double tolerance, std::size_t strays) {
+    PointDetermination other;
+    other.setToleranceDistanceDifference(tolerance);
+    addPoints(other, kFixPoints);
+    addMeasurements(other, seen({4, 2, 0, 5}, 2.0, 0.0));
+    addMeasurements(other, std::vector<ENHPoint>(strays, ENHPoint(3.0, 4.0, 90.0)));
+    EXPECT_TRUE(other.determineMeasuredPointsRobust());
+    return other.expectedChanceSolutions();
+  };
+  EXPECT_EQ(expected(0.05, 0), first);
+  EXPECT_NEAR(expected(0.05, 3) / first, 35.0, 1e-9) << "choices of 4 of 7";
+  EXPECT_GT(expected(0.1, 0), 10.0 * first);
+  EXPECT_GT(expected(kInfinity, 0), 1000.0);
+}
+
+TEST(PointDetermination, RepeatedSightingsAreNoEvidence) {
+  // Three fix points, each sighted twice, and one of them under a second name.
+  PointDetermination once;
+  PointDetermination twice;
+  for (PointDetermination* d : {&once, &twice}) {
+    addPoints(*d, kFixPoints);
+    addPoints(*d, {kFixPoints[1] + ENHPoint(0.01, 0.0, 0.0)});
+    for (std::size_t i = 0; i < (d == &once ? 1u : 2u); ++i) {
+      addMeasurements(*d, seen({1, 3, 5}, 0.4, 0.0));
+    }
+    ASSERT_TRUE(d->determineMeasuredPointsStrict());
+  }
+  EXPECT_NEAR(twice.expectedChanceSolutions() / once.expectedChanceSolutions(), 20.0, 1e-9)
+      << "choices of 3 of 6";
+  PointDetermination onePlace;
+  addPoints(onePlace, std::vector<ENHPoint>(4, ENHPoint(5.0, 6.0, 7.0)));
+  addMeasurements(onePlace, std::vector<ENHPoint>(4, ENHPoint(1.0, 2.0, 3.0)));
+  ASSERT_TRUE(onePlace.determineMeasuredPointsStrict());
+  EXPECT_EQ(onePlace.expectedChanceSolutions(), kInfinity);
 }
 
 TEST(PointDetermination, IdsAreUniqueAndCopiesShared) {
