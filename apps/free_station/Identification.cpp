@@ -25,6 +25,15 @@ Identification identify(const FieldBook& book, const Tolerances& tolerances) {
     throw Console::Failure("no three measurements fit the fix points within the tolerances");
   }
 
+  // Three or four matches among many fix points prove little: strays, or angles of another unit,
+  // find some too, and a boom would be steered by them.
+  constexpr double kMostByChance = 0.01;
+  if (search.expectedChanceSolutions() > kMostByChance) {
+    throw Console::Failure(
+        "the measurements that fit may fit by chance: measure more fix points, "
+        "and check that the angles are in gon");
+  }
+
   Identification found;
   found.isUnambiguous = search.isBestSolutionSignificantlyBetter();
   for (const Measurement& measurement : book.measurements) {

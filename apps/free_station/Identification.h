@@ -26,8 +26,8 @@ struct Identification {
   bool isUnambiguous = false;
 };
 
-/// Finds the fix points by the shape of the measured figure alone. Throws a TunnelSurvey::Failure
-/// when nothing fits.
+/// Finds the fix points by the shape of the measured figure alone. Throws a Console::Failure when
+/// nothing fits, and when so little fits that chance may have brought it about.
 Identification identify(const FieldBook& book, const Tolerances& tolerances);
 
 }  // namespace FreeStation

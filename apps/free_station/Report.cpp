@@ -17,6 +17,7 @@ namespace {
 using Drawing::fixed;
 using Drawing::signedFixed;
 using Ruv::Calculations::ENHPoint;
+using Ruv::Calculations::StationPlacement;
 using Ruv::Calculations::Utilities;
 
 constexpr double kMillimetres = 1000.0;
@@ -51,27 +52,28 @@ void printIdentification(const Survey& survey) {
 }
 
 /// Scales this far from 1 do not come from the accuracy of the measurements.
-bool isScaleSignificant(const Station& station) {
+bool isScaleSignificant(const StationPlacement& station) {
   constexpr double kStdDevs = 3.0;
-  return std::abs(station.scale - 1.0) > kStdDevs * station.scaleStdDev;
+  return std::abs(station.scale() - 1.0) > kStdDevs * station.scaleStdDev();
 }
 
 void printStation(const Survey& survey) {
   Console::printHeading("Station");
-  const Station& s = survey.station;
+  const StationPlacement& s = survey.placement;
   Console::TextTable table({"quantity\n", "value\n", "unit\n", "std. dev.\n", "unit\n"});
   const auto addCoordinate = [&table](const std::string& name, double value, double stdDev) {
     table.addRow({name, fixed(value, 4), "m", fixed(stdDev * kMillimetres, 1), "mm"});
   };
-  addCoordinate("east", s.position.east, s.positionStdDev.east);
-  addCoordinate("north", s.position.north, s.positionStdDev.north);
-  addCoordinate("height", s.position.height, s.positionStdDev.height);
+  addCoordinate("east", s.station().east, s.stationStdDev().east);
+  addCoordinate("north", s.station().north, s.stationStdDev().north);
+  addCoordinate("height", s.station().height, s.stationStdDev().height);
   table.addRow(
-      {"orientation", gon(s.orientation, 4), "gon", milligon(s.orientationStdDev), "mgon"});
+      {"orientation", gon(s.orientation(), 4), "gon", milligon(s.orientationStdDev()), "mgon"});
   table.addRow(
-      {"scale - 1", scaleInMillionths(s.scale), "ppm", fixed(s.scaleStdDev * 1e6, 0), "ppm"});
-  table.addRow({"tilt forward", gon(s.tilt.forward, 4), "gon", "", ""});
-  table.addRow({"tilt right", gon(s.tilt.right, 4), "gon", "", ""});
+      {"scale - 1", scaleInMillionths(s.scale()), "ppm", fixed(s.scaleStdDev() * 1e6, 0), "ppm"});
+  // Forward is up when the instrument leans back, which is a negative turn about east.
+  table.addRow({"tilt forward", gon(-s.tiltAboutEast(), 4), "gon", "", ""});
+  table.addRow({"tilt right", gon(s.tiltAboutNorth(), 4), "gon", "", ""});
   table.print(std::cout);
   if (isScaleSignificant(s)) {
     std::cout << "\nThe scale differs from 1 by more than three standard deviations: look for the\n"

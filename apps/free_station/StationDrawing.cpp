@@ -26,6 +26,7 @@ using Drawing::WorldMapping;
 using Ruv::Calculations::AxisCalculator;
 using Ruv::Calculations::AxisPoint;
 using Ruv::Calculations::ENHPoint;
+using Ruv::Calculations::StationPlacement;
 using Ruv::Calculations::Utilities;
 namespace Style = Drawing::Style;
 
@@ -86,8 +87,8 @@ Layout layoutOf(const Survey& survey, const Sheet& sheet) {
   const Box sectionFrame{lower.left, lower.top, lower.left + 1.15 * lower.height(), lower.bottom};
 
   const std::vector<ENHPoint> points = visiblePoints(survey);
-  const double east = survey.station.position.east;
-  const double north = survey.station.position.north;
+  const double east = survey.placement.station().east;
+  const double north = survey.placement.station().north;
   const Projection plan = planProjection();
   const Projection section = sectionProjection(survey);
   constexpr double kQuarterTurn = 1.5707963267948966;
@@ -265,25 +266,25 @@ void writeResiduals(Canvas& canvas, const Survey& survey, const Box& box) {
 }
 
 void writeStation(Canvas& canvas, const Survey& survey, const Box& box) {
-  const Station& s = survey.station;
+  const StationPlacement& s = survey.placement;
   const auto gon = [](double radians) { return fixed(Utilities::rad2gon(radians), 4) + " gon"; };
   const auto plusMinus = [](double value, int decimals, const std::string& unit) {
     return "\u00b1" + fixed(value, decimals) + " " + unit;
   };
   CellWriter rows(canvas, {box.left, box.top}, {0.0, 62.0, 84.0});
   rows.write({"Station"}, true);
-  rows.write({"east", fixed(s.position.east, 4) + " m",
-              plusMinus(s.positionStdDev.east * 1000.0, 1, "mm")});
-  rows.write({"north", fixed(s.position.north, 4) + " m",
-              plusMinus(s.positionStdDev.north * 1000.0, 1, "mm")});
-  rows.write({"height", fixed(s.position.height, 4) + " m",
-              plusMinus(s.positionStdDev.height * 1000.0, 1, "mm")});
-  rows.write({"orientation", gon(s.orientation),
-              plusMinus(Utilities::rad2gon(s.orientationStdDev) * 1000.0, 1, "mgon")});
-  rows.write({"scale \u2212 1", scaleInMillionths(s.scale) + " ppm",
-              plusMinus(s.scaleStdDev * 1e6, 0, "ppm")});
-  rows.write({"tilt forward", gon(s.tilt.forward)});
-  rows.write({"tilt right", gon(s.tilt.right)});
+  rows.write({"east", fixed(s.station().east, 4) + " m",
+              plusMinus(s.stationStdDev().east * 1000.0, 1, "mm")});
+  rows.write({"north", fixed(s.station().north, 4) + " m",
+              plusMinus(s.stationStdDev().north * 1000.0, 1, "mm")});
+  rows.write({"height", fixed(s.station().height, 4) + " m",
+              plusMinus(s.stationStdDev().height * 1000.0, 1, "mm")});
+  rows.write({"orientation", gon(s.orientation()),
+              plusMinus(Utilities::rad2gon(s.orientationStdDev()) * 1000.0, 1, "mgon")});
+  rows.write({"scale \u2212 1", scaleInMillionths(s.scale()) + " ppm",
+              plusMinus(s.scaleStdDev() * 1e6, 0, "ppm")});
+  rows.write({"tilt forward", gon(-s.tiltAboutEast())});
+  rows.write({"tilt right", gon(s.tiltAboutNorth())});
   rows.write({"stationing", Drawing::stationText(survey.stationOnAxis.stationing, 3)});
   rows.write({"offset", signedFixed(survey.stationOnAxis.offset, 3) + " m"});
   rows.write({"above the axis", signedFixed(survey.stationOnAxis.height, 3) + " m"});

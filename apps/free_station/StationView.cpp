@@ -56,19 +56,19 @@ Projection sectionProjection(const Survey& survey) {
     return Point{v.east * std::cos(azimuth) - v.north * std::sin(azimuth), v.height};
   };
   const Point station{survey.stationOnAxis.offset, survey.stationOnAxis.height};
-  const auto point = [vector, station, position = survey.station.position](const ENHPoint& p) {
+  const auto point = [vector, station, position = survey.placement.station()](const ENHPoint& p) {
     return station + vector(p - position);
   };
   return {point, vector};
 }
 
 std::vector<ENHPoint> visiblePoints(const Survey& survey) {
-  std::vector<ENHPoint> points = {survey.station.position, survey.guidance.boom};
+  std::vector<ENHPoint> points = {survey.placement.station(), survey.guidance.boom};
   for (const Exchange::SurveyedPoint& fixPoint : survey.book.fixPoints) {
     points.push_back(fixPoint.grid);
   }
   for (const Measurement& stray : survey.identification.strays) {
-    points.push_back(survey.station.toGrid(stray.polar));
+    points.push_back(survey.placement.toGlobal(stray.polar));
   }
   for (const GuidanceResult& guided : survey.guided) {
     points.insert(points.end(), {guided.line.front(), guided.ahead});
@@ -150,7 +150,7 @@ Point StationView::residualOnPage(const ENHPoint& residual) const {
 }
 
 Point StationView::strayOnPage(const Measurement& stray) const {
-  return toPage(m_survey.station.toGrid(stray.polar));
+  return toPage(m_survey.placement.toGlobal(stray.polar));
 }
 
 void StationView::draw() {
@@ -179,7 +179,7 @@ void StationView::drawGuidance() {
 }
 
 void StationView::drawRays() {
-  const Point from = toPage(m_survey.station.position);
+  const Point from = toPage(m_survey.placement.station());
   const auto drawRay = [this, &from](const Point& to) {
     m_canvas.line(from, to, Symbol::ray());
     m_rays.reserve({from, to}, 0.3);
@@ -205,7 +205,7 @@ void StationView::drawFixPoints() {
   }
 }
 
-void StationView::drawStation() { Symbol::station(m_canvas, toPage(m_survey.station.position)); }
+void StationView::drawStation() { Symbol::station(m_canvas, toPage(m_survey.placement.station())); }
 
 void StationView::drawResiduals() {
   for (std::size_t i = 0; i < m_survey.residuals.size(); ++i) {
@@ -223,7 +223,7 @@ void StationView::writeNames() {
     const Point& at = points.back();
     m_labels.reserve(Drawing::outlineOfBox(Box{at.x, at.y, at.x, at.y}.inset(-1.2)));
   }
-  writeName(toPage(m_survey.station.position), "station", Style::kClothoid);
+  writeName(toPage(m_survey.placement.station()), "station", Style::kClothoid);
   writeName(toPage(m_survey.guidance.boom), "boom", kGuidance);
   writeName(toPage(m_survey.guided.front().line.front()), "vector", kGuidance);
   for (const Measurement& stray : m_survey.identification.strays) {

@@ -17,7 +17,7 @@ namespace FreeStation {
 struct Survey {
   FieldBook book;
   Identification identification;
-  Station station;
+  Ruv::Calculations::StationPlacement placement;
   std::vector<Ruv::Calculations::ENHPoint> residuals;  ///< of the sightings
   std::string axisName;
   Ruv::Calculations::AxisPoint stationOnAxis;

@@ -32,7 +32,7 @@ void readAxis(const Options& options, Survey& survey) {
 
 void findStationOnAxis(Survey& survey) {
   const AxisCalculator calculator(survey.guidance.axis);
-  if (!calculator.enhPointToAxisPointVertical(survey.station.position, survey.stationOnAxis)) {
+  if (!calculator.enhPointToAxisPointVertical(survey.placement.station(), survey.stationOnAxis)) {
     throw Console::Failure("the station lies beside no part of the axis");
   }
   double radius = 0.0;
@@ -49,11 +49,11 @@ Survey surveyWith(const Options& options) {
   readAxis(options, survey);
   survey.book = readFieldBook(options.fixPoints, options.measurements, options.boom);
   survey.identification = identify(survey.book, options.tolerances);
-  survey.station = setUpStation(survey.identification.sightings);
-  survey.residuals = residualsOf(survey.station, survey.identification.sightings);
+  survey.placement = setUpStation(survey.identification.sightings);
+  survey.residuals = residualsOf(survey.placement, survey.identification.sightings);
   findStationOnAxis(survey);
   survey.guidance.origin = AxisPoint(options.origin[0], options.origin[1], options.origin[2]);
-  survey.guidance.boom = survey.station.toGrid(survey.book.boom.polar);
+  survey.guidance.boom = survey.placement.toGlobal(survey.book.boom.polar);
   survey.guidance.ahead = options.ahead;
   survey.guided = guide(survey.guidance);
   return survey;
