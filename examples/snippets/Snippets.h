@@ -52,6 +52,7 @@ double riseOfVector();
 double driftOfVector(const boost::shared_ptr<const AxisDefinition>& axis);
 
 ENHPoint freeStation(double& orientation);
+ENHPoint placeTarget(std::vector<ENHPoint>& residuals);
 std::wstring identifyFixPoint();
 
 }  // namespace Snippets

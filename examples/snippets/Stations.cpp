@@ -38,6 +38,26 @@ ENHPoint freeStation(double& orientation) {
   return station;
 }
 
+ENHPoint placeTarget(std::vector<ENHPoint>& residuals) {
+  const PolarPoint boom = measured(ENHPoint(600015, 200030, 503));
+  ENHPoint target;
+  //! [StationPlacement]
+  Resection resection;
+  resection.addFixPointU(u"A", kA);  // ids in UTF-16
+  resection.addFixPointU(u"B", kB);
+  resection.addFixPointU(u"C", kC);
+  resection.addMeasurementU(u"A", measured(kA));
+  resection.addMeasurementU(u"B", measured(kB));
+  resection.addMeasurementU(u"C", measured(kC));
+  StationPlacement placement;
+  if (resection.calculatePlacementHelmert3d(placement)) {
+    residuals = placement.residuals(L"A");  // of each sighting of A: measured less known
+    target = placement.toGlobal(boom);      // of a tilted instrument, too
+  }
+  //! [StationPlacement]
+  return target;
+}
+
 std::wstring identifyFixPoint() {
   //! [PointDetermination]
   PointDetermination determination;
@@ -48,9 +68,11 @@ std::wstring identifyFixPoint() {
   determination.addMeasurement(L"2", measured(kA));
   determination.addMeasurement(L"3", measured(kB));
   std::wstring name;
+  constexpr double kNoChanceMatch = 0.001;
   if (determination.determineMeasuredPointsRobust() &&
-      determination.isBestSolutionSignificantlyBetter()) {
-    name = determination.getFixPointIdForMeasurementId(L"1");  // "C"
+      determination.isBestSolutionSignificantlyBetter() &&         // than other assignments
+      determination.expectedChanceSolutions() < kNoChanceMatch) {  // than chance
+    name = determination.getFixPointIdForMeasurementId(L"1");      // "C"
   }
   //! [PointDetermination]
   return name;

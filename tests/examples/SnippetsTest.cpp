@@ -112,5 +112,9 @@ TEST(Snippets, FitsGuidanceAndStations) {
   double orientation = 0.0;
   EXPECT_NEAR((freeStation(orientation) - ENHPoint(600010, 200005, 501.6)).length(), 0.0, 1e-8);
   EXPECT_NEAR(orientation, 1.0, 1e-9);
+  std::vector<ENHPoint> residuals;
+  EXPECT_NEAR((placeTarget(residuals) - ENHPoint(600015, 200030, 503)).length(), 0.0, 1e-8);
+  ASSERT_EQ(residuals.size(), 1u);
+  EXPECT_NEAR(residuals[0].length(), 0.0, 1e-8);
   EXPECT_EQ(identifyFixPoint(), L"C");
 }
