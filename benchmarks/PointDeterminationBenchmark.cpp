@@ -235,6 +235,60 @@ void judgeRobust(std::size_t numStray, std::uint64_t seed, const Effort& effort,
              static_cast<double>(workload.numWrong(determination)), "", 0.0});
 }
 
+/// How long it takes to tell chance from evidence.
+void judgeChance(std::size_t numFixPoints, const Effort& effort, GoalTable& table) {
+  const FixPointWorkload workload(numFixPoints, kMeasuredWithStray, 0, kStrictSeed);
+  PointDetermination determination = workload.enter();
+  determination.determineMeasuredPointsStrict();
+  const std::vector<double> best = bestOfRounds(effort.rounds, {[&determination] {
+                                                  return timesPerCall(1, 1, [&determination] {
+                                                    double expected =
+                                                        determination.expectedChanceSolutions();
+                                                    benchmark::DoNotOptimize(expected);
+                                                  });
+                                                }});
+  table.add({"W8 expected by chance, 12 measured", numFixPoints, best[0], "1 ms", kMillisecond,
+             atMost(std::nullopt)});
+}
+
+/// Determinations of one kind, and those whose number expected by chance is on the wrong side.
+struct Verdicts {
+  std::size_t found = 0;
+  std::size_t wrong = 0;
+
+  template <class IsWrong>
+  void ask(const FixPointWorkload& workload, const IsWrong& isWrong) {
+    PointDetermination determination = workload.enter();
+    if (!determination.determineMeasuredPointsRobust()) return;
+    ++found;
+    if (isWrong(determination.expectedChanceSolutions())) ++wrong;
+  }
+
+  double share() const { return static_cast<double>(wrong) / static_cast<double>(found); }
+};
+
+/// Whether strays are told from figures of six and more.
+void checkChance(const Effort& effort, GoalTable& table) {
+  constexpr std::size_t kFiguresOfSeed = 20;
+  constexpr std::size_t kFewestSighted = 5;
+  constexpr std::size_t kFewestMatching = 6;
+  Verdicts strays;
+  Verdicts figures;
+  for (const std::size_t numFixPoints : {std::size_t{17}, std::size_t{100}, std::size_t{300}}) {
+    for (std::size_t i = 0; i < kFiguresOfSeed * effort.seeds; ++i) {
+      const std::size_t sighted = kFewestSighted + i % 16;
+      strays.ask(FixPointWorkload(numFixPoints, sighted, sighted, kRobustSeed + i),
+                 [](double expected) { return !(expected >= 0.01); });
+      figures.ask(FixPointWorkload(numFixPoints, kFewestMatching + i % 10, i % 5, kStrictSeed + i),
+                  [](double expected) { return !(expected < 0.001); });
+    }
+  }
+  table.add({"W8 strays of which fewer than 0.01 are expected", 300, strays.found, strays.share(),
+             "of those found", 0.02});
+  table.add({"W8 figures of which 0.001 or more are expected", 300, figures.found, figures.share(),
+             "of those found", 0.01});
+}
+
 }  // namespace
 
 void measurePointDetermination(const Effort& effort, GoalTable& table) {
@@ -246,6 +300,9 @@ void measurePointDetermination(const Effort& effort, GoalTable& table) {
       judgeRobust(numStray, kRobustSeed + i, effort, table);
     }
   }
+  judgeChance(200, effort, table);
+  judgeChance(2000, effort, table);
+  checkChance(effort, table);
 }
 
 }  // namespace Benchmarks

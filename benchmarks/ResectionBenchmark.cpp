@@ -13,6 +13,7 @@
 #include <cmath>
 #include <iostream>
 #include <limits>
+#include <vector>
 
 namespace Benchmarks {
 
@@ -59,6 +60,12 @@ SetUp inSpace(const Resection& resection) {
   return s;
 }
 
+StationPlacement placementOf(const Resection& resection) {
+  StationPlacement placement;
+  resection.calculatePlacementHelmert3d(placement);
+  return placement;
+}
+
 using Solve = SetUp (*)(const Resection&);
 
 void setUp(benchmark::State& state, Solve solve) {
@@ -101,7 +108,8 @@ class ResectionContest {
         m_local(ResectionWorkload(numPairs).local()),
         m_global(ResectionWorkload(numPairs).global()),
         m_localPlan(m_local.topRows<2>()),
-        m_globalPlan(m_global.topRows<2>()) {}
+        m_globalPlan(m_global.topRows<2>()),
+        m_placement(placementOf(m_resection)) {}
 
   void judge(int rounds, GoalTable& table) const {
     constexpr std::size_t kFewPairs = 10;
@@ -113,7 +121,8 @@ class ResectionContest {
          repeating(
              m_size,
              [this] { return DenseGaussNewton<double>(m_local, m_global).solve(kNegligible); }),
-         sineAndCosine()});
+         sineAndCosine(), repeating(m_size, [this] { return placementOf(m_resection); }),
+         placingTargets()});
     // A peer starts from coordinates. What they cost is added.
     const double sc = best[4] * static_cast<double>(m_size);
     table.add({"W7 levelled instrument", m_size, best[0], "umeyama + 5 sc per pair",
@@ -122,6 +131,9 @@ class ResectionContest {
                m_size <= kFewPairs ? atMost(std::nullopt, 1.0) : atMost(std::nullopt)});
     table.add({"W7 tilted instrument", m_size, best[2], "dense Gauss-Newton + 3 sc per pair",
                best[3] + 3.0 * sc, atLeast(1.0, 1.5)});
+    table.add({"W7 placement with residuals", m_size, best[5], "the setup alone", best[2],
+               atMost(std::nullopt)});
+    table.add({"W7 target placed", m_size, best[6], "1 sc", best[4], atMost(std::nullopt)});
   }
 
   /// Against the same least squares with wider numbers.
@@ -151,6 +163,20 @@ class ResectionContest {
   }
 
  private:
+  Contender placingTargets() const {
+    return [this] {
+      std::vector<PolarPoint> targets;
+      for (std::size_t i = 0; i < kQuickAnswers; ++i) {
+        const double turn = 1e-3 * static_cast<double>(i);
+        targets.emplace_back(turn, 1.0 + turn, 50.0);
+      }
+      return timesPerItem(targets, kQuickAnswers, [this](const PolarPoint& target) {
+        ENHPoint placed = m_placement.toGlobal(target);
+        benchmark::DoNotOptimize(placed);
+      });
+    };
+  }
+
   static double error(bool isFound, double value, long double exact) {
     return isFound ? static_cast<double>(std::abs(value - exact))
                    : std::numeric_limits<double>::infinity();
@@ -175,6 +201,7 @@ class ResectionContest {
   Eigen::Matrix3Xd m_global;
   Eigen::Matrix2Xd m_localPlan;
   Eigen::Matrix2Xd m_globalPlan;
+  StationPlacement m_placement;
 };
 
 }  // namespace

@@ -16,6 +16,7 @@ namespace Benchmarks {
 using Ruv::Calculations::ENHPoint;
 using Ruv::Calculations::PolarPoint;
 using Ruv::Calculations::Resection;
+using Ruv::Calculations::StationPlacement;
 
 /// Pairs of points around an instrument within 100 m, measured and on the national grid, with noise
 /// of 2 mm. The instrument is tilted by a milliradian.

@@ -89,7 +89,6 @@ class CALCULATIONS_EXPORT StationPlacement {
 
  private:
   friend class Resection;
-  explicit StationPlacement(std::shared_ptr<const StationPlacementImpl> impl);
 
   std::shared_ptr<const StationPlacementImpl> m_impl;
 };

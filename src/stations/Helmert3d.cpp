@@ -137,7 +137,7 @@ std::optional<StationSetup> fitHelmert3d(const PointPairs& pairs, const StationS
   diagnostics.add("cofactors", *cofactors);
 
   const Eigen::Vector3d& t = parameters->translation;
-  const SpatialAngles angles = anglesOf(spatialRotation(parameters->angles).matrix);
+  const SpatialAngles angles = withPositiveCosPhi(parameters->angles);
   StationSetup setup;
   setup.station = pairs.origin + ENHPoint(t.x(), t.y(), t.z());
   setup.tiltAboutEast = angles.omega;

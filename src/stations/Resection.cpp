@@ -30,12 +30,13 @@ std::wstring widened(const std::basic_string<Unit>& id) {
   return std::wstring(id.begin(), id.end());
 }
 
+/// @param[out] pairs those that the setup is adjusted to
 std::optional<StationSetup> spatialSetup(const FixPointMap& fixPoints,
-                                         const MeasurementMap& measurements) {
+                                         const MeasurementMap& measurements, PointPairs& pairs) {
   if (fixPoints.size() < kFewestIdsInSpace || measurements.size() < kFewestIdsInSpace) {
     return std::nullopt;
   }
-  const PointPairs pairs = pairMeasurementsWithFixPoints(measurements, fixPoints);
+  pairs = pairMeasurementsWithFixPoints(measurements, fixPoints);
   const auto start = fitHelmert2d(pairs);
   if (!start) return std::nullopt;
   ResectionDiagnostics diagnostics(std::clog);
@@ -126,7 +127,8 @@ bool Resection::calculateResectionHelmert3d(ENHPoint& station, double& orientati
   // Callers read these two without asking for success.
   scale = 1.0;
   scaleStdDev = 0.0;
-  const auto setup = spatialSetup(m_impl->fixPoints, m_impl->measurements);
+  PointPairs pairs;
+  const auto setup = spatialSetup(m_impl->fixPoints, m_impl->measurements, pairs);
   if (!setup) return false;
   station = setup->station;
   orientation = Utilities::getAngleAsZeroToTwoPi(setup->orientation);
@@ -138,11 +140,12 @@ bool Resection::calculateResectionHelmert3d(ENHPoint& station, double& orientati
 }
 
 bool Resection::calculatePlacementHelmert3d(StationPlacement& placement) const {
-  const auto setup = spatialSetup(m_impl->fixPoints, m_impl->measurements);
+  PointPairs pairs;
+  const auto setup = spatialSetup(m_impl->fixPoints, m_impl->measurements, pairs);
   if (!setup) return false;
   const auto found = std::make_shared<StationPlacementImpl>(*setup);
-  found->setResiduals(m_impl->measurements, m_impl->fixPoints);
-  placement = StationPlacement(found);
+  found->setResiduals(pairs, m_impl->measurements, m_impl->fixPoints);
+  placement.m_impl = found;
   return true;
 }
 

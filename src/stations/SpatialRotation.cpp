@@ -35,5 +35,11 @@ SpatialAngles anglesOf(const Eigen::Matrix3d& rotation) {
   return angles;
 }
 
+SpatialAngles withPositiveCosPhi(const SpatialAngles& angles) {
+  constexpr double kHalfPi = 1.5707963267948966;
+  if (std::abs(angles.phi) <= kHalfPi) return angles;
+  return anglesOf(spatialRotation(angles).matrix);
+}
+
 }  // namespace Calculations
 }  // namespace Ruv

@@ -31,6 +31,9 @@ SpatialRotation spatialRotation(const SpatialAngles& angles);
 /// of an instrument that is tilted by nearly a right angle.
 SpatialAngles anglesOf(const Eigen::Matrix3d& rotation);
 
+/// The triple with cos(phi) >= 0 of the same rotation.
+SpatialAngles withPositiveCosPhi(const SpatialAngles& angles);
+
 }  // namespace Calculations
 }  // namespace Ruv
 

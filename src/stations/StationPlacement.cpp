@@ -5,6 +5,8 @@
 #include "stations/SpatialRotation.h"
 #include "stations/StationPlacementImpl.h"
 
+#include <algorithm>
+
 namespace Ruv {
 namespace Calculations {
 
@@ -17,34 +19,46 @@ StationPlacementImpl::StationPlacementImpl(const StationSetup& adjusted)
   Utilities::angleAsZeroToTwoPi(setup.orientation);
 }
 
+ENHPoint StationPlacementImpl::fromStation(const ENHPoint& local) const {
+  return asPoint(m_rotation * asVector(local * setup.scale));
+}
+
 ENHPoint StationPlacementImpl::toGlobal(const ENHPoint& local) const {
-  return setup.station + asPoint(m_rotation * asVector(local * setup.scale));
+  return setup.station + fromStation(local);
 }
 
 ENHPoint StationPlacementImpl::toLocal(const ENHPoint& global) const {
   return asPoint(m_rotation.transpose() * asVector(global - setup.station)) / setup.scale;
 }
 
-void StationPlacementImpl::setResiduals(const MeasurementMap& measurements,
+void StationPlacementImpl::setResiduals(const PointPairs& pairs, const MeasurementMap& measurements,
                                         const FixPointMap& fixPoints) {
+  const ENHPoint station = setup.station - pairs.origin;  // grid coordinates would cost digits
+  m_residuals.reserve(pairs.size());
+  for (std::size_t i = 0; i < pairs.size(); ++i) {
+    m_residuals.push_back(station + fromStation(pairs.local[i]) - pairs.global[i]);
+  }
+  std::size_t end = 0;
   for (const auto& [id, sightings] : measurements) {
-    const auto fixPoint = fixPoints.find(id);
-    if (fixPoint == fixPoints.end()) continue;
-    // Between the station and the fix point, so that grid coordinates cost no digits.
-    const ENHPoint known = fixPoint->second - setup.station;
-    std::vector<ENHPoint>& ofId = residuals[id];
-    ofId.reserve(sightings.size());
-    for (const PolarPoint& sighting : sightings) {
-      const ENHPoint local = Utilities::convertToLocalCoordinates(sighting);
-      ofId.push_back(asPoint(m_rotation * asVector(local * setup.scale)) - known);
-    }
+    if (fixPoints.count(id) == 0) continue;
+    end += sightings.size();
+    m_ids.push_back(id);
+    m_ends.push_back(end);
   }
 }
 
-StationPlacement::StationPlacement() : m_impl(std::make_shared<StationPlacementImpl>()) {}
+std::vector<ENHPoint> StationPlacementImpl::residuals(const std::wstring& id) const {
+  const auto found = std::lower_bound(m_ids.begin(), m_ids.end(), id);
+  if (found == m_ids.end() || *found != id) return {};
+  const auto index = static_cast<std::size_t>(found - m_ids.begin());
+  const std::size_t begin = index == 0 ? 0 : m_ends[index - 1];
+  const auto at = [this](std::size_t i) {
+    return m_residuals.begin() + static_cast<std::ptrdiff_t>(i);
+  };
+  return {at(begin), at(m_ends[index])};
+}
 
-StationPlacement::StationPlacement(std::shared_ptr<const StationPlacementImpl> impl)
-    : m_impl(std::move(impl)) {}
+StationPlacement::StationPlacement() : m_impl(std::make_shared<StationPlacementImpl>()) {}
 
 StationPlacement::StationPlacement(const StationPlacement& other) = default;
 StationPlacement& StationPlacement::operator=(const StationPlacement& other) = default;
@@ -77,8 +91,7 @@ PolarPoint StationPlacement::toPolar(const ENHPoint& global) const {
 }
 
 std::vector<ENHPoint> StationPlacement::residuals(const std::wstring& id) const {
-  const auto found = m_impl->residuals.find(id);
-  return found == m_impl->residuals.end() ? std::vector<ENHPoint>() : found->second;
+  return m_impl->residuals(id);
 }
 
 }  // namespace Calculations

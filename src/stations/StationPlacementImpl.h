@@ -11,14 +11,12 @@
 
 #include <Eigen/Core>
 
-#include <map>
+#include <cstddef>
 #include <string>
 #include <vector>
 
 namespace Ruv {
 namespace Calculations {
-
-using ResidualMap = std::map<std::wstring, std::vector<ENHPoint>>;
 
 class StationPlacementImpl {
  public:
@@ -28,14 +26,22 @@ class StationPlacementImpl {
   ENHPoint toGlobal(const ENHPoint& local) const;
   ENHPoint toLocal(const ENHPoint& global) const;
 
-  /// Sets the residuals of all measurements that have a fix point.
-  void setResiduals(const MeasurementMap& measurements, const FixPointMap& fixPoints);
+  /// Sets the residuals of all pairs.
+  /// @param pairs those of the measurements and the fix points
+  void setResiduals(const PointPairs& pairs, const MeasurementMap& measurements,
+                    const FixPointMap& fixPoints);
+
+  std::vector<ENHPoint> residuals(const std::wstring& id) const;
 
   StationSetup setup;  ///< with normalised angles
-  ResidualMap residuals;
 
  private:
+  ENHPoint fromStation(const ENHPoint& local) const;
+
   Eigen::Matrix3d m_rotation;
+  std::vector<ENHPoint> m_residuals;  ///< in the order of the ids
+  std::vector<std::wstring> m_ids;    ///< ascending
+  std::vector<std::size_t> m_ends;    ///< of each id: the residuals that come before the next one
 };
 
 }  // namespace Calculations

@@ -12,8 +12,8 @@ namespace Calculations {
 /// Place and orientation of an instrument, with standard deviations.
 struct StationSetup {
   ENHPoint station;
-  double tiltAboutEast = 0.0;   ///< rad, of the instrument's own axes, as in SpatialAngles
-  double tiltAboutNorth = 0.0;  ///< rad, in [-pi/2, pi/2]
+  double tiltAboutEast = 0.0;   ///< rad, omega of SpatialAngles, not normalised
+  double tiltAboutNorth = 0.0;  ///< rad, phi, in [-pi/2, pi/2]
   double orientation = 0.0;     ///< rad, clockwise, not normalised
   double scale = 1.0;
   ENHPoint stationStdDev;
