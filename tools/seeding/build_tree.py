@@ -1,0 +1,87 @@
+"""The release build: how its objects are compiled, what they read, how the tests are linked."""
+
+import json
+import shlex
+import subprocess
+from collections import defaultdict
+from pathlib import Path
+
+TEST_PROGRAMS = ("calculationsTests", "sharedUseTests")
+
+
+class BuildTree:
+    """Paths of sources are relative to the root of the project, those of objects to the build."""
+
+    def __init__(self, root):
+        self.root = root
+        self.folder = root / "build" / "release"
+
+    def build(self):
+        """Builds the tests as they are, and those that note which functions they enter."""
+        targets = [name for program in TEST_PROGRAMS for name in (program, program + "Traced")]
+        self._run("cmake", "--preset", "release", cwd=self.root)
+        self._run("cmake", "--build", self.folder, "--target", *targets, cwd=self.root)
+        self._read_compilations()
+        self._read_dependencies()
+        self._links = {program: self._link_of(program) for program in TEST_PROGRAMS}
+
+    @staticmethod
+    def _run(*command, cwd):
+        done = subprocess.run(command, cwd=cwd, text=True,
+                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+        if done.returncode != 0:
+            raise SystemExit(f"{done.stdout}\n{shlex.join(map(str, command))} failed")
+        return done.stdout
+
+    def _read_compilations(self):
+        self._compilations = {}  # of each object: the command, the source
+        for entry in json.loads((self.folder / "compile_commands.json").read_text()):
+            words = shlex.split(entry["command"])
+            made = words[words.index("-o") + 1]
+            source = Path(entry["file"])
+            if source.is_relative_to(self.root):
+                self._compilations[made] = (words, source.relative_to(self.root))
+
+    def _read_dependencies(self):
+        self._readers = defaultdict(list)  # of each file: the objects that depend on it
+        made = None
+        for line in self._run("ninja", "-t", "deps", cwd=self.folder).splitlines():
+            if line and not line[0].isspace():
+                made = line.split(":")[0]
+            elif line.strip() and made in self._compilations:
+                read = (self.folder / line.strip()).resolve()
+                if read.is_relative_to(self.root):
+                    self._readers[str(read.relative_to(self.root))].append(made)
+
+    def _link_of(self, program):
+        commands = self._run("ninja", "-t", "commands", f"tests/{program}", cwd=self.folder)
+        steps = commands.splitlines()[-1].split(" && ")
+        return next(shlex.split(step) for step in steps if f"-o tests/{program}" in step)
+
+    def objects_reading(self, path):
+        """Objects to compile anew when a source changes: those of the library, those of tests."""
+        linked = {word for link in self._links.values() for word in link}
+        objects = [made for made in self._readers[path] if made in linked]
+        library = [made for made in objects if made.startswith("src/")]
+        return library, [made for made in objects if made not in library]
+
+    def compile_command(self, made, changed, output):
+        """Compiles one object with a changed source.
+        @param changed a folder that holds the changed source, at its path below src"""
+        words, source = self._compilations[made]
+        words = list(words)
+        words[words.index("-o") + 1] = str(output)
+        copy = changed / source.relative_to("src") if source.parts[0] == "src" else None
+        if copy is not None and copy.exists():
+            words[words.index("-c") + 1] = str(copy)
+        # Includes name the path below src, and of two folders the first one wins.
+        first_option = next(i for i, word in enumerate(words) if word.startswith("-"))
+        # A function without its result is no fault that anybody makes: the compiler warns.
+        return words[:first_option] + [f"-I{changed}"] + words[first_option:] + [
+            "-w", "-Werror=return-type"]
+
+    def link_command(self, program, replaced, output):
+        """@param replaced the new place of each object that was compiled anew"""
+        words = [str(replaced.get(word, word)) for word in self._links[program]]
+        words[words.index("-o") + 1] = str(output)
+        return words
