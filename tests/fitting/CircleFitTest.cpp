@@ -1,4 +1,5 @@
 #include "fitting/FitPoints.h"
+#include "fitting/PointFrame.h"
 
 #include <Calculations/FittingHelper.h>
 
@@ -65,6 +66,22 @@ TEST(CircleFit, ReproducesExactCirclesOfAnySizeAlsoFarFromTheOrigin) {
 TEST(CircleFit, KasaKeepsAllDigitsOfManyPoints) {
   expectCircle(FittingHelper::circleFitKasa(circlePoints(Point2D(3, -2), 5, 1000000)),
                FittingMethod::CircleKasa, Point2D(3, -2), 5, 2e-15);
+}
+
+TEST(PointFrame, HasItsOriginInTheCentroidAndAUnitOfTheirSpread) {
+  const Points points = {{700, -90}, {703, -90}, {703, -86}, {700, -86}, {0, 0}};
+  for (const bool usesAll : {true, false}) {
+    const PointFrame frame = frameOf(
+        usesAll ? PointSubset(points) : PointSubset(points, {true, true, true, true, false}));
+    EXPECT_EQ(frame.count, usesAll ? 5u : 4u);
+    EXPECT_NEAR(frame.origin.x, usesAll ? 561.2 : 701.5, 1e-12);
+    EXPECT_NEAR(frame.origin.y, usesAll ? -70.4 : -88.0, 1e-12);
+    EXPECT_EQ(frame.unit, usesAll ? 256.0 : 2.0);  // below 282.8 and 2.5, root mean square
+    const Point2D restored = frame.restored(frame.reduced(points[1]));
+    EXPECT_NEAR(restored.x, 703.0, 1e-12);
+    EXPECT_NEAR(restored.y, -90.0, 1e-12);
+  }
+  EXPECT_EQ(frameOf(PointSubset(Points(3, Point2D(5, 5)))).unit, 1.0);
 }
 
 TEST(CircleFit, PointsOfNoCircleGiveNoNumbers) {

@@ -97,7 +97,7 @@ TEST(EllipseFit, RejectsNoPointOfAThinEllipseFarFromTheOrigin) {
   for (int k = 0; k < 60; ++k) {
     const Point2D center(-2e4 - 0.37 * k, 1.8e4 + k / 3.0);
     std::vector<bool> used;
-    FittingHelper::ellipseFitFitzgibbon(ellipsePoints(center, 1.0, 0.05, 0.05 * k, 300), used, 10);
+    FittingHelper::ellipseFitFitzgibbon(ellipsePoints(center, 1.0, 0.05, 0.05 * k, 1000), used, 10);
     EXPECT_EQ(used, usedBut("", used.size())) << k;
   }
 }

@@ -192,6 +192,64 @@ TEST(GuidanceCalculator, MeasuresFromStraightVectors) {
                 1, 1e-12);
 }
 
+/// The axis heads east; within a millimetre of plumb right is east all the same.
+TEST(GuidanceCalculator, TakesSteepVectorsForPlumbWithoutAzimuth) {
+  const AxisPtr axis = risingAxis(0.0);
+  for (const double forward : {0.0, 0.0009, -0.0009, 0.0011}) {
+    const VectorPtr down(new GuidanceVectorDefinition);
+    down->setVectorOriginPoint(AxisPoint(110, 0, 0));
+    down->setVectorDirectionAsStraight(GuidanceOffsets(forward, 0, -1));
+    const GuidanceOffsets offsets =
+        GuidanceCalculator(down, axis, false).calculateOffsets(ENHPoint(11, 2, 47));
+    const bool isPlumb = std::abs(forward) < 0.001;
+    expectOffsets(offsets, 3, isPlumb ? 1 : -2, isPlumb ? 2 : 1, 0.01);
+  }
+}
+
+TEST(GuidanceCalculator, TurnsStraightVectorsWithTheTransverseSlope) {
+  const AxisPtr axis = risingAxis(0.0);
+  axis->addTransSlopeSegmentConstant(100, 300, 8);
+  const VectorPtr right(Factory::createAsStraightFromAxisCoordinateAndVectorComponents(
+      AxisPoint(110, 1, 2), GuidanceOffsets(0, 1, 0)));
+  const ENHPoint downhill = ENHPoint(0, -1, -0.08) / std::hypot(1, 0.08);
+  const ENHPoint start = gridPoint(AxisCalculator(axis), AxisPoint(110, 1, 2));
+  for (const bool perpendicular : {false, true}) {
+    const GuidanceCalculator calculator(right, axis, perpendicular);
+    expectGrid(calculator.absolutePointAtForwardValue(5), start + downhill * 5, 1e-12);
+    expectOffsets(calculator.calculateOffsets(start + downhill * 5), 5, 0, 0, 1e-12);
+  }
+}
+
+TEST(GuidanceCalculator, AnswersZeroWhereTheOriginIsNotOnTheAxis) {
+  const AxisPtr axis = risingAxis(0.1);
+  for (const double stationing : {90.0, 310.0}) {
+    const VectorPtr straight(
+        Factory::createAsStraightInProfilePlaneWithVerticalAngle(AxisPoint(stationing, 1, 2), 0.3));
+    for (const bool perpendicular : {false, true}) {
+      const GuidanceCalculator calculator(straight, axis, perpendicular);
+      expectOffsets(calculator.calculateOffsets(ENHPoint(15, -2, 52)), 0, 0, 0, 0);
+      EXPECT_EQ(calculator.absolutePointAtForwardValue(5), ENHPoint());
+    }
+  }
+}
+
+TEST(GuidanceVectorFactory, TakesPointsBesideTheAxisForTheOriginOfTheGrid) {
+  const AxisPtr axis = straightAxis(kPi / 2, 100, 200, 50, 50);
+  axis->addTransSlopeSegmentConstant(100, 300, 8);
+  const AxisPoint on(110, 0, 0);  // at (10, 0, 50), seen from the origin forward and up
+  const AxisPoint beyond(400, 7, 7);
+  const auto direction = [&](const AxisPoint& from, const AxisPoint& to) {
+    return VectorPtr(Factory::createAsStraightFromPairOfAxisCoordinates(axis, from, to, true, true))
+        ->getVectorDirection();
+  };
+  const double length = std::hypot(10, 50);
+  const double c = std::cos(std::atan(0.08));
+  const double s = std::sin(std::atan(0.08));
+  expectOffsets(direction(on, beyond), -10 / length, 50 / length * s, -50 / length * c, 1e-12);
+  // Without an axis there the direction is that of the grid: forward north, right east.
+  expectOffsets(direction(beyond, on), 0, 10 / length, 50 / length, 1e-12);
+}
+
 TEST(GuidanceCalculator, PassesThroughBothPointsOfAPair) {
   Random random(121);
   for (int i = 0; i < 60; ++i) {

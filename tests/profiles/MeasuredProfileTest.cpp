@@ -2,6 +2,7 @@
 #include "support/Profiles.h"
 #include "support/Random.h"
 
+#include <Calculations/FittingHelper.h>
 #include <Calculations/MeasuredProfileCalculator.h>
 
 #include <gmock/gmock.h>
@@ -106,6 +107,8 @@ TEST(MeasuredProfileCalculator, TellsPointsRelativeToAnyReference) {
   for (std::size_t i = 0; i < points.size(); ++i) {
     const ProfilePointResult expected = theoretical.calculateProfilePoint(points[i]);
     EXPECT_EQ(all[i].derolment, expected.derolment);
+    EXPECT_EQ(all[i].distance, expected.distance);
+    expectPoint(all[i].profilePoint, expected.profilePoint, 0);
     EXPECT_EQ(byDesign.calculateProfilePoint(points[i]).distance, expected.distance);
     const double radius = (points[i] - Point2D(0, 4)).length();
     EXPECT_NEAR(byMeasured.calculateProfilePoint(points[i]).distance, radius - 5.0, 1.2e-3);
@@ -133,6 +136,19 @@ TEST(MeasuredProfileCalculator, SeesChangedProfiles) {
   design->addSegmentStraight(2, 2, 2, 0);
   design->addSegmentStraight(2, 0, 0, 0);
   EXPECT_NEAR(calculator.referenceArea(), 4.0 + kPi / 2, 1e-3);
+  // One coordinate of one point.
+  const std::vector<Point2D> before = {{0, 0}, {2, 2}, {4, 0}};
+  for (const Point2D& moved : {Point2D(2, 5), Point2D(5, 2)}) {
+    for (const Point2D& top : {before[1], moved}) {
+      scan->reset();
+      scan->addPoint(before[0]);
+      scan->addPoint(top);
+      scan->addPoint(before[2]);
+      EXPECT_NEAR(calculator.comparisonArea(), 2 * top.y, 1e-3);
+      const ProfilePointResult atTop = byScan.calculateProfilePoint(top);
+      EXPECT_EQ(atTop.distance, 0.0);
+    }
+  }
   scan->reset();
   EXPECT_EQ(calculator.comparisonArea(), 0.0);
   EXPECT_EQ(byScan.calculateProfilePoint(Point2D(5, 1)).distance, 0.0);
@@ -181,6 +197,8 @@ TEST(MeasuredProfileCalculator, CutsAtOffsets) {
   // The reference by its corners, without arcs.
   expectPoint(calculator.intersectionsAtGivenUpOffsetOfReferenceProfile(1).at(0), Point2D(-1, 1),
               1e-12);
+  expectPoint(calculator.intersectionsAtGivenRightOffsetOfReferenceProfile(0.5).at(0),
+              Point2D(0.5, 1.5), 1e-12);
   EXPECT_TRUE(calculator.intersectionsAtGivenRightOffsetOfReferenceProfile(2.1).empty());
   // Filtered corners are bridged.
   calculator.setFilterExcludeAbove(4.0);
@@ -188,6 +206,55 @@ TEST(MeasuredProfileCalculator, CutsAtOffsets) {
   calculator.setFilterExcludeAbove(0.0);
   // Two points are no outline.
   EXPECT_TRUE(calculator.intersectionsAtGivenRightOffsetOfComparisonProfile(1).empty());
+}
+
+TEST(MeasuredProfileCalculator, CutsWithinAKilometreOfTheOrigin) {
+  const MeasuredPtr square = measuredThrough({{-1, -1}, {-1, 1}, {1, 1}, {1, -1}});
+  for (const Point2D& centre : {Point2D(1000, 0), {-1000, 0}, {0, 1000}, {0, -1000}}) {
+    const MeasuredPtr moved = measuredThrough({});
+    for (unsigned int i = 0; i < 4; ++i) {
+      moved->addPoint(square->getPointAt(i) + centre);
+    }
+    const MeasuredProfileCalculator calculator(moved, moved);
+    const auto cuts = centre.y == 0.0
+                          ? calculator.intersectionsAtGivenUpOffsetOfComparisonProfile(0.5)
+                          : calculator.intersectionsAtGivenRightOffsetOfComparisonProfile(0.5);
+    ASSERT_EQ(cuts.size(), 1u) << centre.x << ", " << centre.y;
+    expectPoint(cuts[0],
+                centre * 0.999 + Point2D(0, 0.5) * (centre.y == 0.0 ? 1.0 : 0.0) +
+                    Point2D(0.5, 0) * (centre.y == 0.0 ? 0.0 : 1.0),
+                1e-9);
+  }
+}
+
+TEST(MeasuredProfileCalculator, FitsAsTheFitsDo) {
+  std::vector<Point2D> points;
+  for (int i = 0; i < 40; ++i) {
+    points.emplace_back(5 * std::cos(0.15 * i), 1 + 4 * std::sin(0.15 * i));
+  }
+  points[11] = points[11] + Point2D(0, 3);
+  const MeasuredProfileCalculator calculator(MeasuredPtr(), measuredThrough(points));
+  std::vector<bool> used;
+  for (const FittingResult& expected :
+       {FittingHelper::circleFitRuvLegacy(points), FittingHelper::circleFitKasa(points),
+        FittingHelper::circleFitLandau(points),
+        FittingHelper::ellipseFitFitzgibbon(points, used, 1),
+        FittingHelper::ellipseFitFitzgibbon(points, used, 10)}) {
+    const FittingResult found = calculator.leastSquarePointOfComparisonProfile(expected.method);
+    EXPECT_EQ(found.method, expected.method);
+    EXPECT_EQ(found.semiAxisA, expected.semiAxisA);
+    EXPECT_EQ(found.semiAxisB, expected.semiAxisB);
+    expectPoint(found.center, expected.center, 0);
+  }
+  // Fewer than three points: none, the point itself, the middle of two.
+  for (unsigned int count = 0; count < 3; ++count) {
+    const std::vector<Point2D> few(points.begin(), points.begin() + count);
+    const FittingResult found = MeasuredProfileCalculator(MeasuredPtr(), measuredThrough(few))
+                                    .leastSquarePointOfComparisonProfile(FittingMethod::CircleKasa);
+    EXPECT_EQ(found.method, FittingMethod::CircleKasa);
+    EXPECT_EQ(found.radius, 0.0);
+    expectPoint(found.center, count == 0 ? Point2D() : (points[0] + points[count - 1]) / 2.0, 0);
+  }
 }
 
 TEST(MeasuredProfileCalculator, Filters) {

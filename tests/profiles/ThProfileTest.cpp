@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <string>
 #include <vector>
@@ -16,6 +18,13 @@ using namespace Ruv::Calculations;
 using namespace TestSupport;
 
 constexpr double kPi = 3.141592653589793;
+
+/// The same outline entered from another of its corners.
+std::vector<ProfileNode> fromNode(std::vector<ProfileNode> corners, std::size_t start) {
+  std::rotate(corners.begin(), corners.begin() + static_cast<std::ptrdiff_t>(start), corners.end());
+  corners.push_back(corners.front());
+  return corners;
+}
 
 TEST(ThProfileDefinition, ReadsAsAdded) {
   ThProfileDefinition profile;
@@ -28,6 +37,11 @@ TEST(ThProfileDefinition, ReadsAsAdded) {
   expectPoint(profile.getSegmentEndAt(1), Point2D(4, 8), 0);
   EXPECT_EQ(profile.getSegmentRadiusAt(1), -1.5);
   EXPECT_DOUBLE_EQ(profile.getCircumference(), 5.0 + 3.0 * std::asin(1 / 1.5));
+  for (const unsigned int beyond : {2u, 0xFFFFFFFFu}) {
+    expectPoint(profile.getSegmentStartAt(beyond), Point2D(), 0);
+    expectPoint(profile.getSegmentEndAt(beyond), Point2D(), 0);
+    EXPECT_EQ(profile.getSegmentRadiusAt(beyond), 0.0);
+  }
   profile.resetThProfile();
   profile.addSegmentStraight(7, 7, 8, 8);
   EXPECT_EQ(profile.getNumSegments(), 1u);
@@ -59,6 +73,20 @@ TEST(ThProfileDefinition, TellsItsSenseFromItsCorners) {
   const std::vector<ProfileNode> square = {{0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0}, {0, 0, 0}};
   EXPECT_TRUE(profileThrough(square)->isDefinedClockwise());
   EXPECT_FALSE(profileThrough(square, true)->isDefinedClockwise());
+  // From each node of an L, the one that turns the other way too.
+  const std::vector<ProfileNode> corner = {{0, 0, 0}, {0, 4, 0}, {2, 4, 0},
+                                           {2, 2, 0}, {4, 2, 0}, {4, 0, 0}};
+  for (std::size_t start = 0; start < corner.size(); ++start) {
+    const std::vector<ProfileNode> nodes = fromNode(corner, start);
+    EXPECT_TRUE(profileThrough(nodes)->isDefinedClockwise()) << start;
+    EXPECT_FALSE(profileThrough(nodes, true)->isDefinedClockwise()) << start;
+  }
+  // An open chain goes on from its last point to its second one: 3.0 rad to the left, 3.28 to the
+  // right.
+  for (const double side : {1.0, -1.0}) {
+    const std::vector<ProfileNode> open = {{0, 0, 0}, {0, 9, 0}, {-side, 2, 0}, {-2 * side, 2, 0}};
+    EXPECT_EQ(profileThrough(open)->isDefinedClockwise(), side > 0.0);
+  }
   // Two half circles: a reversal counts as half a turn to the right, whatever their sense.
   for (double angle = 0; angle < 6; angle += 0.1) {
     const double x = std::cos(angle);
@@ -269,6 +297,41 @@ TEST(ThProfileCalculator, KeepsTheSignOfHalfACircumference) {
   // Without area there is no crown, and derolments count from the start.
   const ThProfileCalculator thereAndBack(profileThrough({{0, 0, 0}, {0, 4, 0}, {0, 0, 0}}));
   EXPECT_EQ(thereAndBack.calculateProfilePoint(Point2D(0, 5)).derolment, 4.0);
+}
+
+TEST(ThProfileCalculator, CountsDerolmentsFromTheCrownWhereverTheProfileStarts) {
+  std::vector<ProfileNode> corners = roadTunnelNodes();
+  corners.pop_back();
+  for (std::size_t start = 0; start < corners.size(); ++start) {
+    for (const bool backwards : {false, true}) {
+      SCOPED_TRACE(testing::Message() << start << ", " << backwards);
+      const ProfilePtr profile = profileThrough(fromNode(corners, start), backwards);
+      const ThProfileCalculator calculator(profile);
+      const double half = profile->getCircumference() / 2;
+      const double towardsInvert = half - calculator.calculateProfilePoint({0, -3}).derolment;
+      EXPECT_NEAR(std::remainder(towardsInvert, 2 * half), 0.0, 1e-5);
+      for (int i = 0; i < 20; ++i) {
+        const double derolment = (i - 9.5) / 10 * half;
+        const Point2D point = calculator.calcPointOnProfileAtDerolment(derolment);
+        EXPECT_NEAR(calculator.calculateProfilePoint(point).derolment, derolment, 1e-9);
+      }
+    }
+  }
+}
+
+TEST(ThProfileCalculator, KeepsTheProfileThatItWasGiven) {
+  const ProfilePtr profile = profileThrough(roadTunnelNodes());
+  const ThProfileCalculator calculator(profile);
+  profile->resetThProfile();
+  EXPECT_NEAR(calculator.calculateProfilePoint(Point2D(0, 9.7)).distance, 0.2, 1e-9);
+  EXPECT_EQ(calculator.vertexPoints().size(), 12u);
+}
+
+TEST(ThProfileCalculator, SamplesAPlaceOnceThatTheChainPassesTwice) {
+  const ThProfileCalculator calculator(profileThrough(
+      {{0, 0, 0}, {0, 4, 0}, {2, 2, 0}, {4, 4, 0}, {4, 0, 0}, {2, 2, 0}, {0, 0, 0}}));
+  EXPECT_EQ(calculator.pointsOnProfileByInterval(30.0, true).size(), 5u);  // the start is one
+  EXPECT_TRUE(calculator.pointsOnProfileByFixedNumber(10000001u, nullptr).empty());
 }
 
 TEST(ThProfileCalculator, CountsStationsFromTheStartsGiven) {
