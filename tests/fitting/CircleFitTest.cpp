@@ -68,18 +68,22 @@ TEST(CircleFit, KasaKeepsAllDigitsOfManyPoints) {
                FittingMethod::CircleKasa, Point2D(3, -2), 5, 2e-15);
 }
 
-TEST(PointFrame, HasItsOriginInTheCentroidAndAUnitOfTheirSpread) {
-  const Points points = {{700, -90}, {703, -90}, {703, -86}, {700, -86}, {0, 0}};
+TEST(PointFrame, HasItsOriginInTheCentroidAndAUnitOfTheSpread) {
+  const Point2D corner(600000, 200000);
+  constexpr double kSize = 1.0 / 1024;  // squares of the coordinates would swallow it
+  const Points points = {corner, corner + Point2D(3 * kSize, 0),
+                         corner + Point2D(3 * kSize, 4 * kSize), corner + Point2D(0, 4 * kSize),
+                         corner + Point2D(60 * kSize, 2 * kSize)};
   for (const bool usesAll : {true, false}) {
     const PointFrame frame = frameOf(
         usesAll ? PointSubset(points) : PointSubset(points, {true, true, true, true, false}));
     EXPECT_EQ(frame.count, usesAll ? 5u : 4u);
-    EXPECT_NEAR(frame.origin.x, usesAll ? 561.2 : 701.5, 1e-12);
-    EXPECT_NEAR(frame.origin.y, usesAll ? -70.4 : -88.0, 1e-12);
-    EXPECT_EQ(frame.unit, usesAll ? 256.0 : 2.0);  // below 282.8 and 2.5, root mean square
+    EXPECT_NEAR(frame.origin.x - corner.x, (usesAll ? 13.2 : 1.5) * kSize, 1e-9);
+    EXPECT_NEAR(frame.origin.y - corner.y, 2 * kSize, 1e-9);
+    EXPECT_EQ(frame.unit, (usesAll ? 16 : 2) * kSize);  // below 23.5 and 2.5, root mean square
     const Point2D restored = frame.restored(frame.reduced(points[1]));
-    EXPECT_NEAR(restored.x, 703.0, 1e-12);
-    EXPECT_NEAR(restored.y, -90.0, 1e-12);
+    EXPECT_NEAR(restored.x, points[1].x, 1e-9);
+    EXPECT_NEAR(restored.y, points[1].y, 1e-9);
   }
   EXPECT_EQ(frameOf(PointSubset(Points(3, Point2D(5, 5)))).unit, 1.0);
 }

@@ -1,3 +1,4 @@
+#include "fitting/Conic.h"
 #include "fitting/FitPoints.h"
 
 #include <Calculations/FittingHelper.h>
@@ -102,6 +103,18 @@ TEST(EllipseFit, RejectsNoPointOfAThinEllipseFarFromTheOrigin) {
   }
 }
 
+TEST(Conic, SlopeIsTheGradientOfItsValue) {
+  const Conic conic{0.3, -0.7, 0.9, 0.2, -0.5, -1.1};
+  for (const Point2D p : {Point2D(0, 0), Point2D(1, 2), Point2D(-3, 0.5)}) {
+    constexpr double kStep = 0.5;  // central differences of a square have no error
+    const double alongU = valueAt(conic, p.x + kStep, p.y) - valueAt(conic, p.x - kStep, p.y);
+    const double alongV = valueAt(conic, p.x, p.y + kStep) - valueAt(conic, p.x, p.y - kStep);
+    EXPECT_NEAR(slopeAt(conic, p.x, p.y), std::hypot(alongU, alongV), 1e-12);
+  }
+  EXPECT_NEAR(valueAt(conic, -3, 0.5), 2.7 + 1.05 + 0.225 - 0.6 - 0.25 - 1.1, 1e-12);
+  EXPECT_NEAR(magnitudeAt(conic, -3, 0.5), 2.7 + 1.05 + 0.225 + 0.6 + 0.25 + 1.1, 1e-12);
+}
+
 TEST(EllipseFit, DropsOutliersInTheNextRound) {
   Points points = ellipsePoints(Point2D(2, 1), 5, 3, 0.3, 40);
   points[11] = points[11] + Point2D(0, 4);
@@ -179,6 +192,20 @@ TEST(EllipseFit, TwoParallelLinesAndParabolasAreNoEllipse) {
     }
     std::vector<bool> used;
     EXPECT_EQ(FittingHelper::ellipseFitFitzgibbon(points, used, 1).semiAxisA, 0.0) << run;
+  }
+}
+
+/// The best conic of all is the hyperbola itself; only ellipses count.
+TEST(EllipseFit, PointsOfAHyperbolaGiveAnEllipse) {
+  for (int k = 0; k < 40; ++k) {
+    Points points;
+    for (int i = -10; i <= 10; ++i) {
+      points.push_back(turned({std::cosh(0.2 * i), 0.9 * std::sinh(0.2 * i)}, 0.16 * k));
+    }
+    std::vector<bool> used;
+    const FittingResult fit = FittingHelper::ellipseFitFitzgibbon(points, used, 1);
+    EXPECT_GT(fit.semiAxisB, 0.0) << k;
+    EXPECT_GE(fit.semiAxisA, fit.semiAxisB) << k;
   }
 }
 

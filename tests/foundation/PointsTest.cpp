@@ -31,6 +31,9 @@ TEST(ENHPoint, ArithmeticIsComponentWise) {
   EXPECT_EQ(ENHPoint::infinity(), ENHPoint::infinity());
   EXPECT_TRUE(std::isinf(XYZPoint::infinity().length()));
   EXPECT_TRUE(std::isnan(GuidanceOffsets().normalized().forward));
+  EXPECT_EQ(GuidanceOffsets(2, -3, 6).length(), 7.0);
+  EXPECT_EQ(GuidanceOffsets(2, -3, 6).normalized().vertical, 6.0 / 7.0);
+  EXPECT_EQ(GuidanceOffsets(2, -3, 6).normalized().horizontal, -3.0 / 7.0);
 }
 
 TEST(ENHPoint, DirectionsBelowAMillimetreAreZero) {
@@ -43,6 +46,8 @@ TEST(ENHPoint, DirectionsBelowAMillimetreAreZero) {
   EXPECT_DOUBLE_EQ(ENHPoint(0, 0, -1).elevationAngle(), -kPi / 2);
   EXPECT_DOUBLE_EQ(ENHPoint(-3, 0, 3).elevationAngle(), kPi / 4);
   EXPECT_EQ(ENHPoint(0.0005, 0, 0.0005).elevationAngle(), 0.0);
+  EXPECT_DOUBLE_EQ(ENHPoint(0.0009, 0, 0.001).elevationAngle(), std::atan2(0.001, 0.0009));
+  EXPECT_DOUBLE_EQ(ENHPoint(0, 0.001, -0.0009).elevationAngle(), std::atan2(-0.0009, 0.001));
   EXPECT_DOUBLE_EQ(ENHPoint(3, 4, 9).lengthOfEastNorthProjection(), 5.0);
 }
 

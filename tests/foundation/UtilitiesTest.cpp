@@ -48,6 +48,12 @@ TEST(AngleNormalisation, CountsTurnsOffOneByOne) {
   EXPECT_EQ(Utilities::getAngleAsZeroToTwoPi(-1e-17), 0.0);
   EXPECT_EQ(Utilities::getangleAsMinusPiToPi(kPi), -kPi);
   EXPECT_EQ(Utilities::getangleAsMinusPiToPi(-kPi), -kPi);
+  double counted = 999999.0;  // a remainder has other digits
+  while (counted >= 2 * kPi) {
+    counted -= 2 * kPi;
+  }
+  EXPECT_EQ(Utilities::getAngleAsZeroToTwoPi(999999.0), counted);
+  EXPECT_NE(std::fmod(999999.0, 2 * kPi), counted);
 }
 
 TEST(AngleNormalisation, EndsForEveryNumber) {
@@ -65,7 +71,9 @@ TEST(AngleNormalisation, EndsForEveryNumber) {
 
 TEST(AngleTests, FollowTheirFormulas) {
   using Access = UtilitiesTestAccess;
-  EXPECT_TRUE(Access::isZeroOrMultipleOfPi(-kPi + 0.9e-10));
+  for (const double a : {0.9e-10, -0.9e-10, kPi - 0.9e-10, -kPi + 0.9e-10}) {
+    EXPECT_TRUE(Access::isZeroOrMultipleOfPi(a)) << a;
+  }
   EXPECT_FALSE(Access::isZeroOrMultipleOfPi(1.1e-10));
   EXPECT_FALSE(Access::isZeroOrMultipleOfPi(-1.1e-10));
   EXPECT_FALSE(Access::isZeroOrMultipleOfPi(2 * kPi));
@@ -92,9 +100,15 @@ TEST(ForceInRange, AppliesTheUpperLimitLast) {
   double d = 5.0;
   Utilities::forceInRange(d, 10.0, 0.0);
   EXPECT_EQ(d, 0.0);
-  int i = -5;
-  Utilities::forceInRange(i, -3, 9);
-  EXPECT_EQ(i, -3);
+  for (const int value : {-5, -3, 4, 9, 12}) {
+    const int expected = value == -5 ? -3 : value == 12 ? 9 : value;
+    int i = value;
+    Utilities::forceInRange(i, -3, 9);
+    EXPECT_EQ(i, expected);
+    d = value;
+    Utilities::forceInRange(d, -3.0, 9.0);
+    EXPECT_EQ(d, expected);
+  }
   double nothing = std::nan("");
   Utilities::forceInRange(nothing, 0.0, 1.0);
   EXPECT_TRUE(std::isnan(nothing));
@@ -105,6 +119,9 @@ TEST(Angles, BetweenPoints) {
   EXPECT_DOUBLE_EQ(Utilities::angle3dBetween(v, v + ENHPoint(2, 0, 0), v + ENHPoint(0, 0, 3)),
                    kPi / 2);
   EXPECT_DOUBLE_EQ(Utilities::angle3dBetween(ENHPoint(1, 1, 0), ENHPoint(0, 5, 0)), kPi / 4);
+  EXPECT_DOUBLE_EQ(Utilities::angle3dBetween(ENHPoint(1, 2, 2), ENHPoint(2, -2, 1)), kPi / 2);
+  EXPECT_DOUBLE_EQ(Utilities::angle3dBetween(v, v + ENHPoint(1, 2, 2), v + ENHPoint(3, 6, -6)),
+                   std::acos(1 / 9.0));
   // The cosine of these parallel vectors exceeds 1 by rounding.
   EXPECT_EQ(Utilities::angle3dBetween(ENHPoint(3, 3, 3), ENHPoint(0.1, 0.1, 0.1)), 0.0);
   EXPECT_TRUE(std::isnan(Utilities::angle3dBetween(v, v, v + ENHPoint(1, 0, 0))));
@@ -151,6 +168,14 @@ TEST(Polar, LocalAndGlobalCoordinatesAreInverse) {
   }
 }
 
+TEST(Polar, AnglesOfMeasurementsAreInOneTurn) {
+  const PolarPoint west = Utilities::convertToPolarMeasurement(ENHPoint(-3, 0, -4));
+  EXPECT_DOUBLE_EQ(west.horizontalAngle, 1.5 * kPi);
+  EXPECT_DOUBLE_EQ(west.verticalAngle, kPi - std::atan(0.75));
+  EXPECT_DOUBLE_EQ(west.slopeDistance, 5.0);
+  EXPECT_EQ(Utilities::convertToPolarMeasurement(ENHPoint()).horizontalAngle, 0.0);
+}
+
 TEST(Polar, BacksightInTheSecondFaceTurnsHalf) {
   const auto orientationFrom = [](const PolarPoint& sight, bool flag) {
     return Utilities::calculateOrientationFromBacksight(sight, 0.25, 2.0, flag);
@@ -159,6 +184,8 @@ TEST(Polar, BacksightInTheSecondFaceTurnsHalf) {
   const PolarPoint secondFace(1.0 + kPi, 2 * kPi - 1.5, 9);
   EXPECT_NEAR(orientationFrom(secondFace, false), 1.25, 1e-14);
   EXPECT_NEAR(orientationFrom(secondFace, true), 1.25, 1e-14);
+  // Straight down is no reading in the second face yet.
+  EXPECT_NEAR(orientationFrom(PolarPoint(1.0, kPi, 9), false), 1.25, 1e-14);
 }
 
 TEST(AxisDirections, HaveTheirComponentsWhereTheyBelong) {

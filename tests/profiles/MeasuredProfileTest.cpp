@@ -43,7 +43,9 @@ TEST(MeasuredProfile, IsAClosedPolygon) {
   expectPoint(profile.getSegmentEndAt(0), Point2D(), 0);
   profile.addPoint(Point2D(1, 1));
   EXPECT_EQ(profile.getNumSegments(), 1u);
-  expectPoint(profile.getSegmentEndAt(0), Point2D(1, 1), 0);
+  for (const unsigned int index : {0u, 1u, 7u}) {
+    expectPoint(profile.getSegmentEndAt(index), Point2D(1, 1), 0);
+  }
   profile.addPoint(Point2D(4, 5));
   EXPECT_EQ(profile.getCircumference(), 10.0);
   expectPoint(profile.getSegmentStartAt(1), Point2D(4, 5), 0);
@@ -518,6 +520,9 @@ TEST(MeasuredProfileCalculator, AnswersNeutrallyOnBadProfiles) {
       each.setFilterExcludeBetweenAngles(limit, 1.0, Point2D(limit, 0));
       each.comparisonCircumferenceLines(false);
       each.isInFilteredArea(Point2D(limit, limit));
+      if (!std::isfinite(limit)) {
+        EXPECT_TRUE(each.intersectionsAtGivenUpOffsetOfComparisonProfile(limit).empty());
+      }
       each.resetAllFilters();
     }
   }

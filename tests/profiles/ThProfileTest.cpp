@@ -73,11 +73,14 @@ TEST(ThProfileDefinition, TellsItsSenseFromItsCorners) {
   const std::vector<ProfileNode> square = {{0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0}, {0, 0, 0}};
   EXPECT_TRUE(profileThrough(square)->isDefinedClockwise());
   EXPECT_FALSE(profileThrough(square, true)->isDefinedClockwise());
-  // From each node of an L, the one that turns the other way too.
-  const std::vector<ProfileNode> corner = {{0, 0, 0}, {0, 4, 0}, {2, 4, 0},
-                                           {2, 2, 0}, {4, 2, 0}, {4, 0, 0}};
-  for (std::size_t start = 0; start < corner.size(); ++start) {
-    const std::vector<ProfileNode> nodes = fromNode(corner, start);
+  // A star, from each of its nodes, of which every other turns the other way.
+  std::vector<ProfileNode> star;
+  for (int i = 0; i < 14; ++i) {
+    const double radius = i % 2 == 0 ? 4.0 : 1.0;
+    star.push_back({radius * std::sin(kPi * i / 7 + 0.1), radius * std::cos(kPi * i / 7 + 0.1), 0});
+  }
+  for (std::size_t start = 0; start < star.size(); ++start) {
+    const std::vector<ProfileNode> nodes = fromNode(star, start);
     EXPECT_TRUE(profileThrough(nodes)->isDefinedClockwise()) << start;
     EXPECT_FALSE(profileThrough(nodes, true)->isDefinedClockwise()) << start;
   }
@@ -295,8 +298,9 @@ TEST(ThProfileCalculator, KeepsTheSignOfHalfACircumference) {
       profileThrough({{0, 0, 0}, {-1, 0, 0}, {-1, 2, 0}, {1, 2, 0}, {1, 0, 0}, {0, 0, 0}}));
   EXPECT_EQ(fromInvert.calculateProfilePoint(Point2D(0, -1)).derolment, -4.0);
   // Without area there is no crown, and derolments count from the start.
-  const ThProfileCalculator thereAndBack(profileThrough({{0, 0, 0}, {0, 4, 0}, {0, 0, 0}}));
-  EXPECT_EQ(thereAndBack.calculateProfilePoint(Point2D(0, 5)).derolment, 4.0);
+  const ThProfileCalculator thereAndBack(profileThrough({{0, 4, 0}, {0, 0, 0}, {0, 4, 0}}));
+  EXPECT_EQ(thereAndBack.calculateProfilePoint(Point2D(0, 5)).derolment, 0.0);
+  EXPECT_EQ(thereAndBack.calculateProfilePoint(Point2D(0, -1)).derolment, 4.0);
 }
 
 TEST(ThProfileCalculator, CountsDerolmentsFromTheCrownWhereverTheProfileStarts) {
@@ -328,10 +332,23 @@ TEST(ThProfileCalculator, KeepsTheProfileThatItWasGiven) {
 }
 
 TEST(ThProfileCalculator, SamplesAPlaceOnceThatTheChainPassesTwice) {
-  const ThProfileCalculator calculator(profileThrough(
-      {{0, 0, 0}, {0, 4, 0}, {2, 2, 0}, {4, 4, 0}, {4, 0, 0}, {2, 2, 0}, {0, 0, 0}}));
-  EXPECT_EQ(calculator.pointsOnProfileByInterval(30.0, true).size(), 5u);  // the start is one
-  EXPECT_TRUE(calculator.pointsOnProfileByFixedNumber(10000001u, nullptr).empty());
+  const std::vector<ProfileNode> crossed = {{-2, -2, 0}, {-2, 2, 0}, {0, 0, 0},
+                                            {2, 2, 0},   {2, -2, 0}, {-0.0, -0.0, 0}};
+  for (std::size_t start = 0; start < crossed.size(); ++start) {
+    const ThProfileCalculator calculator(profileThrough(fromNode(crossed, start)));
+    // The interval is longer than the profile: one sample, at the start.
+    EXPECT_EQ(calculator.pointsOnProfileByInterval(30.0, true).size(), 5u) << start;
+    EXPECT_TRUE(calculator.pointsOnProfileByFixedNumber(10000001u, nullptr).empty());
+  }
+}
+
+/// A square with a half circle in place of its right side, under a level roof.
+TEST(ThProfileCalculator, HasItsCrownAboveTheCentroidOfTheArea) {
+  const ThProfileCalculator calculator(
+      profileThrough({{0, 0, 0}, {0, 4, 0}, {4, 4, 0}, {4, 0, 2}, {0, 0, 0}}));
+  const double centroid = (32 + 8 * kPi + 16 / 3.0) / (16 + 2 * kPi);
+  EXPECT_NEAR(calculator.calculateProfilePoint(Point2D(1, 5)).derolment, 1 - centroid, 1e-3);
+  expectPoint(calculator.calcPointOnProfileAtDerolment(0), Point2D(centroid, 4), 1e-3);
 }
 
 TEST(ThProfileCalculator, CountsStationsFromTheStartsGiven) {
@@ -367,6 +384,13 @@ TEST(ThProfileCalculator, AnswersNeutrallyOnDegenerateProfiles) {
     }
     EXPECT_LT(calculator.pointsOnProfileByFixedNumber(4000000000u, nullptr).size(), 10u);
   }
+  const ThProfileCalculator tunnel(profileThrough(roadTunnelNodes()));
+  EXPECT_EQ(tunnel.diameterAtProfilePoint(Point2D(std::nan(""), 1)), largest);
+  expectPoint(tunnel.applyRadialOffset(Point2D(1, std::nan("")), 1), Point2D(), 0);
+  const auto among = tunnel.calculateProfilePoints({{0, 9.7}, {0, std::nan("")}, {0, 9.7}});
+  ASSERT_EQ(among.size(), 3u);
+  EXPECT_EQ(among[1].distance, 0.0);
+  EXPECT_EQ(among[2].distance, among[0].distance);
   const ThProfileCalculator empty((ProfilePtr()));
   EXPECT_EQ(empty.diameterAtProfilePoint(Point2D(1, 1)), largest);
   expectPoint(empty.calcPointOnProfileAtDerolment(1), Point2D(), 0);
