@@ -69,7 +69,7 @@ TEST(CircleFit, KasaKeepsAllDigitsOfManyPoints) {
 }
 
 TEST(PointFrame, HasItsOriginInTheCentroidAndAUnitOfTheSpread) {
-  const Point2D corner(600000, 200000);
+  const Point2D corner(3500000, 5800000);
   constexpr double kSize = 1.0 / 1024;  // squares of the coordinates would swallow it
   const Points points = {corner, corner + Point2D(3 * kSize, 0),
                          corner + Point2D(3 * kSize, 4 * kSize), corner + Point2D(0, 4 * kSize),
