@@ -79,6 +79,8 @@ TEST(AngleTests, FollowTheirFormulas) {
   EXPECT_FALSE(Access::isZeroOrMultipleOfPi(2 * kPi));
   EXPECT_TRUE(Access::isPlusOrMinusPi(3 * kPi));
   EXPECT_FALSE(Access::isPlusOrMinusPi(2 * kPi));
+  EXPECT_FALSE(Access::hasNegativeCosine(kPi / 2) || Access::hasNegativeCosine(-kPi / 2));
+  EXPECT_FALSE(Access::hasNegativeSine(kPi) || Access::hasNegativeSine(0.0));
   for (double a = -9.95; a < 10.0; a += 0.1) {
     EXPECT_EQ(Access::hasNegativeCosine(a), std::cos(a) < 0.0) << a;
     EXPECT_EQ(Access::hasNegativeSine(a), std::sin(a) < 0.0) << a;
@@ -253,11 +255,12 @@ TEST(GuidanceAngles, TakeRoundingBelowZeroForZero) {
 TEST(GuidanceAngles, KnowTheSpecialDirections) {
   const auto frontAndTop = &Utilities::getGuidanceVectorFromFrontAndTopViewAngles;
   const auto frontAndSide = &Utilities::getGuidanceVectorFromFrontAndSideViewAngles;
-  EXPECT_EQ(frontAndTop(0, 0, 2).stationing, 2.0);
-  EXPECT_EQ(frontAndTop(0, kPi, 2).stationing, -2.0);
-  EXPECT_EQ(frontAndSide(0, 0, 2).stationing, 2.0);
-  EXPECT_EQ(frontAndSide(1.5 * kPi, 0, 2).offset, -2.0);
-  EXPECT_EQ(frontAndSide(kPi / 2, 0, 2).offset, 2.0);
+  expectNear(frontAndTop(0, 0, 2), AxisPoint(2, 0, 0), 0);
+  expectNear(frontAndTop(0, kPi, 2), AxisPoint(-2, 0, 0), 0);
+  expectNear(frontAndTop(0, -kPi, 2), AxisPoint(-2, 0, 0), 0);
+  expectNear(frontAndSide(0, 0, 2), AxisPoint(2, 0, 0), 0);
+  expectNear(frontAndSide(1.5 * kPi, 0, 2), AxisPoint(0, -2, 0), 0);
+  expectNear(frontAndSide(kPi / 2, 0, 2), AxisPoint(0, 2, 0), 0);
   EXPECT_DOUBLE_EQ(Utilities::getGuidanceAngleInFrontView(AxisPoint(0, -1, 0)), 1.5 * kPi);
   EXPECT_DOUBLE_EQ(Utilities::getGuidanceAngleInTopView(AxisPoint(0, 1, 0)), kPi / 2);
   EXPECT_DOUBLE_EQ(Utilities::getGuidanceAngleInSideView(AxisPoint(1, 0, -1)), -kPi / 4);

@@ -323,9 +323,12 @@ TEST(GuidanceCalculator, AnswersNeutrallyWithoutInput) {
       Factory::createAsStraightInProfilePlaneWithVerticalAngle(AxisPoint(150, 0, 0), 1.0));
   EXPECT_EQ(GuidanceCalculator(VectorPtr(), axis, false).absolutePointAtForwardValue(1),
             ENHPoint());
-  EXPECT_EQ(GuidanceCalculator(vector, none, true).absolutePointAtForwardValue(1), ENHPoint());
-  expectOffsets(GuidanceCalculator(vector, BlockPtr(), true).calculateOffsets(ENHPoint(1, 2, 3)), 0,
-                0, 0, 0);
+  for (const bool perpendicular : {false, true}) {
+    EXPECT_EQ(GuidanceCalculator(vector, none, perpendicular).absolutePointAtForwardValue(1),
+              ENHPoint());
+    const GuidanceCalculator onNothing(vector, BlockPtr(), perpendicular);
+    expectOffsets(onNothing.calculateOffsets(ENHPoint(1, 2, 3)), 0, 0, 0, 0);
+  }
   // Nothing to convert, nothing to crash on.
   const AxisPoint nowhere(150, std::nan(""), 1e300);
   const VectorPtr radial(

@@ -37,6 +37,19 @@ MeasuredPtr excavationWithChimney() {
   return measuredThrough(points);
 }
 
+double areaOf(const std::vector<Polygon>& polygons) {
+  double area = 0.0;
+  for (const Polygon& polygon : polygons) {
+    const std::vector<Point2D> points = polygon.points();
+    for (std::size_t i = 0; i < points.size(); ++i) {
+      const Point2D& a = points[i];
+      const Point2D& b = points[(i + 1) % points.size()];
+      area += (a.x * b.y - b.x * a.y) / 2;
+    }
+  }
+  return area;
+}
+
 TEST(MeasuredProfile, IsAClosedPolygon) {
   MeasuredProfile profile;
   EXPECT_EQ(profile.getCircumference(), 0.0);
@@ -163,6 +176,12 @@ TEST(MeasuredProfileCalculator, LeavesOutAreasOfLessThanASquareCentimetre) {
         {{0, 0}, {2, 0}, {2, 2}, {1 + size, 2}, {1 + size / 2, 2 + size}, {1, 2}, {0, 2}});
     const MeasuredProfileCalculator calculator(design, scan);
     EXPECT_EQ(calculator.overProfileAreaPathes().size(), size > 0.015 ? 1u : 0u);
+    EXPECT_TRUE(calculator.underProfileAreaPathes().empty());
+    const MeasuredProfileCalculator swapped(scan,
+                                            measuredThrough({{0, 0}, {2, 0}, {2, 2}, {0, 2}}));
+    EXPECT_EQ(swapped.underProfileAreaPathes().size(), size > 0.015 ? 1u : 0u);
+    EXPECT_NEAR(areaOf(swapped.underProfileAreaPathes()), size > 0.015 ? 2e-4 : 0.0, 1e-5);
+    EXPECT_TRUE(swapped.overProfileAreaPathes().empty());
   }
 }
 
@@ -382,19 +401,6 @@ TEST(GeologicalOverProfile, TakesWhatLiesBeyondTheLimitAndItsBand) {
   // No band between crossed limits, nor for a method that there is not.
   EXPECT_NEAR(area(Method::GeologicalBandBetweenLimits, 0.3, 0.4), beyond, 0.02);
   EXPECT_NEAR(area(static_cast<Method::Method>(7), 0.3, 0), beyond, 0.02);
-}
-
-double areaOf(const std::vector<Polygon>& polygons) {
-  double area = 0.0;
-  for (const Polygon& polygon : polygons) {
-    const std::vector<Point2D> points = polygon.points();
-    for (std::size_t i = 0; i < points.size(); ++i) {
-      const Point2D& a = points[i];
-      const Point2D& b = points[(i + 1) % points.size()];
-      area += (a.x * b.y - b.x * a.y) / 2;
-    }
-  }
-  return area;
 }
 
 TEST(GeologicalOverProfile, LeavesTheRestOfTheOverProfile) {

@@ -383,6 +383,9 @@ TEST(ThProfileCalculator, AnswersNeutrallyOnDegenerateProfiles) {
       calculator.calcPointOnProfileAtDerolment(bad);
     }
     EXPECT_LT(calculator.pointsOnProfileByFixedNumber(4000000000u, nullptr).size(), 10u);
+    if (!profile || !(profile->getCircumference() > 0.0)) {
+      EXPECT_TRUE(calculator.pointsOnProfileByFixedNumber(4, nullptr).empty());
+    }
   }
   const ThProfileCalculator tunnel(profileThrough(roadTunnelNodes()));
   EXPECT_EQ(tunnel.diameterAtProfilePoint(Point2D(std::nan(""), 1)), largest);

@@ -2,6 +2,7 @@
 
 import json
 import shlex
+import shutil
 import subprocess
 from collections import defaultdict
 from pathlib import Path
@@ -15,6 +16,7 @@ class BuildTree:
     def __init__(self, root):
         self.root = root
         self.folder = root / "build" / "release"
+        self.scratch = self.folder / "seeding"
 
     def build(self):
         """Builds the tests as they are, and those that note which functions they enter."""
@@ -24,6 +26,7 @@ class BuildTree:
         self._read_compilations()
         self._read_dependencies()
         self._links = {program: self._link_of(program) for program in TEST_PROGRAMS}
+        self._keep_objects()
 
     @staticmethod
     def _run(*command, cwd):
@@ -58,10 +61,22 @@ class BuildTree:
         steps = commands.splitlines()[-1].split(" && ")
         return next(shlex.split(step) for step in steps if f"-o tests/{program}" in step)
 
+    def _keep_objects(self):
+        """Copies what the tests are linked from, so that tests may be written and built during a
+        run."""
+        self._kept = {}
+        words = {word for link in self._links.values() for word in link}
+        for made in words & self._compilations.keys():
+            self._kept[made] = self.scratch / "objects" / made
+            self._kept[made].parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy2(self.folder / made, self._kept[made])
+
+    def object_without_fault(self, made):
+        return self._kept[made]
+
     def objects_reading(self, path):
         """Objects to compile anew when a source changes: those of the library, those of tests."""
-        linked = {word for link in self._links.values() for word in link}
-        objects = [made for made in self._readers[path] if made in linked]
+        objects = [made for made in self._readers[path] if made in self._kept]
         library = [made for made in objects if made.startswith("src/")]
         return library, [made for made in objects if made not in library]
 
@@ -82,6 +97,7 @@ class BuildTree:
 
     def link_command(self, program, replaced, output):
         """@param replaced the new place of each object that was compiled anew"""
-        words = [str(replaced.get(word, word)) for word in self._links[program]]
+        objects = {**self._kept, **replaced}
+        words = [str(objects.get(word, word)) for word in self._links[program]]
         words[words.index("-o") + 1] = str(output)
         return words

@@ -12,9 +12,8 @@ from build_tree import TEST_PROGRAMS
 class Reach:
     """Tests are pairs of a program and a name."""
 
-    def __init__(self, build, scratch):
+    def __init__(self, build):
         self._build = build
-        self._scratch = scratch
         self._tests_at = defaultdict(set)  # of each file and line of a function's head: tests
         self.seconds = {}  # of each test
         self.functions = defaultdict(int)  # that each test enters
@@ -23,7 +22,7 @@ class Reach:
             self._trace(program)
 
     def _measure(self, program):
-        report = self._scratch / f"{program}.json"
+        report = self._build.scratch / f"{program}.json"
         binary = self._build.folder / "tests" / program
         if not _is_newer(report, binary):
             command = [binary, "--gtest_brief=1", f"--gtest_output=json:{report}"]
@@ -36,7 +35,7 @@ class Reach:
                 self.seconds[program, f"{suite['name']}.{test['name']}"] = float(test["time"][:-1])
 
     def _trace(self, program):
-        notes = self._scratch / f"{program}.trace"
+        notes = self._build.scratch / f"{program}.trace"
         binary = self._build.folder / "tools" / "seeding" / f"{program}Traced"
         if not _is_newer(notes, binary):
             environment = {**os.environ, "CALCULATIONS_TRACE": str(notes)}
