@@ -532,6 +532,9 @@ TEST(MeasuredProfileCalculator, AnswersNeutrallyOnBadProfiles) {
       each.resetAllFilters();
     }
   }
+  const MeasuredProfileCalculator withoutReference(ProfilePtr(), scans[5]);
+  expectPoint(withoutReference.radialDistanceToComparisonProfile(Point2D(1, 2)),
+              Point2D(kNone, kNone), 0);  // there is no normal
   const MeasuredProfileCalculator nothing(ProfilePtr(), scans[0]);
   EXPECT_EQ(nothing.referenceArea() + nothing.comparisonCircumference(), 0.0);
   const auto unknown = static_cast<FittingMethod::Method>(5);

@@ -21,7 +21,8 @@ class BuildTree:
     def build(self):
         """Builds the tests as they are, and those that note which functions they enter."""
         targets = [name for program in TEST_PROGRAMS for name in (program, program + "Traced")]
-        self._run("cmake", "--preset", "release", cwd=self.root)
+        self._run("tools/install-packages", "--tests", cwd=self.root)
+        self._run("cmake", "--preset", "release", "-DBUILD_TESTING=ON", cwd=self.root)
         self._run("cmake", "--build", self.folder, "--target", *targets, cwd=self.root)
         self._read_compilations()
         self._read_dependencies()

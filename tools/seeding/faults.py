@@ -273,8 +273,16 @@ class _Finder:
             self.add("dropped statement", i, end, ";")
 
     def change_result(self, i, end):
-        if self.text(i + 1, end - 1) not in _TRIVIAL_RESULTS:
+        if self.text(i + 1, end - 1) not in _TRIVIAL_RESULTS and not self.returns_untouched(i):
             self.add("empty result", i + 1, end - 1, "{}")
+
+    def returns_untouched(self, i):
+        """The result is a variable that nothing but its declaration without a value names."""
+        name = self.source.text_of(i + 1)
+        before = next((j for j in range(i - 1, 0, -1) if self.source.text_of(j) == name), None)
+        return (before is not None and self.source.text_of(i + 2) == ";"
+                and self.source.text_of(before + 1) == ";"
+                and (self.tokens[before - 1].kind == "name" or self.source.text_of(before - 1) == ">"))
 
     def drop_guard(self, i):
         """Leaves out `if (...) return ...;`, `break` and `continue` likewise."""
