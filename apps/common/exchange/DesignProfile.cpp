@@ -66,6 +66,17 @@ Remark gapIn(const std::vector<Element>& elements) {
   return {};
 }
 
+/// Area between an arc and its chord c: r^2 (t - sin t) / 2 with the angle t = 2 asin s, s = c /
+/// 2r. That of a flat arc is c^2 s / 4 (2/3 + s^2/5 + ...), where the formula loses digits and,
+/// beyond 1e154 m, the square of the radius overflows.
+double areaBesideChord(double chord, double radius) {
+  constexpr double kFlat = 1e-4;  // the next term, 3 s^4 / 28, is below an ulp
+  const double sine = std::min(1.0, chord / 2.0 / radius);
+  if (sine < kFlat) return chord * chord * sine / 4.0 * (2.0 / 3.0 + sine * sine / 5.0);
+  const double angle = 2.0 * std::asin(sine);
+  return radius * radius * (angle - std::sin(angle)) / 2.0;
+}
+
 DesignProfile profileOf(const std::vector<Element>& elements) {
   const auto definition = boost::make_shared<ThProfileDefinition>();
   Point2D start = elements.front().start;
@@ -109,10 +120,8 @@ double DesignProfile::area() const {
     clockwise += triangle(a, b);
     const double radius = m_definition->getSegmentRadiusAt(i);
     if (radius == 0.0) continue;
-    const double halfSine = std::min(1.0, (b - a).length() / (2.0 * std::abs(radius)));
-    const double angle = 2.0 * std::asin(halfSine);
     // Clockwise arcs bulge out of a clockwise profile.
-    clockwise += std::copysign(radius * radius * (angle - std::sin(angle)) / 2.0, radius);
+    clockwise += std::copysign(areaBesideChord((b - a).length(), std::abs(radius)), radius);
   }
   return std::abs(clockwise);
 }
