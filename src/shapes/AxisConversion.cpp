@@ -171,11 +171,12 @@ std::optional<double> tunnelMeterAt(const CAxisGeometry& axis, const CStationing
 
 std::optional<double> stationingAt(const CAxisGeometry& axis, const CStationingMapping& mapping,
                                    double tunnelMeter) {
+  if (!axis.isComplete) return std::nullopt;
   // A rounding that cannot be computed ends the lengths, not those before it.
   const double last = std::min(axis.maximumStationing, axis.veral.lastStationingWithLength());
   const auto lowest = tunnelMeterAt(axis, mapping, axis.minimumStationing);
   const auto highest = tunnelMeterAt(axis, mapping, last);
-  if (!lowest || !highest || !(axis.minimumStationing <= last)) return std::nullopt;
+  if (!lowest || !highest || axis.minimumStationing > last) return std::nullopt;
   const double tolerance = kTunnelMeterTolerance + kTunnelMeterUlps *
                                                        std::numeric_limits<double>::epsilon() *
                                                        std::abs(tunnelMeter);
