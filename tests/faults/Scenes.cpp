@@ -679,7 +679,7 @@ void addStations(std::vector<Scene>& scenes) {
       })
       .add("TakesAFixPoint",
            [](Station& s) {
-             s.resection.addFixPointU({'n', 'e', 'w'}, ENHPoint(600001, 200001, 401));
+             s.resection.addFixPointU(u"new", ENHPoint(600001, 200001, 401));
              return Numbers();
            })
       .add("TakesAMeasurement",

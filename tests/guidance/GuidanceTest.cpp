@@ -233,23 +233,6 @@ TEST(GuidanceCalculator, AnswersZeroWhereTheOriginIsNotOnTheAxis) {
   }
 }
 
-TEST(GuidanceVectorFactory, TakesPointsBesideTheAxisForTheOriginOfTheGrid) {
-  const AxisPtr axis = straightAxis(kPi / 2, 100, 200, 50, 50);
-  axis->addTransSlopeSegmentConstant(100, 300, 8);
-  const AxisPoint on(110, 0, 0);  // at (10, 0, 50), seen from the origin forward and up
-  const AxisPoint beyond(400, 7, 7);
-  const auto direction = [&](const AxisPoint& from, const AxisPoint& to) {
-    return VectorPtr(Factory::createAsStraightFromPairOfAxisCoordinates(axis, from, to, true, true))
-        ->getVectorDirection();
-  };
-  const double length = std::hypot(10, 50);
-  const double c = std::cos(std::atan(0.08));
-  const double s = std::sin(std::atan(0.08));
-  expectOffsets(direction(on, beyond), -10 / length, 50 / length * s, -50 / length * c, 1e-12);
-  // Without an axis there the direction is that of the grid: forward north, right east.
-  expectOffsets(direction(beyond, on), 0, 10 / length, 50 / length, 1e-12);
-}
-
 TEST(GuidanceCalculator, PassesThroughBothPointsOfAPair) {
   Random random(121);
   for (int i = 0; i < 60; ++i) {
