@@ -1,6 +1,6 @@
 #include "profiles/morphing/MorphLists.h"
 
-#include "profiles/morphing/RingAssembly.h"
+#include "profiles/morphing/assembly/RingAssembly.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,8 +18,10 @@ double planLength(const TurningChord& piece) { return std::abs(piece.chord().x);
 
 }  // namespace
 
+/// The floor where there is one; otherwise what leads level from the base on either side, the right
+/// side mirrored back, so that the chain leads from right to left.
 MatchedPieces bottomSegmentsOf(const MatchedSides& sides) {
-  MatchedPieces bottom = ringOf({{}, sides.right, sides.invert});
+  MatchedPieces bottom = ringOf({{}, sides.right, sides.floor});
   bottom.insert(bottom.end(), sides.left.begin(), sides.left.end());
   const auto isNoInvert = [](const MatchedPiece& piece) { return !piece.isInvert; };
   bottom.erase(std::remove_if(bottom.begin(), bottom.end(), isNoInvert), bottom.end());
@@ -54,6 +56,7 @@ StartAndEnd<Points> silhouettesOf(const MatchedPieces& ring) {
   return silhouettes;
 }
 
+/// Pieces of one niche follow each other in the ring and carry its number.
 std::vector<MatchedPieces> nichesOf(const MatchedPieces& ring) {
   std::vector<MatchedPieces> niches;
   int last = 0;

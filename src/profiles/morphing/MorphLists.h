@@ -4,9 +4,10 @@
 #ifndef CALCULATIONS_PROFILES_MORPHING_MORPH_LISTS_H
 #define CALCULATIONS_PROFILES_MORPHING_MORPH_LISTS_H
 
-#include "profiles/morphing/BaseSegment.h"
-#include "profiles/morphing/PiecePairing.h"
-#include "profiles/morphing/SideMatch.h"
+#include "profiles/morphing/pairing/DetourMatch.h"
+#include "profiles/morphing/pairing/PiecePairing.h"
+#include "profiles/morphing/pairing/SideMatch.h"
+#include "profiles/morphing/reading/BaseSegment.h"
 
 #include <vector>
 
@@ -32,6 +33,7 @@ struct MorphLists {
   MatchedPieces bottomSegments;                  ///< the invert from right to left
   std::vector<StartAndEnd<double>> bottomSteps;  ///< plan lengths from its right end
   NodePairs bottomPolyline;
+  std::vector<MatchedDetour> detours;
   MatchedPieces segments;  ///< the ring, clockwise
   StartAndEnd<Points> silhouettes;
   NodePairs polyline;

@@ -1,18 +1,38 @@
 #include "profiles/morphing/ProfileMorphEngine.h"
 
 #include "foundation/MathConstants.h"
-#include "profiles/morphing/BaseSegment.h"
-#include "profiles/morphing/HalfCircles.h"
-#include "profiles/morphing/RingAssembly.h"
-#include "profiles/morphing/SegmentMerging.h"
-#include "profiles/morphing/SelfCrossing.h"
+#include "profiles/morphing/assembly/RingAssembly.h"
+#include "profiles/morphing/evaluation/SelfCrossing.h"
+#include "profiles/morphing/pairing/FloorMatch.h"
+#include "profiles/morphing/pairing/RollSearch.h"
+#include "profiles/morphing/reading/BaseSegment.h"
+#include "profiles/morphing/reading/SegmentMerging.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Ruv {
 namespace Calculations {
 
 namespace {
+
+/// Clockwise about the origin. Either outline is turned by half of the roll, so that none of them
+/// is preferred.
+void turn(OutlineReading& read, double angle) {
+  const CDirection direction = directionOfBearing(angle);
+  for (TurningChords* chain : {&read.upper, &read.floor}) {
+    for (TurningChord& piece : *chain) {
+      piece.start = turnedTo(direction, piece.start);
+      piece.end = turnedTo(direction, piece.end);
+    }
+  }
+  for (Detour& detour : read.detours) {
+    for (TurningChord& piece : detour.pieces) {
+      piece.start = turnedTo(direction, piece.start);
+      piece.end = turnedTo(direction, piece.end);
+    }
+  }
+}
 
 /// Where the way is tried.
 constexpr std::array<double, 5> kTestPlaces = {0.0, 0.25, 0.5, 0.75, 1.0};
@@ -44,6 +64,14 @@ OutlineNodes nodesFrom(const TurningChords& outline, bool isAnticlockwise) {
   return nodes;
 }
 
+std::vector<ProfileSegment> segmentsOf(const OutlineNodes& nodes) {
+  std::vector<ProfileSegment> segments;
+  for (std::size_t i = 0; i < nodes.size(); ++i) {
+    segments.push_back({nodes[i].point, nodes[(i + 1) % nodes.size()].point, nodes[i].radius});
+  }
+  return segments;
+}
+
 bool areFinite(const std::vector<NodePairs>& polylines) {
   return std::all_of(polylines.begin(), polylines.end(),
                      [](const NodePairs& nodes) { return areFinite(nodes); });
@@ -59,14 +87,17 @@ void ProfileMorphEngine::configure(int flags, int mostDivisionsTurned, int first
 
 void ProfileMorphEngine::reset() {
   clearResults();
-  m_start = OutlineStore();
-  m_end = OutlineStore();
+  m_start = {};
+  m_end = {};
 }
 
 void ProfileMorphEngine::clearResults() {
   m_isPrepared = false;
-  m_plumbLines = {};
   m_placement = MorphPlacement();
+  m_outlines = MatchedOutlines();
+  m_hasFloors = false;
+  m_firmness = 1.0;
+  m_rings.reset();
   m_lists = MorphLists();
 }
 
@@ -77,6 +108,7 @@ int ProfileMorphEngine::prepare(double fromStationing, double toStationing,
   Outcome outcome = takeSettings(fromStationing, toStationing, divisions);
   if (outcome == Outcome::GoOn) outcome = loadOutlines(start, end);
   if (outcome == Outcome::GoOn) outcome = takeSteps();
+  outcome = prepareRings(start, end, outcome);
   m_hasFailed = outcome == Outcome::Failed;
   m_isPrepared = !m_hasFailed;
   if (m_hasFailed) return 1;
@@ -84,6 +116,23 @@ int ProfileMorphEngine::prepare(double fromStationing, double toStationing,
   return 0;
 }
 
+ProfileMorphEngine::Outcome ProfileMorphEngine::prepareRings(
+    const std::vector<ProfileSegment>& start, const std::vector<ProfileSegment>& end,
+    Outcome byParts) {
+  if (!m_hasFloors && m_lists.detours.empty()) return byParts;
+  if (byParts == Outcome::Failed || !isWaySimple()) m_firmness = 0.0;
+  if (m_firmness == 1.0) return byParts;
+  auto rings = engineForRings();
+  if (rings->prepare(m_fromStationing, m_toStationing, start, end, m_divisions) == 0) {
+    m_rings = std::move(rings);
+    return Outcome::Completed;
+  }
+  if (byParts == Outcome::Failed) m_message = rings->m_message;
+  return byParts;
+}
+
+/// The steps that follow on loading, in the order of the contract. A step that has nothing to do
+/// under the given flags goes on.
 ProfileMorphEngine::Outcome ProfileMorphEngine::takeSteps() {
   using Engine = ProfileMorphEngine;
   constexpr std::array<Step, 15> kSteps = {
@@ -101,7 +150,7 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::takeSteps() {
 
 ProfileMorphEngine::Outcome ProfileMorphEngine::takeSettings(double fromStationing,
                                                              double toStationing, int divisions) {
-  if (!m_start.isEmpty() || !m_end.isEmpty()) return fail(MorphStatus::ResetNeeded);
+  if (!m_start.store.isEmpty() || !m_end.store.isEmpty()) return fail(MorphStatus::ResetNeeded);
   m_divisions = divisions >= 1 ? divisions : kDefaultDivisions;
   m_angularStep = kTwoPi / m_divisions;
   m_fromStationing = fromStationing;
@@ -111,51 +160,107 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::takeSettings(double fromStationi
 
 ProfileMorphEngine::Outcome ProfileMorphEngine::loadOutlines(
     const std::vector<ProfileSegment>& start, const std::vector<ProfileSegment>& end) {
-  m_start.load(start);
-  if (m_start.isEmpty()) return fail(MorphStatus::ProfileGeneration, false);
-  m_end.load(end);
-  if (m_end.isEmpty()) return fail(MorphStatus::ProfileGeneration, true);
+  m_start.store.load(start);
+  if (m_start.store.isEmpty()) return fail(MorphStatus::ProfileGeneration, false);
+  m_end.store.load(end);
+  if (m_end.store.isEmpty()) return fail(MorphStatus::ProfileGeneration, true);
   return Outcome::GoOn;
 }
 
 ProfileMorphEngine::Outcome ProfileMorphEngine::refuseHalfCircles() {
   if (has(MorphFlags::kHalfCirclesAllowed)) return Outcome::GoOn;
-  const bool isAny = hasHalfCircle(m_start.elements()) || hasHalfCircle(m_end.elements());
+  const bool isAny = m_start.store.hasHalfCircle() || m_end.store.hasHalfCircle();
   return isAny ? fail(MorphStatus::HalfCircle) : Outcome::GoOn;
 }
 
 ProfileMorphEngine::Outcome ProfileMorphEngine::prepareStores() {
   std::int64_t startCounter = m_firstNumber;
   std::int64_t endCounter = m_firstNumber;
-  m_start.numberElements(startCounter);
-  m_end.numberElements(endCounter);
-  m_plumbLines = {plumbLinesOf(m_start), plumbLinesOf(m_end)};
+  m_start.store.numberElements(startCounter);
+  m_end.store.numberElements(endCounter);
+  m_start.read = {m_start.store.elements(), {}, {}, 0.0};
+  m_end.read = {m_end.store.elements(), {}, {}, 0.0};
+  if (has(MorphFlags::kBottom)) readBottoms();
   return Outcome::GoOn;
 }
 
+/// Both outlines need a floor for floors to be matched. With one that has none, the other is read
+/// as a ring, too, and keeps at most its niches and ditches apart.
+void ProfileMorphEngine::readBottoms() {
+  if (!m_readsParts) return;
+  m_start.read = readOutline(m_start.store.elements(), true);
+  m_end.read = readOutline(m_end.store.elements(), true);
+  m_hasFloors = m_start.read.hasFloor() && m_end.read.hasFloor();
+  m_firmness = m_start.read.firmness * m_end.read.firmness;
+  if (m_hasFloors) return;
+  readNichesOnly();
+}
+
+/// A bench needs a foot in both outlines, a ditch or a niche a base that is known in both.
+void ProfileMorphEngine::readNichesOnly() {
+  for (auto [own, other] : {std::pair(&m_start, &m_end), std::pair(&m_end, &m_start)}) {
+    if (!own->read.hasFloor()) continue;
+    const TurningChords& elements = own->store.elements();
+    own->read = isNearlyConvex(other->store.elements()) ? readOutline(elements, false)
+                                                        : OutlineReading{elements, {}, {}, 0.0};
+  }
+}
+
 /// The base analysis or, in its place, the analysis of the whole bottom.
-PlumbLines ProfileMorphEngine::plumbLinesOf(const OutlineStore& store) const {
-  return has(MorphFlags::kBottom) ? plumbLinesThroughMiddle(store.elements())
-                                  : plumbLinesThroughFirst(store.elements());
+PlumbLines ProfileMorphEngine::plumbLinesOf(const TurningChords& ring) const {
+  return has(MorphFlags::kBottom) ? plumbLinesThroughMiddle(ring) : plumbLinesThroughFirst(ring);
 }
 
 /// Not finding a shift is the rule, and no failure.
 ProfileMorphEngine::Outcome ProfileMorphEngine::searchShift() {
-  if (turnUpright(m_start, m_end, {m_divisions, m_angularStep, m_mostDivisionsTurned})) {
-    m_plumbLines = {plumbLinesOf(m_start), plumbLinesOf(m_end)};
-  } else {
-    report(MorphStatus::ShiftNotFound);
-  }
+  const double largest = m_mostDivisionsTurned * m_angularStep;
+  const double roll = rollBetween({m_start.read.upper, m_start.read.hasFloor()},
+                                  {m_end.read.upper, m_end.read.hasFloor()}, largest);
+  if (roll == 0.0) report(MorphStatus::ShiftNotFound);
+  m_placement.startTurned = roll / 2.0;
+  m_placement.endTurned = -roll / 2.0;
+  turn(m_start.read, m_placement.startTurned);
+  turn(m_end.read, m_placement.endTurned);
   return Outcome::GoOn;
 }
 
+/// Moves an outline so that its base is the origin: the middle between the feet of its floor, or
+/// the lowest point of a ring. From there the sides lead up to the crown.
+std::optional<Point2D> ProfileMorphEngine::standOnBase(OutlineReading& read, OutlineSides& sides) {
+  const TurningChords ring = read.ring();
+  const PlumbLines lines = plumbLinesOf(ring);
+  Point2D base;
+  TurningChords upper = read.upper;
+  if (m_hasFloors) {
+    base = (read.floor.front().start + read.floor.back().end) * 0.5;
+  } else {
+    const auto place = outermostPlace(ring, lines.baseX, -1.0);
+    if (!place) return std::nullopt;
+    base = pointAt(ring, *place);
+    upper = begunAt(ring, *place);
+  }
+  const auto crown = outermostPlace(upper, lines.crownX, 1.0);
+  if (!crown) return std::nullopt;
+  moveBy(upper, base * -1.0);
+  sides = sidesOf(upper, *crown);
+  moveBy(read.upper, base * -1.0);
+  moveBy(read.floor, base * -1.0);
+  for (Detour& detour : read.detours)
+    moveBy(detour.pieces, base * -1.0);
+  return base;
+}
+
 ProfileMorphEngine::Outcome ProfileMorphEngine::findBaseSegments() {
-  const auto start = findBaseAndCrown(m_start, m_plumbLines.start);
-  const auto end = findBaseAndCrown(m_end, m_plumbLines.end);
+  const auto start = standOnBase(m_start.read, m_lists.sideProfiles.start);
+  const auto end = standOnBase(m_end.read, m_lists.sideProfiles.end);
   if (!start || !end) return fail(MorphStatus::BaseSegment);
-  m_placement = {m_start.asRead(pointAt(m_start, start->base)),
-                 m_end.asRead(pointAt(m_end, end->base)), m_start.turnedBy(), m_end.turnedBy()};
-  m_lists.sideProfiles = {sidesOf(m_start, *start), sidesOf(m_end, *end)};
+  const auto asRead = [](const Point2D& p, double turned) {
+    return turnedFrom(directionOfBearing(turned), p);
+  };
+  m_placement.startBase = asRead(*start, m_placement.startTurned);
+  m_placement.endBase = asRead(*end, m_placement.endTurned);
+  m_lists.detours =
+      matchDetours(m_start.read, m_end.read, m_placement.endBase - m_placement.startBase);
   return Outcome::GoOn;
 }
 
@@ -184,6 +289,7 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::matchSegmentsOfSides() {
   const auto sides = matchSegments(*m_lists.leftLines, *m_lists.rightLines);
   if (!sides) return fail(MorphStatus::SegmentsMatch);
   m_lists.sides = *sides;
+  matchFloor();
   return Outcome::GoOn;
 }
 
@@ -202,10 +308,18 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::requireLines(MorphStatus statusO
 ProfileMorphEngine::Outcome ProfileMorphEngine::completeIfAlike() {
   if (!areAlike(*m_lists.leftLines) || !areAlike(*m_lists.rightLines)) return Outcome::GoOn;
   m_lists.sides = matchAlike(*m_lists.leftLines, *m_lists.rightLines);
+  matchFloor();
   assembleSegments();
   mergeSegments();
   beginAtFirstNode();
   return Outcome::Completed;
+}
+
+/// Floors are no part of the sides and are matched for themselves.
+void ProfileMorphEngine::matchFloor() {
+  if (!m_hasFloors) return;
+  m_lists.sides.floor = matchFloors(m_start.read.floor, m_end.read.floor,
+                                    m_placement.endBase - m_placement.startBase);
 }
 
 ProfileMorphEngine::Outcome ProfileMorphEngine::generateBottom() {
@@ -230,8 +344,9 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::mergeSegments() {
 
 ProfileMorphEngine::Outcome ProfileMorphEngine::beginAtFirstNode() {
   const CDirection turned = directionOfBearing(m_placement.startTurned);
-  const Point2D fromBase = m_start.nodes().front().point - m_placement.startBase;
-  m_lists.segments = begunAt(m_lists.segments, turnedTo(turned, fromBase));
+  const Point2D fromBase = m_start.store.nodes().front().point - m_placement.startBase;
+  m_outlines = {m_lists.segments, m_lists.detours, m_placement, {}};
+  m_outlines.first = firstNodeAt(m_outlines, turnedTo(turned, fromBase));
   return Outcome::GoOn;
 }
 
@@ -267,9 +382,8 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::generateSegments() {
 }
 
 ProfileMorphEngine::Outcome ProfileMorphEngine::generateTestResult() {
-  const auto count = std::count_if(kTestPlaces.begin(), kTestPlaces.end(), [this](double t) {
-    return isSimple(meanOf(m_lists.segments, m_placement, t));
-  });
+  const auto count = std::count_if(kTestPlaces.begin(), kTestPlaces.end(),
+                                   [this](double t) { return isSimple(meanOf(m_outlines, t)); });
   return count > 0 ? Outcome::GoOn : fail(MorphStatus::TestResult);
 }
 
@@ -277,13 +391,45 @@ std::optional<OutlineNodes> ProfileMorphEngine::evaluate(double atStationing) {
   // Halves, because the difference of two large stationings may not be finite.
   const double t = (atStationing / 2.0 - m_fromStationing / 2.0) /
                    (m_toStationing / 2.0 - m_fromStationing / 2.0);
-  if (m_isPrepared && atStationing == m_fromStationing) return m_start.nodes();
-  if (m_isPrepared && atStationing == m_toStationing) return m_end.nodes();
+  if (m_isPrepared && atStationing == m_fromStationing) return m_start.store.nodes();
+  if (m_isPrepared && atStationing == m_toStationing) return m_end.store.nodes();
   if (!m_isPrepared || !(t >= 0.0 && t <= 1.0)) {
     m_message = u"Missing data.";
     return std::nullopt;
   }
-  return nodesFrom(meanOf(m_lists.segments, m_placement, t), m_start.wasAnticlockwise());
+  if (!m_rings) return evaluateOwn(t);
+  const OutlineNodes asRings = m_rings->evaluateOwn(t);
+  if (m_firmness == 0.0) return asRings;
+  return evaluateBetween(asRings, evaluateOwn(t));
+}
+
+/// Two outlines at the same place of the way differ by how they were matched only. The outline
+/// between them is found by morphing from one to the other, as rings and without a roll.
+OutlineNodes ProfileMorphEngine::evaluateBetween(const OutlineNodes& asRings,
+                                                 const OutlineNodes& byParts) const {
+  const auto between = engineForRings();
+  between->m_mostDivisionsTurned = 0;
+  const int status =
+      between->prepare(0.0, 1.0, segmentsOf(asRings), segmentsOf(byParts), m_divisions);
+  return status == 0 ? between->evaluateOwn(m_firmness) : byParts;
+}
+
+OutlineNodes ProfileMorphEngine::evaluateOwn(double t) const {
+  return nodesFrom(meanOf(m_outlines, t), m_start.store.wasAnticlockwise());
+}
+
+/// At both ends the outlines are the inputs, which are not looked at.
+bool ProfileMorphEngine::isWaySimple() const {
+  return std::all_of(kTestPlaces.begin() + 1, kTestPlaces.end() - 1,
+                     [this](double t) { return isSimple(meanOf(m_outlines, t)); });
+}
+
+/// An engine with the same settings that reads every outline as a ring.
+std::unique_ptr<ProfileMorphEngine> ProfileMorphEngine::engineForRings() const {
+  auto engine = std::make_unique<ProfileMorphEngine>();
+  engine->configure(m_flags, m_mostDivisionsTurned, m_firstNumber);
+  engine->m_readsParts = false;
+  return engine;
 }
 
 void ProfileMorphEngine::message(int code, bool isEnd) {

@@ -6,11 +6,12 @@
 
 #include "profiles/morphing/MorphLists.h"
 #include "profiles/morphing/MorphStatus.h"
-#include "profiles/morphing/OutlineMean.h"
-#include "profiles/morphing/OutlineStore.h"
-#include "profiles/morphing/ShiftSearch.h"
+#include "profiles/morphing/evaluation/OutlineMean.h"
+#include "profiles/morphing/reading/OutlineReading.h"
+#include "profiles/morphing/reading/OutlineStore.h"
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -29,11 +30,21 @@ constexpr int kHalfCirclesAllowed = 16;
 
 /// Prepares the way from one outline to another once, and then tells the outline anywhere on it.
 ///
-/// Both outlines are read as walks from the base up either side to the crown, and matched by the
-/// headings of their tangents: where headings are equal chords are parallel, so a linear mean of
-/// the nodes keeps every heading. Arcs stay arcs, tangent joints tangent, and convex outlines
-/// convex. Benches and niches, which leave a heading and come back to it, are matched with their
-/// like or grow out of what is there.
+/// It works in four stages, each in a folder of its own. reading/ takes either outline apart into a
+/// floor, walls with a crown, and the ditches, benches and niches that depart from them; an outline
+/// without a floor is read as a ring. pairing/ finds what belongs together: the roll between both
+/// outlines, the corners of the floors, the headings of walls and crown, and detours whose mouths
+/// overlap. assembly/ puts the pairs together to one ring. evaluation/ tells the mean of the pairs
+/// at a place on the way. How all of them match outlines is shown in docs/morphing.md.
+///
+/// The steps in their order, the flags that gate them, the numbers and texts of the status and the
+/// lists, which are emptied at the start of every preparation, are the contract of the engine's
+/// status interface: displays show the texts, and service tools name the steps. So a step stays in
+/// its place where it has become small, and a text where it has become rare.
+///
+/// How much a floor is one is a matter of degree. Where it is in doubt, the way by parts and the
+/// way as rings are both prepared, and the outline between them is told. Where the way by parts
+/// would cross itself, the one as rings is taken.
 ///
 /// Failure: prepare() reports it and messageText() says why; nothing throws.
 /// Lifecycle: configure, prepare, evaluate any number of times, reset before preparing again.
@@ -89,15 +100,26 @@ class ProfileMorphEngine {
   Outcome generateSegments();
   Outcome generateTestResult();
 
+  /// By parts or, when that is in doubt or fails, also as rings.
+  Outcome prepareRings(const std::vector<ProfileSegment>& start,
+                       const std::vector<ProfileSegment>& end, Outcome byParts);
   Outcome requireLines(MorphStatus statusOfFailure);
   Outcome completeIfAlike();
-  PlumbLines plumbLinesOf(const OutlineStore& store) const;
+  PlumbLines plumbLinesOf(const TurningChords& ring) const;
+  std::optional<Point2D> standOnBase(OutlineReading& read, OutlineSides& sides);
+  void readBottoms();
+  void readNichesOnly();
+  std::unique_ptr<ProfileMorphEngine> engineForRings() const;
+  bool isWaySimple() const;
+  OutlineNodes evaluateOwn(double t) const;
+  OutlineNodes evaluateBetween(const OutlineNodes& asRings, const OutlineNodes& byParts) const;
+  void matchFloor();
   bool has(int flag) const { return (m_flags & flag) != 0; }
   Outcome fail(MorphStatus status, bool isEnd = false);
   void report(MorphStatus status, bool isEnd = false) { message(static_cast<int>(status), isEnd); }
 
-  /// One degree each: a profile that is rolled by less is not rolled.
-  static constexpr int kDefaultDivisions = 360;
+  /// One and a half degrees each: the seven that the morpher asks for are 10.5 degrees.
+  static constexpr int kDefaultDivisions = 240;
 
   int m_flags = 0;
   int m_mostDivisionsTurned = 0;
@@ -109,10 +131,18 @@ class ProfileMorphEngine {
   bool m_hasFailed = false;
   bool m_isPrepared = false;
   std::u16string m_message;
-  OutlineStore m_start;
-  OutlineStore m_end;
-  StartAndEnd<PlumbLines> m_plumbLines;
+  struct Outline {
+    OutlineStore store;
+    OutlineReading read;
+  };
+  Outline m_start;
+  Outline m_end;
   MorphPlacement m_placement;
+  MatchedOutlines m_outlines;
+  bool m_hasFloors = false;
+  bool m_readsParts = true;
+  double m_firmness = 1.0;                      // of both floors
+  std::unique_ptr<ProfileMorphEngine> m_rings;  // where the floors are less than firm
   MorphLists m_lists;
 };
 

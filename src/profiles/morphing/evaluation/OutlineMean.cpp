@@ -1,0 +1,335 @@
+#include "profiles/morphing/evaluation/OutlineMean.h"
+
+#include "foundation/MathConstants.h"
+#include "profiles/morphing/reading/ChainPlaces.h"
+#include "profiles/morphing/reading/OutlineStore.h"
+#include "shapes/ShapeTolerances.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+/// Where a bottom becomes a wall: halfway between leftwards and upwards.
+constexpr double kWallHeading = 1.75 * kPi;
+
+template <class Value>
+Value mean(const Value& start, const Value& end, double t) {
+  return start * (1.0 - t) + end * t;
+}
+
+TurningChord meanOf(const MatchedPiece& piece, double t) {
+  return {mean(piece.start.start, piece.end.start, t), mean(piece.start.end, piece.end.end, t),
+          mean(piece.start.turning, piece.end.turning, t)};
+}
+
+/// The base of a mean outline, on which places are looked for.
+class MeanBase {
+ public:
+  MeanBase(const MatchedPieces& pieces, double t, std::size_t indexOfFirst) {
+    for (const MatchedPiece& piece : pieces) {
+      if (!piece.isFloor) ++m_floorFirst;
+      ring.push_back(meanOf(piece, t));
+    }
+    m_numUpper = m_floorFirst;
+    m_numFloor = ring.size() - m_floorFirst;
+    m_hasFloor = m_numFloor > 0;
+    firstNode = ring[indexOfFirst].start;
+    if (!m_hasFloor) takeBottomForFloor();
+  }
+
+  TurningChords ring;
+  Point2D firstNode;  ///< where the piece that was asked for starts
+
+  /// The place of the floor at a plan distance; at its nearer end when there is none.
+  ChainPlace onFloor(double x) const {
+    for (std::size_t i = 0; i < m_numFloor; ++i) {
+      const std::size_t index = (m_floorFirst + i) % ring.size();
+      if (ring[index].end.x <= x) return {index, fractionLeftwards(ring[index], x)};
+    }
+    return {(m_floorFirst + m_numFloor - 1) % ring.size(), 1.0};
+  }
+
+  /// The lowest place of the left wall that is as high as asked for. The crown is the end of either
+  /// wall.
+  ChainPlace onLeftWall(double y) const {
+    for (std::size_t i = 0; i < m_numUpper; ++i) {
+      const double foot = m_hasFloor ? 0.0 : fractionOfFlat(ring[i]);
+      if (foot == 1.0 || ring[i].end.y < y) continue;
+      return {i, std::max(foot, fractionUpwards(ring[i], y))};
+    }
+    return {m_numUpper - 1, 1.0};
+  }
+
+  /// Likewise on the right, where the ring leads down: so it is walked backwards and mirrored.
+  ChainPlace onRightWall(double y) const {
+    for (std::size_t i = m_numUpper; i-- > 0;) {
+      const TurningChord piece = ring[i].reversed().mirrored();
+      const double foot = m_hasFloor ? 0.0 : fractionOfFlat(piece);
+      if (foot == 1.0 || piece.end.y < y) continue;
+      return {i, 1.0 - std::max(foot, fractionUpwards(piece, y))};
+    }
+    return {0, 0.0};
+  }
+
+  double leftEnd() const { return ring[(m_floorFirst + m_numFloor - 1) % ring.size()].end.x; }
+  double rightEnd() const { return ring[m_floorFirst % ring.size()].start.x; }
+  double leftFootHeight() const { return ring.front().start.y; }
+  double rightFootHeight() const { return ring[m_numUpper - 1].end.y; }
+
+ private:
+  /// How much of a piece on the left is bottom and not wall.
+  static double fractionOfFlat(const TurningChord& piece) {
+    const double start = turningBetween(kWallHeading, piece.headingAtStart());
+    const double end = start + piece.turning;
+    if (end <= 0.0) return 1.0;
+    return start < 0.0 ? -start / piece.turning : 0.0;
+  }
+
+  /// Without a floor of its own all that lies between the outermost points counts as one, and the
+  /// ring begins at its lowest node.
+  void takeBottomForFloor() {
+    const auto isLower = [](const TurningChord& a, const TurningChord& b) {
+      return a.start.y < b.start.y;
+    };
+    std::rotate(ring.begin(), std::min_element(ring.begin(), ring.end(), isLower), ring.end());
+    const auto isLeft = [](const TurningChord& a, const TurningChord& b) {
+      return a.start.x < b.start.x;
+    };
+    const auto [left, right] = std::minmax_element(ring.begin(), ring.end(), isLeft);
+    m_floorFirst = static_cast<std::size_t>(right - ring.begin());
+    const auto end = static_cast<std::size_t>(left - ring.begin());
+    m_numFloor = (end + ring.size() - m_floorFirst) % ring.size();
+  }
+
+  bool m_hasFloor = false;
+  std::size_t m_numUpper = 0;
+  std::size_t m_floorFirst = 0;
+  std::size_t m_numFloor = 0;
+};
+
+/// A detour on a mean base. Its nodes stand on the base where their places are now, offset by the
+/// mean of what both outlines have there: so a ditch becomes deeper where it is, whatever the floor
+/// does below it. A bench is different at its wall end, which slides up the wall.
+class MeanDetour {
+ public:
+  MeanDetour(const MatchedDetour& detour, double t) : m_detour(&detour), m_t(t) {
+    for (std::size_t i = 0; i < detour.numNodes(); ++i) {
+      m_places.push_back(detour.placeOf(i, t));
+    }
+  }
+
+  DetourSite site() const { return m_detour->site; }
+  double low() const { return std::min(m_places.front(), m_places.back()); }
+  double high() const { return std::max(m_places.front(), m_places.back()); }
+
+  bool hasRoom() const { return m_depth > 0.0; }
+
+  /// Keeps all places between two of them. What has less room is less deep.
+  void keepWithin(double lowest, double highest) {
+    const double width = high() - low();
+    for (double& own : m_places)
+      own = std::clamp(own, lowest, std::max(lowest, highest));
+    if (width > 0.0) m_depth *= (high() - low()) / width;
+  }
+
+  std::vector<Point2D> nodesOn(const MeanBase& base) const {
+    std::vector<Point2D> nodes;
+    for (std::size_t i = 0; i < m_places.size(); ++i) {
+      const Point2D foot = pointAt(base.ring, placeOn(base, m_places[i]));
+      nodes.push_back(foot + m_detour->offsetOf(i, m_t) * m_depth);
+    }
+    if (m_detour->site == DetourSite::LeftFoot) nodes.back() = pointAt(base.ring, endOn(base));
+    if (m_detour->site == DetourSite::RightFoot) nodes.front() = pointAt(base.ring, startOn(base));
+    return nodes;
+  }
+
+  ChainPlace startOn(const MeanBase& base) const {
+    if (m_detour->site != DetourSite::RightFoot) return placeOn(base, m_places.front());
+    return base.onRightWall(topOn(base));
+  }
+
+  ChainPlace endOn(const MeanBase& base) const {
+    if (m_detour->site != DetourSite::LeftFoot) return placeOn(base, m_places.back());
+    return base.onLeftWall(topOn(base));
+  }
+
+  /// The height at which a bench meets the wall.
+  double topOn(const MeanBase& base) const {
+    if (site() == DetourSite::RightFoot) {
+      return base.rightFootHeight() + m_detour->offsetOf(0, m_t).y;
+    }
+    return base.leftFootHeight() + m_detour->offsetOf(m_places.size() - 1, m_t).y;
+  }
+
+  void appendTo(TurningChords& chain, const MeanBase& base) const {
+    const std::vector<Point2D> nodes = nodesOn(base);
+    for (std::size_t i = 0; i + 1 < nodes.size(); ++i) {
+      chain.push_back({nodes[i], nodes[i + 1], m_detour->turningOf(i, m_t)});
+    }
+  }
+
+ private:
+  ChainPlace placeOn(const MeanBase& base, double place) const {
+    if (m_detour->site == DetourSite::LeftWall) return base.onLeftWall(place);
+    if (m_detour->site == DetourSite::RightWall) return base.onRightWall(place);
+    return base.onFloor(place);
+  }
+
+  const MatchedDetour* m_detour;
+  double m_t;
+  double m_depth = 1.0;
+  std::vector<double> m_places;
+};
+
+/// Neighbours that would overlap meet in the middle.
+void separate(std::vector<MeanDetour*>& detours) {
+  std::sort(detours.begin(), detours.end(), [](const MeanDetour* a, const MeanDetour* b) {
+    return a->low() + a->high() < b->low() + b->high();
+  });
+  for (std::size_t i = 1; i < detours.size(); ++i) {
+    const double middle = (detours[i - 1]->high() + detours[i]->low()) / 2.0;
+    if (!(detours[i - 1]->high() > detours[i]->low())) continue;
+    detours[i - 1]->keepWithin(-HUGE_VAL, middle);
+    detours[i]->keepWithin(middle, HUGE_VAL);
+  }
+}
+
+/// Benches come first: they take away from the floor and the walls what lies under them. What is
+/// left is shared by ditches and niches. The detours of a mean outline, none of which overlaps
+/// another one.
+std::vector<MeanDetour> detoursAt(const MatchedOutlines& outlines, const MeanBase& base, double t) {
+  std::vector<MeanDetour> detours;
+  for (const MatchedDetour& matched : outlines.detours)
+    detours.emplace_back(matched, t);
+  const auto at = [&](DetourSite site) {
+    std::vector<MeanDetour*> found;
+    for (MeanDetour& detour : detours) {
+      if (detour.site() == site) found.push_back(&detour);
+    }
+    return found;
+  };
+  double left = base.leftEnd();
+  double right = base.rightEnd();
+  double leftTop = -HUGE_VAL;
+  double rightTop = -HUGE_VAL;
+  for (const MeanDetour* bench : at(DetourSite::LeftFoot)) {
+    left = bench->high();
+    leftTop = bench->topOn(base);
+  }
+  for (const MeanDetour* bench : at(DetourSite::RightFoot)) {
+    right = bench->low();
+    rightTop = bench->topOn(base);
+  }
+  for (MeanDetour* ditch : at(DetourSite::Floor))
+    ditch->keepWithin(left, right);
+  for (MeanDetour* niche : at(DetourSite::LeftWall))
+    niche->keepWithin(leftTop, HUGE_VAL);
+  for (MeanDetour* niche : at(DetourSite::RightWall))
+    niche->keepWithin(rightTop, HUGE_VAL);
+  for (const DetourSite site : {DetourSite::Floor, DetourSite::LeftWall, DetourSite::RightWall}) {
+    std::vector<MeanDetour*> neighbours = at(site);
+    separate(neighbours);
+  }
+  return detours;
+}
+
+/// A detour and the part of the base that it replaces.
+struct Replacement {
+  ChainPlace from;
+  ChainPlace to;
+  MeanDetour detour;
+};
+
+/// The mean ring with the detours in the place of what they replace.
+TurningChords ringAt(const MatchedOutlines& outlines, double t) {
+  const MeanBase base(outlines.ring, t, 0);
+  if (outlines.detours.empty()) return base.ring;
+  std::vector<Replacement> replacements;
+  for (const MeanDetour& detour : detoursAt(outlines, base, t)) {
+    if (detour.hasRoom()) {
+      replacements.push_back({detour.startOn(base), detour.endOn(base), detour});
+    }
+  }
+  if (replacements.empty()) return base.ring;
+  std::sort(replacements.begin(), replacements.end(),
+            [](const Replacement& a, const Replacement& b) { return a.from < b.from; });
+  TurningChords ring;
+  // The one that leads over the beginning of the ring is the last.
+  ChainPlace reached;
+  if (replacements.back().to < replacements.back().from) reached = replacements.back().to;
+  for (const Replacement& replacement : replacements) {
+    if (reached < replacement.from) appendPart(ring, base.ring, reached, replacement.from);
+    replacement.detour.appendTo(ring, base);
+    reached = replacement.to;
+  }
+  if (!(replacements.back().to < replacements.back().from)) {
+    appendPart(ring, base.ring, reached, {base.ring.size() - 1, 1.0});
+  }
+  return ring;
+}
+
+bool isSame(const Point2D& a, const Point2D& b) { return (a - b).length() < kZeroLength; }
+
+/// Where the first node is on the way. It may be inside of a detour, hence no place of the base.
+Point2D positionOf(const FirstNode& first, const MatchedOutlines& outlines, double t) {
+  const bool isOfBase = first.of == FirstNode::Of::Base;
+  const MeanBase base(outlines.ring, t, isOfBase ? first.index : 0);
+  if (isOfBase) return base.firstNode;
+  return detoursAt(outlines, base, t)[first.index].nodesOn(base)[first.node];
+}
+
+/// Nothing is changed when no piece begins there: the node has vanished within a piece.
+void beginAt(TurningChords& ring, const Point2D& place) {
+  const auto first = std::find_if(ring.begin(), ring.end(), [&](const TurningChord& piece) {
+    return isSame(piece.start, place);
+  });
+  if (first != ring.end()) std::rotate(ring.begin(), first, ring.end());
+}
+
+}  // namespace
+
+FirstNode firstNodeAt(const MatchedOutlines& outlines, const Point2D& place) {
+  if (outlines.ring.empty()) return {};
+  const MeanBase base(outlines.ring, 0.0, 0);
+  const std::vector<MeanDetour> detours = detoursAt(outlines, base, 0.0);
+  for (std::size_t i = 0; i < detours.size(); ++i) {
+    const std::vector<Point2D> nodes = detours[i].nodesOn(base);
+    for (std::size_t k = 0; k < nodes.size(); ++k) {
+      if (isSame(nodes[k], place)) return {FirstNode::Of::Detour, i, k};
+    }
+  }
+  for (std::size_t i = 0; i < outlines.ring.size(); ++i) {
+    if (isSame(outlines.ring[i].start.start, place)) return {FirstNode::Of::Base, i, 0};
+  }
+  return {};
+}
+
+TurningChords meanOf(const MatchedOutlines& outlines, double t) {
+  if (outlines.ring.empty()) return {};
+  TurningChords ring = ringAt(outlines, t);
+  const auto hasNoLength = [](const TurningChord& piece) {
+    return !(piece.chord().length() >= kSamePoint);
+  };
+  ring.erase(std::remove_if(ring.begin(), ring.end(), hasNoLength), ring.end());
+  if (outlines.first.of != FirstNode::Of::Nothing) {
+    beginAt(ring, positionOf(outlines.first, outlines, t));
+  }
+  const MorphPlacement& placement = outlines.placement;
+  const Point2D base = mean(placement.startBase, placement.endBase, t);
+  const CDirection back = directionOfBearing(-mean(placement.startTurned, placement.endTurned, t));
+  for (TurningChord& piece : ring)
+    piece.start = base + turnedTo(back, piece.start);
+  for (std::size_t i = 0; i < ring.size(); ++i) {
+    ring[i].end = ring[(i + 1) % ring.size()].start;
+  }
+  return ring;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

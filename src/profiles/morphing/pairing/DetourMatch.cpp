@@ -1,0 +1,371 @@
+#include "profiles/morphing/pairing/DetourMatch.h"
+
+#include "profiles/morphing/reading/ChainParts.h"
+#include "profiles/morphing/reading/ChainPlaces.h"
+#include "profiles/morphing/reading/OutlineStore.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <optional>
+#include <utility>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+/// Of two detours one counts in full from this part of the size of the other on: a bench three
+/// times as high as another one still becomes it in proportion.
+constexpr double kFullPart = 1.0 / 3.0;
+
+/// The weight of a detour of a size beside a larger one. With its square nothing jumps where a
+/// detour begins to be there.
+double weightOf(double size, double larger) {
+  const double part = size / (kFullPart * larger);
+  return part < 1.0 ? part * part : 1.0;
+}
+
+/// An outline with its feet, or its mirror image.
+struct Side {
+  TurningChords upper;
+  TurningChords floor;
+  double leftFoot = 0.0;
+  double rightFoot = 0.0;
+  double footHeight = 0.0;  ///< of the left one
+
+  bool hasFloor() const { return !floor.empty(); }
+
+  explicit Side(const OutlineReading& reading) : upper(reading.upper), floor(reading.floor) {
+    findFeet();
+  }
+  Side mirroredSide() const {
+    Side side = *this;
+    side.upper = mirrored(upper);
+    side.floor = mirrored(floor);
+    side.findFeet();
+    return side;
+  }
+
+ private:
+  void findFeet() {
+    if (floor.empty()) return;
+    leftFoot = floor.back().end.x;
+    rightFoot = floor.front().start.x;
+    footHeight = floor.back().end.y;
+  }
+};
+
+/// Reads the detours of one outline against its own base.
+struct PlacedDetour {
+  DetourSite site = DetourSite::Floor;
+  TurningChords pieces;
+  std::vector<double> places;
+  std::vector<Point2D> offsets;
+  double low = 0.0;  ///< of the places
+  double high = 0.0;
+};
+
+std::vector<Point2D> nodesOf(const TurningChords& chain) {
+  std::vector<Point2D> nodes{chain.front().start};
+  for (const TurningChord& piece : chain)
+    nodes.push_back(piece.end);
+  return nodes;
+}
+
+/// The point of a left wall at a height, first met from below.
+Point2D wallAt(const TurningChords& upper, double y) {
+  for (const TurningChord& piece : upper) {
+    if (piece.end.y >= y) return piece.pointAt(fractionUpwards(piece, y));
+  }
+  return upper.back().end;
+}
+
+/// The point of a floor at a plan distance; floors lead from right to left.
+Point2D floorAt(const TurningChords& floor, double x) {
+  for (const TurningChord& piece : floor) {
+    if (piece.end.x <= x) return piece.pointAt(fractionLeftwards(piece, x));
+  }
+  return floor.back().end;
+}
+
+/// Every node of a detour is the sum of a place on the base and an offset from there. The place is
+/// the node's own distance or height as far as that lies within the mouth: a ditch with plumb sides
+/// has offsets that are plumb, a niche with level ones level ones. A bench ends on the wall, and
+/// its last offset is its height above the foot.
+PlacedDetour placed(const Detour& detour, const Side& side) {
+  PlacedDetour found{detour.site, detour.pieces, {}, {}, 0.0, 0.0};
+  const std::vector<Point2D> nodes = nodesOf(detour.pieces);
+  const bool isOnWall = detour.site == DetourSite::LeftWall;
+  for (const Point2D& node : nodes) {
+    double place = 0.0;
+    Point2D foot;
+    if (isOnWall) {
+      place = std::clamp(node.y, std::min(nodes.front().y, nodes.back().y),
+                         std::max(nodes.front().y, nodes.back().y));
+      foot = wallAt(side.upper, place);
+    } else {
+      place = std::clamp(node.x, side.leftFoot, side.rightFoot);
+      foot = floorAt(side.floor, place);
+    }
+    found.places.push_back(place);
+    found.offsets.push_back(node - foot);
+  }
+  if (detour.site == DetourSite::LeftFoot) {
+    found.places.back() = side.leftFoot;
+    found.offsets.back() = Point2D(0.0, nodes.back().y - side.footHeight);
+  }
+  found.low = std::min(found.places.front(), found.places.back());
+  found.high = std::max(found.places.front(), found.places.back());
+  return found;
+}
+
+/// Where a place of one outline is on the other: where it is, or as far from the same foot.
+double onOther(const PlacedDetour& detour, double place, const Side& own, const Side& other,
+               const Point2D& shift) {
+  if (detour.site == DetourSite::LeftWall) return place + shift.y;
+  if (!other.hasFloor()) return place + shift.x;
+  if (detour.low <= own.leftFoot + kSamePoint) return place - own.leftFoot + other.leftFoot;
+  if (detour.high >= own.rightFoot - kSamePoint) return place - own.rightFoot + other.rightFoot;
+  return place + shift.x;
+}
+
+/// Length that two mouths have in common, negative when they are apart. There is one bench at a
+/// foot, so two benches always belong together.
+double overlap(const PlacedDetour& a, const PlacedDetour& b, const Point2D& shift) {
+  if (a.site != b.site) return 0.0;
+  if (a.site == DetourSite::LeftFoot) return HUGE_VAL;
+  const double s = a.site == DetourSite::LeftWall ? shift.y : shift.x;
+  return std::min(a.high, b.high + s) - std::max(a.low, b.low + s);
+}
+
+/// Fractions of its length at which a detour has its nodes.
+std::vector<double> fractionsOf(const TurningChords& pieces) {
+  std::vector<double> fractions{0.0};
+  for (const TurningChord& piece : pieces)
+    fractions.push_back(fractions.back() + piece.length());
+  for (double& f : fractions)
+    f /= fractions.back() > 0.0 ? fractions.back() : 1.0;
+  fractions.back() = 1.0;
+  return fractions;
+}
+
+/// Cuts the pieces at fractions of the whole length, among which its own are.
+TurningChords cutAt(const TurningChords& pieces, const std::vector<double>& own,
+                    const std::vector<double>& fractions) {
+  TurningChords cut;
+  std::size_t index = 0;
+  for (std::size_t k = 1; k < fractions.size(); ++k) {
+    while (index + 1 < pieces.size() && own[index + 1] <= fractions[k - 1])
+      ++index;
+    const double length = own[index + 1] - own[index];
+    const auto within = [&](double f) {
+      return length > 0.0 ? std::clamp((f - own[index]) / length, 0.0, 1.0) : 1.0;
+    };
+    cut.push_back(pieces[index].part(within(fractions[k - 1]), within(fractions[k])));
+  }
+  return cut;
+}
+
+/// Both outlines with their detours, or the mirror images of both.
+struct BothSides {
+  Side start;
+  Side end;
+  Point2D shift;  ///< from the base of the start to that of the end
+
+  BothSides mirroredSides() const {
+    return {start.mirroredSide(), end.mirroredSide(), Point2D(-shift.x, shift.y)};
+  }
+};
+
+/// Gives two detours nodes at the same fractions of their lengths.
+void divideAlike(PlacedDetour& a, const Side& sideOfA, PlacedDetour& b, const Side& sideOfB) {
+  if (a.pieces.size() == b.pieces.size()) return;
+  const std::vector<double> fractionsOfA = fractionsOf(a.pieces);
+  const std::vector<double> fractionsOfB = fractionsOf(b.pieces);
+  std::vector<double> all = fractionsOfA;
+  all.insert(all.end(), fractionsOfB.begin(), fractionsOfB.end());
+  std::sort(all.begin(), all.end());
+  all.erase(std::unique(all.begin(), all.end()), all.end());
+  a = placed({a.site, cutAt(a.pieces, fractionsOfA, all)}, sideOfA);
+  b = placed({b.site, cutAt(b.pieces, fractionsOfB, all)}, sideOfB);
+}
+
+std::vector<double> turningsOf(const TurningChords& pieces) {
+  std::vector<double> turnings;
+  for (const TurningChord& piece : pieces)
+    turnings.push_back(piece.turning);
+  return turnings;
+}
+
+/// The nodes of a detour of the start, with the places that they have on both bases.
+DetourShape startShapeOf(const PlacedDetour& detour, const BothSides& sides) {
+  DetourShape shape{{}, turningsOf(detour.pieces), 0.0};
+  for (std::size_t i = 0; i < detour.places.size(); ++i) {
+    const double place = detour.places[i];
+    const double other = onOther(detour, place, sides.start, sides.end, sides.shift * -1.0);
+    shape.nodes.push_back({{place, other}, detour.offsets[i]});
+    shape.size = std::max(shape.size, detour.offsets[i].length());
+  }
+  return shape;
+}
+
+DetourShape endShapeOf(const PlacedDetour& detour, const BothSides& sides) {
+  // Seen from the end the end is the start.
+  DetourShape shape = startShapeOf(detour, {sides.end, sides.start, sides.shift * -1.0});
+  for (DetourNode& node : shape.nodes)
+    std::swap(node.place.atStart, node.place.atEnd);
+  return shape;
+}
+
+/// What a detour has become where it has grown from nothing or has vanished.
+DetourShape flattened(DetourShape shape) {
+  for (DetourNode& node : shape.nodes)
+    node.offset = {};
+  shape.size = 0.0;
+  return shape;
+}
+
+/// Back from the mirror image. Heights stay, plan distances change their sign.
+void mirrorBack(DetourShape& shape, bool isOnFloor) {
+  std::reverse(shape.nodes.begin(), shape.nodes.end());
+  std::reverse(shape.turnings.begin(), shape.turnings.end());
+  for (DetourNode& node : shape.nodes) {
+    node.offset.x = -node.offset.x;
+    if (!isOnFloor) continue;
+    node.place.atStart = -node.place.atStart;
+    node.place.atEnd = -node.place.atEnd;
+  }
+}
+
+void mirrorBack(MatchedDetour& detour) {
+  const bool isOnFloor = detour.site == DetourSite::LeftFoot;
+  detour.site = isOnFloor ? DetourSite::RightFoot : DetourSite::RightWall;
+  mirrorBack(detour.start, isOnFloor);
+  mirrorBack(detour.end, isOnFloor);
+}
+
+/// Detours of the floor and the left side, or mirrored ones of the right side.
+using PlacedDetours = std::vector<PlacedDetour>;
+
+PlacedDetours placedOf(const OutlineReading& reading, const Side& side, bool isRight) {
+  PlacedDetours detours;
+  for (const Detour& detour : reading.detours) {
+    const bool isFoot = detour.site == DetourSite::RightFoot;
+    if ((isFoot || detour.site == DetourSite::RightWall) != isRight) continue;
+    if (!isRight) {
+      detours.push_back(placed(detour, side));
+    } else {
+      const DetourSite site = isFoot ? DetourSite::LeftFoot : DetourSite::LeftWall;
+      detours.push_back(placed({site, mirrored(detour.pieces)}, side));
+    }
+  }
+  return detours;
+}
+
+/// A detour of either outline or one of both, by their places in the lists.
+struct DetourPair {
+  std::optional<std::size_t> start;
+  std::optional<std::size_t> end;
+};
+
+/// Pairs what overlaps, what overlaps most first. The rest stays alone.
+std::vector<DetourPair> pairsOf(const PlacedDetours& starts, const PlacedDetours& ends,
+                                const Point2D& shift) {
+  std::vector<DetourPair> pairs;
+  std::vector<bool> isStartTaken(starts.size());
+  std::vector<bool> isEndTaken(ends.size());
+  const auto addMostOverlapping = [&] {
+    double most = 0.0;
+    DetourPair best;
+    for (std::size_t i = 0; i < starts.size(); ++i) {
+      for (std::size_t j = 0; j < ends.size(); ++j) {
+        if (isStartTaken[i] || isEndTaken[j]) continue;
+        const double common = overlap(starts[i], ends[j], shift);
+        if (!(common > most)) continue;
+        most = common;
+        best = {i, j};
+      }
+    }
+    if (!best.start) return false;
+    isStartTaken[*best.start] = true;
+    isEndTaken[*best.end] = true;
+    pairs.push_back(best);
+    return true;
+  };
+  while (addMostOverlapping()) {
+  }
+  for (std::size_t i = 0; i < starts.size(); ++i) {
+    if (!isStartTaken[i]) pairs.push_back({i, std::nullopt});
+  }
+  for (std::size_t j = 0; j < ends.size(); ++j) {
+    if (!isEndTaken[j]) pairs.push_back({std::nullopt, j});
+  }
+  return pairs;
+}
+
+std::vector<MatchedDetour> matchPlaced(PlacedDetours starts, PlacedDetours ends,
+                                       const BothSides& sides) {
+  std::vector<MatchedDetour> matched;
+  for (const DetourPair& pair : pairsOf(starts, ends, sides.shift)) {
+    if (!pair.end) {
+      const PlacedDetour& start = starts[*pair.start];
+      const DetourShape shape = startShapeOf(start, sides);
+      matched.push_back({start.site, shape, flattened(shape)});
+    } else if (!pair.start) {
+      const PlacedDetour& end = ends[*pair.end];
+      const DetourShape shape = endShapeOf(end, sides);
+      matched.push_back({end.site, flattened(shape), shape});
+    } else {
+      PlacedDetour& start = starts[*pair.start];
+      PlacedDetour& end = ends[*pair.end];
+      divideAlike(start, sides.start, end, sides.end);
+      matched.push_back({start.site, startShapeOf(start, sides), endShapeOf(end, sides)});
+    }
+  }
+  return matched;
+}
+
+}  // namespace
+
+/// Of both places the mean at the fraction of the way, weighted by the sizes: a ditch that hardly
+/// is there must not draw the mouth of a large one to itself.
+double MatchedDetour::placeOf(std::size_t node, double t) const {
+  const double larger = std::max(start.size, end.size);
+  const double startWeight = weightOf(start.size, larger) * (1.0 - t);
+  const double endWeight = weightOf(end.size, larger) * t;
+  const double sum = startWeight + endWeight;
+  const double startPlace = start.nodes[node].place.at(t);
+  const double endPlace = end.nodes[node].place.at(t);
+  return sum > 0.0 ? (startWeight * startPlace + endWeight * endPlace) / sum
+                   : (1.0 - t) * startPlace + t * endPlace;
+}
+
+/// Linear: the depth changes evenly.
+Point2D MatchedDetour::offsetOf(std::size_t node, double t) const {
+  return start.nodes[node].offset * (1.0 - t) + end.nodes[node].offset * t;
+}
+
+double MatchedDetour::turningOf(std::size_t piece, double t) const {
+  return start.turnings[piece] * (1.0 - t) + end.turnings[piece] * t;
+}
+
+/// The left side and the floor as they are, the right side mirrored: then all that is said of
+/// places holds for both sides, and a mirrored pair is matched as the mirror image.
+std::vector<MatchedDetour> matchDetours(const OutlineReading& start, const OutlineReading& end,
+                                        const Point2D& shift) {
+  if (start.detours.empty() && end.detours.empty()) return {};
+  const BothSides left{Side(start), Side(end), shift};
+  std::vector<MatchedDetour> matched =
+      matchPlaced(placedOf(start, left.start, false), placedOf(end, left.end, false), left);
+  const BothSides right = left.mirroredSides();
+  for (MatchedDetour& detour :
+       matchPlaced(placedOf(start, right.start, true), placedOf(end, right.end, true), right)) {
+    mirrorBack(detour);
+    matched.push_back(detour);
+  }
+  return matched;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

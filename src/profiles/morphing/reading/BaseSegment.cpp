@@ -1,0 +1,93 @@
+#include "profiles/morphing/reading/BaseSegment.h"
+
+#include "profiles/morphing/reading/OutlineStore.h"
+#include "shapes/ChainIntersections.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+/// By how much (m) a plumb line is longer than needed, at each end.
+constexpr double kPlumbMargin = 1.0;
+
+struct PlumbLine {
+  Point2D from;
+  Point2D to;
+};
+
+PlumbLine plumbLineAt(double x, const TurningChords& elements) {
+  double low = elements.front().start.y;
+  double high = low;
+  for (const TurningChord& element : elements) {
+    // An arc rises no higher above its ends than it is long.
+    const double reach = element.length();
+    low = std::min(low, element.start.y - reach);
+    high = std::max(high, element.start.y + reach);
+  }
+  return {Point2D(x, low - kPlumbMargin), Point2D(x, high + kPlumbMargin)};
+}
+
+/// A fraction of an element; 0 and 1 when its length makes no difference to its ends.
+double fractionOf(const CChainSegment& segment, const Point2D& p) {
+  if ((p - segment.start).length() < kSamePoint) return 0.0;
+  if ((p - segment.end).length() < kSamePoint) return 1.0;
+  const CCurveFoot foot = segment.footOf(p);
+  return std::clamp(foot.length / segment.length, 0.0, 1.0);
+}
+
+}  // namespace
+
+std::optional<ChainPlace> outermostPlace(const TurningChords& chain, double x, double height) {
+  const PlumbLine line = plumbLineAt(x, chain);
+  std::optional<ChainPlace> found;
+  double best = 0.0;
+  for (std::size_t i = 0; i < chain.size(); ++i) {
+    const CChainSegment segment = chain[i].segment();
+    for (const Point2D& hit : intersectionsOf({segment}, line.from, line.to)) {
+      // Two elements share a node; the later one, at its start, adds nothing.
+      if (found && !(height * hit.y > best + kSamePoint)) continue;
+      best = height * hit.y;
+      found = ChainPlace{i, fractionOf(segment, hit)};
+    }
+  }
+  return found;
+}
+
+TurningChords begunAt(const TurningChords& ring, const ChainPlace& place) {
+  TurningChords begun;
+  if (place.fraction < 1.0) begun.push_back(ring[place.index].part(place.fraction, 1.0));
+  for (std::size_t i = 1; i < ring.size(); ++i) {
+    begun.push_back(ring[(place.index + i) % ring.size()]);
+  }
+  if (place.fraction > 0.0) begun.push_back(ring[place.index].part(0.0, place.fraction));
+  return begun;
+}
+
+OutlineSides sidesOf(const TurningChords& upper, const ChainPlace& crown) {
+  OutlineSides sides;
+  const auto last = upper.begin() + static_cast<std::ptrdiff_t>(crown.index);
+  sides.left.assign(upper.begin(), last);
+  if (crown.fraction > 0.0) sides.left.push_back(last->part(0.0, crown.fraction));
+  for (auto element = upper.end() - 1; element != last; --element) {
+    sides.right.push_back(element->reversed().mirrored());
+  }
+  if (crown.fraction < 1.0) {
+    sides.right.push_back(last->part(crown.fraction, 1.0).reversed().mirrored());
+  }
+  return sides;
+}
+
+void moveBy(TurningChords& chain, const Point2D& shift) {
+  for (TurningChord& element : chain) {
+    element.start = element.start + shift;
+    element.end = element.end + shift;
+  }
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

@@ -1,0 +1,30 @@
+/// @file
+/// Ditches, benches and niches.
+
+#ifndef CALCULATIONS_PROFILES_MORPHING_READING_DETOUR_H
+#define CALCULATIONS_PROFILES_MORPHING_READING_DETOUR_H
+
+#include "profiles/morphing/reading/TurningChord.h"
+
+namespace Ruv {
+namespace Calculations {
+
+/// Where a detour leaves the base.
+enum class DetourSite {
+  Floor,     ///< a ditch, a sump, a plinth
+  LeftFoot,  ///< a bench: from the floor to the left wall
+  RightFoot,
+  LeftWall,  ///< a niche
+  RightWall
+};
+
+/// A part of an outline that leaves its base and comes back to it, clockwise.
+struct Detour {
+  DetourSite site = DetourSite::Floor;
+  TurningChords pieces;
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

@@ -1,0 +1,95 @@
+#include "profiles/morphing/reading/FloorFirmness.h"
+
+#include "foundation/MathConstants.h"
+#include "profiles/morphing/reading/ChainParts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+/// A floor is one the less the more it falls or rises (slope between its feet) ...
+constexpr Fading kFallingFloor{0.35, 0.45};
+/// ... the more its outermost parts rise towards the walls (slope against the straight between the
+/// feet): they could be walls as well ...
+constexpr Fading kRisingFloor{0.1, 0.18};
+/// ... the more they are curved (kCurvedFloor), the farther its corners are from the straight
+/// between its feet (part of its width) ...
+constexpr Fading kBulgingFloor{0.08, 0.12};
+/// ... the wider the outline is in relation to it ...
+constexpr Fading kNarrowFloor{2.0, 2.6};
+/// ... the deeper walls reach below it (part of its width) ...
+constexpr Fading kHighFloor{0.03, 0.08};
+/// ... the less the walls rise from its chord (rad less than a quarter turn) ...
+constexpr Fading kOpenFoot{kHalfPi - 0.9, kHalfPi - 0.6};
+/// ... or from its tangent, so that a curved invert that goes over into the wall is none ...
+constexpr Fading kTangentFoot{kHalfPi - 0.75, kHalfPi - 0.55};
+/// ... the more another floor there is (part of its width) ...
+constexpr Fading kOtherFloor{0.6, 0.9};
+/// ... the more walls and crown turn back (rad), as those of a cave do ...
+constexpr Fading kRaggedWalls{1.7, 2.7};
+/// ... and the more of the outline departs from its base (part of the base's length).
+constexpr Fading kManyDetours{0.6, 1.0};
+
+/// How far (part of the floor's width) a wall is looked at to see how it rises.
+constexpr double kFootReach = 0.15;
+
+/// How much the left foot of a floor is a corner with a wall.
+double firmnessOfFoot(const TurningChords& upper, const TurningChord& lastFloor, double reach) {
+  const double rise = bearingOf(pointAlong(upper, reach) - upper.front().start);
+  const auto opening = [rise](double heading) { return kHalfPi - turningBetween(heading, rise); };
+  return kOpenFoot(opening(bearingOf(lastFloor.chord()))) *
+         kTangentFoot(opening(lastFloor.headingAtEnd()));
+}
+
+/// How much walls and crown are those of a tunnel.
+double firmnessOfWalls(const OutlineReading& reading, const FloorLine& line, double width) {
+  double least = line.through.x - width;
+  double most = line.through.x;
+  double deepest = 0.0;
+  double other = 0.0;
+  for (const TurningChord& piece : reading.upper) {
+    least = std::min(least, piece.end.x);
+    most = std::max(most, piece.end.x);
+    deepest = std::max(deepest, -line.heightOf(piece.end));
+    if (isLedge(piece)) other = std::max(other, -piece.chord().x);
+  }
+  double outside = 0.0;
+  for (const Detour& detour : reading.detours)
+    outside += lengthOf(detour.pieces);
+  const double inside = lengthOf(reading.upper) + lengthOf(reading.floor);
+  return kNarrowFloor((most - least) / width) * kHighFloor(deepest / width) *
+         kOtherFloor(other / width) * kRaggedWalls(turningBackOf(reading.upper)) *
+         kManyDetours(outside / inside);
+}
+
+}  // namespace
+
+/// A product: whatever speaks against the floor in full makes it none, and doubts add up.
+double firmnessOf(const OutlineReading& reading, const LeftHalf& left, const LeftHalf& right) {
+  const TurningChords& floor = reading.floor;
+  const Point2D foot = floor.front().start;
+  const Point2D run = foot - floor.back().end;
+  const double width = run.x;
+  if (!(width > 0.0)) return 0.0;
+  const FloorLine line{foot, run.y / width};
+  double firmness = kFallingFloor(std::abs(line.slope));
+  for (const TurningChord& piece : floor)
+    firmness *= kCurvedFloor(std::abs(piece.turning));
+  for (std::size_t i = 0; i + 1 < floor.size(); ++i) {
+    firmness *= kBulgingFloor(std::abs(line.heightOf(floor[i].end)) / width);
+  }
+  if (left.isLastJoined) firmness *= kRisingFloor(line.slope - slopeOf(floor.back()));
+  if (right.isLastJoined) firmness *= kRisingFloor(slopeOf(floor.front()) - line.slope);
+  const double reach = kFootReach * width;
+  return firmness * firmnessOfWalls(reading, line, width) *
+         firmnessOfFoot(reading.upper, floor.back(), reach) *
+         firmnessOfFoot(mirrored(reading.upper), mirrored(floor).back(), reach);
+}
+
+}  // namespace Calculations
+}  // namespace Ruv

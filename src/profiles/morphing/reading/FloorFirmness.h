@@ -1,0 +1,21 @@
+/// @file
+/// How much a floor is one.
+
+#ifndef CALCULATIONS_PROFILES_MORPHING_READING_FLOOR_FIRMNESS_H
+#define CALCULATIONS_PROFILES_MORPHING_READING_FLOOR_FIRMNESS_H
+
+#include "profiles/morphing/reading/FloorReading.h"
+#include "profiles/morphing/reading/OutlineReading.h"
+
+namespace Ruv {
+namespace Calculations {
+
+/// How much the floor of an outline is one, from 0 to 1. It never jumps: outlines that are nearly
+/// alike are read nearly alike.
+/// @param left,right halves of the floor as read
+double firmnessOf(const OutlineReading& reading, const LeftHalf& left, const LeftHalf& right);
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif
