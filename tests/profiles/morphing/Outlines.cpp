@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace TestSupport {
 
@@ -87,6 +88,23 @@ ProfilePtr horseshoeWithNiche(double halfWidth, double wall, double depth) {
   return profileThrough(nodes);
 }
 
+ProfilePtr horseshoeWithFloor(double halfWidth, double wall, double left, double middle,
+                              double right, double ditchDepth) {
+  const double w = halfWidth;
+  const auto height = [&](double x) { return middle + (right - middle) * x / w; };
+  std::vector<ProfileNode> nodes = {
+      {-w, left, 0}, {-w, wall, 0}, {0, wall + w, w}, {w, wall, w}, {w, right, 0}};
+  if (ditchDepth > 0.0) {
+    for (const auto& [x, depth] :
+         {std::pair(3.8, 0.0), {3.8, ditchDepth}, {3.0, ditchDepth}, {3.0, 0.0}}) {
+      nodes.push_back({x, height(x) - depth, 0});
+    }
+  }
+  if (middle != (left + right) / 2) nodes.push_back({0, middle, 0});
+  nodes.push_back(nodes.front());
+  return profileThrough(nodes);
+}
+
 ProfilePtr rectangle(double halfWidth, double height) {
   const double w = halfWidth;
   return profileThrough({{-w, 0, 0}, {-w, height, 0}, {w, height, 0}, {w, 0, 0}, {-w, 0, 0}});
@@ -133,6 +151,15 @@ ProfilePtr begunAt(const IProfileSegmentProvider& profile, std::size_t node) {
   std::vector<ProfileSegment> segments = segmentsOf(profile);
   std::rotate(segments.begin(), segments.begin() + static_cast<std::ptrdiff_t>(node),
               segments.end());
+  return profileOf(segments);
+}
+
+ProfilePtr withNodeMoved(const IProfileSegmentProvider& profile, std::size_t node,
+                         const Point2D& shift) {
+  std::vector<ProfileSegment> segments = segmentsOf(profile);
+  ProfileSegment& before = segments[(node + segments.size() - 1) % segments.size()];
+  segments[node].start = segments[node].start + shift;
+  before.end = segments[node].start;
   return profileOf(segments);
 }
 

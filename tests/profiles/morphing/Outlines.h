@@ -30,6 +30,10 @@ ProfilePtr horseshoeWithBenches(double halfWidth, double wall, double benchWidth
                                 double benchHeight);
 /// The same with a niche in the left wall, 1 m above the floor and 1.5 m high.
 ProfilePtr horseshoeWithNiche(double halfWidth, double wall, double depth);
+/// The same over a floor with these heights at the left foot, in the middle and at the right foot.
+/// @param ditchDepth of a ditch from x = 3 to 3.8
+ProfilePtr horseshoeWithFloor(double halfWidth, double wall, double left, double middle,
+                              double right, double ditchDepth = 0.0);
 ProfilePtr rectangle(double halfWidth, double height);
 
 /// Nodes in all directions around the origin, 5 m away and up to a part of that nearer or farther,
@@ -41,6 +45,8 @@ ProfilePtr moved(const Ruv::Calculations::IProfileSegmentProvider& profile, doub
                  double dy);
 /// Begun at another node.
 ProfilePtr begunAt(const Ruv::Calculations::IProfileSegmentProvider& profile, std::size_t node);
+ProfilePtr withNodeMoved(const Ruv::Calculations::IProfileSegmentProvider& profile,
+                         std::size_t node, const Point2D& shift);
 ProfilePtr backwards(const Ruv::Calculations::IProfileSegmentProvider& profile);
 
 /// A closed profile as a fine polygon.

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <stdexcept>
 #include <string>
@@ -229,8 +230,89 @@ TEST(ThProfileMorpher, ChangesPartsInProportion) {
     const ConstProfilePtr niche = horseshoeWithNiche(5, 3, 2);
     expectBetween(horseshoe(5, 3), niche, t, horseshoeWithNiche(5, 3, 2 * t));
     expectBetween(horseshoeWithNiche(5, 3, 1), niche, t, horseshoeWithNiche(5, 3, 1 + t));
-    for (const double roll : {-0.105, -0.012, 0.07, 0.122}) {
+    for (const double roll : {-0.174, -0.105, -0.012, 0.0008, 0.07, 0.122, 0.18}) {
       expectBetween(upright, moved(*upright, roll, 0, 0), t, moved(*upright, t * roll, 0, 0));
+    }
+  }
+}
+
+/// What becomes of a floor leaves the walls alone: they stay plumb, and a change of crossfall is no
+/// roll. A ditch becomes deeper in its place.
+TEST(ThProfileMorpher, ChangesFloorsInTheirPlace) {
+  const double middle = 0.5;
+  for (const double wall : {2.0, 4.0}) {
+    for (const auto& [left, right] :
+         {std::pair(-0.06, 0.06), {0.01, -0.01}, {0.025, 0.025}, {-0.08, 0.0}}) {
+      for (const auto& [otherLeft, otherRight] :
+           {std::pair(0.0, 0.0), {0.06, -0.06}, {0.025, -0.025}}) {
+        SCOPED_TRACE(testing::Message()
+                     << wall << ": " << left << ' ' << right << " to " << otherLeft);
+        for (const double depth : {0.0, 0.6}) {
+          for (const double t : {0.05, 0.5, 0.95}) {
+            // Slopes away from the middle, in which all of these floors are equally high.
+            const auto floor = [&](double a, double b, double d) {
+              return horseshoeWithFloor(5, wall, middle - 5 * a, middle, middle - 5 * b, d);
+            };
+            const ConstProfilePtr profile =
+                morphed(floor(left, right, 0), floor(otherLeft, otherRight, depth), t);
+            const auto mean = [t](double a, double b) { return (1 - t) * a + t * b; };
+            const ConstProfilePtr expected =
+                floor(mean(left, otherLeft), mean(right, otherRight), depth * t);
+            EXPECT_LT(distanceBetween(profile, expected), 1e-9) << t << ' ' << depth;
+          }
+        }
+      }
+    }
+  }
+}
+
+/// One of the two profiles of a pair, with something in it that changes.
+using Variant = std::function<ConstProfilePtr(double)>;
+
+/// A change of d in an input moves the outline by 5 d and a millimetre at most.
+void expectContinuous(const ConstProfilePtr& start, const Variant& end, double from, double to,
+                      int numSteps) {
+  constexpr double kWithin = 0.6;
+  ConstProfilePtr last = end(from);
+  ConstProfilePtr lastMorphed = morphed(start, last, kWithin);
+  for (int i = 1; i <= numSteps; ++i) {
+    const double value = from + (to - from) * i / numSteps;
+    const ConstProfilePtr next = end(value);
+    const ConstProfilePtr nextMorphed = morphed(start, next, kWithin);
+    const double change = distanceBetween(last, next);
+    ASSERT_LT(distanceBetween(lastMorphed, nextMorphed), 5 * change + 1e-3) << value;
+    last = next;
+    lastMorphed = nextMorphed;
+  }
+}
+
+TEST(ThProfileMorpher, IsContinuousInItsInputs) {
+  const auto floor = [](double left, double right) {
+    return horseshoeWithFloor(5, 2.5, 0.5 + 5 * left, 0.5, 0.5 + 5 * right);
+  };
+  const Variant crossfall = [&](double slope) { return floor(-slope, slope); };
+  for (const auto& start : {floor(0, 0), floor(0.025, -0.025), floor(-0.025, -0.025)}) {
+    expectContinuous(start, crossfall, -0.08, 0.08, 400);
+    expectContinuous(
+        start, [&](double roll) { return moved(*start, roll, 0, 0); }, -0.25, 0.25, 400);
+  }
+  expectContinuous(
+      floor(0, 0), [&](double slope) { return floor(slope, -0.025); }, -0.08, 0.08, 400);
+  const ConstProfilePtr plain = horseshoe(5, 3);
+  const Variant ditch = [](double d) { return horseshoeWithFloor(5, 3, 0.1, 0, -0.1, d); };
+  expectContinuous(plain, ditch, 0.0, 1.5, 300);
+  const Variant niche = [](double d) { return horseshoeWithNiche(5, 3, d); };
+  expectContinuous(plain, niche, 1e-6, 2.0, 300);
+  const Variant benches = [](double h) { return horseshoeWithBenches(5, 3, 1.2, h); };
+  expectContinuous(plain, benches, 1e-6, 2.0, 300);
+  const ConstProfilePtr full = ditch(0.6);
+  const std::vector<ProfileSegment> segments = segmentsOf(*full);
+  for (std::size_t node = 0; node < segments.size(); ++node) {
+    for (const Point2D& direction : {Point2D(1, 0), Point2D(0, 1)}) {
+      SCOPED_TRACE(testing::Message() << "node " << node << (direction.x > 0 ? " x" : " y"));
+      expectContinuous(
+          plain, [&](double shift) { return withNodeMoved(*full, node, direction * shift); }, -0.2,
+          0.2, 80);
     }
   }
 }
