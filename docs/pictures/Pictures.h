@@ -13,6 +13,7 @@ Drawing::Sheet planPicture();         ///< azimuth, offset, radius
 Drawing::Sheet axisProfilePicture();  ///< grade, roundings, tunnel meter
 Drawing::Sheet sectionPicture();      ///< offset and height, transverse slope, the two planes
 Drawing::Sheet shaftPicture();        ///< axes of both kinds of shaft
+Drawing::Sheet morphPicture();        ///< profiles between two profiles
 Drawing::Sheet outlinePicture();      ///< sense, radius, distance, derolment
 Drawing::Sheet stationPicture();      ///< polar measurement, guidance angles
 

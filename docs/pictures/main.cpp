@@ -14,11 +14,12 @@ struct Picture {
   Drawing::Sheet (*sheet)();
 };
 
-constexpr std::array<Picture, 6> kPictures{{
+constexpr std::array<Picture, 7> kPictures{{
     {"plan", ConventionPictures::planPicture},
     {"profile", ConventionPictures::axisProfilePicture},
     {"section", ConventionPictures::sectionPicture},
     {"shaft", ConventionPictures::shaftPicture},
+    {"morph", ConventionPictures::morphPicture},
     {"outline", ConventionPictures::outlinePicture},
     {"station", ConventionPictures::stationPicture},
 }};
