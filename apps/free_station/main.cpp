@@ -9,10 +9,10 @@
 
 #include "common/console/CommandLine.h"
 #include "common/console/Files.h"
+#include "common/console/ResultFolder.h"
 #include "common/exchange/AxisBuilder.h"
 #include "common/exchange/LandXmlReader.h"
 
-#include <filesystem>
 #include <iostream>
 
 namespace {
@@ -59,23 +59,25 @@ Survey surveyWith(const Options& options) {
   return survey;
 }
 
-void run(const Options& options) {
+Console::ExitCode run(const Options& options) {
   std::clog.rdbuf(nullptr);  // the resection reports its steps there
   const Survey survey = surveyWith(options);
   printReport(survey);
-  if (options.output.empty()) return;
-  Console::makeDirectory(options.output);
-  const auto path = std::filesystem::path(options.output) / "free_station";
-  Console::writeSheet(stationSheet(survey), path.string());
-  std::cout << "\nDrawing: " << path.string() << ".svg and .png\n";
+  if (options.output.empty()) return Console::ExitCode::Fine;
+  Console::ResultFolder folder(options.output);
+  folder.writeSheet(stationSheet(survey), "free_station");
+  folder.publish();
+  std::cout << "\nDrawing: " << folder.placeOf("free_station") << ".svg and .png\n";
+  return Console::ExitCode::Fine;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   return Console::runCommand(
-      "free_station",
-      "Identifies measured fix points, computes a free station from them, and guides a boom "
-      "point along a tunnel axis.",
+      {"free_station",
+       "Identifies measured fix points, computes a free station from them, and guides a boom "
+       "point along a tunnel axis.",
+       "  free_station targets.csv measurements.csv --axis metro.xml --origin 9214,1.2,2.9\n"},
       run, argc, argv);
 }

@@ -94,7 +94,8 @@ std::vector<double> tabulatedStations(const Options& options, const AxisDefiniti
   const double lowest = axis.minimumStng2d();
   const double highest = axis.maximumStng2d();
   if (!((highest - lowest) / options.step <= kMostLines)) {
-    throw Console::Failure("--step " + fixed(options.step, 2) + " gives more than 100 000 lines");
+    throw Console::WrongUsage("--step " + fixed(options.step, 2) +
+                              " gives more than 100 000 lines");
   }
   return regularStations(lowest, highest, options.step);
 }

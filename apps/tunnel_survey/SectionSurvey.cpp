@@ -29,10 +29,10 @@ ComparisonRule ruleOf(const Options& options) {
   ComparisonRule rule{options.followDesign, options.excludeAbove, options.excludeBelow, {}};
   if (options.geologyBeyond) rule.geology = {*options.geologyBeyond, options.geologyFrom};
   if (rule.geology && !(options.geologyFrom.value_or(0.0) < rule.geology->beyond)) {
-    throw Console::Failure("--geology-from must be less than --geology-beyond");
+    throw Console::WrongUsage("--geology-from must be less than --geology-beyond");
   }
   if (rule.excludeAbove && rule.excludeBelow && !(*rule.excludeBelow < *rule.excludeAbove)) {
-    throw Console::Failure("--exclude-below must be less than --exclude-above");
+    throw Console::WrongUsage("--exclude-below must be less than --exclude-above");
   }
   return rule;
 }

@@ -2,6 +2,7 @@
 
 #include "common/console/Files.h"
 #include "common/console/Progress.h"
+#include "common/console/ResultFolder.h"
 #include "tunnel_survey/CrossSectionDrawing.h"
 #include "tunnel_survey/DevelopedMap.h"
 #include "tunnel_survey/HtmlReport.h"
@@ -23,18 +24,18 @@ namespace TunnelSurvey {
 
 namespace {
 
+using Console::ResultFolder;
 using Drawing::Sheet;
-namespace fs = std::filesystem;
 
-void writeNamedText(const fs::path& path, const std::string& text) {
-  Console::writeText(path, text);
-  std::cout << path.string() << '\n';
+void writeNamedText(ResultFolder& folder, const std::string& name, const std::string& text) {
+  folder.write(name, text);
+  std::cout << folder.placeOf(name) << '\n';
 }
 
 /// @return the text of the SVG
-std::string writeNamedSheet(const Sheet& sheet, const fs::path& path) {
-  std::string svg = Console::writeSheet(sheet, path.string());
-  std::cout << path.string() << ".svg\n" << path.string() << ".png\n";
+std::string writeNamedSheet(ResultFolder& folder, const std::string& name, const Sheet& sheet) {
+  std::string svg = folder.writeSheet(sheet, name);
+  std::cout << folder.placeOf(name) << ".svg\n" << folder.placeOf(name) << ".png\n";
   return svg;
 }
 
@@ -55,30 +56,26 @@ std::string fileNameOf(const SectionSurvey& survey, std::size_t index) {
 }
 
 /// Every section as files and into the report.
-void writeSections(const SectionSurvey& survey, const fs::path& directory, HtmlReport& report) {
+void writeSections(const SectionSurvey& survey, ResultFolder& folder, HtmlReport& report) {
   constexpr std::size_t kManySections = 8;
   const CrossSectionLayout layout = crossSectionLayout(survey);
   Console::Progress progress("Drawing the sections", survey.results.size(), kManySections);
   for (std::size_t i = 0; i < survey.results.size(); ++i) {
     const SectionResult& result = survey.results[i];
     const Sheet sheet = crossSectionSheet(survey, result, layout);
-    report.writeSection(result,
-                        Console::writeSheet(sheet, (directory / fileNameOf(survey, i)).string()));
+    report.writeSection(result, folder.writeSheet(sheet, "sections/" + fileNameOf(survey, i)));
     progress.advance();
   }
 }
 
 void writeSectionResults(const SectionSurvey& survey, std::vector<Chapter> chapters,
-                         const fs::path& directory) {
-  writeNamedText(directory / "sections.csv", sectionsAsCsv(survey));
+                         ResultFolder& folder) {
+  writeNamedText(folder, "sections.csv", sectionsAsCsv(survey));
   chapters.push_back({"Map",
                       {{"Distances of the measured from the design profile over stationing and "
                         "derolment, interpolated between points and sections.",
-                        writeNamedSheet(developedMapSheet(survey), directory / "developed_map")}}});
-  const fs::path pictures = directory / "sections";
-  Console::makeDirectory(pictures);
-  const fs::path path = directory / "report.html";
-  std::ofstream file(path, std::ios::binary);
+                        writeNamedSheet(folder, "developed_map", developedMapSheet(survey))}}});
+  std::ofstream file(folder.draft("report.html"), std::ios::binary);
   HtmlReport report(file, survey);
   report.writeHead(chapters);
   for (const Chapter& chapter : chapters) {
@@ -86,50 +83,51 @@ void writeSectionResults(const SectionSurvey& survey, std::vector<Chapter> chapt
   }
   report.writeTables();
   report.beginSections();
-  writeSections(survey, pictures, report);
+  writeSections(survey, folder, report);
   report.writeEnd();
   file.close();
-  if (!file) throw Console::Failure(path.string() + ": cannot be written");
-  std::cout << pictures.string() << ": " << survey.results.size() << " drawings as SVG and PNG\n"
-            << path.string() << '\n';
+  const std::string path = folder.placeOf("report.html");
+  if (!file) throw Console::Failure(path + ": cannot be written");
+  std::cout << folder.placeOf("sections") << ": " << survey.results.size()
+            << " drawings as SVG and PNG\n"
+            << path << '\n';
 }
 
-Chapter writeAxis(const Options& options, const SurveyResults& results, const fs::path& directory) {
+Chapter writeAxis(const Options& options, const SurveyResults& results, ResultFolder& folder) {
   SurveyPicture picture = *results.axis;
   if (!options.points.empty()) {
-    writeNamedText(directory / "points_on_axis.csv",
-                   Exchange::convertedPointsAsCsv(picture.points));
+    writeNamedText(folder, "points_on_axis.csv", Exchange::convertedPointsAsCsv(picture.points));
   }
   if (results.sections && results.sections->hasStations()) {
     picture.sections = {*results.sections->results.front().section.station,
                         *results.sections->results.back().section.station};
   }
-  std::string plan = writeNamedSheet(planSheet(picture), directory / "plan");
+  std::string plan = writeNamedSheet(folder, "plan", planSheet(picture));
   std::string section =
-      writeNamedSheet(sectionSheet(picture, options.exaggeration), directory / "section");
+      writeNamedSheet(folder, "section", sectionSheet(picture, options.exaggeration));
   return {"Axis",
           {{"Plan of axis " + picture.name, std::move(plan)},
            {"Longitudinal section of axis " + picture.name, std::move(section)}}};
 }
 
-Chapter writeTransition(const Transition& transition, const fs::path& directory) {
-  writeNamedText(directory / "transition.csv", transitionAsCsv(transition));
+Chapter writeTransition(const Transition& transition, ResultFolder& folder) {
+  writeNamedText(folder, "transition.csv", transitionAsCsv(transition));
   const std::string caption = "The design profile on its way from " + transition.startSource +
                               " to " + transition.endSource + ".";
   return {"Transition",
-          {{caption, writeNamedSheet(transitionSheet(transition), directory / "transition")}}};
+          {{caption, writeNamedSheet(folder, "transition", transitionSheet(transition))}}};
 }
 
 }  // namespace
 
 void writeResults(const Options& options, const SurveyResults& results) {
-  const fs::path directory(options.output);
-  Console::makeDirectory(directory);
+  ResultFolder folder(options.output);
   Console::printHeading("Written");
   std::vector<Chapter> chapters;
-  if (results.axis) chapters.push_back(writeAxis(options, results, directory));
-  if (results.transition) chapters.push_back(writeTransition(*results.transition, directory));
-  if (results.sections) writeSectionResults(*results.sections, std::move(chapters), directory);
+  if (results.axis) chapters.push_back(writeAxis(options, results, folder));
+  if (results.transition) chapters.push_back(writeTransition(*results.transition, folder));
+  if (results.sections) writeSectionResults(*results.sections, std::move(chapters), folder);
+  folder.publish();
 }
 
 }  // namespace TunnelSurvey

@@ -28,8 +28,8 @@ Exchange::StationRange rangeOf(const Options& options) {
   const Exchange::StationRange range{options.transitionStations.front(),
                                      options.transitionStations.back()};
   if (!(range.length() >= kShortest && range.length() <= kLongest)) {
-    throw Console::Failure("--transition-stations: from the first to the second must be " +
-                           fixed(kShortest, 1) + " to " + fixed(kLongest, 0) + " m");
+    throw Console::WrongUsage("--transition-stations: from the first to the second must be " +
+                              fixed(kShortest, 1) + " to " + fixed(kLongest, 0) + " m");
   }
   return range;
 }

@@ -21,16 +21,16 @@ bool hasMeasurements(const Options& options) {
 
 void refuseIncomplete(const Options& options) {
   if (options.landXml.empty() && options.design.empty()) {
-    throw Console::Failure(
+    throw Console::WrongUsage(
         "give a LandXML file, or --design with --sections or --transition-to; see --help");
   }
   const bool isDesignUsed = hasMeasurements(options) || !options.transitionTo.empty();
   if (!options.design.empty() && !isDesignUsed) {
-    throw Console::Failure("--design needs --sections, --scan or --transition-to");
+    throw Console::WrongUsage("--design needs --sections, --scan or --transition-to");
   }
 }
 
-void run(const Options& options) {
+Console::ExitCode run(const Options& options) {
   refuseIncomplete(options);
   SurveyResults results;
   if (!options.landXml.empty()) results.axis = surveyAxis(options);
@@ -39,14 +39,19 @@ void run(const Options& options) {
     results.sections = surveySections(options, results.axis ? results.axis->axis : nullptr);
   }
   if (!options.output.empty()) writeResults(options, results);
+  return Console::ExitCode::Fine;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   return Console::runCommand(
-      "tunnel_survey",
-      "Tabulates and draws a tunnel axis, converts surveyed points to it, compares measured "
-      "cross-sections with the design profile, and draws how that changes into another.",
+      {"tunnel_survey",
+       "Tabulates and draws a tunnel axis, converts surveyed points to it, compares measured "
+       "cross-sections with the design profile, and draws how that changes into another.",
+       "  tunnel_survey metro.xml --points points.csv --output results\n"
+       "  tunnel_survey --design profile.csv --sections rings.csv --output results\n"
+       "  tunnel_survey road.xml --design profile.csv --scan scan.xyz --spacing 2 --output "
+       "results\n"},
       run, argc, argv);
 }

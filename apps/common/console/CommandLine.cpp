@@ -1,10 +1,19 @@
 #include "common/console/CommandLine.h"
 
+#include "common/console/Files.h"
 #include "common/exchange/NumberParsing.h"
 
 #include <CLI/CLI.hpp>
 
+#include <csignal>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <new>
 #include <sstream>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace Console {
 
@@ -27,6 +36,17 @@ CLI::Validator rangeCheck(double lowest, double highest) {
     return fits ? std::string() : text + " is not a number from " + range;
   };
   return CLI::Validator(complaint, range);
+}
+
+/// A file that is opened while a standard stream is closed would take its place, and get its text.
+/// A closed pipe is an output that cannot be written, not a reason to end without a word.
+void keepStandardStreams() {
+  std::signal(SIGPIPE, SIG_IGN);
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    const bool isClosed = fcntl(stream, F_GETFD) < 0;
+    // Opened for reading, so that writing to it fails.
+    if (isClosed && open("/dev/null", O_RDONLY) != stream) std::abort();
+  }
 }
 
 }  // namespace
@@ -92,16 +112,41 @@ OptionGroup OptionGroup::group(const std::string& heading) {
   return OptionGroup(m_app->add_option_group(heading));
 }
 
-CommandLine::CommandLine(const std::string& purpose) : m_app(std::make_unique<CLI::App>(purpose)) {}
+CommandLine::CommandLine(const Program& program)
+    : m_app(std::make_unique<CLI::App>(program.purpose, program.name)) {
+  m_app->set_version_flag("--version", program.name + " " CALCULATIONS_VERSION);
+  m_app->footer("Examples:\n" + program.examples +
+                "\nExit codes: 0 fine, 1 failed, 2 wrong usage, 3 results that are doubtful.");
+}
 
 CommandLine::~CommandLine() = default;
 
-std::optional<int> CommandLine::read(int argc, char** argv) {
+std::optional<ExitCode> CommandLine::read(int argc, char** argv) {
   try {
     m_app->parse(argc, argv);
     return std::nullopt;
   } catch (const CLI::ParseError& error) {
-    return m_app->exit(error) == 0 ? 0 : 1;
+    return m_app->exit(error) == 0 ? ExitCode::Fine : ExitCode::WrongUsage;
+  }
+}
+
+int exitCodeOf(const std::string& name, const std::function<ExitCode()>& work) {
+  keepStandardStreams();
+  const auto failed = [&name](const std::string& reason, ExitCode code) {
+    std::cerr << name << ": " << reason << '\n';
+    return static_cast<int>(code);
+  };
+  try {
+    const ExitCode code = work();
+    std::cout.flush();
+    return std::cout ? static_cast<int>(code)
+                     : failed("standard output: cannot be written", ExitCode::Failed);
+  } catch (const WrongUsage& error) {
+    return failed(error.what(), ExitCode::WrongUsage);
+  } catch (const std::bad_alloc&) {
+    return failed("there is not enough memory", ExitCode::Failed);
+  } catch (const std::exception& error) {
+    return failed(error.what(), ExitCode::Failed);
   }
 }
 

@@ -7,9 +7,7 @@
 #ifndef CALCULATIONS_APPS_COMMON_CONSOLE_COMMAND_LINE_H
 #define CALCULATIONS_APPS_COMMON_CONSOLE_COMMAND_LINE_H
 
-#include <exception>
 #include <functional>
-#include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
@@ -63,40 +61,53 @@ class OptionGroup {
   CLI::App* m_app;
 };
 
+/// What main() returns. Told at the end of every --help.
+enum class ExitCode {
+  Fine = 0,
+  Failed = 1,
+  WrongUsage = 2,
+  Doubtful = 3,  ///< the results are there, but something says that they may be wrong
+};
+
+struct Program {
+  std::string name;
+  std::string purpose;   ///< in a sentence
+  std::string examples;  ///< lines for the end of the help
+};
+
 class CommandLine {
  public:
-  explicit CommandLine(const std::string& purpose);
+  explicit CommandLine(const Program& program);
   ~CommandLine();
   CommandLine(const CommandLine&) = delete;
   CommandLine& operator=(const CommandLine&) = delete;
 
   OptionGroup options() { return OptionGroup(m_app.get()); }
 
-  /// Writes the values into the targets, or prints the help or what is wrong.
-  /// @return nothing when the command is to run, else what main() returns
-  std::optional<int> read(int argc, char** argv);
+  /// Writes the values into the targets, or prints the help, the version or what is wrong.
+  /// @return nothing when the command is to run, else the exit code
+  std::optional<ExitCode> read(int argc, char** argv);
 
  private:
   std::unique_ptr<CLI::App> m_app;
 };
 
+/// Runs the work and says why it failed. What cannot be printed counts as failure too.
+/// @return what main() returns
+int exitCodeOf(const std::string& name, const std::function<ExitCode()>& work);
+
 /// Options are those of addOptions(OptionGroup, Options&), found beside the type. Failures are
 /// exceptions.
 /// @return what main() returns
 template <class Options>
-int runCommand(const std::string& name, const std::string& purpose, void (*run)(const Options&),
-               int argc, char** argv) {
-  try {
-    CommandLine line(purpose);
+int runCommand(const Program& program, ExitCode (*run)(const Options&), int argc, char** argv) {
+  return exitCodeOf(program.name, [&] {
+    CommandLine line(program);
     Options options;
     addOptions(line.options(), options);
     if (const auto end = line.read(argc, argv)) return *end;
-    run(options);
-    return 0;
-  } catch (const std::exception& error) {
-    std::cerr << name << ": " << error.what() << '\n';
-    return 1;
-  }
+    return run(options);
+  });
 }
 
 }  // namespace Console

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
-#include <system_error>
 
 namespace Console {
 
@@ -43,29 +43,6 @@ void printRemarks(const std::string& path, std::vector<Exchange::Remark> remarks
 
 void printHeading(const std::string& heading) {
   std::cout << '\n' << heading << '\n' << std::string(heading.size(), '=') << "\n\n";
-}
-
-void makeDirectory(const fs::path& path) {
-  std::error_code problem;
-  fs::create_directories(path, problem);
-  if (problem) throw Failure(path.string() + ": " + problem.message());
-}
-
-void writeText(const fs::path& path, const std::string& text) {
-  std::ofstream file(path, std::ios::binary);
-  file << text;
-  file.close();
-  if (!file) throw Failure(path.string() + ": cannot be written");
-}
-
-std::string writeSheet(const Drawing::Sheet& sheet, const std::string& path) {
-  constexpr double kPixelsPerMillimetre = 2480.0 / 420.0;  // A3 is 2480 pixels wide
-  std::string svg = svgOf(sheet);
-  if (svg.empty()) throw Failure(path + ".svg: cannot be drawn");
-  writeText(path + ".svg", svg);
-  const std::string problem = savePng(sheet, path + ".png", kPixelsPerMillimetre);
-  if (!problem.empty()) throw Failure(problem);
-  return svg;
 }
 
 }  // namespace Console

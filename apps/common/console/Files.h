@@ -1,14 +1,11 @@
 /// @file
-/// Files read and written by the program, and what is told about them.
+/// Files read by the program, and what is told about them. Those written: see ResultFolder.h.
 
 #ifndef CALCULATIONS_APPS_COMMON_CONSOLE_FILES_H
 #define CALCULATIONS_APPS_COMMON_CONSOLE_FILES_H
 
 #include "common/exchange/AlignmentModel.h"
 
-#include "common/drawing/Canvas.h"
-
-#include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -18,6 +15,11 @@ namespace Console {
 /// What ends the program: told to the user, exit code 1.
 struct Failure : std::runtime_error {
   using std::runtime_error::runtime_error;
+};
+
+/// The same for options that do not go together: exit code 2.
+struct WrongUsage : Failure {
+  using Failure::Failure;
 };
 
 /// "file:line: message"
@@ -39,16 +41,6 @@ std::string fileName(const std::string& path);
 void printRemarks(const std::string& path, std::vector<Exchange::Remark> remarks);
 
 void printHeading(const std::string& heading);
-
-/// @name Writing
-/// Each throws a Failure when it cannot write.
-/// @{
-void makeDirectory(const std::filesystem::path& path);
-void writeText(const std::filesystem::path& path, const std::string& text);
-/// As path + ".svg" and path + ".png".
-/// @return the text of the SVG
-std::string writeSheet(const Drawing::Sheet& sheet, const std::string& path);
-/// @}
 
 }  // namespace Console
 

@@ -1,0 +1,129 @@
+#include "common/console/ResultFolder.h"
+
+#include "common/console/Files.h"
+#include "common/console/InterruptionGuard.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <fstream>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include <unistd.h>
+
+namespace Console {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+Failure failureOf(const fs::path& path, const std::error_code& problem) {
+  return Failure(path.string() + ": " + problem.message());
+}
+
+/// Readable by nobody else until its files are moved to their places.
+fs::path makeHiddenFolder(const fs::path& parent) {
+  std::string name = (parent / ".unfinished-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr) {
+    throw failureOf(parent, std::error_code(errno, std::generic_category()));
+  }
+  return name;
+}
+
+/// A draft and its place, both to be told apart before anything is moved.
+struct Move {
+  fs::path from;
+  fs::path to;
+};
+
+}  // namespace
+
+ResultFolder::ResultFolder(const std::string& path)
+    : m_folder(path), m_guard(std::make_unique<InterruptionGuard>([this] { removeDrafts(); })) {
+  const InterruptionGuard::Pause pause(*m_guard);
+  std::error_code problem;
+  m_isNew = fs::create_directories(m_folder, problem);
+  if (problem) throw failureOf(m_folder, problem);
+  m_drafts = makeHiddenFolder(m_folder);
+}
+
+ResultFolder::~ResultFolder() {
+  m_guard.reset();
+  removeDrafts();
+}
+
+void ResultFolder::removeDrafts() {
+  // After a signal the program still runs on beside this, and may add files meanwhile.
+  constexpr int kMostAttempts = 100;
+  std::error_code problem;
+  for (int i = 0; i < kMostAttempts && !m_drafts.empty(); ++i) {
+    fs::remove_all(m_drafts, problem);
+    if (!problem) break;
+  }
+  if (m_isNew) fs::remove(m_folder, problem);  // unless it holds something
+}
+
+std::string ResultFolder::placeOf(const std::string& name) const {
+  return (m_folder / name).string();
+}
+
+fs::path ResultFolder::draft(const std::string& name) {
+  fs::path path = m_drafts / name;
+  std::error_code problem;
+  fs::create_directories(path.parent_path(), problem);
+  if (problem) throw failureOf(placeOf(name), problem);
+  return path;
+}
+
+void ResultFolder::write(const std::string& name, const std::string& text) {
+  std::ofstream file(draft(name), std::ios::binary);
+  file << text;
+  file.close();
+  if (!file) throw Failure(placeOf(name) + ": cannot be written");
+}
+
+std::string ResultFolder::writeSheet(const Drawing::Sheet& sheet, const std::string& name) {
+  constexpr double kPixelsPerMillimetre = 2480.0 / 420.0;  // A3 is 2480 pixels wide
+  std::string svg = svgOf(sheet);
+  if (svg.empty()) throw Failure(placeOf(name) + ".svg: cannot be drawn");
+  write(name + ".svg", svg);
+  const std::string problem = savePng(sheet, draft(name + ".png").string(), kPixelsPerMillimetre);
+  if (!problem.empty()) throw Failure(placeOf(name) + ".png: cannot be written");
+  return svg;
+}
+
+fs::path ResultFolder::createdPlace(const fs::path& relative) const {
+  fs::path place = m_folder / relative;
+  std::error_code problem;
+  if (fs::is_symlink(place, problem)) {
+    throw Failure(place.string() + ": is a link; links inside the folder are not followed");
+  }
+  fs::create_directory(place, problem);
+  if (problem) throw failureOf(place, problem);
+  return place;
+}
+
+void ResultFolder::publish() {
+  const InterruptionGuard::Pause pause(*m_guard);  // a signal now takes effect afterwards
+  std::vector<Move> moves;
+  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(m_drafts)) {
+    const fs::path relative = entry.path().lexically_relative(m_drafts);
+    if (entry.is_directory()) {
+      createdPlace(relative);
+    } else if (const fs::path place = m_folder / relative;
+               fs::is_directory(fs::symlink_status(place))) {
+      throw Failure(place.string() + ": is a directory");
+    } else {
+      moves.push_back({entry.path(), place});
+    }
+  }
+  for (const Move& move : moves) {
+    std::error_code problem;
+    fs::rename(move.from, move.to, problem);
+    if (problem) throw failureOf(move.to, problem);
+  }
+  m_isNew = false;
+}
+
+}  // namespace Console
