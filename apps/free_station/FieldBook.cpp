@@ -12,21 +12,19 @@ namespace {
 using Ruv::Calculations::PolarPoint;
 using Ruv::Calculations::Utilities;
 
-Exchange::Outcome<Measurement> measurementOf(const Exchange::CsvRow& row) {
-  const auto id = row.text("id");
-  if (!id.value) return Exchange::Outcome<Measurement>::failure(id.error);
-  const auto numbers = row.numbers({"horizontal_angle", "zenith_angle", "slope_distance"});
-  if (!numbers.value) return Exchange::Outcome<Measurement>::failure(numbers.error);
-  const std::vector<double>& v = *numbers.value;
-  const PolarPoint polar(Utilities::gon2rad(v[0]), Utilities::gon2rad(v[1]), v[2]);
-  return Exchange::Outcome<Measurement>::success({row.line(), *id.value, polar});
+Exchange::Outcome<Measurement> measurementOf(const Exchange::TableRow& row) {
+  const PolarPoint polar(row.numbers[1], row.numbers[2], row.numbers[3]);
+  return Exchange::Outcome<Measurement>::success({row.line, row.texts[0], polar});
+}
+
+Exchange::Outcome<Exchange::PointFile<Measurement>> readMeasurements(
+    std::istream& in, const Exchange::TableFormat& format) {
+  return Exchange::readPoints<Measurement>(in, measurementColumns(), format, measurementOf);
 }
 
 /// Only the first of several points with one id is kept.
 template <class P>
-std::vector<P> usable(const Exchange::Outcome<Exchange::PointFile<P>>& outcome,
-                      const std::string& path) {
-  Exchange::PointFile<P> file = Console::valueOrFail(outcome, path);
+std::vector<P> usable(Exchange::PointFile<P> file, const std::string& path) {
   std::vector<P> points;
   for (const P& point : file.points) {
     const bool isRepeated = std::any_of(points.begin(), points.end(),
@@ -43,15 +41,29 @@ std::vector<P> usable(const Exchange::Outcome<Exchange::PointFile<P>>& outcome,
 
 }  // namespace
 
+const Exchange::TableSchema& measurementColumns() {
+  using Exchange::Quantity;
+  static const Exchange::TableSchema schema = {
+      {{"id", Quantity::Text},
+       {"horizontal_angle", Quantity::Angle},
+       {"zenith_angle", Quantity::Angle},
+       {"slope_distance"}},
+      {"id", "horizontal_angle", "zenith_angle", "slope_distance"}};
+  return schema;
+}
+
 FieldBook readFieldBook(const std::string& fixPointFile, const std::string& measurementFile,
-                        const std::string& boomId) {
+                        const std::string& boomId, const Console::TableOptions& tables) {
+  const Console::NamedTable fixPoints{"fixpoints", &Exchange::surveyedPointColumns()};
+  const Console::NamedTable measurements{"measurements", &measurementColumns()};
+  tables.check({fixPoints, measurements});
   FieldBook book;
-  book.fixPoints =
-      usable(Exchange::readSurveyedPoints(Console::textOf(fixPointFile)), fixPointFile);
-  const auto measurements = Exchange::readPoints<Measurement>(
-      Console::textOf(measurementFile),
-      {"id", "horizontal_angle", "zenith_angle", "slope_distance"}, measurementOf);
-  book.measurements = usable(measurements, measurementFile);
+  book.fixPoints = usable(
+      Console::readTable(fixPointFile, Exchange::readSurveyedPoints, tables.formatFor(fixPoints)),
+      fixPointFile);
+  book.measurements = usable(
+      Console::readTable(measurementFile, readMeasurements, tables.formatFor(measurements)),
+      measurementFile);
   const auto boom = std::find_if(book.measurements.begin(), book.measurements.end(),
                                  [&boomId](const Measurement& m) { return m.id == boomId; });
   if (boom == book.measurements.end()) {

@@ -4,6 +4,7 @@
 #ifndef CALCULATIONS_APPS_FREE_STATION_FIELD_BOOK_H
 #define CALCULATIONS_APPS_FREE_STATION_FIELD_BOOK_H
 
+#include "common/console/TableOptions.h"
 #include "common/exchange/PointFile.h"
 
 #include <Calculations/Calculations.h>
@@ -30,7 +31,11 @@ struct FieldBook {
 /// files that cannot be used, and when no measurement has the id of the boom; tells about rows
 /// that it passes over.
 FieldBook readFieldBook(const std::string& fixPointFile, const std::string& measurementFile,
-                        const std::string& boomId);
+                        const std::string& boomId, const Console::TableOptions& tables);
+
+/// Columns id, horizontal_angle, zenith_angle (gon unless the table says otherwise),
+/// slope_distance.
+const Exchange::TableSchema& measurementColumns();
 
 /// The library takes ids as wide strings. Bytes are widened one by one: ids are only compared.
 std::wstring wideId(const std::string& id);

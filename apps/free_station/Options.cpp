@@ -31,6 +31,7 @@ void addOptions(Console::OptionGroup all, Options& options) {
   all.add("--ahead", options.ahead, "Distance of the point ahead from the boom (m)")
       .between(0.1, 100.0)
       .tellDefault();
+  Console::addTableOptions(all, options.tables, "fixpoints, measurements");
   all.add("--output", options.output, "Directory for the drawing (SVG and PNG)");
 }
 

@@ -7,6 +7,7 @@
 #include "free_station/Identification.h"
 
 #include "common/console/CommandLine.h"
+#include "common/console/TableOptions.h"
 
 #include <string>
 #include <vector>
@@ -21,6 +22,7 @@ struct Options {
   Tolerances tolerances;
   std::vector<double> origin;
   double ahead = 5.0;
+  Console::TableOptions tables;
   std::string output;  ///< empty: no drawing
 };
 

@@ -47,7 +47,7 @@ void findStationOnAxis(Survey& survey) {
 Survey surveyWith(const Options& options) {
   Survey survey;
   readAxis(options, survey);
-  survey.book = readFieldBook(options.fixPoints, options.measurements, options.boom);
+  survey.book = readFieldBook(options.fixPoints, options.measurements, options.boom, options.tables);
   survey.identification = identify(survey.book, options.tolerances);
   survey.placement = setUpStation(survey.identification.sightings);
   survey.residuals = residualsOf(survey.placement, survey.identification.sightings);

@@ -66,9 +66,10 @@ void printPoints(const std::vector<Exchange::ConvertedPoint>& points) {
 
 std::vector<Exchange::ConvertedPoint> convertPointFile(const Options& options,
                                                        const AxisCalculator& calculator) {
-  const auto file = Console::valueOrFail(
-      Exchange::readSurveyedPoints(Console::textOf(options.points)), options.points);
-  auto converted = Exchange::convertPoints(calculator, file.points, options.largestOffset);
+  const auto file = Console::readTable(options.points, Exchange::readSurveyedPoints,
+                                       options.formatOf("points"));
+  const Exchange::PointPlacer placer(calculator, options.largestOffset);
+  auto converted = Exchange::convertPoints(placer, file.points);
   Console::printHeading("Surveyed points");
   printPoints(converted.points);
   std::vector<Exchange::Remark> rejected = file.rejected;
@@ -76,12 +77,19 @@ std::vector<Exchange::ConvertedPoint> convertPointFile(const Options& options,
   std::cout << "\nConverted " << converted.points.size() << " points, rejected " << rejected.size()
             << (rejected.empty() ? ".\n" : ":\n");
   Console::printRemarks(options.points, rejected);
+  if (converted.points.empty()) {
+    const bool areSwapped = converted.swapped > 0 && converted.swapped == converted.rejected.size();
+    throw Console::Failure(options.points + ": no point lies beside the axis" +
+                           (areSwapped ? "; east and north are swapped: name the columns by "
+                                         "--columns id,north,east,height, in their order"
+                                       : ""));
+  }
   return converted.points;
 }
 
 void compareWithCheckFile(const Options& options, const AxisCalculator& calculator) {
-  const auto file = Console::valueOrFail(Exchange::readCheckPoints(Console::textOf(options.check)),
-                                         options.check);
+  const auto file =
+      Console::readTable(options.check, Exchange::readCheckPoints, options.formatOf("check"));
   const CheckReport check = compareWith(file.points, calculator);
   Console::printHeading("Comparison with " + options.check);
   printCheckReport(std::cout, check);

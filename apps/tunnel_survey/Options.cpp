@@ -1,10 +1,34 @@
 #include "tunnel_survey/Options.h"
 
+#include "common/exchange/DesignProfile.h"
+#include "common/exchange/PointCloud.h"
+#include "common/exchange/PointFile.h"
+#include "tunnel_survey/SectionFile.h"
+
+#include <algorithm>
+
 namespace TunnelSurvey {
 
 namespace {
 
 constexpr double kFarthest = 1000.0;  // of a cross-section's coordinates
+
+/// The tables that are given, by their options.
+std::vector<Console::NamedTable> tablesOf(const Options& options) {
+  std::vector<Console::NamedTable> tables;
+  const auto add = [&tables](const char* name, const std::string& path,
+                             const Exchange::TableSchema& schema) {
+    if (!path.empty()) tables.push_back({name, &schema});
+  };
+  add("points", options.points, Exchange::surveyedPointColumns());
+  add("check", options.check, Exchange::checkPointColumns());
+  add("design", options.design, Exchange::designProfileColumns());
+  add("transition-to", options.transitionTo, Exchange::designProfileColumns());
+  add("sections", options.sections, sectionColumns());
+  add("origins", options.origins, sectionColumns());
+  add("scan", options.scan, Exchange::scanColumns());
+  return tables;
+}
 
 Console::Option addAxisOptions(Console::OptionGroup all, Options& options) {
   auto landXml = all.add("landxml", options.landXml, "LandXML file with the alignment");
@@ -120,9 +144,21 @@ void addOptions(Console::OptionGroup all, Options& options) {
   addMeasurementOptions(sections, options, landXml, design);
   addComparisonOptions(sections, options);
   addTransitionOptions(sections, options, design);
+  Console::addTableOptions(all, options.tables,
+                           "points, check, design, sections, origins, scan, transition-to");
   all.add("--output", options.output,
           "Directory for the results: drawings (SVG and PNG), tables (CSV) and, with "
           "cross-sections, the report (HTML)");
 }
+
+Exchange::TableFormat Options::formatOf(const std::string& table) const {
+  const std::vector<Console::NamedTable> given = tablesOf(*this);
+  const auto found =
+      std::find_if(given.begin(), given.end(),
+                   [&table](const Console::NamedTable& named) { return named.name == table; });
+  return found == given.end() ? Exchange::TableFormat() : tables.formatFor(*found);
+}
+
+void checkTableOptions(const Options& options) { options.tables.check(tablesOf(options)); }
 
 }  // namespace TunnelSurvey

@@ -5,6 +5,7 @@
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_OPTIONS_H
 
 #include "common/console/CommandLine.h"
+#include "common/console/TableOptions.h"
 
 #include <optional>
 #include <string>
@@ -39,8 +40,17 @@ struct Options {
   std::string transitionTo;
   std::vector<double> transitionStations;
 
+  Console::TableOptions tables;
+
   std::string output;
+
+  /// How the table of an option is written: "points", "check", "design", "sections", "origins",
+  /// "scan" or "transition-to".
+  Exchange::TableFormat formatOf(const std::string& table) const;
 };
+
+/// Throws WrongUsage for words about tables that the command does not read.
+void checkTableOptions(const Options& options);
 
 void addOptions(Console::OptionGroup all, Options& options);
 

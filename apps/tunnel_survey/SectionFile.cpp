@@ -1,6 +1,6 @@
 #include "tunnel_survey/SectionFile.h"
 
-#include "common/exchange/CsvTable.h"
+#include "common/exchange/Table.h"
 
 #include "common/drawing/NumberText.h"
 
@@ -20,13 +20,7 @@ using Ruv::Calculations::Point2D;
 constexpr double kFarthest = 1e6;         // of the coordinates: areas keep their digits
 constexpr double kFarthestStation = 1e8;  // drawn to a usual scale; more than around the Earth
 
-/// The column that names the section of a row.
-std::string nameColumnOf(const Exchange::CsvTable& table) {
-  for (const char* column : {"ring", "section", "station"}) {
-    if (table.hasColumn(column)) return column;
-  }
-  return {};
-}
+enum Column : std::size_t { Ring, Section, Station, X, Y };
 
 struct SectionRow {
   std::string name;
@@ -34,51 +28,73 @@ struct SectionRow {
   std::optional<double> station;
 };
 
-Exchange::Outcome<SectionRow> sectionRowOf(const Exchange::CsvRow& row,
-                                           const std::string& nameColumn, bool hasStation) {
+Exchange::Outcome<SectionRow> sectionRowOf(const Exchange::TableRow& row, Column nameColumn) {
   using Result = Exchange::Outcome<SectionRow>;
-  const auto name = row.text(nameColumn);
-  if (!name.value) return Result::failure(name.error);
-  const auto numbers = row.numbers({"x", "y"});
-  if (!numbers.value) return Result::failure(numbers.error);
-  const Point2D point((*numbers.value)[0], (*numbers.value)[1]);
+  const std::string& name = row.texts[nameColumn];
+  if (name.empty()) return Result::failure({row.line, "the name of the section is missing"});
+  const Point2D point(row.numbers[X], row.numbers[Y]);
   if (!(point.length() <= kFarthest)) {
-    return Result::failure({row.line(), "the point lies farther than " + fixed(kFarthest, 0) +
-                                            " m from the section's origin"});
+    return Result::failure({row.line, "the point lies farther than " + fixed(kFarthest, 0) +
+                                          " m from the section's origin"});
   }
-  if (!hasStation) return Result::success({*name.value, point, std::nullopt});
-  const auto station = row.number("station");
-  if (!station.value) return Result::failure(station.error);
-  if (!(std::abs(*station.value) <= kFarthestStation)) {
+  const double station = row.numbers[Station];
+  if (std::isnan(station)) return Result::success({name, point, std::nullopt});
+  if (!(std::abs(station) <= kFarthestStation)) {
     return Result::failure(
-        {row.line(), "the station is farther than " + fixed(kFarthestStation, 0) + " m from 0"});
+        {row.line, "the station is farther than " + fixed(kFarthestStation, 0) + " m from 0"});
   }
-  return Result::success({*name.value, point, *station.value});
+  return Result::success({name, point, station});
 }
+
+/// What a file tells besides its rows.
+struct SectionTableForm {
+  Column nameColumn = Section;
+  std::string description;
+};
 
 /// Reads the rows of a file that holds a point for each; `take` gets those that can be read.
 template <class Take>
-Exchange::Remark readRows(const std::string& text, std::string& nameColumn,
-                          std::vector<Exchange::Remark>& rejected, const Take& take) {
-  Exchange::CsvTable table;
-  if (!table.read(text, {"x", "y"})) return table.error();
-  nameColumn = nameColumnOf(table);
-  if (nameColumn.empty()) return {1, "the header line has no column section, ring or station"};
-  rejected = table.unreadable();
-  for (const Exchange::CsvRow& row : table.rows()) {
-    const auto read = sectionRowOf(row, nameColumn, table.hasColumn("station"));
+Exchange::Outcome<SectionTableForm> readRows(std::istream& in, const Exchange::TableFormat& format,
+                                             std::vector<Exchange::Remark>& rejected,
+                                             const Take& take) {
+  using Result = Exchange::Outcome<SectionTableForm>;
+  const auto table = Exchange::Table::read(in, sectionColumns(), format);
+  if (!table.value) return Result::failure(table.error);
+  SectionTableForm form;
+  form.description = table.value->layout.description;
+  const auto has = [&table](Column column) { return table.value->has(column); };
+  if (!has(Ring) && !has(Section) && !has(Station)) {
+    return Result::failure(
+        {0, "there is no column section, ring or station; name the columns by --columns section,x,y"});
+  }
+  form.nameColumn = has(Ring) ? Ring : has(Section) ? Section : Station;
+  rejected = table.value->rejected;
+  for (const Exchange::TableRow& row : table.value->rows) {
+    const auto read = sectionRowOf(row, form.nameColumn);
     if (read.value) {
-      take(*read.value, row.line());
+      take(*read.value, row.line);
     } else {
       rejected.push_back(read.error);
     }
   }
-  return {};
+  return Result::success(std::move(form));
 }
 
 }  // namespace
 
-Exchange::Outcome<SectionFile> readSections(const std::string& text) {
+const Exchange::TableSchema& sectionColumns() {
+  using Exchange::Quantity;
+  static const Exchange::TableSchema schema = {{{"ring", Quantity::Text, false},
+                                                {"section", Quantity::Text, false},
+                                                {"station", Quantity::Station, false},
+                                                {"x"},
+                                                {"y"}},
+                                               {"section", "x", "y"}};
+  return schema;
+}
+
+Exchange::Outcome<SectionFile> readSections(std::istream& in,
+                                            const Exchange::TableFormat& format) {
   SectionFile file;
   std::map<std::string, std::size_t> places;  // in the list, by name
   const auto take = [&](const SectionRow& row, int line) {
@@ -93,14 +109,14 @@ Exchange::Outcome<SectionFile> readSections(const std::string& text) {
                                          fixed(section.station.value_or(0.0), 3)});
     }
   };
-  std::string nameColumn;
-  const Exchange::Remark error = readRows(text, nameColumn, file.rejected, take);
-  if (!error.message.empty()) return Exchange::Outcome<SectionFile>::failure(error);
-  if (nameColumn == "ring") file.noun = "Ring";
+  const auto form = readRows(in, format, file.rejected, take);
+  if (!form.value) return Exchange::Outcome<SectionFile>::failure(form.error);
+  if (form.value->nameColumn == Ring) file.noun = "Ring";
+  file.description = form.value->description;
   return Exchange::Outcome<SectionFile>::success(std::move(file));
 }
 
-Exchange::Outcome<OriginFile> readOrigins(const std::string& text) {
+Exchange::Outcome<OriginFile> readOrigins(std::istream& in, const Exchange::TableFormat& format) {
   OriginFile file;
   std::map<std::string, int> lines;  // of the first row of each section
   const auto take = [&](const SectionRow& row, int line) {
@@ -112,9 +128,9 @@ Exchange::Outcome<OriginFile> readOrigins(const std::string& text) {
                                          std::to_string(first->second)});
     }
   };
-  std::string nameColumn;
-  const Exchange::Remark error = readRows(text, nameColumn, file.rejected, take);
-  if (!error.message.empty()) return Exchange::Outcome<OriginFile>::failure(error);
+  const auto form = readRows(in, format, file.rejected, take);
+  if (!form.value) return Exchange::Outcome<OriginFile>::failure(form.error);
+  file.description = form.value->description;
   return Exchange::Outcome<OriginFile>::success(std::move(file));
 }
 

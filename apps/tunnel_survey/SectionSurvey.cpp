@@ -2,6 +2,7 @@
 
 #include "common/console/Files.h"
 #include "common/console/Progress.h"
+#include "common/exchange/PointCloud.h"
 #include "common/exchange/PointFile.h"
 #include "tunnel_survey/Options.h"
 #include "tunnel_survey/SectionCutter.h"
@@ -12,7 +13,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <system_error>
 #include <utility>
 
 namespace TunnelSurvey {
@@ -55,10 +60,10 @@ void dropThinSections(SectionFile& file) {
 
 SectionFile readSectionFile(const Options& options) {
   SectionFile file =
-      Console::valueOrFail(readSections(Console::textOf(options.sections)), options.sections);
+      Console::readTable(options.sections, readSections, options.formatOf("sections"));
   if (!options.origins.empty()) {
     const OriginFile origins =
-        Console::valueOrFail(readOrigins(Console::textOf(options.origins)), options.origins);
+        Console::readTable(options.origins, readOrigins, options.formatOf("origins"));
     Console::printRemarks(options.origins, origins.rejected);
     placeOnOrigins(file, origins.origins);
   }
@@ -66,38 +71,80 @@ SectionFile readSectionFile(const Options& options) {
   return file;
 }
 
+/// The size of a file; 0 for what is none, as a pipe.
+std::uint64_t sizeOf(const std::string& path) {
+  std::error_code problem;
+  const std::uintmax_t size = std::filesystem::file_size(path, problem);
+  return problem ? 0 : size;
+}
+
+void refuseTooMany(const SectionCutter& cutter, const std::string& path) {
+  constexpr std::size_t kMostStarted = 100000;
+  if (cutter.usableSections() > kMostSections || cutter.startedSections() > kMostStarted) {
+    throw Console::Failure(path + ": more than " + std::to_string(kMostSections) +
+                           " sections; give a larger --spacing, or --stations");
+  }
+}
+
+void printScan(const Options& options, const SectionCutter& cutter, std::size_t points,
+               std::size_t rejected) {
+  std::cout << "Scan             " << points << " points, " << rejected << " rejected, "
+            << cutter.unused() << " between the sections\n"
+            << "Slabs            points up to " << fixed(options.slab / 2.0, 3)
+            << " m before and behind a section belong to it\n";
+  if (cutter.thinnedSections() > 0) {
+    std::cout << "Thinned          " << cutter.thinnedSections() << " of "
+              << cutter.startedSections() << " sections: points in cells of up to "
+              << fixed(cutter.largestCell(), 3) << " m became their mean\n";
+  }
+}
+
 SectionFile cutScan(const Options& options, const boost::shared_ptr<const AxisDefinition>& axis,
                     const Exchange::DesignProfile& design) {
-  constexpr std::size_t kLongScan = 100000;
+  constexpr std::size_t kMostRemarks = 20;
   const AxisCalculator calculator(axis);
-  const auto scan = Console::valueOrFail(Exchange::readScannedPoints(Console::textOf(options.scan)),
-                                         options.scan);
-  SectionFile file;
-  file.rejected = scan.rejected;
+  const Exchange::PointPlacer placer(calculator, options.largestOffset);
+  std::ifstream in = Console::openFile(options.scan);
+  const auto cloud =
+      Console::valueOrFail(Exchange::openPointCloud(in, options.formatOf("scan")), options.scan);
+  Console::tellDescription(options.scan, cloud->description());
   SectionCutter cutter({options.stations, options.spacing, options.slab});
-  Console::Progress progress("Cutting " + options.scan, scan.points.size(), kLongScan);
-  for (const Exchange::SurveyedPoint& point : scan.points) {
-    auto converted = Exchange::convertPoint(calculator, point, options.largestOffset);
-    if (converted.value) {
-      cutter.add(converted.value->onAxis);
-    } else {
-      file.rejected.push_back(std::move(converted.error));
+  SectionFile file;
+  std::size_t points = 0;
+  std::size_t misplaced = 0;
+  {
+    Console::Progress progress("Cutting " + options.scan, sizeOf(options.scan));
+    std::vector<Exchange::CloudPoint> part;
+    while (cloud->next(part)) {
+      points += part.size();
+      for (const Exchange::CloudPoint& point : part) {
+        Ruv::Calculations::AxisPoint onAxis;
+        if (placer.place(point.grid, onAxis)) {
+          cutter.add(onAxis);
+        } else if (++misplaced <= kMostRemarks) {
+          file.rejected.push_back({point.line, placer.reason("the point", point.grid)});
+        }
+      }
+      refuseTooMany(cutter, options.scan);
+      progress.reach(cloud->bytesRead());
     }
-    progress.advance();
   }
+  if (!cloud->problem().message.empty()) {
+    throw Console::Failure(Console::located(options.scan, cloud->problem()));
+  }
+  const auto& unread = cloud->firstRejected();
+  file.rejected.insert(file.rejected.end(), unread.begin(), unread.end());
+  printScan(options, cutter, points, misplaced + cloud->rejected());
   file.sections = cutter.sections(design.centroid());
-  std::cout << "Scan             " << scan.points.size() << " points, " << file.rejected.size()
-            << " rejected, " << cutter.unused() << " between the sections\n";
   return file;
 }
 
 std::vector<SectionResult> compareAll(const std::vector<MeasuredSection>& sections,
                                       const Exchange::DesignProfile& design,
                                       const ComparisonRule& rule) {
-  constexpr std::size_t kManySections = 200;
   std::vector<SectionResult> results;
   results.reserve(sections.size());
-  Console::Progress progress("Comparing the sections", sections.size(), kManySections);
+  Console::Progress progress("Comparing the sections", sections.size());
   for (const MeasuredSection& section : sections) {
     results.push_back(compareWithDesign(section, design, rule));
     progress.advance();
@@ -137,8 +184,9 @@ SectionSurvey surveySections(const Options& options,
   const ComparisonRule rule = ruleOf(options);
   const bool isScan = !options.scan.empty();
   const std::string& source = isScan ? options.scan : options.sections;
+  std::ifstream designFile = Console::openFile(options.design);
   const Exchange::DesignProfile design = Console::valueOrFail(
-      Exchange::readDesignProfile(Console::textOf(options.design)), options.design);
+      Exchange::readDesignProfile(designFile, options.formatOf("design")), options.design);
   Console::printHeading("Cross-sections");
   SectionFile file = isScan ? cutScan(options, axis, design) : readSectionFile(options);
   dropThinSections(file);

@@ -1,7 +1,7 @@
 #include "tunnel_survey/SectionTable.h"
 
 #include "common/console/TextTable.h"
-#include "common/exchange/CsvTable.h"
+#include "common/exchange/TableCells.h"
 
 #include "common/drawing/NumberText.h"
 

@@ -57,9 +57,8 @@ std::string fileNameOf(const SectionSurvey& survey, std::size_t index) {
 
 /// Every section as files and into the report.
 void writeSections(const SectionSurvey& survey, ResultFolder& folder, HtmlReport& report) {
-  constexpr std::size_t kManySections = 8;
   const CrossSectionLayout layout = crossSectionLayout(survey);
-  Console::Progress progress("Drawing the sections", survey.results.size(), kManySections);
+  Console::Progress progress("Drawing the sections", survey.results.size());
   for (std::size_t i = 0; i < survey.results.size(); ++i) {
     const SectionResult& result = survey.results[i];
     const Sheet sheet = crossSectionSheet(survey, result, layout);

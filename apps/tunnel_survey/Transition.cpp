@@ -34,6 +34,11 @@ Exchange::StationRange rangeOf(const Options& options) {
   return range;
 }
 
+Exchange::DesignProfile readDesign(const std::string& path, const Exchange::TableFormat& format) {
+  std::ifstream in = Console::openFile(path);
+  return Console::valueOrFail(Exchange::readDesignProfile(in, format), path);
+}
+
 void printSections(const Transition& transition) {
   Console::TextTable table(
       {"stationing\nm", "elements\n", "left\nm", "right\nm", "width\nm", "height\nm", "area\nm2"});
@@ -77,11 +82,10 @@ Exchange::Outcome<Transition> transitionBetween(const Exchange::DesignProfile& s
 
 std::optional<Transition> surveyTransition(const Options& options) {
   const Exchange::StationRange range = rangeOf(options);
-  const auto profileIn = [](const std::string& path) {
-    return Console::valueOrFail(Exchange::readDesignProfile(Console::textOf(path)), path);
-  };
-  const Exchange::DesignProfile start = profileIn(options.design);
-  const Exchange::DesignProfile end = profileIn(options.transitionTo);
+  const Exchange::DesignProfile start =
+      readDesign(options.design, options.formatOf("design"));
+  const Exchange::DesignProfile end =
+      readDesign(options.transitionTo, options.formatOf("transition-to"));
   Console::printHeading("Transition");
   Exchange::Outcome<Transition> outcome = transitionBetween(start, end, range);
   if (!outcome.value) {

@@ -32,6 +32,7 @@ void refuseIncomplete(const Options& options) {
 
 Console::ExitCode run(const Options& options) {
   refuseIncomplete(options);
+  checkTableOptions(options);
   SurveyResults results;
   if (!options.landXml.empty()) results.axis = surveyAxis(options);
   if (!options.transitionTo.empty()) results.transition = surveyTransition(options);

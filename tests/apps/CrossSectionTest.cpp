@@ -32,9 +32,8 @@ constexpr double kPi = 3.141592653589793;
 constexpr double kRadius = 5.0;
 
 Exchange::DesignProfile circle() {
-  return *Exchange::readDesignProfile(
-              "start_x,start_y,end_x,end_y,radius\n-5,0,5,0,5\n5,0,-5,0,5\n")
-              .value;
+  std::istringstream in("start_x,start_y,end_x,end_y,radius\n-5,0,5,0,5\n5,0,-5,0,5\n");
+  return *Exchange::readDesignProfile(in).value;
 }
 
 std::vector<Point2D> pointsAround(double radius, int count) {
@@ -63,19 +62,20 @@ std::vector<int> linesOf(const std::vector<Exchange::Remark>& remarks) {
 }
 
 TEST(SectionFile, BadRowsAreRejectedAlone) {
-  const auto file = readSections(
+  std::istringstream in(
       "\xEF\xBB\xBF# a comment\r\n"
       "section,station,x,y\r\n"
-      "\"roof, \\\"old\\\"\",10, 1.5 ,+2\r\n"
+      "\"roof, \"\"old\"\"\",10, 1.5 ,+2\r\n"
       "second,12.5,nan,1\n"
       "second,12.5,1e300,1\n"
       "second,1e300,1,1\n"
       "second,12.5,1\n"
       "second,12.5,1,x\n"
-      "\"open,12.5,1,1\n"
+      "\"open,12.5,1\n"
       ",12.5,1,1\n"
       "second,12.5,3,4\n"
       "second,13,3,4\n");
+  const auto file = readSections(in);
   ASSERT_TRUE(file.value) << file.error.message;
   EXPECT_EQ(file.value->noun, "Section");
   const auto& sections = file.value->sections;
@@ -89,9 +89,11 @@ TEST(SectionFile, BadRowsAreRejectedAlone) {
 }
 
 TEST(SectionFile, OriginsShiftTheirSectionsAndGiveStations) {
-  SectionFile file = *readSections("ring,x,y\n7,11,21\n8,1,1\n").value;
+  std::istringstream sections("ring,x,y\n7,11,21\n8,1,1\n");
+  SectionFile file = *readSections(sections).value;
   EXPECT_EQ(file.noun, "Ring");
-  const OriginFile origins = *readOrigins("ring,x,y,station\n7,10,20,100.5\n7,0,0,0\n").value;
+  std::istringstream places("ring,x,y,station\n7,10,20,100.5\n7,0,0,0\n");
+  const OriginFile origins = *readOrigins(places).value;
   EXPECT_THAT(linesOf(origins.rejected), ElementsAre(3));
   placeOnOrigins(file, origins.origins);
   ASSERT_EQ(file.sections.size(), 1U);  // ring 8 has no origin
@@ -105,7 +107,7 @@ TEST(DesignProfile, TellsWhatIsWrong) {
     const char* rows;
     const char* message;
   } designs[] = {
-      {"", "two elements or more"},
+      {"", "no rows below the headings"},
       {"0,0,1,0,0\n", "two elements or more"},
       {"0,0,1,0,0\n1.5,0,0,0,0\n", "0.500 m from the end of the one before"},
       {"0,0,1,0,0\n1,0,1,1,0\n", "does not close"},
@@ -115,8 +117,8 @@ TEST(DesignProfile, TellsWhatIsWrong) {
       {"3,3,3,3,0\n3,3,3,3,0\n", "encloses no area"},
   };
   for (const auto& design : designs) {
-    const auto profile = Exchange::readDesignProfile(
-        std::string("start_x,start_y,end_x,end_y,radius\n") + design.rows);
+    std::istringstream in(std::string("start_x,start_y,end_x,end_y,radius\n") + design.rows);
+    const auto profile = Exchange::readDesignProfile(in);
     EXPECT_FALSE(profile.value);
     EXPECT_THAT(profile.error.message, HasSubstr(design.message));
   }

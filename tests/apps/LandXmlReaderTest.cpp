@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -99,10 +100,11 @@ TEST(LandXmlReader, SlipsAreToldWithTheirLine) {
 
 TEST(PointFile, IdsOfAnyLettersComeBack) {
   std::vector<Exchange::ConvertedPoint> written;
-  for (const char* id : {"#7", "a\nb", "say \"7\", please", "back\\slash", "#"}) {
+  for (const char* id : {"#7", "=1+1", "'@", "say \"7\", please", "back\\slash", "#"}) {
     written.push_back({id, {}, {}});
   }
-  const auto read = Exchange::readSurveyedPoints(Exchange::convertedPointsAsCsv(written));
+  std::istringstream in(Exchange::convertedPointsAsCsv(written));
+  const auto read = Exchange::readSurveyedPoints(in);
   ASSERT_TRUE(read.value);
   ASSERT_EQ(read.value->points.size(), written.size());
   for (std::size_t i = 0; i < written.size(); ++i) {
@@ -111,8 +113,9 @@ TEST(PointFile, IdsOfAnyLettersComeBack) {
 }
 
 TEST(PointFile, BadRowsAreToldAndTheOthersRead) {
-  const auto file = Exchange::readSurveyedPoints(
+  std::istringstream in(
       "\xEF\xBB\xBFid,height,east,north\r\n#\nA,3,1,+2\nB,3,1\n\"C,1\",6,4,5\nD,1,nan,2\nE\\x");
+  const auto file = Exchange::readSurveyedPoints(in);
   ASSERT_TRUE(file.value) << file.error.message;
   ASSERT_EQ(file.value->points.size(), 2U);
   EXPECT_EQ(file.value->points[0].grid, ENHPoint(1, 2, 3));

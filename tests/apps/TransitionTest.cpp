@@ -12,9 +12,13 @@ namespace {
 using namespace TunnelSurvey;
 using testing::HasSubstr;
 
+Exchange::DesignProfile profileAt(const std::string& path) {
+  std::ifstream in = Console::openFile(path);
+  return *Exchange::readDesignProfile(in).value;
+}
+
 Exchange::DesignProfile profileIn(const std::string& file) {
-  return *Exchange::readDesignProfile(Console::textOf(std::string(EXAMPLES_DATA_DIR) + "/" + file))
-              .value;
+  return profileAt(std::string(EXAMPLES_DATA_DIR) + "/" + file);
 }
 
 Transition roadToLayBy() {
@@ -49,8 +53,7 @@ TEST(Transition, LayBysGrowOnTheRight) {
 }
 
 TEST(Transition, ProfilesThatCannotBeMorphedAreTold) {
-  const Exchange::DesignProfile twice =
-      *Exchange::readDesignProfile(Console::textOf(TWICE_AROUND)).value;
+  const Exchange::DesignProfile twice = profileAt(TWICE_AROUND);
   const auto transition = transitionBetween(profileIn("road_t9p5_design.csv"), twice, {0.0, 1.0});
   EXPECT_FALSE(transition.value);
   EXPECT_THAT(transition.error.message, HasSubstr("cannot be morphed"));

@@ -148,8 +148,9 @@ void run(const std::string& landXml, const std::string& profile) {
   const Exchange::Alignment alignment =
       Console::valueOrFail(Exchange::readLandXml(Console::textOf(landXml)), landXml);
   const AxisCalculator axis(Console::valueOrFail(Exchange::buildAxis(alignment), landXml).axis);
+  std::ifstream profileFile = Console::openFile(profile);
   const Exchange::DesignProfile design =
-      Console::valueOrFail(Exchange::readDesignProfile(Console::textOf(profile)), profile);
+      Console::valueOrFail(Exchange::readDesignProfile(profileFile), profile);
   ScanMaker(axis, design).write(std::cout);
 }
 

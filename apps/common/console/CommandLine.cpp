@@ -104,6 +104,11 @@ Option OptionGroup::add(const std::string& name, std::vector<double>& target,
   return Option(m_app->add_option(name, target, purpose));
 }
 
+Option OptionGroup::add(const std::string& name, std::vector<std::string>& target,
+                        const std::string& purpose) {
+  return Option(m_app->add_option(name, target, purpose)->allow_extra_args(false));
+}
+
 Option OptionGroup::addFlag(const std::string& name, bool& target, const std::string& purpose) {
   return Option(m_app->add_flag(name, target, purpose));
 }

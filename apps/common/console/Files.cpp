@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
+#include <system_error>
 
 namespace Console {
 
@@ -16,14 +16,34 @@ std::string located(const std::string& path, const Exchange::Remark& remark) {
   return path + line + ": " + remark.message;
 }
 
-std::string textOf(const std::string& path) {
-  if (!fs::exists(path)) throw Failure(path + ": there is no such file");
-  if (fs::is_directory(path)) throw Failure(path + ": is a directory");
+std::ifstream openFile(const std::string& path) {
+  std::error_code problem;
+  if (!fs::exists(path, problem)) throw Failure(path + ": there is no such file");
+  if (fs::is_directory(path, problem)) throw Failure(path + ": is a directory");
   std::ifstream file(path, std::ios::binary);
-  std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
   if (!file) throw Failure(path + ": cannot be read");
-  if (text.empty()) throw Failure(path + ": the file is empty");
+  if (file.peek() == std::ifstream::traits_type::eof()) {
+    throw Failure(path + ": the file is empty");
+  }
+  return file;
+}
+
+std::string textOf(const std::string& path) {
+  constexpr std::size_t kBlock = 1U << 20U;
+  constexpr std::size_t kLargest = 1U << 30U;
+  std::ifstream file = openFile(path);
+  std::string text;
+  std::string block(kBlock, '\0');
+  while (file.read(block.data(), static_cast<std::streamsize>(block.size())) || file.gcount() > 0) {
+    text.append(block, 0, static_cast<std::size_t>(file.gcount()));
+    if (text.size() > kLargest) throw Failure(path + ": the file is larger than a gigabyte");
+  }
+  if (file.bad()) throw Failure(path + ": cannot be read");
   return text;
+}
+
+void tellDescription(const std::string& path, const std::string& description) {
+  if (!description.empty()) std::cerr << path << ": read as " << description << '\n';
 }
 
 std::string fileName(const std::string& path) { return fs::path(path).filename().string(); }

@@ -4,8 +4,9 @@
 #ifndef CALCULATIONS_APPS_COMMON_CONSOLE_FILES_H
 #define CALCULATIONS_APPS_COMMON_CONSOLE_FILES_H
 
-#include "common/exchange/AlignmentModel.h"
+#include "common/exchange/Outcome.h"
 
+#include <fstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -31,8 +32,24 @@ T valueOrFail(Exchange::Outcome<T> outcome, const std::string& path) {
   return std::move(*outcome.value);
 }
 
+/// On the error stream, how a file is written; nothing when that is empty.
+void tellDescription(const std::string& path, const std::string& description);
+
 /// Throws a Failure for a file that cannot be read or is empty.
+std::ifstream openFile(const std::string& path);
+
+/// The same for a file of at most a gigabyte, read as a whole.
 std::string textOf(const std::string& path);
+
+/// Reads a table and tells how it is written if that is not the plain form.
+template <class File, class Format>
+File readTable(const std::string& path, Exchange::Outcome<File> (*read)(std::istream&, const Format&),
+               const Format& format) {
+  std::ifstream in = openFile(path);
+  File file = valueOrFail(read(in, format), path);
+  tellDescription(path, file.description);
+  return file;
+}
 
 std::string fileName(const std::string& path);
 

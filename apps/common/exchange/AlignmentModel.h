@@ -4,28 +4,13 @@
 #ifndef CALCULATIONS_APPS_COMMON_EXCHANGE_ALIGNMENT_MODEL_H
 #define CALCULATIONS_APPS_COMMON_EXCHANGE_ALIGNMENT_MODEL_H
 
+#include "common/exchange/Outcome.h"
+
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace Exchange {
-
-/// What is wrong or odd about a place in a file.
-struct Remark {
-  int line = 0;  ///< from 1; 0 when it concerns no line
-  std::string message;
-};
-
-/// A result, or why there is none.
-template <class T>
-struct Outcome {
-  std::optional<T> value;
-  Remark error;
-
-  static Outcome success(T result) { return {std::move(result), {}}; }
-  static Outcome failure(Remark reason) { return {std::nullopt, std::move(reason)}; }
-};
 
 struct PlanPoint {
   double east = 0.0;

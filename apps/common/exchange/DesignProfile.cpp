@@ -1,6 +1,6 @@
 #include "common/exchange/DesignProfile.h"
 
-#include "common/exchange/CsvTable.h"
+#include "common/exchange/Table.h"
 
 #include "common/drawing/NumberText.h"
 
@@ -22,6 +22,7 @@ using Ruv::Calculations::ThProfileDefinition;
 constexpr double kOutlineStep = 0.05;
 constexpr double kGap = 0.001;          // between elements that follow each other
 constexpr double kRoundedChord = 1e-6;  // by which a half circle's chord may exceed its diameter
+constexpr std::size_t kMostElements = 10000;
 constexpr double kFarthest = 1000.0;    // of the coordinates, as the library intersects profiles
 
 struct Element {
@@ -31,21 +32,19 @@ struct Element {
   double radius = 0.0;
 };
 
-Outcome<Element> elementOf(const CsvRow& row) {
-  const auto numbers = row.numbers({"start_x", "start_y", "end_x", "end_y", "radius"});
-  if (!numbers.value) return Outcome<Element>::failure(numbers.error);
-  const std::vector<double>& v = *numbers.value;
-  const Element element{row.line(), {v[0], v[1]}, {v[2], v[3]}, v[4]};
+Outcome<Element> elementOf(const TableRow& row) {
+  const std::vector<double>& v = row.numbers;
+  const Element element{row.line, {v[0], v[1]}, {v[2], v[3]}, v[4]};
   const bool isNear = std::all_of(v.begin(), v.end() - 1,
                                   [](double number) { return std::abs(number) <= kFarthest; });
   if (!isNear) {
     return Outcome<Element>::failure(
-        {row.line(), "a coordinate is larger than " + fixed(kFarthest, 0) + " m"});
+        {row.line, "a coordinate is larger than " + fixed(kFarthest, 0) + " m"});
   }
   const double chord = (element.end - element.start).length();
   if (element.radius != 0.0 && chord > 2.0 * std::abs(element.radius) + kRoundedChord) {
     return Outcome<Element>::failure(
-        {row.line(), "the chord of " + fixed(chord, 3) + " m exceeds the diameter of the arc"});
+        {row.line, "the chord of " + fixed(chord, 3) + " m exceeds the diameter of the arc"});
   }
   return Outcome<Element>::success(element);
 }
@@ -155,15 +154,22 @@ Point2D DesignProfile::upperRight() const {
   return corner;
 }
 
-Outcome<DesignProfile> readDesignProfile(const std::string& text) {
+const TableSchema& designProfileColumns() {
+  static const TableSchema schema = {{{"start_x"}, {"start_y"}, {"end_x"}, {"end_y"}, {"radius"}},
+                                     {"start_x", "start_y", "end_x", "end_y", "radius"}};
+  return schema;
+}
+
+Outcome<DesignProfile> readDesignProfile(std::istream& in, const TableFormat& format) {
   using Result = Outcome<DesignProfile>;
-  CsvTable table;
-  if (!table.read(text, {"start_x", "start_y", "end_x", "end_y", "radius"})) {
-    return Result::failure(table.error());
+  const auto table = Table::read(in, designProfileColumns(), format);
+  if (!table.value) return Result::failure(table.error);
+  if (!table.value->rejected.empty()) return Result::failure(table.value->rejected.front());
+  if (table.value->rows.size() > kMostElements) {
+    return Result::failure({0, "a profile has 10 000 elements at most"});
   }
-  if (!table.unreadable().empty()) return Result::failure(table.unreadable().front());
   std::vector<Element> elements;
-  for (const CsvRow& row : table.rows()) {
+  for (const TableRow& row : table.value->rows) {
     const auto element = elementOf(row);
     if (!element.value) return Result::failure(element.error);
     elements.push_back(*element.value);

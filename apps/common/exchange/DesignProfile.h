@@ -4,11 +4,12 @@
 #ifndef CALCULATIONS_APPS_COMMON_EXCHANGE_DESIGN_PROFILE_H
 #define CALCULATIONS_APPS_COMMON_EXCHANGE_DESIGN_PROFILE_H
 
-#include "common/exchange/AlignmentModel.h"
+#include "common/exchange/Outcome.h"
+#include "common/exchange/TableFormat.h"
 
 #include <Calculations/Calculations.h>
 
-#include <string>
+#include <istream>
 #include <vector>
 
 namespace Exchange {
@@ -41,10 +42,13 @@ class DesignProfile {
   std::vector<Point2D> m_outline;
 };
 
-/// Columns start_x, start_y, end_x, end_y, radius. Refuses the file when a row cannot be read, when
-/// the elements do not follow each other and close within a millimetre, and when the chord of an
-/// arc exceeds its diameter.
-Outcome<DesignProfile> readDesignProfile(const std::string& text);
+/// Columns start_x, start_y, end_x, end_y, radius.
+const TableSchema& designProfileColumns();
+
+/// Refuses the file when a row cannot be read, when the elements do not follow each other and close
+/// within a millimetre, when the chord of an arc exceeds its diameter, and when there are more than
+/// 10 000 elements.
+Outcome<DesignProfile> readDesignProfile(std::istream& in, const TableFormat& format = {});
 
 }  // namespace Exchange
 

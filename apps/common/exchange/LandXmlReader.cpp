@@ -2,6 +2,7 @@
 
 #include "common/exchange/LandXmlUnits.h"
 #include "common/exchange/NumberParsing.h"
+#include "common/exchange/VisibleText.h"
 
 #include <pugixml.hpp>
 
@@ -28,13 +29,6 @@ struct ReadFailure : std::runtime_error {
       : std::runtime_error(reason.message), remark(std::move(reason)) {}
   Remark remark;
 };
-
-/// On one line, and not too long.
-std::string quoted(std::string text) {
-  constexpr std::size_t kMostLetters = 60;
-  std::replace(text.begin(), text.end(), '\n', ' ');
-  return '"' + (text.size() > kMostLetters ? text.substr(0, kMostLetters) + "..." : text) + '"';
-}
 
 /// Without a namespace prefix.
 std::string localName(const pugi::xml_node& node) {
@@ -397,7 +391,7 @@ Alignment Reader::read(const std::string& name) {
   const auto equations = childrenNamed(node, "StaEquation");
   if (!equations.empty()) fail(equations.front(), "station equations are not supported");
   Alignment alignment;
-  alignment.name = node.attribute("name").value();
+  alignment.name = visible(node.attribute("name").value());
   alignment.lengthUnit = m_units.lengthName;
   requiredNumber(node, "staStart");
   alignment.startStation = *optionalStation(node);

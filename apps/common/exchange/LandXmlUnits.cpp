@@ -1,32 +1,15 @@
 #include "common/exchange/LandXmlUnits.h"
 
-#include <Calculations/Calculations.h>
-
-#include <cmath>
 #include <map>
 
 namespace Exchange {
 
 namespace {
 
-constexpr double kInternationalFoot = 0.3048;
-constexpr double kSurveyFoot = 1200.0 / 3937.0;
-
 template <class Value>
 std::optional<Value> valueOf(const std::map<std::string, Value>& table, const std::string& name) {
   const auto found = table.find(name);
   return found == table.end() ? std::nullopt : std::optional<Value>(found->second);
-}
-
-double degreesOfPackedSeconds(double packed) {
-  // 45.3 is stored just below 45.3; without this the minutes would be 29 and the seconds 100.
-  constexpr double kRoundingNoise = 1e-9;
-  const double size = std::abs(packed);
-  const double degrees = std::floor(size + kRoundingNoise);
-  const double minutesAndSeconds = (size - degrees) * 100.0;
-  const double minutes = std::floor(minutesAndSeconds + kRoundingNoise * 100.0);
-  const double seconds = (minutesAndSeconds - minutes) * 100.0;
-  return std::copysign(degrees + minutes / 60.0 + seconds / 3600.0, packed);
 }
 
 }  // namespace
@@ -53,20 +36,6 @@ std::optional<AngleUnit> angleUnit(const std::string& name) {
       {"decimal degrees", AngleUnit::Degree},
       {"decimal dd.mm.ss", AngleUnit::DegreeMinuteSecond}};
   return valueOf(table, name);
-}
-
-double toRadians(double angle, AngleUnit unit) {
-  using Ruv::Calculations::Utilities;
-  switch (unit) {
-    case AngleUnit::Gon:
-      return Utilities::gon2rad(angle);
-    case AngleUnit::Degree:
-      return Utilities::deg2rad(angle);
-    case AngleUnit::DegreeMinuteSecond:
-      return Utilities::deg2rad(degreesOfPackedSeconds(angle));
-    default:
-      return angle;
-  }
 }
 
 }  // namespace Exchange

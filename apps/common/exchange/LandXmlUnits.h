@@ -4,13 +4,12 @@
 #ifndef CALCULATIONS_APPS_COMMON_EXCHANGE_LAND_XML_UNITS_H
 #define CALCULATIONS_APPS_COMMON_EXCHANGE_LAND_XML_UNITS_H
 
+#include "common/exchange/Units.h"
+
 #include <optional>
 #include <string>
 
 namespace Exchange {
-
-/// DegreeMinuteSecond packs minutes and seconds into the decimals: 45.3025 is 45 deg 30' 25".
-enum class AngleUnit { Radian, Gon, Degree, DegreeMinuteSecond };
 
 struct LandXmlUnits {
   std::string lengthName;
@@ -27,8 +26,6 @@ std::optional<double> metresPerUnit(const std::string& name);
 std::optional<double> metresPerHeightUnit(const std::string& name, const std::string& lengthName);
 
 std::optional<AngleUnit> angleUnit(const std::string& name);
-
-double toRadians(double angle, AngleUnit unit);
 
 }  // namespace Exchange
 

@@ -1,10 +1,112 @@
 #include "common/exchange/NumberParsing.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <system_error>
 
 namespace Exchange {
+
+namespace {
+
+constexpr std::size_t kGroupDigits = 3;
+/// Longer than any number that is written out.
+constexpr std::size_t kLongestNumber = 400;
+
+bool isDigit(char letter) { return letter >= '0' && letter <= '9'; }
+
+std::optional<double> plainNumber(std::string_view text) {
+  // from_chars knows no plus sign.
+  const bool hasPlus = text.size() > 1 && text[0] == '+' && text[1] != '-';
+  double number = 0.0;
+  const char* end = text.data() + text.size();
+  const auto result = std::from_chars(text.data() + (hasPlus ? 1 : 0), end, number);
+  if (result.ec != std::errc() || result.ptr != end || !std::isfinite(number)) return std::nullopt;
+  return number;
+}
+
+/// Digits and what separates their groups, of which each but the first has three digits.
+bool areGroups(std::string_view whole, char separator) {
+  std::size_t start = 0;
+  for (bool isFirst = true;; isFirst = false) {
+    const std::size_t end = std::min(whole.find(separator, start), whole.size());
+    const std::string_view group = whole.substr(start, end - start);
+    const bool fits = isFirst ? !group.empty() && group.size() <= kGroupDigits
+                              : group.size() == kGroupDigits;
+    if (!fits || !std::all_of(group.begin(), group.end(), isDigit)) return false;
+    if (end == whole.size()) return true;
+    start = end + 1;
+  }
+}
+
+/// With what separates groups taken out and a decimal point; empty when the groups are none.
+std::string withoutGroups(std::string_view text, char separator, char decimal) {
+  const bool hasSign = !text.empty() && (text[0] == '-' || text[0] == '+');
+  const std::string_view unsignedText = text.substr(hasSign ? 1 : 0);
+  const std::size_t point = std::min(unsignedText.find(decimal), unsignedText.size());
+  const std::string_view whole = unsignedText.substr(0, point);
+  if (!areGroups(whole, separator)) return {};
+  std::string plain(text.substr(0, hasSign ? 1 : 0));
+  std::copy_if(whole.begin(), whole.end(), std::back_inserter(plain), isDigit);
+  plain += unsignedText.substr(point);
+  return plain;
+}
+
+/// The letters that other programs write for a minus, an apostrophe and narrow blanks, as plain
+/// ones.
+std::string withPlainLetters(std::string_view text) {
+  struct Replacement {
+    std::string_view from;
+    char to;
+  };
+  constexpr std::array<Replacement, 6> kReplacements = {{{"\xE2\x88\x92", '-'},      // U+2212
+                                                         {"\xE2\x80\x99", '\''},     // U+2019
+                                                         {"\xC2\xA0", '\''},         // no-break
+                                                         {"\xE2\x80\x89", '\''},     // thin
+                                                         {"\xE2\x80\xAF", '\''},     // narrow
+                                                         {"\xE2\x80\x87", '\''}}};   // figure
+  std::string plain;
+  while (!text.empty()) {
+    const auto* found = std::find_if(
+        kReplacements.begin(), kReplacements.end(),
+        [&](const Replacement& r) { return text.compare(0, r.from.size(), r.from) == 0; });
+    plain += found == kReplacements.end() ? text[0] : found->to;
+    text.remove_prefix(found == kReplacements.end() ? 1 : found->from.size());
+  }
+  return plain;
+}
+
+/// Decimal commas, groups, and letters beyond the plain ones.
+std::optional<double> unusualNumber(std::string_view text, char decimal) {
+  if (text.size() > kLongestNumber) return std::nullopt;
+  std::string plain = withPlainLetters(text);
+  const char otherSeparator = decimal == ',' ? '.' : ',';
+  const auto count = [&plain](char letter) {
+    return std::count(plain.begin(), plain.end(), letter);
+  };
+  const bool isProven = count(otherSeparator) + count(decimal) >= 2;
+  if (count('\'') > 0) {
+    plain = withoutGroups(plain, '\'', decimal);
+  } else if (count(otherSeparator) > 0) {
+    if (!isProven) return std::nullopt;
+    plain = withoutGroups(plain, otherSeparator, decimal);
+  }
+  // "12," is a number before a comma that separates.
+  if (plain.empty() || count(decimal) > 1 || plain.back() == decimal) return std::nullopt;
+  std::replace(plain.begin(), plain.end(), decimal, '.');
+  return plainNumber(plain);
+}
+
+}  // namespace
+
+std::string_view trimmed(std::string_view text) {
+  constexpr const char* kBlanks = " \t\r\n";
+  const std::size_t start = text.find_first_not_of(kBlanks);
+  if (start == std::string_view::npos) return {};
+  return text.substr(start, text.find_last_not_of(kBlanks) - start + 1);
+}
 
 std::vector<std::string> wordsOf(const std::string& text) {
   constexpr const char* kBlanks = " \t\r\n";
@@ -18,26 +120,42 @@ std::vector<std::string> wordsOf(const std::string& text) {
   return words;
 }
 
-std::optional<double> parseNumber(const std::string& text) {
-  const auto numbers = parseNumbers(text);
-  if (!numbers || numbers->size() != 1) return std::nullopt;
-  return numbers->front();
+std::optional<double> parseNumber(std::string_view text, char decimal) {
+  text = trimmed(text);
+  if (decimal == '.') {
+    if (const auto number = plainNumber(text)) return number;
+  }
+  return unusualNumber(text, decimal);
 }
 
 std::optional<std::vector<double>> parseNumbers(const std::string& text) {
   std::vector<double> numbers;
   for (const std::string& word : wordsOf(text)) {
-    const char* end = word.data() + word.size();
-    // from_chars knows no plus sign.
-    const bool hasPlus = word.size() > 1 && word[0] == '+' && word[1] != '-';
-    double number = 0.0;
-    const auto result = std::from_chars(word.data() + (hasPlus ? 1 : 0), end, number);
-    if (result.ec != std::errc() || result.ptr != end || !std::isfinite(number)) {
-      return std::nullopt;
-    }
-    numbers.push_back(number);
+    const auto number = plainNumber(word);
+    if (!number) return std::nullopt;
+    numbers.push_back(*number);
   }
   return numbers;
+}
+
+std::optional<double> parseStation(std::string_view text, char decimal) {
+  constexpr double kKilometre = 1000.0;
+  text = trimmed(text);
+  const std::size_t plus = text.find('+', 1);
+  if (plus == std::string_view::npos || text[plus - 1] == 'e' || text[plus - 1] == 'E') {
+    return parseNumber(text, decimal);
+  }
+  const std::string_view kilometres = text.substr(0, plus);
+  const std::string_view metres = text.substr(plus + 1);
+  const std::size_t digits = std::min(metres.find(decimal), metres.size());
+  const bool isNegative = kilometres[0] == '-';
+  const auto whole = parseNumber(kilometres, decimal);
+  const auto rest = parseNumber(metres, decimal);
+  // "7+32" could be 7032 or 7320, and on American plans 732.
+  const bool isPlain = digits == kGroupDigits && isDigit(metres[0]) && whole &&
+                       *whole == std::floor(*whole) && isDigit(kilometres.back());
+  if (!isPlain || !rest) return std::nullopt;
+  return *whole * kKilometre + (isNegative ? -*rest : *rest);
 }
 
 }  // namespace Exchange

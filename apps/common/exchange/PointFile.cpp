@@ -13,79 +13,90 @@ using Ruv::Calculations::AxisCalculator;
 using Ruv::Calculations::AxisPoint;
 using Ruv::Calculations::ENHPoint;
 
-Outcome<SurveyedPoint> surveyedPointOf(const CsvRow& row) {
-  const auto id = row.text("id");
-  if (!id.value) return Outcome<SurveyedPoint>::failure(id.error);
-  const auto numbers = row.numbers({"east", "north", "height"});
-  if (!numbers.value) return Outcome<SurveyedPoint>::failure(numbers.error);
-  const std::vector<double>& v = *numbers.value;
-  return Outcome<SurveyedPoint>::success({row.line(), *id.value, ENHPoint(v[0], v[1], v[2])});
+constexpr double kFullCircle = 6.283185307179586;
+
+Outcome<SurveyedPoint> surveyedPointOf(const TableRow& row) {
+  const std::vector<double>& v = row.numbers;
+  return Outcome<SurveyedPoint>::success({row.line, row.texts[0], ENHPoint(v[1], v[2], v[3])});
 }
 
-const std::vector<std::string>& checkColumns() {
-  static const std::vector<std::string> columns = {
-      "station", "offset", "height_above_axis", "east", "north", "height", "azimuth"};
-  return columns;
-}
-
-Outcome<CheckPoint> checkPointOf(const CsvRow& row) {
-  const auto numbers = row.numbers(checkColumns());
-  if (!numbers.value) return Outcome<CheckPoint>::failure(numbers.error);
-  const std::vector<double>& v = *numbers.value;
+Outcome<CheckPoint> checkPointOf(const TableRow& row) {
+  const std::vector<double>& v = row.numbers;
   return Outcome<CheckPoint>::success(
-      {row.line(), AxisPoint(v[0], v[1], v[2]), ENHPoint(v[3], v[4], v[5]), v[6]});
-}
-
-/// Scanned points have no names.
-Outcome<SurveyedPoint> scannedPointOf(const CsvRow& row) {
-  const auto numbers = row.numbers({"east", "north", "height"});
-  if (!numbers.value) return Outcome<SurveyedPoint>::failure(numbers.error);
-  const std::vector<double>& v = *numbers.value;
-  return Outcome<SurveyedPoint>::success({row.line(), "the point", ENHPoint(v[0], v[1], v[2])});
+      {row.line, AxisPoint(v[0], v[1], v[2]), ENHPoint(v[3], v[4], v[5]), v[6]});
 }
 
 }  // namespace
 
-Outcome<PointFile<SurveyedPoint>> readSurveyedPoints(const std::string& text) {
-  return readPoints<SurveyedPoint>(text, {"id", "east", "north", "height"}, surveyedPointOf);
+const TableSchema& surveyedPointColumns() {
+  static const TableSchema schema = {
+      {{"id", Quantity::Text}, {"east"}, {"north"}, {"height"}}, {"id", "east", "north", "height"}};
+  return schema;
 }
 
-Outcome<PointFile<SurveyedPoint>> readScannedPoints(const std::string& text) {
-  return readPoints<SurveyedPoint>(text, {"east", "north", "height"}, scannedPointOf);
+const TableSchema& checkPointColumns() {
+  static const TableSchema schema = {
+      {{"station", Quantity::Station},
+       {"offset"},
+       {"height_above_axis"},
+       {"east"},
+       {"north"},
+       {"height"},
+       {"azimuth", Quantity::Angle}},
+      {"station", "offset", "height_above_axis", "east", "north", "height", "azimuth"},
+      AngleUnit::Radian};
+  return schema;
 }
 
-Outcome<PointFile<CheckPoint>> readCheckPoints(const std::string& text) {
-  return readPoints<CheckPoint>(text, checkColumns(), checkPointOf);
+Outcome<PointFile<SurveyedPoint>> readSurveyedPoints(std::istream& in, const TableFormat& format) {
+  return readPoints<SurveyedPoint>(in, surveyedPointColumns(), format, surveyedPointOf);
 }
 
-Outcome<ConvertedPoint> convertPoint(const AxisCalculator& calculator, const SurveyedPoint& point,
-                                     double largestOffset) {
-  using Result = Outcome<ConvertedPoint>;
-  AxisPoint onAxis;
-  if (!calculator.enhPointToAxisPointVertical(point.grid, onAxis)) {
-    return Result::failure({point.line, point.id + " lies beside no part of the axis"});
-  }
-  if (!(std::abs(onAxis.offset) <= largestOffset)) {
-    return Result::failure({point.line, point.id + " lies " + fixed(onAxis.offset, 1) +
-                                            " m beside the axis, farther than " +
-                                            fixed(largestOffset, 1) + " m"});
-  }
-  return Result::success({point.id, point.grid, onAxis});
-}
-
-PointFile<ConvertedPoint> convertPoints(const AxisCalculator& calculator,
-                                        const std::vector<SurveyedPoint>& points,
-                                        double largestOffset) {
-  PointFile<ConvertedPoint> file;
-  for (const SurveyedPoint& point : points) {
-    auto converted = convertPoint(calculator, point, largestOffset);
-    if (converted.value) {
-      file.points.push_back(std::move(*converted.value));
-    } else {
-      file.rejected.push_back(std::move(converted.error));
-    }
+Outcome<PointFile<CheckPoint>> readCheckPoints(std::istream& in, const TableFormat& format) {
+  auto file = readPoints<CheckPoint>(in, checkPointColumns(), format, checkPointOf);
+  if (!file.value) return file;
+  for (const CheckPoint& point : file.value->points) {
+    if (std::abs(point.azimuth) <= kFullCircle) continue;
+    return Outcome<PointFile<CheckPoint>>::failure(
+        {point.line, "an azimuth of " + fixed(point.azimuth, 4) +
+                         " rad is more than a full circle: give the unit in the heading or by "
+                         "--angles gon or --angles deg"});
   }
   return file;
+}
+
+bool PointPlacer::place(const ENHPoint& grid, AxisPoint& onAxis) const {
+  return m_calculator.enhPointToAxisPointVertical(grid, onAxis) &&
+         std::abs(onAxis.offset) <= m_largestOffset;
+}
+
+bool PointPlacer::isSwapped(const ENHPoint& grid) const {
+  AxisPoint onAxis;
+  return !place(grid, onAxis) && place(ENHPoint(grid.north, grid.east, grid.height), onAxis);
+}
+
+std::string PointPlacer::reason(const std::string& name, const ENHPoint& grid) const {
+  AxisPoint onAxis;
+  std::string text = name + " lies beside no part of the axis";
+  if (m_calculator.enhPointToAxisPointVertical(grid, onAxis)) {
+    text = name + " lies " + fixed(onAxis.offset, 1) + " m beside the axis, farther than " +
+           fixed(m_largestOffset, 1) + " m";
+  }
+  return isSwapped(grid) ? text + "; with east and north swapped it would lie there" : text;
+}
+
+ConvertedPoints convertPoints(const PointPlacer& placer, const std::vector<SurveyedPoint>& points) {
+  ConvertedPoints converted;
+  for (const SurveyedPoint& point : points) {
+    AxisPoint onAxis;
+    if (placer.place(point.grid, onAxis)) {
+      converted.points.push_back({point.id, point.grid, onAxis});
+      continue;
+    }
+    converted.rejected.push_back({point.line, placer.reason(point.id, point.grid)});
+    if (placer.isSwapped(point.grid)) ++converted.swapped;
+  }
+  return converted;
 }
 
 std::string convertedPointsAsCsv(const std::vector<ConvertedPoint>& points) {
