@@ -61,9 +61,9 @@ FieldBook readFieldBook(const std::string& fixPointFile, const std::string& meas
   book.fixPoints = usable(
       Console::readTable(fixPointFile, Exchange::readSurveyedPoints, tables.formatFor(fixPoints)),
       fixPointFile);
-  book.measurements = usable(
-      Console::readTable(measurementFile, readMeasurements, tables.formatFor(measurements)),
-      measurementFile);
+  book.measurements =
+      usable(Console::readTable(measurementFile, readMeasurements, tables.formatFor(measurements)),
+             measurementFile);
   const auto boom = std::find_if(book.measurements.begin(), book.measurements.end(),
                                  [&boomId](const Measurement& m) { return m.id == boomId; });
   if (boom == book.measurements.end()) {

@@ -14,7 +14,8 @@ void addOptions(Console::OptionGroup all, Options& options) {
   all.add("measurements", options.measurements,
           "CSV of the measurements: id, horizontal_angle, zenith_angle (gon), slope_distance (m)")
       .required();
-  all.add("--axis", options.landXml, "LandXML file with the tunnel axis").required();
+  auto axis = all.add("--axis", options.landXml, "LandXML file with the tunnel axis").required();
+  Console::addAxisOptions(all, options.axis, axis);
   all.add("--boom", options.boom, "Id of the measurement of the boom point").tellDefault();
   all.add("--distance-tolerance", options.tolerances.distance,
           "Between measured and known distances of points, and in plan (m)")

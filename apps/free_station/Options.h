@@ -6,6 +6,7 @@
 
 #include "free_station/Identification.h"
 
+#include "common/console/AxisFile.h"
 #include "common/console/CommandLine.h"
 #include "common/console/TableOptions.h"
 
@@ -18,6 +19,7 @@ struct Options {
   std::string fixPoints;
   std::string measurements;
   std::string landXml;
+  Console::AxisOptions axis;
   std::string boom = "boom";
   Tolerances tolerances;
   std::vector<double> origin;

@@ -7,11 +7,10 @@
 #include "free_station/StationDrawing.h"
 #include "free_station/Survey.h"
 
+#include "common/console/AxisFile.h"
 #include "common/console/CommandLine.h"
 #include "common/console/Files.h"
 #include "common/console/ResultFolder.h"
-#include "common/exchange/AxisBuilder.h"
-#include "common/exchange/LandXmlReader.h"
 
 #include <iostream>
 
@@ -22,9 +21,7 @@ using Ruv::Calculations::AxisCalculator;
 using Ruv::Calculations::AxisPoint;
 
 void readAxis(const Options& options, Survey& survey) {
-  const auto alignment = Console::valueOrFail(
-      Exchange::readLandXml(Console::textOf(options.landXml)), options.landXml);
-  const auto built = Console::valueOrFail(Exchange::buildAxis(alignment), options.landXml);
+  const auto& [alignment, built] = Console::readAxisFile(options.landXml, options.axis);
   Console::printRemarks(options.landXml, built.notes);
   survey.axisName = alignment.name;
   survey.guidance.axis = built.axis;
@@ -47,7 +44,8 @@ void findStationOnAxis(Survey& survey) {
 Survey surveyWith(const Options& options) {
   Survey survey;
   readAxis(options, survey);
-  survey.book = readFieldBook(options.fixPoints, options.measurements, options.boom, options.tables);
+  survey.book =
+      readFieldBook(options.fixPoints, options.measurements, options.boom, options.tables);
   survey.identification = identify(survey.book, options.tolerances);
   survey.placement = setUpStation(survey.identification.sightings);
   survey.residuals = residualsOf(survey.placement, survey.identification.sightings);

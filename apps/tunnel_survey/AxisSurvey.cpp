@@ -1,9 +1,8 @@
 #include "tunnel_survey/AxisSurvey.h"
 
+#include "common/console/AxisFile.h"
 #include "common/console/Files.h"
 #include "common/console/TextTable.h"
-#include "common/exchange/AxisBuilder.h"
-#include "common/exchange/LandXmlReader.h"
 #include "tunnel_survey/CheckReport.h"
 #include "tunnel_survey/StationTable.h"
 
@@ -66,8 +65,8 @@ void printPoints(const std::vector<Exchange::ConvertedPoint>& points) {
 
 std::vector<Exchange::ConvertedPoint> convertPointFile(const Options& options,
                                                        const AxisCalculator& calculator) {
-  const auto file = Console::readTable(options.points, Exchange::readSurveyedPoints,
-                                       options.formatOf("points"));
+  const auto file =
+      Console::readTable(options.points, Exchange::readSurveyedPoints, options.formatOf("points"));
   const Exchange::PointPlacer placer(calculator, options.largestOffset);
   auto converted = Exchange::convertPoints(placer, file.points);
   Console::printHeading("Surveyed points");
@@ -111,10 +110,7 @@ std::vector<double> tabulatedStations(const Options& options, const AxisDefiniti
 }  // namespace
 
 SurveyPicture surveyAxis(const Options& options) {
-  const Exchange::Alignment alignment = Console::valueOrFail(
-      Exchange::readLandXml(Console::textOf(options.landXml), options.alignment), options.landXml);
-  const Exchange::BuiltAxis built =
-      Console::valueOrFail(Exchange::buildAxis(alignment), options.landXml);
+  const auto& [alignment, built] = Console::readAxisFile(options.landXml, options.axis);
   const AxisCalculator calculator(built.axis);
   printSummary(options, alignment, built);
   Console::printRemarks(options.landXml, built.notes);
@@ -123,6 +119,8 @@ SurveyPicture surveyAxis(const Options& options) {
   printStationTable(std::cout, calculator, tabulatedStations(options, *built.axis));
   SurveyPicture picture;
   picture.axis = built.axis;
+  picture.stationing = built.stationing;
+  picture.hasHeights = built.hasHeights;
   picture.name = alignment.name;
   picture.source = Console::fileName(options.landXml);
   if (!options.points.empty()) picture.points = convertPointFile(options, calculator);

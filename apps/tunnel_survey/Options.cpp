@@ -33,8 +33,7 @@ std::vector<Console::NamedTable> tablesOf(const Options& options) {
 Console::Option addAxisOptions(Console::OptionGroup all, Options& options) {
   auto landXml = all.add("landxml", options.landXml, "LandXML file with the alignment");
   auto group = all.group("Axis");
-  group.add("--alignment", options.alignment, "Name of the alignment (default: the first)")
-      .needs(landXml);
+  Console::addAxisOptions(group, options.axis, landXml);
   group.add("--step", options.step, "Distance of the tabulated stationings (m)")
       .between(0.01, 1e6)
       .tellDefault();
@@ -83,9 +82,8 @@ void addMeasurementOptions(Console::OptionGroup group, Options& options, Console
   spacing.between(0.01, 1e6).tellDefault();
   group
       .add("--stations", options.stations,
-           "Cut the scan at these stationings instead (m, separated by commas)")
+           "Cut the scan at these stationings instead, as 7310 or 7+310, separated by commas")
       .list()
-      .between(-1e9, 1e9)
       .excludes(spacing);
   group
       .add("--slab", options.slab,
@@ -130,8 +128,8 @@ void addTransitionOptions(Console::OptionGroup group, Options& options, Console:
                               "the profiles on the way. Measured sections are compared "
                               "with the design profile everywhere");
   auto stations = group.add("--transition-stations", options.transitionStations,
-                            "Where the change begins and ends (m)");
-  stations.list(2).between(-1e9, 1e9).needs(transition);
+                            "Where the change begins and ends, as 7370,7400 or 7+370,7+400");
+  stations.list(2).needs(transition);
   transition.needs(design).needs(stations);
 }
 

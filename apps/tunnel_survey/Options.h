@@ -4,6 +4,7 @@
 #ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_OPTIONS_H
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_OPTIONS_H
 
+#include "common/console/AxisFile.h"
 #include "common/console/CommandLine.h"
 #include "common/console/TableOptions.h"
 
@@ -16,7 +17,7 @@ namespace TunnelSurvey {
 /// Empty texts and lists stand for options that are not given.
 struct Options {
   std::string landXml;
-  std::string alignment;
+  Console::AxisOptions axis;
   double step = 100.0;
   std::string points;
   double largestOffset = 100.0;
@@ -28,7 +29,7 @@ struct Options {
   std::string origins;
   std::string scan;
   double spacing = 5.0;
-  std::vector<double> stations;
+  std::vector<std::string> stations;  ///< as "7310" or "7+310 ahead"
   double slab = 0.5;
   bool followDesign = false;
   std::optional<double> excludeAbove;
@@ -38,7 +39,7 @@ struct Options {
   double magnify = 1.0;
 
   std::string transitionTo;
-  std::vector<double> transitionStations;
+  std::vector<std::string> transitionStations;
 
   Console::TableOptions tables;
 

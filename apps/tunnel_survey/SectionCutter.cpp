@@ -17,11 +17,11 @@ double bearing(const Point2D& from, const Point2D& to) {
   return std::atan2(to.x - from.x, to.y - from.y);
 }
 
-/// A section with more points is thinned, to half of them at most. Compared and drawn, a point takes
-/// some hundred bytes: many sections have to be content with fewer points each.
+/// A section with more points is thinned, to half of them at most. Compared and drawn, a point
+/// takes some hundred bytes: many sections have to be content with fewer points each.
 constexpr std::size_t kMostPoints = 8000;
 constexpr std::size_t kFewestKept = 2000;
-constexpr std::size_t kMostPointsInAll = 4000000;
+constexpr std::size_t kMostPointsInAll = 8000000;
 constexpr double kSmallestCell = 0.005;  // m: no finer than what a scanner measures
 
 /// The cell of a grid that a point lies in.
@@ -74,7 +74,8 @@ void SectionCutter::thin(Slab& slab, std::size_t most) {
       const Cell cell = cellOf(slab.points[start].point, size);
       Point2D sum;
       std::uint32_t count = 0;
-      for (; start < slab.points.size() && cellOf(slab.points[start].point, size) == cell; ++start) {
+      for (; start < slab.points.size() && cellOf(slab.points[start].point, size) == cell;
+           ++start) {
         const Mean& mean = slab.points[start];
         sum = sum + mean.point * static_cast<double>(mean.count);
         count += mean.count;
@@ -122,9 +123,8 @@ std::vector<MeasuredSection> SectionCutter::sections(const Point2D& centre) {
 }
 
 std::size_t SectionCutter::thinnedSections() const {
-  return static_cast<std::size_t>(
-      std::count_if(m_slabs.begin(), m_slabs.end(),
-                    [](const auto& place) { return place.second.cell > 0.0; }));
+  return static_cast<std::size_t>(std::count_if(
+      m_slabs.begin(), m_slabs.end(), [](const auto& place) { return place.second.cell > 0.0; }));
 }
 
 double SectionCutter::largestCell() const {

@@ -23,9 +23,9 @@ struct SlabRule {
 };
 
 /// Takes the points of a scan one after the other. A section keeps its points as they are, up to
-/// some thousand. When there are more it is thinned: the points of each cell of a square grid in the
-/// section become their mean, the cells as small as they can be. However large the scan, its sections
-/// thus take less than half a gigabyte.
+/// some thousand. When there are more it is thinned: the points of each cell of a square grid in
+/// the section become their mean, the cells as small as they can be. However large the scan, its
+/// sections thus take less than half a gigabyte.
 class SectionCutter {
  public:
   explicit SectionCutter(SlabRule rule);
@@ -63,7 +63,7 @@ class SectionCutter {
   static void thin(Slab& slab, std::size_t most);
 
   SlabRule m_rule;
-  std::map<double, Slab> m_slabs;  // by stationing
+  std::map<double, Slab> m_slabs;           // by stationing
   std::map<double, Slab>::iterator m_last;  // neighbours in a scan belong together
   std::size_t m_unused = 0;
   std::size_t m_usable = 0;

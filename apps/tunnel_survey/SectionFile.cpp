@@ -65,7 +65,8 @@ Exchange::Outcome<SectionTableForm> readRows(std::istream& in, const Exchange::T
   const auto has = [&table](Column column) { return table.value->has(column); };
   if (!has(Ring) && !has(Section) && !has(Station)) {
     return Result::failure(
-        {0, "there is no column section, ring or station; name the columns by --columns section,x,y"});
+        {0,
+         "there is no column section, ring or station; name the columns by --columns section,x,y"});
   }
   form.nameColumn = has(Ring) ? Ring : has(Section) ? Section : Station;
   rejected = table.value->rejected;
@@ -93,8 +94,7 @@ const Exchange::TableSchema& sectionColumns() {
   return schema;
 }
 
-Exchange::Outcome<SectionFile> readSections(std::istream& in,
-                                            const Exchange::TableFormat& format) {
+Exchange::Outcome<SectionFile> readSections(std::istream& in, const Exchange::TableFormat& format) {
   SectionFile file;
   std::map<std::string, std::size_t> places;  // in the list, by name
   const auto take = [&](const SectionRow& row, int line) {

@@ -58,7 +58,24 @@ void dropThinSections(SectionFile& file) {
   file.sections = std::move(kept);
 }
 
-SectionFile readSectionFile(const Options& options) {
+/// Stations of a table are those that people read.
+void takePlaces(SectionFile& file, const Exchange::Stationing& stationing) {
+  if (!stationing.hasEquations()) return;
+  std::vector<MeasuredSection> placed;
+  for (MeasuredSection& section : file.sections) {
+    const auto place =
+        section.station ? stationing.placeOf(*section.station) : Exchange::Outcome<double>();
+    if (section.station && !place.value) {
+      file.rejected.push_back({0, "section " + section.name + ": " + place.error.message});
+      continue;
+    }
+    section.station = place.value;
+    placed.push_back(std::move(section));
+  }
+  file.sections = std::move(placed);
+}
+
+SectionFile readSectionFile(const Options& options, const Exchange::Stationing& stationing) {
   SectionFile file =
       Console::readTable(options.sections, readSections, options.formatOf("sections"));
   if (!options.origins.empty()) {
@@ -67,6 +84,7 @@ SectionFile readSectionFile(const Options& options) {
     Console::printRemarks(options.origins, origins.rejected);
     placeOnOrigins(file, origins.origins);
   }
+  takePlaces(file, stationing);
   sortAlongTunnel(file.sections);
   return file;
 }
@@ -100,7 +118,7 @@ void printScan(const Options& options, const SectionCutter& cutter, std::size_t 
 }
 
 SectionFile cutScan(const Options& options, const boost::shared_ptr<const AxisDefinition>& axis,
-                    const Exchange::DesignProfile& design) {
+                    const Exchange::DesignProfile& design, const Exchange::Stationing& stationing) {
   constexpr std::size_t kMostRemarks = 20;
   const AxisCalculator calculator(axis);
   const Exchange::PointPlacer placer(calculator, options.largestOffset);
@@ -108,7 +126,11 @@ SectionFile cutScan(const Options& options, const boost::shared_ptr<const AxisDe
   const auto cloud =
       Console::valueOrFail(Exchange::openPointCloud(in, options.formatOf("scan")), options.scan);
   Console::tellDescription(options.scan, cloud->description());
-  SectionCutter cutter({options.stations, options.spacing, options.slab});
+  std::vector<double> stations;
+  for (const std::string& station : options.stations) {
+    stations.push_back(Console::placeOf("--stations", station, stationing));
+  }
+  SectionCutter cutter({stations, options.spacing, options.slab});
   SectionFile file;
   std::size_t points = 0;
   std::size_t misplaced = 0;
@@ -180,7 +202,8 @@ std::string titleOf(const SectionSurvey& survey, const SectionResult& result) {
 }
 
 SectionSurvey surveySections(const Options& options,
-                             const boost::shared_ptr<const AxisDefinition>& axis) {
+                             const boost::shared_ptr<const AxisDefinition>& axis,
+                             const Exchange::Stationing& stationing) {
   const ComparisonRule rule = ruleOf(options);
   const bool isScan = !options.scan.empty();
   const std::string& source = isScan ? options.scan : options.sections;
@@ -188,7 +211,8 @@ SectionSurvey surveySections(const Options& options,
   const Exchange::DesignProfile design = Console::valueOrFail(
       Exchange::readDesignProfile(designFile, options.formatOf("design")), options.design);
   Console::printHeading("Cross-sections");
-  SectionFile file = isScan ? cutScan(options, axis, design) : readSectionFile(options);
+  SectionFile file =
+      isScan ? cutScan(options, axis, design, stationing) : readSectionFile(options, stationing);
   dropThinSections(file);
   Console::printRemarks(source, file.rejected);
   if (file.sections.empty()) throw Console::Failure(source + ": there is no section to compare");
@@ -203,7 +227,8 @@ SectionSurvey surveySections(const Options& options,
                        Console::fileName(source),
                        options.magnify,
                        compareAll(file.sections, design, rule),
-                       {}};
+                       {},
+                       stationing};
   const AxisCalculator calculator(axis);
   survey.volumes = volumesOf(survey.results, [&calculator](double from, double to) {
     return lengthBetween(calculator, from, to);

@@ -4,6 +4,7 @@
 #ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_SECTION_SURVEY_H
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_SECTION_SURVEY_H
 
+#include "common/exchange/Stationing.h"
 #include "tunnel_survey/SectionComparison.h"
 
 #include <optional>
@@ -23,6 +24,7 @@ struct SectionSurvey {
   double magnify = 1.0;                ///< of the deviations in drawings
   std::vector<SectionResult> results;  ///< at least one
   std::optional<Volumes> volumes;
+  Exchange::Stationing stationing;  ///< the stations that people read
 
   bool hasStations() const { return results.front().section.station.has_value(); }
 };
@@ -32,8 +34,9 @@ std::string titleOf(const SectionSurvey& survey, const SectionResult& result);
 
 /// Prints what it finds. Throws a Failure for files that cannot be used.
 /// @param axis may be null unless a scan is to be cut
-SectionSurvey surveySections(
-    const Options& options, const boost::shared_ptr<const Ruv::Calculations::AxisDefinition>& axis);
+SectionSurvey surveySections(const Options& options,
+                             const boost::shared_ptr<const Ruv::Calculations::AxisDefinition>& axis,
+                             const Exchange::Stationing& stationing);
 
 }  // namespace TunnelSurvey
 

@@ -34,6 +34,8 @@ struct SurveyPicture {
   std::string name;                                ///< of the alignment
   std::string source;                              ///< the file it comes from
   std::optional<Exchange::StationRange> sections;  ///< where the tunnel is compared with its design
+  Exchange::Stationing stationing;  ///< the stations that people read, from those of the axis
+  bool hasHeights = true;           ///< else the axis lies at height 0
 };
 
 /// The elements, or their parts, inside a range.

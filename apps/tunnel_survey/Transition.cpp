@@ -22,11 +22,14 @@ using Ruv::Calculations::ThProfileMorpher;
 constexpr int kParts = 8;         // between the sections
 constexpr int kEdgesPerPart = 4;  // the edges of walls that lean or bulge are curved lines
 
-Exchange::StationRange rangeOf(const Options& options) {
+Exchange::StationRange rangeOf(const Options& options, const Exchange::Stationing& stationing) {
   constexpr double kShortest = 0.1;
   constexpr double kLongest = 10000.0;
-  const Exchange::StationRange range{options.transitionStations.front(),
-                                     options.transitionStations.back()};
+  const auto placeOf = [&stationing](const std::string& station) {
+    return Console::placeOf("--transition-stations", station, stationing);
+  };
+  const Exchange::StationRange range{placeOf(options.transitionStations.front()),
+                                     placeOf(options.transitionStations.back())};
   if (!(range.length() >= kShortest && range.length() <= kLongest)) {
     throw Console::WrongUsage("--transition-stations: from the first to the second must be " +
                               fixed(kShortest, 1) + " to " + fixed(kLongest, 0) + " m");
@@ -80,10 +83,10 @@ Exchange::Outcome<Transition> transitionBetween(const Exchange::DesignProfile& s
   return Exchange::Outcome<Transition>::success(std::move(transition));
 }
 
-std::optional<Transition> surveyTransition(const Options& options) {
-  const Exchange::StationRange range = rangeOf(options);
-  const Exchange::DesignProfile start =
-      readDesign(options.design, options.formatOf("design"));
+std::optional<Transition> surveyTransition(const Options& options,
+                                           const Exchange::Stationing& stationing) {
+  const Exchange::StationRange range = rangeOf(options, stationing);
+  const Exchange::DesignProfile start = readDesign(options.design, options.formatOf("design"));
   const Exchange::DesignProfile end =
       readDesign(options.transitionTo, options.formatOf("transition-to"));
   Console::printHeading("Transition");
@@ -93,6 +96,7 @@ std::optional<Transition> surveyTransition(const Options& options) {
     std::cout << "Left out: the profiles cannot be morphed.\n";
     return std::nullopt;
   }
+  outcome.value->stationing = stationing;
   outcome.value->startSource = Console::fileName(options.design);
   outcome.value->endSource = Console::fileName(options.transitionTo);
   std::cout << "Start profile    " << options.design << '\n'

@@ -33,6 +33,7 @@ struct Transition {
   std::string endSource;
   std::vector<TransitionSection> sections;  ///< nine at equal distances, the given ones at the ends
   std::vector<TransitionEdges> edges;       ///< closer together than the sections
+  Exchange::Stationing stationing;          ///< the stations that people read
 
   Exchange::StationRange range() const {
     return {sections.front().station, sections.back().station};
@@ -46,7 +47,8 @@ Exchange::Outcome<Transition> transitionBetween(const Exchange::DesignProfile& s
 
 /// Prints the sections. Throws a Failure for files that cannot be used; profiles that cannot be
 /// morphed are told, and give nothing.
-std::optional<Transition> surveyTransition(const Options& options);
+std::optional<Transition> surveyTransition(const Options& options,
+                                           const Exchange::Stationing& stationing);
 
 /// The elements of all sections: station, start_x, start_y, end_x, end_y, radius (m).
 std::string transitionAsCsv(const Transition& transition);

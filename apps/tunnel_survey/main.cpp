@@ -35,9 +35,12 @@ Console::ExitCode run(const Options& options) {
   checkTableOptions(options);
   SurveyResults results;
   if (!options.landXml.empty()) results.axis = surveyAxis(options);
-  if (!options.transitionTo.empty()) results.transition = surveyTransition(options);
+  const Exchange::Stationing stationing =
+      results.axis ? results.axis->stationing : Exchange::Stationing();
+  if (!options.transitionTo.empty()) results.transition = surveyTransition(options, stationing);
   if (hasMeasurements(options)) {
-    results.sections = surveySections(options, results.axis ? results.axis->axis : nullptr);
+    results.sections =
+        surveySections(options, results.axis ? results.axis->axis : nullptr, stationing);
   }
   if (!options.output.empty()) writeResults(options, results);
   return Console::ExitCode::Fine;

@@ -1,6 +1,7 @@
 #include "common/console/Files.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
@@ -40,6 +41,15 @@ std::string textOf(const std::string& path) {
   }
   if (file.bad()) throw Failure(path + ": cannot be read");
   return text;
+}
+
+double placeOf(const std::string& option, const std::string& station,
+               const Exchange::Stationing& stationing) {
+  constexpr double kFarthest = 1e9;
+  const auto place = stationing.placeOf(station);
+  if (!place.value) throw WrongUsage(option + ": " + place.error.message);
+  if (!(std::abs(*place.value) <= kFarthest)) throw WrongUsage(option + ": is too large");
+  return *place.value;
 }
 
 void tellDescription(const std::string& path, const std::string& description) {

@@ -5,6 +5,7 @@
 #define CALCULATIONS_APPS_COMMON_CONSOLE_FILES_H
 
 #include "common/exchange/Outcome.h"
+#include "common/exchange/Stationing.h"
 
 #include <fstream>
 #include <stdexcept>
@@ -32,6 +33,10 @@ T valueOrFail(Exchange::Outcome<T> outcome, const std::string& path) {
   return std::move(*outcome.value);
 }
 
+/// The place of a station that an option gives. Throws WrongUsage for what is none.
+double placeOf(const std::string& option, const std::string& station,
+               const Exchange::Stationing& stationing);
+
 /// On the error stream, how a file is written; nothing when that is empty.
 void tellDescription(const std::string& path, const std::string& description);
 
@@ -43,7 +48,8 @@ std::string textOf(const std::string& path);
 
 /// Reads a table and tells how it is written if that is not the plain form.
 template <class File, class Format>
-File readTable(const std::string& path, Exchange::Outcome<File> (*read)(std::istream&, const Format&),
+File readTable(const std::string& path,
+               Exchange::Outcome<File> (*read)(std::istream&, const Format&),
                const Format& format) {
   std::ifstream in = openFile(path);
   File file = valueOrFail(read(in, format), path);

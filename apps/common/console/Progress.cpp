@@ -33,8 +33,7 @@ void Progress::show() {
   m_hasLine = true;
   std::cerr << kNewLine << m_task;
   if (m_steps > 0 && m_done > 0) {
-    const double share =
-        std::min(1.0, static_cast<double>(m_done) / static_cast<double>(m_steps));
+    const double share = std::min(1.0, static_cast<double>(m_done) / static_cast<double>(m_steps));
     const double passed = std::chrono::duration<double>(now - m_start).count();
     std::cerr << ": " << static_cast<int>(100.0 * share) << " %, "
               << durationText(passed * (1.0 - share) / share) << " left";

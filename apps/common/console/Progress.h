@@ -11,8 +11,8 @@
 
 namespace Console {
 
-/// Shows the share that is done and the time that is left, on one line of the error stream, when that
-/// is a terminal and the work takes more than a moment. The line goes away at the end.
+/// Shows the share that is done and the time that is left, on one line of the error stream, when
+/// that is a terminal and the work takes more than a moment. The line goes away at the end.
 class Progress {
  public:
   /// @param steps in all; 0 when that is not known

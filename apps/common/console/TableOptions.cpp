@@ -143,9 +143,8 @@ void TableOptions::check(const std::vector<NamedTable>& tables) const {
     for (const std::string& text : *given) {
       const std::string table = scopedOf(text).table;
       const bool isKnown =
-          table.empty() || std::any_of(tables.begin(), tables.end(), [&](const NamedTable& t) {
-            return t.name == table;
-          });
+          table.empty() || std::any_of(tables.begin(), tables.end(),
+                                       [&](const NamedTable& t) { return t.name == table; });
       if (!isKnown) throw WrongUsage(text + ": this command reads no table " + table);
     }
   }
@@ -174,9 +173,9 @@ Exchange::TableFormat TableOptions::formatFor(const NamedTable& table) const {
 }
 
 void addTableOptions(OptionGroup all, TableOptions& options, const std::string& tables) {
-  OptionGroup group = all.group(
-      "Tables, where they cannot be recognised; with the name of a table (" + tables +
-      ") and a colon before it, a word holds for that one alone");
+  OptionGroup group =
+      all.group("Tables, where they cannot be recognised; with the name of a table (" + tables +
+                ") and a colon before it, a word holds for that one alone");
   group.add("--delimiter", options.delimiters,
             "Between cells: comma, semicolon, tab, bar or blank");
   group.add("--decimal", options.decimals, "Sign: point or comma");

@@ -5,6 +5,7 @@
 #define CALCULATIONS_APPS_COMMON_EXCHANGE_ALIGNMENT_MODEL_H
 
 #include "common/exchange/Outcome.h"
+#include "common/exchange/Stationing.h"
 
 #include <optional>
 #include <string>
@@ -28,10 +29,11 @@ struct PlanElement {
   double radiusEnd = 0.0;
   PlanPoint start;
   PlanPoint end;
-  std::optional<PlanPoint> center;         ///< of an arc
-  std::optional<PlanPoint> intersection;   ///< of the tangents at both ends
-  std::optional<double> printedDirection;  ///< azimuth at the start
-  std::optional<double> printedTurn;       ///< change of direction, without sign
+  std::optional<PlanPoint> center;        ///< of an arc
+  std::optional<PlanPoint> intersection;  ///< of the tangents at both ends
+  std::optional<double>
+      printedDirection;               ///< at the start, from where and which way round it may be
+  std::optional<double> printedTurn;  ///< change of direction, without sign
 };
 
 enum class RoundingKind { None, Circle, Parabola };
@@ -44,12 +46,23 @@ struct ProfilePoint {
   double size = 0.0;  ///< radius of a circle, length of a parabola over the stationing
 };
 
+/// How much higher one rail is than the other; linear between two of them.
+struct CantPoint {
+  int line = 0;
+  double station = 0.0;
+  double cant = 0.0;  ///< m, positive when the right rail is lower
+};
+
 struct Alignment {
   std::string name;
   std::string lengthUnit;  ///< as the file names it; the numbers here are metres
   double startStation = 0.0;
+  Stationing stationing;  ///< where the stations that people read jump
   std::vector<PlanElement> plan;
-  std::vector<ProfilePoint> profile;
+  std::vector<ProfilePoint> profile;  ///< empty when the file has none
+  std::vector<CantPoint> cant;        ///< empty when the file has none
+  std::string cantTurnsAbout;         ///< as the file names it; empty for the axis
+  std::vector<Remark> notes;          ///< what had to be assumed
 };
 
 }  // namespace Exchange

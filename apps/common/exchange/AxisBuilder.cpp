@@ -3,9 +3,11 @@
 #include "common/drawing/NumberText.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace Exchange {
 
@@ -97,19 +99,46 @@ bool bendsAwayFrom(const PlanElement& element) {
   return Utilities::getangleAsMinusPiToPi(toEnd - toIntersection) * turnOf(element) < 0.0;
 }
 
+/// Where printed directions count from and which way round.
+struct DirectionRule {
+  double from;  ///< azimuth of direction 0
+  double side;  ///< 1 clockwise
+  const char* words;
+
+  double azimuthOf(double direction) const { return from + side * direction; }
+};
+
+constexpr std::array<DirectionRule, 4> kDirectionRules = {
+    {{0.0, 1.0, "clockwise from north"},
+     {kHalfPi, -1.0, "anticlockwise from east"},
+     {0.0, -1.0, "anticlockwise from north"},
+     {kHalfPi, 1.0, "clockwise from east"}}};
+
+/// An element with a printed direction, and the azimuth that its coordinates say.
+struct PrintedDirection {
+  const PlanElement* element;
+  double azimuth;
+};
+
 class AxisBuilder {
  public:
-  explicit AxisBuilder(const Alignment& alignment)
+  AxisBuilder(const Alignment& alignment, std::optional<double> cantBase)
       : m_alignment(alignment),
+        m_cantBase(cantBase),
         m_station(alignment.startStation),
         m_axis(AxisDefinitionFactory::createHoralVeralAxis()) {}
 
   Outcome<BuiltAxis> build() {
+    m_built.notes = m_alignment.notes;
+    m_built.stationing = m_alignment.stationing;
     for (const PlanElement& element : m_alignment.plan) {
       if (!appendElement(element)) return Outcome<BuiltAxis>::failure(m_error);
     }
+    noteDirections();
     appendProfile();
     if (!roundingsFit() || !canBeEvaluated()) return Outcome<BuiltAxis>::failure(m_error);
+    noteCut();
+    appendCant();
     m_axis->setStationingMappingValues(m_axis->minimumStng2d(), 0.0);
     m_built.axis.reset(m_axis.release());
     return Outcome<BuiltAxis>::success(m_built);
@@ -144,17 +173,31 @@ class AxisBuilder {
     return element.center || distanceOf(element.start, element.end) >= kShortestDirectedChord;
   }
 
+  /// Elements print the continuous station, or the one that people read.
+  bool isExpectedStation(double station) const {
+    const auto isNear = [station](double other) {
+      return std::abs(station - other) <= kLargestContradiction;
+    };
+    if (isNear(m_station) || isNear(m_alignment.stationing.stationAt(m_station))) return true;
+    const auto& equations = m_alignment.stationing.equations();
+    return std::any_of(equations.begin(), equations.end(), [&](const StationEquation& equation) {
+      return std::abs(equation.place - m_station) <= kLargestContradiction &&
+             isNear(equation.ahead);
+    });
+  }
+
   bool continuesChain(const PlanElement& element) {
-    const double station = element.startStation.value_or(m_station);
-    if (!(std::abs(station - m_station) <= kLargestContradiction)) {
-      return refuse(element,
-                    "begins at station " + fixed(station, 3) + ", expected " + fixed(m_station, 3));
+    if (element.startStation && !isExpectedStation(*element.startStation)) {
+      return refuse(element, "begins at station " + fixed(*element.startStation, 3) +
+                                 ", expected " + fixed(m_station, 3));
     }
     const double gap = isFirst() ? 0.0 : distanceOf(m_end, element.start);
     if (!(gap <= kLargestContradiction)) {
       return refuse(element, "begins " + fixed(gap, 3) + " m from the end of the element before");
     }
-    m_station = station;
+    if (element.startStation && !m_alignment.stationing.hasEquations()) {
+      m_station = *element.startStation;
+    }
     return true;
   }
 
@@ -178,10 +221,7 @@ class AxisBuilder {
   }
 
   void noteAngles(const PlanElement& element, double azimuth) {
-    if (element.printedDirection && difference(*element.printedDirection, azimuth) > kNotedAngle) {
-      note(element, "its coordinates run in " + gonText(Utilities::getAngleAsZeroToTwoPi(azimuth)) +
-                        ", not in the printed " + gonText(*element.printedDirection));
-    }
+    if (element.printedDirection) m_directions.push_back({&element, azimuth});
     const double turn = std::abs(turnOf(element));
     if (element.printedTurn && difference(*element.printedTurn, turn) > kNotedAngle) {
       note(element, "radius and length turn by " + gonText(turn) + ", not by the printed " +
@@ -193,6 +233,34 @@ class AxisBuilder {
     if (kink > kNotedAngle) note(element, "turns off the element before by " + gonText(kink));
   }
 
+  bool follows(const DirectionRule& rule, const PrintedDirection& direction) const {
+    return difference(rule.azimuthOf(*direction.element->printedDirection), direction.azimuth) <=
+           kNotedAngle;
+  }
+
+  /// A rule that all printed directions follow is the one of the program that wrote the file; where
+  /// there is none, those that differ are told.
+  void noteDirections() {
+    for (const DirectionRule& rule : kDirectionRules) {
+      const bool holds = std::all_of(m_directions.begin(), m_directions.end(),
+                                     [&](const PrintedDirection& d) { return follows(rule, d); });
+      if (!holds) continue;
+      if (&rule != &kDirectionRules.front()) {
+        m_built.notes.push_back({m_directions.front().element->line,
+                                 std::string("printed directions count ") + rule.words});
+      }
+      return;
+    }
+    const DirectionRule& usual = kDirectionRules.front();
+    for (const PrintedDirection& direction : m_directions) {
+      if (follows(usual, direction)) continue;
+      note(*direction.element, "its coordinates run in " +
+                                   gonText(Utilities::getAngleAsZeroToTwoPi(direction.azimuth)) +
+                                   ", not in the printed " +
+                                   gonText(*direction.element->printedDirection));
+    }
+  }
+
   double gradeAfter(std::size_t index) const {
     const ProfilePoint& from = m_alignment.profile[index];
     const ProfilePoint& to = m_alignment.profile[index + 1];
@@ -200,6 +268,11 @@ class AxisBuilder {
   }
 
   void appendProfile() {
+    m_built.hasHeights = !m_alignment.profile.empty();
+    if (!m_built.hasHeights) {
+      m_axis->addVeralPointKink(m_alignment.startStation, 0.0);
+      m_axis->addVeralPointKink(m_station, 0.0);
+    }
     for (std::size_t i = 0; i < m_alignment.profile.size(); ++i) {
       const ProfilePoint& point = m_alignment.profile[i];
       const double change =
@@ -216,6 +289,7 @@ class AxisBuilder {
 
   bool roundingsFit() {
     constexpr double kCoarsest = 100.0;
+    if (!m_built.hasHeights) return true;
     double reached = m_alignment.profile.front().station;
     for (std::size_t i = 0; i < m_alignment.profile.size(); ++i) {
       const std::vector<Point2D> rounding =
@@ -233,6 +307,59 @@ class AxisBuilder {
     return true;
   }
 
+  /// Only where it has heights there is an axis.
+  void noteCut() {
+    constexpr double kNotedCut = 0.001;
+    const double start = m_axis->minimumStng2d() - m_alignment.startStation;
+    const double end = m_station - m_axis->maximumStng2d();
+    if (!(std::max(start, end) >= kNotedCut)) return;
+    const Stationing& stations = m_alignment.stationing;
+    m_built.notes.push_back({m_alignment.profile.front().line,
+                             "ProfAlign: the profile runs from " +
+                                 stations.text(m_axis->minimumStng2d(), 3) + " to " +
+                                 stations.text(m_axis->maximumStng2d(), 3) + "; of the plan, " +
+                                 fixed(std::max(0.0, start), 3) + " m before and " +
+                                 fixed(std::max(0.0, end), 3) + " m behind it are left out"});
+  }
+
+  double slopeOf(const CantPoint& point) const { return 100.0 * point.cant / *m_cantBase; }
+
+  void appendCant() {
+    const std::vector<CantPoint>& points = m_alignment.cant;
+    const bool hasCant = std::any_of(points.begin(), points.end(),
+                                     [](const CantPoint& point) { return point.cant != 0.0; });
+    if (!hasCant) return;
+    if (!m_cantBase) {
+      m_built.notes.push_back({points.front().line,
+                               "Cant: is not used; give the distance of the rails by --cant-base"});
+      return;
+    }
+    m_built.hasCant = true;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+      const double from = points[i - 1].station;
+      const double to = points[i].station;
+      if (to < from) {
+        m_built.notes.push_back({points[i].line,
+                                 "CantStation: lies before the one above it; the "
+                                 "cant from here on is left out"});
+        return;
+      }
+      if (to > from) {
+        m_axis->addTransSlopeSegmentLinear(from, to, slopeOf(points[i - 1]), slopeOf(points[i]));
+      }
+    }
+    if (points.back().station > m_station + kLargestContradiction) {
+      m_built.notes.push_back({points.back().line, "CantStation: lies at " +
+                                                       fixed(points.back().station, 3) +
+                                                       ", beyond the end of the alignment"});
+    }
+    if (!m_alignment.cantTurnsAbout.empty()) {
+      m_built.notes.push_back({points.front().line, "Cant: turns about " +
+                                                        m_alignment.cantTurnsAbout +
+                                                        " in the file, about the axis here"});
+    }
+  }
+
   bool canBeEvaluated() {
     const double lowest = m_axis->minimumStng2d();
     const double highest = m_axis->maximumStng2d();
@@ -245,7 +372,8 @@ class AxisBuilder {
     const AxisCalculator calculator(borrowed);
     double station = m_alignment.startStation;
     for (const PlanElement& element : m_alignment.plan) {
-      const double start = element.startStation.value_or(station);
+      const bool isContinuous = !m_alignment.stationing.hasEquations();
+      const double start = isContinuous ? element.startStation.value_or(station) : station;
       station = start + element.length;
       const double middle = (start + station) / 2.0;
       ENHPoint place;
@@ -258,6 +386,8 @@ class AxisBuilder {
   }
 
   const Alignment& m_alignment;
+  std::optional<double> m_cantBase;
+  std::vector<PrintedDirection> m_directions;
   double m_station;
   double m_azimuth = 0.0;
   PlanPoint m_end;
@@ -268,6 +398,8 @@ class AxisBuilder {
 
 }  // namespace
 
-Outcome<BuiltAxis> buildAxis(const Alignment& alignment) { return AxisBuilder(alignment).build(); }
+Outcome<BuiltAxis> buildAxis(const Alignment& alignment, std::optional<double> cantBase) {
+  return AxisBuilder(alignment, cantBase).build();
+}
 
 }  // namespace Exchange

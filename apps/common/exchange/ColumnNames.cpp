@@ -24,17 +24,21 @@ struct Synonyms {
 const std::map<std::string, Synonyms, std::less<>>& synonyms() {
   static const std::map<std::string, Synonyms, std::less<>> table = {
       {"id",
-       {{"id",         "point",     "pointid",    "pointno",     "pointnr",    "pointname",
-         "pointnumber", "pt",        "ptid",       "ptno",        "ptnr",       "pid",
-         "p",          "punkt",     "punktid",    "punktnr",     "punktnummer", "punktname",
-         "pkt",        "pktnr",     "pktid",      "pktname",     "ziel",       "zielpunkt",
-         "target",     "targetid",  "messung",    "measurement", "bezeichnung", "label",
-         "ident",      "identifier", "zielnr",    "zielpunktnr", "punktbezeichnung"},
+       {{"id",        "point",       "pointid",     "pointno",     "pointnr",
+         "pointname", "pointnumber", "pt",          "ptid",        "ptno",
+         "ptnr",      "pid",         "p",           "punkt",       "punktid",
+         "punktnr",   "punktnummer", "punktname",   "pkt",         "pktnr",
+         "pktid",     "pktname",     "ziel",        "zielpunkt",   "target",
+         "targetid",  "messung",     "measurement", "bezeichnung", "label",
+         "ident",     "identifier",  "zielnr",      "zielpunktnr", "punktbezeichnung"},
         {"name", "nr", "no", "number", "nummer", "num"}}},
       {"east",
-       {{"east", "easting", "eastings", "e", "ost", "ostwert", "rechtswert", "rechts", "rw",
-         "eastcoordinate", "ecoordinate", "ecoord", "ekoordinate", "koordinateost", "utme",
-         "yeast", "yost", "yrechtswert", "xeast", "gridy", "ylocal"},
+       {{"east",        "easting",        "eastings",    "e",
+         "ost",         "ostwert",        "rechtswert",  "rechts",
+         "rw",          "eastcoordinate", "ecoordinate", "ecoord",
+         "ekoordinate", "koordinateost",  "utme",        "yeast",
+         "yost",        "yrechtswert",    "xeast",       "gridy",
+         "ylocal"},
         {}}},
       {"north",
        {{"north", "northing", "northings", "n", "nord", "nordwert", "hochwert", "hoch", "hw",
@@ -42,14 +46,34 @@ const std::map<std::string, Synonyms, std::less<>>& synonyms() {
          "xnorth", "xnord", "xhochwert", "ynorth"},
         {}}},
       {"height",
-       {{"height", "h", "z", "elevation", "elev", "hoehe", "hohe", "hoeheuenn", "hoehenn",
-         "hoehenhn", "hoehenormalnull", "kote", "altitude", "alt", "orthoheight",
-         "orthometricheight", "rl", "reducedlevel", "zkoordinate", "zcoordinate", "level"},
+       {{"height",
+         "h",
+         "z",
+         "elevation",
+         "elev",
+         "hoehe",
+         "hohe",
+         "hoeheuenn",
+         "hoehenn",
+         "hoehenhn",
+         "hoehenormalnull",
+         "kote",
+         "altitude",
+         "alt",
+         "orthoheight",
+         "orthometricheight",
+         "rl",
+         "reducedlevel",
+         "zkoordinate",
+         "zcoordinate",
+         "level"},
         {"el"}}},
-      {"x", {{"x", "xcoordinate", "xkoordinate", "xlocal"},
-             {"offset", "abstand", "ablage", "querabstand", "achsabstand", "rechtsabstand"}}},
-      {"y", {{"y", "ycoordinate", "ykoordinate", "ylocal"},
-             {"height", "hoehe", "hohe", "h", "z", "elevation"}}},
+      {"x",
+       {{"x", "xcoordinate", "xkoordinate", "xlocal"},
+        {"offset", "abstand", "ablage", "querabstand", "achsabstand", "rechtsabstand"}}},
+      {"y",
+       {{"y", "ycoordinate", "ykoordinate", "ylocal"},
+        {"height", "hoehe", "hohe", "h", "z", "elevation"}}},
       {"ring", {{"ring", "ringid", "ringno", "ringnr", "ringnumber", "ringnummer"}, {}}},
       {"section",
        {{"section", "sectionid", "sectionno", "sectionname", "crosssection", "profil", "profile",
@@ -78,8 +102,7 @@ const std::map<std::string, Synonyms, std::less<>>& synonyms() {
        {{"zenithangle", "zenith", "zenithdistance", "zenit", "zenitwinkel", "zenitdistanz", "v",
          "vz", "va", "vangle", "verticalangle", "vertikalwinkel", "vwinkel", "zd", "za", "vert"},
         {}}},
-      {"elevation_angle",
-       {{"elevationangle", "altitudeangle", "hoehenwinkel", "hohenwinkel"}, {}}},
+      {"elevation_angle", {{"elevationangle", "altitudeangle", "hoehenwinkel", "hohenwinkel"}, {}}},
       {"slope_distance",
        {{"slopedistance", "slopedist", "sdist", "sd", "sdistance", "schraegdistanz",
          "schraegstrecke", "schragdistanz", "raumstrecke", "slope"},
@@ -127,8 +150,8 @@ std::string withoutFillers(const Heading& heading, const TableSchema& schema) {
   std::string found;
   std::size_t start = 0;
   while (start < heading.text.size()) {
-    const std::size_t end = std::min(heading.text.find_first_of(" ._-/=:", start),
-                                     heading.text.size());
+    const std::size_t end =
+        std::min(heading.text.find_first_of(" ._-/=:", start), heading.text.size());
     const std::string word = plainName(std::string_view(heading.text).substr(start, end - start));
     start = end + 1;
     if (word.size() < 2 || fillers.count(word) > 0) continue;
@@ -254,8 +277,10 @@ std::string badUnit(const Headings& headings, const TableSchema& schema,
     const Heading& heading = headings[*match.places[i]];
     const std::string option = quantity == Quantity::Angle ? "--angles" : "--lengths";
     if (!heading.unknownUnit.empty()) {
-      return "the unit of " + quoted(heading.text) + " is not known; name the columns by --columns"
-             " and, if need be, the unit by " + option;
+      return "the unit of " + quoted(heading.text) +
+             " is not known; name the columns by --columns"
+             " and, if need be, the unit by " +
+             option;
     }
     if (heading.unit && !fits(*heading.unit, quantity)) {
       return quoted(heading.text) + " names no unit of " + schema.columns[i].name +

@@ -33,9 +33,9 @@ struct HeadingMatch {
 };
 
 /// Headings name a column in English or German, and may name a unit: "East [m]", "Rechtswert",
-/// "Hz (gon)", "height_m". Y and X are east and north, as geodesists write them, when Y comes first;
-/// x and y are so in scans; otherwise they may be either, which is a conflict. So are two headings
-/// for one column, and two of the same name.
+/// "Hz (gon)", "height_m". Y and X are east and north, as geodesists write them, when Y comes
+/// first; x and y are so in scans; otherwise they may be either, which is a conflict. So are two
+/// headings for one column, and two of the same name.
 HeadingMatch matchHeadings(const std::vector<std::string_view>& headings,
                            const TableSchema& schema);
 

@@ -23,7 +23,7 @@ constexpr double kOutlineStep = 0.05;
 constexpr double kGap = 0.001;          // between elements that follow each other
 constexpr double kRoundedChord = 1e-6;  // by which a half circle's chord may exceed its diameter
 constexpr std::size_t kMostElements = 10000;
-constexpr double kFarthest = 1000.0;    // of the coordinates, as the library intersects profiles
+constexpr double kFarthest = 1000.0;  // of the coordinates, as the library intersects profiles
 
 struct Element {
   int line = 0;

@@ -10,13 +10,18 @@
 
 namespace Exchange {
 
-/// Reads Line, Curve and Spiral (clothoids) of the CoordGeom, and PVI, ParaCurve and CircCurve of
-/// the first ProfAlign. Units are those the file declares. Anything else in these two lists,
-/// station equations, and numbers out of any sensible range are refused; cant, cross sections and
-/// features are passed over.
+/// What to read of a file.
+struct AlignmentChoice {
+  std::string alignment;  ///< its name; empty for the first one
+  std::string profile;    ///< its name; empty for the only one, or the one whose state is proposed
+};
+
+/// Reads Line, Curve and Spiral (clothoids) of the CoordGeom, PVI, ParaCurve, UnsymParaCurve and
+/// CircCurve of a ProfAlign, StaEquation and Cant. Units are those the file declares. Anything else
+/// in the first two lists, and numbers out of any sensible range, are refused; cross sections and
+/// features are passed over. What had to be assumed is among the notes.
 /// @param xml the text of the file
-/// @param name of the alignment; empty for the first one
-Outcome<Alignment> readLandXml(const std::string& xml, const std::string& name = "");
+Outcome<Alignment> readLandXml(const std::string& xml, const AlignmentChoice& choice = {});
 
 }  // namespace Exchange
 

@@ -12,6 +12,7 @@
 namespace Exchange {
 
 struct LandXmlUnits {
+  bool isMetric = true;
   std::string lengthName;
   double metresPerLength = 1.0;
   double metresPerHeight = 1.0;
@@ -19,7 +20,8 @@ struct LandXmlUnits {
   AngleUnit direction = AngleUnit::Radian;
 };
 
-/// Metres in a linear unit of LandXML, as "USSurveyFoot".
+/// Metres in a linear unit of LandXML, as "USSurveyFoot". Capitals, blanks and the plural do not
+/// matter, for units and for angles.
 std::optional<double> metresPerUnit(const std::string& name);
 
 /// Metres in a unit of heights. "feet" are those of the lengths when these are feet.

@@ -33,8 +33,8 @@ bool areGroups(std::string_view whole, char separator) {
   for (bool isFirst = true;; isFirst = false) {
     const std::size_t end = std::min(whole.find(separator, start), whole.size());
     const std::string_view group = whole.substr(start, end - start);
-    const bool fits = isFirst ? !group.empty() && group.size() <= kGroupDigits
-                              : group.size() == kGroupDigits;
+    const bool fits =
+        isFirst ? !group.empty() && group.size() <= kGroupDigits : group.size() == kGroupDigits;
     if (!fits || !std::all_of(group.begin(), group.end(), isDigit)) return false;
     if (end == whole.size()) return true;
     start = end + 1;
@@ -61,12 +61,12 @@ std::string withPlainLetters(std::string_view text) {
     std::string_view from;
     char to;
   };
-  constexpr std::array<Replacement, 6> kReplacements = {{{"\xE2\x88\x92", '-'},      // U+2212
-                                                         {"\xE2\x80\x99", '\''},     // U+2019
-                                                         {"\xC2\xA0", '\''},         // no-break
-                                                         {"\xE2\x80\x89", '\''},     // thin
-                                                         {"\xE2\x80\xAF", '\''},     // narrow
-                                                         {"\xE2\x80\x87", '\''}}};   // figure
+  constexpr std::array<Replacement, 6> kReplacements = {{{"\xE2\x88\x92", '-'},     // U+2212
+                                                         {"\xE2\x80\x99", '\''},    // U+2019
+                                                         {"\xC2\xA0", '\''},        // no-break
+                                                         {"\xE2\x80\x89", '\''},    // thin
+                                                         {"\xE2\x80\xAF", '\''},    // narrow
+                                                         {"\xE2\x80\x87", '\''}}};  // figure
   std::string plain;
   while (!text.empty()) {
     const auto* found = std::find_if(

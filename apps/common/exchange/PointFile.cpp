@@ -29,8 +29,8 @@ Outcome<CheckPoint> checkPointOf(const TableRow& row) {
 }  // namespace
 
 const TableSchema& surveyedPointColumns() {
-  static const TableSchema schema = {
-      {{"id", Quantity::Text}, {"east"}, {"north"}, {"height"}}, {"id", "east", "north", "height"}};
+  static const TableSchema schema = {{{"id", Quantity::Text}, {"east"}, {"north"}, {"height"}},
+                                     {"id", "east", "north", "height"}};
   return schema;
 }
 

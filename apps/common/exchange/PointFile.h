@@ -81,8 +81,8 @@ struct ConvertedPoint {
   Ruv::Calculations::AxisPoint onAxis;
 };
 
-/// Finds stationing, offset and height above the axis. Points without a foot on the axis, or farther
-/// beside it than the largest offset, have no place.
+/// Finds stationing, offset and height above the axis. Points without a foot on the axis, or
+/// farther beside it than the largest offset, have no place.
 class PointPlacer {
  public:
   /// The calculator must live as long.

@@ -158,8 +158,7 @@ TableStream::Found TableStream::next(TableRow& row, Remark& remark) {
   return Found::Row;
 }
 
-Outcome<Table> Table::read(std::istream& in, const TableSchema& schema,
-                           const TableFormat& format) {
+Outcome<Table> Table::read(std::istream& in, const TableSchema& schema, const TableFormat& format) {
   TableStream stream(in, schema, format);
   const Remark problem = stream.open();
   if (!problem.message.empty()) return Outcome<Table>::failure(problem);

@@ -38,8 +38,8 @@ class TableStream {
   TableStream& operator=(const TableStream&) = delete;
 
   /// Recognises how the table is written, from its beginning: separator, decimal, headings, units.
-  /// What is ambiguous is refused; the reason names the option that would settle it. Empty lines and
-  /// comments (#, % or //) do not count, and lines before the headings are passed over.
+  /// What is ambiguous is refused; the reason names the option that would settle it. Empty lines
+  /// and comments (#, % or //) do not count, and lines before the headings are passed over.
   /// @return why it cannot be read; an empty message when it can
   Remark open();
   const TableLayout& layout() const { return m_layout; }

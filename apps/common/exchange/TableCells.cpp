@@ -24,7 +24,8 @@ Gap blanksFrom(std::string_view line, std::size_t from, bool mustBeWide) {
   for (std::size_t i = from; i < line.size(); ++i) {
     if (!isBlank(line[i])) continue;
     std::size_t end = i;
-    while (end < line.size() && isBlank(line[end])) ++end;
+    while (end < line.size() && isBlank(line[end]))
+      ++end;
     const std::string_view run = line.substr(i, end - i);
     if (!mustBeWide || run.size() > 1 || run.find('\t') != std::string_view::npos) {
       return {i, end - i};
@@ -93,15 +94,15 @@ std::string_view TableCells::unquoted(std::string_view content) {
   return std::string_view(m_store).substr(start);
 }
 
-const std::vector<std::string_view>& TableCells::split(std::string_view line,
-                                                       Separator separator) {
+const std::vector<std::string_view>& TableCells::split(std::string_view line, Separator separator) {
   m_cells.clear();
   m_store.clear();
   if (line.find('"') != std::string_view::npos) m_store.reserve(line.size());  // views into it stay
   if (separatesByBlanks(separator)) line = trimmed(line);
   std::size_t start = 0;
   for (;;) {
-    while (start < line.size() && line[start] == ' ') ++start;
+    while (start < line.size() && line[start] == ' ')
+      ++start;
     if (start < line.size() && line[start] == '"') {
       const auto close = closingQuote(line, start);
       const std::size_t after =

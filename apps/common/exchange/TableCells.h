@@ -15,9 +15,9 @@ namespace Exchange {
 /// Splits lines, one after the other, into the same store.
 class TableCells {
  public:
-  /// A cell may stand in double quotes, and a doubled quote in it is one. A quote anywhere else, and
-  /// one that is never closed, is an ordinary character; so is a backslash. Blanks around cells do
-  /// not count.
+  /// A cell may stand in double quotes, and a doubled quote in it is one. A quote anywhere else,
+  /// and one that is never closed, is an ordinary character; so is a backslash. Blanks around cells
+  /// do not count.
   /// @return the cells; they hold until the next call, and as long as the line
   const std::vector<std::string_view>& split(std::string_view line, Separator separator);
 

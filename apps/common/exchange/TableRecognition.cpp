@@ -21,8 +21,8 @@ constexpr std::size_t kMostLinesBeforeHeadings = 30;
 
 using Cells = std::vector<std::string_view>;
 
-std::optional<double> numberIn(std::string_view cell, std::size_t column,
-                               const TableSchema& schema, const TableLayout& layout) {
+std::optional<double> numberIn(std::string_view cell, std::size_t column, const TableSchema& schema,
+                               const TableLayout& layout) {
   const double unit = layout.metresPerLength[column];
   switch (schema.columns[column].quantity) {
     case Quantity::Angle:
@@ -117,8 +117,7 @@ void Recognition::takeGivenColumns(Attempt& attempt) const {
     }
     return false;
   };
-  while (attempt.firstRow < m_sample.lines.size() &&
-         attempt.firstRow < kMostLinesBeforeHeadings &&
+  while (attempt.firstRow < m_sample.lines.size() && attempt.firstRow < kMostLinesBeforeHeadings &&
          !hasNumber(m_sample.lines[attempt.firstRow].text)) {
     ++attempt.firstRow;
   }
@@ -134,8 +133,8 @@ Cells Recognition::headingCells(const std::string& line, Separator separator,
     const bool isUnit = !cell.empty() && (cell[0] == '[' || cell[0] == '(') && !joined.empty();
     if (isUnit) {
       const char* start = joined.back().data();
-      joined.back() = std::string_view(
-          start, static_cast<std::size_t>(cell.data() + cell.size() - start));
+      joined.back() =
+          std::string_view(start, static_cast<std::size_t>(cell.data() + cell.size() - start));
     } else {
       joined.push_back(cell);
     }
@@ -149,7 +148,8 @@ void Recognition::useHeadings(Attempt& attempt, const Cells& cells,
   TableLayout& layout = attempt.layout;
   layout.places = match.places;
   layout.width = cells.size();
-  while (layout.width > 0 && cells[layout.width - 1].empty()) --layout.width;
+  while (layout.width > 0 && cells[layout.width - 1].empty())
+    --layout.width;
   attempt.headings = match;
   attempt.hasColumns = true;
 }
@@ -158,8 +158,7 @@ bool Recognition::takeHeadings(Attempt& attempt) const {
   TableCells store;
   const std::size_t last = std::min(m_sample.lines.size(), kMostLinesBeforeHeadings);
   for (std::size_t i = 0; i < last; ++i) {
-    const Cells cells =
-        headingCells(m_sample.lines[i].text, attempt.layout.separator, store);
+    const Cells cells = headingCells(m_sample.lines[i].text, attempt.layout.separator, store);
     const HeadingMatch match = matchHeadings(cells, m_schema);
     if (match.isComplete()) {
       useHeadings(attempt, cells, match);
@@ -174,9 +173,8 @@ bool Recognition::takeHeadings(Attempt& attempt) const {
 bool Recognition::takeHeadingsFromComments(Attempt& attempt) const {
   TableCells store;
   const std::size_t width =
-      m_sample.lines.empty()
-          ? 0
-          : store.split(m_sample.lines[0].text, attempt.layout.separator).size();
+      m_sample.lines.empty() ? 0
+                             : store.split(m_sample.lines[0].text, attempt.layout.separator).size();
   for (auto comment = m_sample.comments.rbegin(); comment != m_sample.comments.rend(); ++comment) {
     for (const Separator separator : {attempt.layout.separator, Separator::Blanks}) {
       const Cells cells = headingCells(comment->text, separator, store);
@@ -201,8 +199,7 @@ void Recognition::takeUsualOrder(Attempt& attempt) const {
 void Recognition::takeUnitLine(Attempt& attempt) const {
   TableCells store;
   if (attempt.firstRow >= m_sample.lines.size()) return;
-  const Cells& cells =
-      store.split(m_sample.lines[attempt.firstRow].text, attempt.layout.separator);
+  const Cells& cells = store.split(m_sample.lines[attempt.firstRow].text, attempt.layout.separator);
   if (areUnits(cells)) {
     for (std::size_t i = 0; i < std::min(cells.size(), attempt.headings.units.size()); ++i) {
       if (const auto unit = unitInBrackets(cells[i])) attempt.headings.units[i] = unit;
@@ -229,8 +226,7 @@ void Recognition::settleUnits(Attempt& attempt) const {
     layout.angleUnits[i] = m_format.angles;
     if (m_format.angles) continue;
     if (named && named->kind == Unit::Kind::AmbiguousAngle) {
-      attempt.headings.conflict =
-          "grad may mean gon or degrees: give --angles gon or --angles deg";
+      attempt.headings.conflict = "grad may mean gon or degrees: give --angles gon or --angles deg";
       attempt.hasColumns = false;
       return;
     }
@@ -279,17 +275,17 @@ Attempt Recognition::attempt(Separator separator, char decimal) const {
 std::string Recognition::ambiguity(const Attempt& chosen) const {
   for (const Attempt& other : m_attempts) {
     if (&other == &chosen || other.goodRows == 0) continue;
-    for (std::size_t line = std::max(chosen.firstRow, other.firstRow);
-         line < m_sample.lines.size(); ++line) {
+    for (std::size_t line = std::max(chosen.firstRow, other.firstRow); line < m_sample.lines.size();
+         ++line) {
       const RowValues& mine = chosen.rows[line - chosen.firstRow];
       const RowValues& others = other.rows[line - other.firstRow];
       const auto isSame = [](double a, double b) {
         return a == b || (std::isnan(a) && std::isnan(b));
       };
-      const bool differs = others.problem.empty() &&
-                           (!mine.problem.empty() ||
-                            !std::equal(mine.numbers.begin(), mine.numbers.end(),
-                                        others.numbers.begin(), isSame));
+      const bool differs =
+          others.problem.empty() &&
+          (!mine.problem.empty() ||
+           !std::equal(mine.numbers.begin(), mine.numbers.end(), others.numbers.begin(), isSame));
       if (!differs) continue;
       const bool isDecimal = other.layout.separator == chosen.layout.separator;
       return isDecimal ? "decimal points and decimal commas are mixed: give --decimal"
@@ -316,9 +312,8 @@ std::string Recognition::mixedDecimals(const Attempt& chosen) const {
       if (!isNumber || !place || *place >= cells.size()) continue;
       if (!numberIn(cells[*place], column, m_schema, chosen.layout) &&
           numberIn(cells[*place], column, m_schema, other)) {
-        return "decimal points and decimal commas are mixed (" +
-               std::string(1, other.decimal) + " in line " +
-               std::to_string(m_sample.lines[chosen.firstRow + i].number) +
+        return "decimal points and decimal commas are mixed (" + std::string(1, other.decimal) +
+               " in line " + std::to_string(m_sample.lines[chosen.firstRow + i].number) +
                "): give --decimal, and rows with the other one are left out";
       }
     }
@@ -397,9 +392,8 @@ Remark Recognition::withoutColumns() const {
   });
   const std::string seen = std::to_string(found.size()) + " columns separated by " +
                            nameOf(separator) + ": " + listOf(found);
-  const std::string advice =
-      "; name the columns in their order, as --columns " + joined(m_schema.usualOrder) +
-      ", with - for those that are not wanted";
+  const std::string advice = "; name the columns in their order, as --columns " +
+                             joined(m_schema.usualOrder) + ", with - for those that are not wanted";
   const bool isHeading = !hasNumbers || (best != nullptr && best->headings.matched > 1);
   if (!isHeading) {
     return {line.number, "there is no header line, but " + seen + advice +
@@ -450,9 +444,8 @@ std::string Recognition::describe(const Attempt& chosen) const {
 
 Outcome<RecognisedTable> Recognition::run() {
   if (m_sample.lines.empty()) return Result::failure({0, "there is no header line"});
-  for (const Separator separator :
-       {Separator::Comma, Separator::Semicolon, Separator::Tab, Separator::Bar, Separator::Blanks,
-        Separator::WideBlanks}) {
+  for (const Separator separator : {Separator::Comma, Separator::Semicolon, Separator::Tab,
+                                    Separator::Bar, Separator::Blanks, Separator::WideBlanks}) {
     if (m_format.separator && separator != *m_format.separator) continue;
     for (const char decimal : {'.', ','}) {
       if (m_format.decimal && decimal != *m_format.decimal) continue;

@@ -4,9 +4,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
+#include <cerrno>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include <iconv.h>
 
@@ -41,6 +42,15 @@ const char* encodingByZeros(std::string_view text) {
   if (zeros[1] > most && zeros[0] == 0) return "UTF-16LE";
   if (zeros[0] > most && zeros[1] == 0) return "UTF-16BE";
   return nullptr;
+}
+
+/// With no bytes for a text without a mark.
+ByteOrderMark encodingOf(std::string_view text) {
+  for (const ByteOrderMark& mark : kMarks) {
+    if (text.compare(0, mark.bytes.size(), mark.bytes) == 0) return mark;
+  }
+  constexpr std::size_t kEnough = 1U << 16U;
+  return {encodingByZeros(text.substr(0, kEnough)), {}};
 }
 
 }  // namespace
@@ -85,6 +95,17 @@ class Transcoder {
   std::string m_rest;
 };
 
+std::optional<std::string> unicodeAsUtf8(const std::string& text) {
+  const ByteOrderMark mark = encodingOf(text);
+  if (mark.encoding == nullptr) return std::nullopt;
+  Transcoder transcoder(mark.encoding);
+  std::string converted;
+  const bool isGood =
+      transcoder.append(std::string_view(text).substr(mark.bytes.size()), converted) &&
+      transcoder.isComplete();
+  return isGood ? std::optional<std::string>(std::move(converted)) : std::nullopt;
+}
+
 TextLines::TextLines(std::istream& in) : m_in(in) {}
 
 TextLines::~TextLines() = default;
@@ -98,18 +119,9 @@ bool TextLines::fail(const std::string& message) {
 }
 
 void TextLines::recogniseEncoding() {
-  const char* encoding = nullptr;
-  const auto mark =
-      std::find_if(kMarks.begin(), kMarks.end(), [this](const ByteOrderMark& candidate) {
-        return m_text.compare(0, candidate.bytes.size(), candidate.bytes) == 0;
-      });
-  if (mark != kMarks.end()) {
-    encoding = mark->encoding;
-    m_text.erase(0, mark->bytes.size());
-  } else {
-    encoding = encodingByZeros(m_text);
-  }
-  if (encoding != nullptr) m_transcoder = std::make_unique<Transcoder>(encoding);
+  const ByteOrderMark mark = encodingOf(m_text);
+  m_text.erase(0, mark.bytes.size());
+  if (mark.encoding != nullptr) m_transcoder = std::make_unique<Transcoder>(mark.encoding);
 }
 
 /// Appends a block of the stream to the text.
@@ -131,8 +143,7 @@ bool TextLines::fill() {
   }
   if (m_transcoder == nullptr) {
     m_text += block;
-  } else if (!m_transcoder->append(block, m_text) ||
-             (m_hasEnded && !m_transcoder->isComplete())) {
+  } else if (!m_transcoder->append(block, m_text) || (m_hasEnded && !m_transcoder->isComplete())) {
     return fail("the text holds bytes that are no letters of its encoding");
   }
   return !m_hasEnded;
@@ -148,8 +159,8 @@ bool TextLines::findEnd(std::size_t& length, std::size_t& next) {
                                      [](char letter) { return letter == '\n' || letter == '\r'; });
     const auto end = found == rest.end() ? std::string_view::npos
                                          : static_cast<std::size_t>(found - rest.begin());
-    const bool needsNextLetter = end != std::string_view::npos && rest[end] == '\r' &&
-                                 end + 1 == rest.size() && !m_hasEnded;
+    const bool needsNextLetter =
+        end != std::string_view::npos && rest[end] == '\r' && end + 1 == rest.size() && !m_hasEnded;
     if (end != std::string_view::npos && !needsNextLetter) {
       const bool isPair = rest[end] == '\r' && end + 1 < rest.size() && rest[end + 1] == '\n';
       length = end;

@@ -10,12 +10,17 @@
 #include <cstdint>
 #include <istream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace Exchange {
 
 class Transcoder;
+
+/// A text in UTF-16 or UTF-32 as UTF-8, without a byte order mark; nothing for others and for what
+/// is not well-formed.
+std::optional<std::string> unicodeAsUtf8(const std::string& text);
 
 /// Reads UTF-8, UTF-16 and UTF-32, with a byte order mark or without, and takes lines that are not
 /// UTF-8 for Windows-1252, as programs of the German-speaking countries write it. Lines end with a
@@ -47,12 +52,12 @@ class TextLines {
   bool fail(const std::string& message);
 
   std::istream& m_in;
-  std::string m_text;           // UTF-8, read but not yet returned from m_position on
+  std::string m_text;  // UTF-8, read but not yet returned from m_position on
   std::size_t m_position = 0;
   bool m_isFirstBlock = true;
-  bool m_hasEnded = false;      // the stream
+  bool m_hasEnded = false;                   // the stream
   std::unique_ptr<Transcoder> m_transcoder;  // null for 8-bit letters
-  std::string m_line;           // one that had to be converted
+  std::string m_line;                        // one that had to be converted
   int m_number = 0;
   std::uint64_t m_bytesRead = 0;
   Remark m_problem;

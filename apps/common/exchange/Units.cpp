@@ -231,8 +231,7 @@ std::optional<double> parseAngle(std::string_view text, std::optional<AngleUnit>
     if (unit == AngleUnit::Sexagesimal) return std::nullopt;
     return toRadians(*number, unit.value_or(AngleUnit::Gon));
   }
-  const bool maySayDegrees =
-      !unit || *unit == AngleUnit::Sexagesimal || *unit == AngleUnit::Degree;
+  const bool maySayDegrees = !unit || *unit == AngleUnit::Sexagesimal || *unit == AngleUnit::Degree;
   if (const auto degrees = sexagesimalDegrees(text, decimal)) {
     return maySayDegrees ? std::optional<double>(toRadians(*degrees, AngleUnit::Degree))
                          : std::nullopt;

@@ -59,15 +59,15 @@ bool isHidden(char32_t code) {
     char32_t first, last;
   };
   constexpr std::array<Range, 10> kHidden = {{{0x00, 0x1F},
-                                             {0x7F, 0x9F},
-                                             {0xAD, 0xAD},
-                                             {0x61C, 0x61C},
-                                             {0x200B, 0x200B},
-                                             {0x200E, 0x200F},
-                                             {0x2028, 0x202E},
-                                             {0x2060, 0x206F},
-                                             {0xFEFF, 0xFEFF},
-                                             {0xE0000, 0xE007F}}};
+                                              {0x7F, 0x9F},
+                                              {0xAD, 0xAD},
+                                              {0x61C, 0x61C},
+                                              {0x200B, 0x200B},
+                                              {0x200E, 0x200F},
+                                              {0x2028, 0x202E},
+                                              {0x2060, 0x206F},
+                                              {0xFEFF, 0xFEFF},
+                                              {0xE0000, 0xE007F}}};
   for (const Range& range : kHidden) {
     if (code >= range.first && code <= range.last) return true;
   }
@@ -87,6 +87,12 @@ std::string numbered(char32_t code) {
 }  // namespace
 
 bool isUtf8(std::string_view text) {
+  // Nearly every line of a scan is plain: one pass that compilers make fast.
+  unsigned char bits = 0;
+  for (const char letter : text) {
+    bits |= static_cast<unsigned char>(letter);
+  }
+  if (bits < 0x80U) return true;
   std::size_t i = 0;
   while (i < text.size()) {
     const Letter letter = letterAt(text, i);
@@ -133,7 +139,8 @@ std::string quoted(std::string_view text) {
   std::size_t end = text.size();
   if (end > kMostBytes) {
     end = kMostBytes;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) --end;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
+      --end;
   }
   return '"' + visible(text.substr(0, end)) + (end < text.size() ? "..." : "") + '"';
 }
