@@ -72,6 +72,11 @@ void addMeasurementOptions(Console::OptionGroup group, Options& options, Console
            "CSV of where the design's origin lies in each section: section or ring, x, y, "
            "and optionally station (m)")
       .needs(sections);
+  group
+      .addFlag("--sort", options.sort,
+               "Take the points of a section in their order around the design, not in that of the "
+               "table")
+      .needs(sections);
   auto scan = group.add("--scan", options.scan,
                         "CSV of scanned points, cut into sections along the axis: east, "
                         "north, height (m)");
@@ -144,6 +149,8 @@ void addOptions(Console::OptionGroup all, Options& options) {
   addTransitionOptions(sections, options, design);
   Console::addTableOptions(all, options.tables,
                            "points, check, design, sections, origins, scan, transition-to");
+  all.addFlag("--accept", options.accept,
+              "End with exit code 0 although something is doubtful; it is told all the same");
   all.add("--output", options.output,
           "Directory for the results: drawings (SVG and PNG), tables (CSV) and, with "
           "cross-sections, the report (HTML)");

@@ -31,6 +31,7 @@ struct Options {
   double spacing = 5.0;
   std::vector<std::string> stations;  ///< as "7310" or "7+310 ahead"
   double slab = 0.5;
+  bool sort = false;
   bool followDesign = false;
   std::optional<double> excludeAbove;
   std::optional<double> excludeBelow;
@@ -42,6 +43,7 @@ struct Options {
   std::vector<std::string> transitionStations;
 
   Console::TableOptions tables;
+  bool accept = false;
 
   std::string output;
 

@@ -1,5 +1,7 @@
 #include "tunnel_survey/SectionCutter.h"
 
+#include "tunnel_survey/SectionChecks.h"
+
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -11,11 +13,6 @@ using Ruv::Calculations::AxisPoint;
 using Ruv::Calculations::Point2D;
 
 namespace {
-
-/// Clockwise from up, in [-pi, pi].
-double bearing(const Point2D& from, const Point2D& to) {
-  return std::atan2(to.x - from.x, to.y - from.y);
-}
 
 /// A section with more points is thinned, to half of them at most. Compared and drawn, a point
 /// takes some hundred bytes: many sections have to be content with fewer points each.
@@ -113,10 +110,7 @@ std::vector<MeasuredSection> SectionCutter::sections(const Point2D& centre) {
       section.points.push_back(mean.point);
     }
     std::vector<Mean>().swap(slab.points);
-    std::stable_sort(section.points.begin(), section.points.end(),
-                     [&centre](const Point2D& a, const Point2D& b) {
-                       return bearing(centre, a) < bearing(centre, b);
-                     });
+    sortAround(centre, section.points);
     sections.push_back(std::move(section));
   }
   return sections;

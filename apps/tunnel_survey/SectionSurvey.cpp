@@ -5,6 +5,7 @@
 #include "common/exchange/PointCloud.h"
 #include "common/exchange/PointFile.h"
 #include "tunnel_survey/Options.h"
+#include "tunnel_survey/SectionChecks.h"
 #include "tunnel_survey/SectionCutter.h"
 #include "tunnel_survey/SectionTable.h"
 
@@ -161,6 +162,12 @@ SectionFile cutScan(const Options& options, const boost::shared_ptr<const AxisDe
   return file;
 }
 
+std::optional<Exchange::StationRange> rangeOf(
+    const boost::shared_ptr<const AxisDefinition>& axis) {
+  if (!axis) return std::nullopt;
+  return Exchange::rangeOf(*axis);
+}
+
 std::vector<SectionResult> compareAll(const std::vector<MeasuredSection>& sections,
                                       const Exchange::DesignProfile& design,
                                       const ComparisonRule& rule) {
@@ -214,6 +221,11 @@ SectionSurvey surveySections(const Options& options,
   SectionFile file =
       isScan ? cutScan(options, axis, design, stationing) : readSectionFile(options, stationing);
   dropThinSections(file);
+  if (options.sort) {
+    for (MeasuredSection& section : file.sections) {
+      sortAround(design.centroid(), section.points);
+    }
+  }
   Console::printRemarks(source, file.rejected);
   if (file.sections.empty()) throw Console::Failure(source + ": there is no section to compare");
   if (file.sections.size() > kMostSections) {
@@ -228,7 +240,9 @@ SectionSurvey surveySections(const Options& options,
                        options.magnify,
                        compareAll(file.sections, design, rule),
                        {},
-                       stationing};
+                       stationing,
+                       doubtsOn(file.sections, design, rangeOf(axis))};
+  Console::printDoubts(source, survey.doubts);
   const AxisCalculator calculator(axis);
   survey.volumes = volumesOf(survey.results, [&calculator](double from, double to) {
     return lengthBetween(calculator, from, to);

@@ -25,6 +25,7 @@ struct SectionSurvey {
   std::vector<SectionResult> results;  ///< at least one
   std::optional<Volumes> volumes;
   Exchange::Stationing stationing;  ///< the stations that people read
+  std::vector<std::string> doubts;  ///< why the results may be wrong, in sentences
 
   bool hasStations() const { return results.front().section.station.has_value(); }
 };

@@ -43,7 +43,8 @@ Console::ExitCode run(const Options& options) {
         surveySections(options, results.axis ? results.axis->axis : nullptr, stationing);
   }
   if (!options.output.empty()) writeResults(options, results);
-  return Console::ExitCode::Fine;
+  const bool isDoubtful = results.sections && !results.sections->doubts.empty();
+  return isDoubtful && !options.accept ? Console::ExitCode::Doubtful : Console::ExitCode::Fine;
 }
 
 }  // namespace

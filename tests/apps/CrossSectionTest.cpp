@@ -46,7 +46,7 @@ std::vector<Point2D> pointsAround(double radius, int count) {
 }
 
 SectionSurvey surveyOf(const std::vector<MeasuredSection>& sections, const ComparisonRule& rule) {
-  SectionSurvey survey{circle(), rule, "Section", "design.csv", "<b>.csv", 1.0, {}, {}, {}};
+  SectionSurvey survey{circle(), rule, "Section", "design.csv", "<b>.csv", 1.0, {}, {}, {}, {}};
   for (const MeasuredSection& section : sections) {
     survey.results.push_back(compareWithDesign(section, survey.design, rule));
   }

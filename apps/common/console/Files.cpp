@@ -71,6 +71,12 @@ void printRemarks(const std::string& path, std::vector<Exchange::Remark> remarks
   }
 }
 
+void printDoubts(const std::string& path, const std::vector<std::string>& doubts) {
+  for (const std::string& doubt : doubts) {
+    std::cerr << path << ": doubtful: " << doubt << '\n';
+  }
+}
+
 void printHeading(const std::string& heading) {
   std::cout << '\n' << heading << '\n' << std::string(heading.size(), '=') << "\n\n";
 }

@@ -63,6 +63,9 @@ std::string fileName(const std::string& path);
 /// there are.
 void printRemarks(const std::string& path, std::vector<Exchange::Remark> remarks);
 
+/// Prints why results of a file may be wrong to the error stream.
+void printDoubts(const std::string& path, const std::vector<std::string>& doubts);
+
 void printHeading(const std::string& heading);
 
 }  // namespace Console
