@@ -2,43 +2,48 @@
 
 #include "common/console/Files.h"
 
+#include "common/drawing/NumberText.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
 #include <map>
+#include <optional>
+#include <set>
 #include <string>
 
 namespace FreeStation {
 
-using Ruv::Calculations::PointDetermination;
+namespace {
 
-Identification identify(const FieldBook& book, const Tolerances& tolerances) {
-  PointDetermination search;
-  search.setToleranceDistanceDifference(tolerances.distance);
-  search.setToleranceHeightDifference(tolerances.height);
-  std::map<std::wstring, const Exchange::SurveyedPoint*> fixPoints;
-  for (const Exchange::SurveyedPoint& point : book.fixPoints) {
-    search.addPoint(wideId(point.id), point.grid);
+using Exchange::SurveyedPoint;
+using Ruv::Calculations::ENHPoint;
+using Ruv::Calculations::PointDetermination;
+using Ruv::Calculations::Utilities;
+
+/// Identifications that chance explains more often than this are doubtful.
+constexpr double kProbableChance = 1e-3;
+
+std::optional<Identification> search(const std::vector<SurveyedPoint>& points,
+                                     const std::vector<Measurement>& measurements,
+                                     const Tolerances& tolerances) {
+  PointDetermination determination;
+  determination.setToleranceDistanceDifference(tolerances.distance);
+  determination.setToleranceHeightDifference(tolerances.height);
+  std::map<std::wstring, const SurveyedPoint*> fixPoints;
+  for (const SurveyedPoint& point : points) {
+    determination.addPoint(wideId(point.id), point.grid);
     fixPoints[wideId(point.id)] = &point;
   }
-  for (const Measurement& measurement : book.measurements) {
-    search.addMeasurement(wideId(measurement.id), measurement.polar);
+  for (const Measurement& measurement : measurements) {
+    determination.addMeasurement(wideId(measurement.id), measurement.polar);
   }
-  if (!search.determineMeasuredPointsRobust()) {
-    throw Console::Failure("no three measurements fit the fix points within the tolerances");
-  }
-
-  // Three or four matches among many fix points prove little: strays, or angles of another unit,
-  // find some too, and a boom would be steered by them.
-  constexpr double kMostByChance = 0.01;
-  if (search.expectedChanceSolutions() > kMostByChance) {
-    throw Console::Failure(
-        "the measurements that fit may fit by chance: measure more fix points, "
-        "and check that the angles are in gon");
-  }
-
+  if (!determination.determineMeasuredPointsRobust()) return std::nullopt;
   Identification found;
-  found.isUnambiguous = search.isBestSolutionSignificantlyBetter();
-  for (const Measurement& measurement : book.measurements) {
+  found.isUnambiguous = determination.isBestSolutionSignificantlyBetter();
+  for (const Measurement& measurement : measurements) {
     const auto fixPoint =
-        fixPoints.find(search.getFixPointIdForMeasurementId(wideId(measurement.id)));
+        fixPoints.find(determination.getFixPointIdForMeasurementId(wideId(measurement.id)));
     if (fixPoint == fixPoints.end()) {
       found.strays.push_back(measurement);
     } else {
@@ -46,6 +51,144 @@ Identification identify(const FieldBook& book, const Tolerances& tolerances) {
     }
   }
   return found;
+}
+
+/// The other unit that angles may have been written in.
+struct OtherUnit {
+  const char* name;
+  const char* option;
+  double factor;  ///< of angles that were read as gon or as degrees
+};
+
+/// "if their angles are degrees, 12 measurements fit: give --angles deg"; empty when no other unit
+/// lets more measurements fit.
+std::string betterUnit(const FieldBook& book, const Tolerances& tolerances, std::size_t fitting) {
+  constexpr double kFullTurn = 6.283185307179586;
+  constexpr OtherUnit kUnits[] = {{"degrees", "deg", 400.0 / 360.0}, {"gon", "gon", 360.0 / 400.0}};
+  for (const OtherUnit& unit : kUnits) {
+    std::vector<Reading> readings = withAnglesTimes(unit.factor, book.readings);
+    const bool isPossible = std::all_of(readings.begin(), readings.end(), [](const Reading& r) {
+      return r.polar.verticalAngle <= kFullTurn;
+    });
+    if (!isPossible) continue;
+    std::vector<Measurement> measurements = measurementsOf(readings);
+    measurements.erase(std::remove_if(measurements.begin(), measurements.end(),
+                                      [&book](const Measurement& m) {
+                                        return book.boom && m.id == book.boom->id;
+                                      }),
+                       measurements.end());
+    const auto found = search(book.fixPoints, measurements, tolerances);
+    if (found && found->sightings.size() > fitting) {
+      return "if the angles are " + std::string(unit.name) + ", " +
+             std::to_string(found->sightings.size()) + " measurements fit: give --angles " +
+             unit.option;
+    }
+  }
+  return {};
+}
+
+void addDoubts(const FieldBook& book, const Tolerances& tolerances, Identification& found) {
+  if (!found.isUnambiguous) {
+    found.doubts.push_back("another assignment to fix points fits nearly as well");
+  }
+  if (found.chance > kProbableChance) {
+    found.doubts.push_back(std::to_string(found.sightings.size()) + " of " +
+                           std::to_string(book.measurements.size()) +
+                           " measurements fit fix points, which is chance "
+                           "with a probability of about " +
+                           chanceText(found.chance));
+  }
+  if (!found.strays.empty()) {
+    const std::string unit = betterUnit(book, tolerances, found.sightings.size());
+    if (!unit.empty()) found.doubts.push_back(unit);
+  }
+  std::set<std::string> ids;
+  for (const SurveyedPoint& point : book.fixPoints) {
+    ids.insert(point.id);
+  }
+  for (const Sighting& s : found.sightings) {
+    if (s.measurement.id != s.fixPoint.id && ids.count(s.measurement.id) > 0) {
+      found.doubts.push_back("the measurement named " + s.measurement.id + " fits the fix point " +
+                             s.fixPoint.id);
+    }
+  }
+}
+
+double logFactorial(std::size_t n) { return std::lgamma(static_cast<double>(n) + 1.0); }
+
+/// In ascending order. Of very many points some are enough.
+std::vector<double> distancesBetween(const std::vector<SurveyedPoint>& points) {
+  constexpr std::size_t kMostPoints = 1000;
+  const std::size_t step = (points.size() + kMostPoints - 1) / kMostPoints;
+  std::vector<double> distances;
+  for (std::size_t i = 0; i < points.size(); i += step) {
+    for (std::size_t j = 0; j < i; j += step) {
+      distances.push_back((points[i].grid - points[j].grid).length());
+    }
+  }
+  std::sort(distances.begin(), distances.end());
+  return distances;
+}
+
+/// How often a distance between fix points agrees with a measured one. A wider interval than the
+/// tolerance smooths the count.
+double agreementOf(const std::vector<Sighting>& sightings, const std::vector<double>& distances,
+                   double tolerance) {
+  constexpr double kWidening = 5.0;
+  double sum = 0.0;
+  double count = 0.0;
+  for (std::size_t i = 0; i < sightings.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) {
+      const ENHPoint a = Utilities::convertToLocalCoordinates(sightings[i].measurement.polar);
+      const ENHPoint b = Utilities::convertToLocalCoordinates(sightings[j].measurement.polar);
+      const double distance = (a - b).length();
+      const auto low =
+          std::lower_bound(distances.begin(), distances.end(), distance - kWidening * tolerance);
+      const auto high = std::upper_bound(low, distances.end(), distance + kWidening * tolerance);
+      sum += static_cast<double>(high - low) / kWidening;
+      count += static_cast<double>(distances.size());
+    }
+  }
+  return count > 0.0 ? std::min(1.0, sum / count) : 1.0;
+}
+
+}  // namespace
+
+double chanceOf(const Identification& found, const std::vector<SurveyedPoint>& fixPoints,
+                double tolerance) {
+  std::set<std::string> seen;
+  for (const Sighting& s : found.sightings) {
+    seen.insert(s.fixPoint.id);
+  }
+  const std::size_t n = seen.size();
+  const std::size_t m = n + found.strays.size();
+  constexpr std::size_t kFewest = 3;
+  if (n < kFewest) return 1.0;
+  const double agreement = agreementOf(found.sightings, distancesBetween(fixPoints), tolerance);
+  const double ways = logFactorial(fixPoints.size()) - logFactorial(fixPoints.size() - n) +
+                      logFactorial(m) - logFactorial(n) - logFactorial(m - n);
+  const double expected = std::exp(ways + static_cast<double>(3 * n - 6) * std::log(agreement));
+  return -std::expm1(-expected);
+}
+
+std::string chanceText(double chance) {
+  constexpr double kNever = 1e-12;
+  constexpr double kPercent = 0.01;
+  if (chance < kNever) return "1e-12";
+  return chance < kPercent ? Drawing::scientific(chance, 0)
+                           : Drawing::fixed(100.0 * chance, 0) + " %";
+}
+
+Identification identify(const FieldBook& book, const Tolerances& tolerances) {
+  auto found = search(book.fixPoints, book.measurements, tolerances);
+  if (!found) {
+    const std::string unit = betterUnit(book, tolerances, 0);
+    throw Console::Failure("no three measurements fit the fix points within the tolerances" +
+                           (unit.empty() ? unit : "; " + unit));
+  }
+  found->chance = chanceOf(*found, book.fixPoints, tolerances.distance);
+  addDoubts(book, tolerances, *found);
+  return *found;
 }
 
 }  // namespace FreeStation

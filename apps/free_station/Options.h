@@ -10,6 +10,7 @@
 #include "common/console/CommandLine.h"
 #include "common/console/TableOptions.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,13 +19,16 @@ namespace FreeStation {
 struct Options {
   std::string fixPoints;
   std::string measurements;
-  std::string landXml;
+  std::string landXml;  ///< empty: no axis
   Console::AxisOptions axis;
-  std::string boom = "boom";
+  std::string boom;  ///< empty: the measurement named boom, if there is one
+  std::optional<double> instrumentHeight;
   Tolerances tolerances;
-  std::vector<double> origin;
+  std::vector<std::string> origin;  ///< empty: nothing is guided
   double ahead = 5.0;
   Console::TableOptions tables;
+  bool accept = false;
+  std::string json;    ///< file; empty: none
   std::string output;  ///< empty: no drawing
 };
 

@@ -153,7 +153,7 @@ void drawAxis(Canvas& canvas, const Survey& survey, const ViewPort& port,
     if (!isLabelled || !port.frame.inset(10.0).contains(foot)) continue;
     auto style = Style::text(Style::kSmallTextSize, Style::kGrey, Align::Middle, Align::End);
     style.halo = true;
-    labels.place(canvas, Drawing::stationText(station, 0), {{foot - right * 3.0, style}});
+    labels.place(canvas, survey.stationing.text(station, 0), {{foot - right * 3.0, style}});
   }
 }
 
@@ -165,7 +165,10 @@ void drawPlan(Canvas& canvas, const Survey& survey, const Layout& layout) {
       canvas, port.mapping, port.frame, Drawing::niceStep(kGridSpacing * metresPerMillimetre),
       Style::text(Style::kSmallTextSize, Style::kGrey, Align::Middle, Align::Middle));
   StationView view(canvas, survey, port);
-  canvas.clipped(port.frame, [&] { drawAxis(canvas, survey, port, view.labels()); });
+  canvas.clipped(port.frame, [&] {
+    if (survey.hasAxis()) drawAxis(canvas, survey, port, view.labels());
+  });
+  view.drawErrorEllipse();
   view.draw();
   writeCaption(canvas, port.frame, "Plan");
   constexpr double kArrowSize = 9.0;
@@ -215,9 +218,11 @@ void drawSection(Canvas& canvas, const Survey& survey, const Layout& layout) {
   drawSectionGrid(canvas, port,
                   std::max(1.0, Drawing::niceStep(kGridSpacing * layout.scale / 1000.0)));
   StationView view(canvas, survey, port);
-  drawAxisCross(canvas, port, view.labels());
+  if (survey.hasAxis()) drawAxisCross(canvas, port, view.labels());
   view.draw();
-  writeCaption(canvas, port.frame, "Looking forward at the station: offset, height above axis (m)");
+  writeCaption(canvas, port.frame,
+               survey.hasAxis() ? "Looking forward at the station: offset, height above axis (m)"
+                                : "Looking at the fix points: right of and above the station (m)");
   canvas.rectangle(port.frame, {Style::kInk, 0.35, {}});
 }
 
@@ -258,7 +263,8 @@ void writeResiduals(Canvas& canvas, const Survey& survey, const Box& box) {
       return;
     }
     const ENHPoint r = survey.residuals[i] * 1000.0;
-    rows.write({survey.identification.sightings[i].fixPoint.id, signedFixed(r.east, 1),
+    const std::string mark = survey.reliability.outlier == i ? " (outlier)" : "";
+    rows.write({survey.identification.sightings[i].fixPoint.id + mark, signedFixed(r.east, 1),
                 signedFixed(r.north, 1), signedFixed(r.height, 1), fixed(r.length(), 1)});
   }
   rows.write(
@@ -285,9 +291,12 @@ void writeStation(Canvas& canvas, const Survey& survey, const Box& box) {
               plusMinus(s.scaleStdDev() * 1e6, 0, "ppm")});
   rows.write({"tilt forward", gon(-s.tiltAboutEast())});
   rows.write({"tilt right", gon(s.tiltAboutNorth())});
-  rows.write({"stationing", Drawing::stationText(survey.stationOnAxis.stationing, 3)});
-  rows.write({"offset", signedFixed(survey.stationOnAxis.offset, 3) + " m"});
-  rows.write({"above the axis", signedFixed(survey.stationOnAxis.height, 3) + " m"});
+  if (survey.hasAxis()) {
+    rows.write({"stationing", survey.stationing.text(survey.stationOnAxis.stationing, 3)});
+    rows.write({"offset", signedFixed(survey.stationOnAxis.offset, 3) + " m"});
+    rows.write({"above the axis", signedFixed(survey.stationOnAxis.height, 3) + " m"});
+  }
+  if (!survey.isGuided()) return;
   rows.write({});
   rows.write({"Boom from the vector"}, true);
   for (const GuidanceResult& g : survey.guided) {
@@ -311,16 +320,20 @@ std::vector<Drawing::LegendEntry> legend(const Survey& survey, double residual) 
     const Point half{kResidualBar / 2.0, 0.0};
     Symbol::residual(canvas, box.centre() - half, box.centre() + half);
   };
-  return {
+  std::vector<Drawing::LegendEntry> entries = {
       {centred(Symbol::station), "station"},
       {centred(Symbol::fixPoint), "fix point, measured"},
       {centred(Symbol::unseenFixPoint), "fix point, not measured"},
       {centred(Symbol::stray), "measurement of no fix point"},
       {residualSample, "residual of " + fixed(residual * 1000.0, residual < 1e-3 ? 1 : 0) + " mm"},
-      {centred(Symbol::boom), "boom point"},
-      {centred(Symbol::pointAhead), fixed(survey.guidance.ahead, 1) + " m ahead"},
-      {lineOf(Symbol::guidance(0)), "vector along the axis"},
-      {lineOf(Symbol::guidance(1)), "straight vector"}};
+      {lineOf(Symbol::errorEllipse()), "error ellipse, enlarged alike"}};
+  if (survey.hasBoom()) entries.push_back({centred(Symbol::boom), "boom point"});
+  if (survey.isGuided()) {
+    entries.push_back({centred(Symbol::pointAhead), fixed(survey.guidance.ahead, 1) + " m ahead"});
+    entries.push_back({lineOf(Symbol::guidance(0)), "vector along the axis"});
+    entries.push_back({lineOf(Symbol::guidance(1)), "straight vector"});
+  }
+  return entries;
 }
 
 }  // namespace
@@ -339,7 +352,7 @@ Sheet stationSheet(const Survey& survey) {
     const double exaggeration = kResidualBar / 1000.0 / layout.residual * layout.scale;
     Drawing::drawTitleBlock(
         canvas, size,
-        {"Free station beside axis " + survey.axisName,
+        {survey.hasAxis() ? "Free station beside axis " + survey.axisName : "Free station",
          {"Scale " + Drawing::scaleText(layout.scale) + " on A3; coordinates in m",
           "Residuals " + Drawing::grouped(exaggeration) + " times exaggerated"},
          legend(survey, layout.residual),

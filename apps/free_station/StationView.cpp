@@ -63,7 +63,8 @@ Projection sectionProjection(const Survey& survey) {
 }
 
 std::vector<ENHPoint> visiblePoints(const Survey& survey) {
-  std::vector<ENHPoint> points = {survey.placement.station(), survey.guidance.boom};
+  std::vector<ENHPoint> points = {survey.placement.station()};
+  if (survey.hasBoom()) points.push_back(survey.guidance.boom);
   for (const Exchange::SurveyedPoint& fixPoint : survey.book.fixPoints) {
     points.push_back(fixPoint.grid);
   }
@@ -124,6 +125,8 @@ void residual(Canvas& canvas, const Point& from, const Point& to) {
 
 Pen ray() { return {kRay, 0.2, {}}; }
 
+Pen errorEllipse() { return {kResidual, 0.25, {}}; }
+
 Pen guidance(std::size_t index) {
   if (index == 0) return {kGuidance, 0.45, {}};
   return {kGuidance, 0.3, {2.0, 1.2}};
@@ -162,6 +165,23 @@ void StationView::draw() {
   writeNames();
 }
 
+void StationView::drawErrorEllipse() {
+  constexpr int kParts = 72;
+  constexpr double kFullTurn = 6.283185307179586;
+  const ErrorEllipse& ellipse = m_survey.reliability.ellipse;
+  const Point centre = toPage(m_survey.placement.station());
+  const double sine = std::sin(ellipse.azimuth);
+  const double cosine = std::cos(ellipse.azimuth);
+  std::vector<Point> line;
+  for (int i = 0; i <= kParts; ++i) {
+    const double major = ellipse.semiMajor * std::cos(kFullTurn * i / kParts);
+    const double minor = ellipse.semiMinor * std::sin(kFullTurn * i / kParts);
+    line.push_back(centre + residualOnPage(ENHPoint(major * sine + minor * cosine,
+                                                    major * cosine - minor * sine, 0.0)));
+  }
+  m_canvas.polyline(line, Symbol::errorEllipse());
+}
+
 void StationView::drawGuidance() {
   for (std::size_t i = 0; i < m_survey.guided.size(); ++i) {
     const GuidanceResult& guided = m_survey.guided[i];
@@ -175,7 +195,7 @@ void StationView::drawGuidance() {
     Symbol::pointAhead(m_canvas, toPage(guided.ahead));
     Symbol::origin(m_canvas, line.front());
   }
-  Symbol::boom(m_canvas, toPage(m_survey.guidance.boom));
+  if (m_survey.hasBoom()) Symbol::boom(m_canvas, toPage(m_survey.guidance.boom));
 }
 
 void StationView::drawRays() {
@@ -190,7 +210,7 @@ void StationView::drawRays() {
   for (const Measurement& stray : m_survey.identification.strays) {
     drawRay(strayOnPage(stray));
   }
-  drawRay(toPage(m_survey.guidance.boom));
+  if (m_survey.hasBoom()) drawRay(toPage(m_survey.guidance.boom));
 }
 
 void StationView::drawFixPoints() {
@@ -224,8 +244,10 @@ void StationView::writeNames() {
     m_labels.reserve(Drawing::outlineOfBox(Box{at.x, at.y, at.x, at.y}.inset(-1.2)));
   }
   writeName(toPage(m_survey.placement.station()), "station", Style::kClothoid);
-  writeName(toPage(m_survey.guidance.boom), "boom", kGuidance);
-  writeName(toPage(m_survey.guided.front().line.front()), "vector", kGuidance);
+  if (m_survey.hasBoom()) writeName(toPage(m_survey.guidance.boom), "boom", kGuidance);
+  if (m_survey.isGuided()) {
+    writeName(toPage(m_survey.guided.front().line.front()), "vector", kGuidance);
+  }
   for (const Measurement& stray : m_survey.identification.strays) {
     writeName(strayOnPage(stray), stray.id, kStray);
   }

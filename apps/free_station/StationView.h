@@ -45,6 +45,9 @@ class StationView {
 
   void draw();
 
+  /// Of the station, as much exaggerated as the residuals: for the plan.
+  void drawErrorEllipse();
+
   Drawing::LabelPlacer& labels() { return m_labels; }
 
  private:
@@ -80,6 +83,7 @@ void origin(Drawing::Canvas& canvas, const Drawing::Point& at);
 void pointAhead(Drawing::Canvas& canvas, const Drawing::Point& at);
 void residual(Drawing::Canvas& canvas, const Drawing::Point& from, const Drawing::Point& to);
 Drawing::Pen ray();
+Drawing::Pen errorEllipse();
 /// @param index of the guidance result
 Drawing::Pen guidance(std::size_t index);
 

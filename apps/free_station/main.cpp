@@ -1,72 +1,52 @@
 // Sets up a free station from measurements whose ids tell nothing: finds out which fix points were
-// measured, computes the station by a resection in space, and guides a boom point along the tunnel
-// axis.
+// measured, computes the station by a resection in space and the coordinates of all other points,
+// and guides a boom point along the tunnel axis.
 
 #include "free_station/Options.h"
 #include "free_station/Report.h"
+#include "free_station/ResultFiles.h"
 #include "free_station/StationDrawing.h"
 #include "free_station/Survey.h"
+#include "free_station/SurveySteps.h"
 
-#include "common/console/AxisFile.h"
 #include "common/console/CommandLine.h"
 #include "common/console/Files.h"
 #include "common/console/ResultFolder.h"
 
+#include <filesystem>
 #include <iostream>
 
 namespace {
 
 using namespace FreeStation;
-using Ruv::Calculations::AxisCalculator;
-using Ruv::Calculations::AxisPoint;
 
-void readAxis(const Options& options, Survey& survey) {
-  const auto& [alignment, built] = Console::readAxisFile(options.landXml, options.axis);
-  Console::printRemarks(options.landXml, built.notes);
-  survey.axisName = alignment.name;
-  survey.guidance.axis = built.axis;
+void writeResults(const std::string& output, const Survey& survey) {
+  Console::ResultFolder folder(output);
+  folder.writeSheet(stationSheet(survey), "free_station");
+  folder.write("station.csv", stationAsCsv(survey));
+  folder.write("residuals.csv", residualsAsCsv(survey));
+  if (!survey.newPoints.empty()) folder.write("points.csv", newPointsAsCsv(survey));
+  folder.publish();
+  std::cout << "\nDrawing: " << folder.placeOf("free_station") << ".svg and .png\n";
 }
 
-void findStationOnAxis(Survey& survey) {
-  const AxisCalculator calculator(survey.guidance.axis);
-  if (!calculator.enhPointToAxisPointVertical(survey.placement.station(), survey.stationOnAxis)) {
-    throw Console::Failure("the station lies beside no part of the axis");
-  }
-  double radius = 0.0;
-  double slope = 0.0;
-  double slopePercent = 0.0;
-  double transSlope = 0.0;
-  double transSlopePercent = 0.0;
-  calculator.axisPropertiesAtStationing(survey.stationOnAxis.stationing, survey.axisAzimuth, radius,
-                                        slope, slopePercent, transSlope, transSlopePercent);
-}
-
-Survey surveyWith(const Options& options) {
-  Survey survey;
-  readAxis(options, survey);
-  survey.book =
-      readFieldBook(options.fixPoints, options.measurements, options.boom, options.tables);
-  survey.identification = identify(survey.book, options.tolerances);
-  survey.placement = setUpStation(survey.identification.sightings);
-  survey.residuals = residualsOf(survey.placement, survey.identification.sightings);
-  findStationOnAxis(survey);
-  survey.guidance.origin = AxisPoint(options.origin[0], options.origin[1], options.origin[2]);
-  survey.guidance.boom = survey.placement.toGlobal(survey.book.boom.polar);
-  survey.guidance.ahead = options.ahead;
-  survey.guided = guide(survey.guidance);
-  return survey;
+void writeJson(const std::string& file, const Survey& survey) {
+  const std::filesystem::path path(file);
+  const std::string folder = path.parent_path().empty() ? "." : path.parent_path().string();
+  Console::ResultFolder results(folder);
+  results.write(path.filename().string(), asJson(survey));
+  results.publish();
 }
 
 Console::ExitCode run(const Options& options) {
   std::clog.rdbuf(nullptr);  // the resection reports its steps there
   const Survey survey = surveyWith(options);
   printReport(survey);
-  if (options.output.empty()) return Console::ExitCode::Fine;
-  Console::ResultFolder folder(options.output);
-  folder.writeSheet(stationSheet(survey), "free_station");
-  folder.publish();
-  std::cout << "\nDrawing: " << folder.placeOf("free_station") << ".svg and .png\n";
-  return Console::ExitCode::Fine;
+  Console::printDoubts(options.measurements, survey.doubts);
+  if (!options.output.empty()) writeResults(options.output, survey);
+  if (!options.json.empty()) writeJson(options.json, survey);
+  const bool isFine = survey.doubts.empty() || options.accept;
+  return isFine ? Console::ExitCode::Fine : Console::ExitCode::Doubtful;
 }
 
 }  // namespace
@@ -74,8 +54,10 @@ Console::ExitCode run(const Options& options) {
 int main(int argc, char** argv) {
   return Console::runCommand(
       {"free_station",
-       "Identifies measured fix points, computes a free station from them, and guides a boom "
-       "point along a tunnel axis.",
-       "  free_station targets.csv measurements.csv --axis metro.xml --origin 9214,1.2,2.9\n"},
+       "Identifies measured fix points, computes a free station from them and the coordinates of "
+       "all other measured points, and guides a boom point along a tunnel axis.",
+       "  free_station fixpoints.csv measurements.csv --output results\n"
+       "  free_station fixpoints.csv measurements.csv --angles deg --instrument-height 1.62\n"
+       "  free_station targets.csv measurements.csv --axis metro.xml --origin 9+214,1.2,2.9\n"},
       run, argc, argv);
 }

@@ -109,7 +109,8 @@ std::vector<std::string> doubtsOn(const std::vector<MeasuredSection>& sections,
   const auto tell = [&doubts](const std::vector<std::string>& names, const std::string& what) {
     if (!names.empty()) doubts.push_back(listOf(names) + ": " + what);
   };
-  tell(namesOf(sections, [](const MeasuredSection& s) { return crossingSides(s.points).has_value(); }),
+  tell(namesOf(sections,
+               [](const MeasuredSection& s) { return crossingSides(s.points).has_value(); }),
        "the outline crosses itself, so that its areas are wrong; --sort puts the points in order "
        "around the design");
   tell(namesOf(sections, [&](const MeasuredSection& s) { return liesBeside(s, design); }),

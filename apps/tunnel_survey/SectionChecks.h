@@ -25,8 +25,8 @@ std::optional<std::pair<std::size_t, std::size_t>> crossingSides(
 /// Whether the middle of the points lies beside, above or below the design profile.
 bool liesBeside(const MeasuredSection& section, const Exchange::DesignProfile& design);
 
-/// Sections that cross themselves, that lie beside the design, or whose station is none of the axis:
-/// a sentence for each kind, with the option that may help.
+/// Sections that cross themselves, that lie beside the design, or whose station is none of the
+/// axis: a sentence for each kind, with the option that may help.
 /// @param axis where it runs, if there is one
 std::vector<std::string> doubtsOn(const std::vector<MeasuredSection>& sections,
                                   const Exchange::DesignProfile& design,

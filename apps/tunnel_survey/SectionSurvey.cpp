@@ -162,8 +162,7 @@ SectionFile cutScan(const Options& options, const boost::shared_ptr<const AxisDe
   return file;
 }
 
-std::optional<Exchange::StationRange> rangeOf(
-    const boost::shared_ptr<const AxisDefinition>& axis) {
+std::optional<Exchange::StationRange> rangeOf(const boost::shared_ptr<const AxisDefinition>& axis) {
   if (!axis) return std::nullopt;
   return Exchange::rangeOf(*axis);
 }

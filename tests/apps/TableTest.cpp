@@ -99,13 +99,15 @@ TEST(Table, PointsInAnyDialectReadAsTheirPlainTwin) {
        {"byte order mark", "\xef\xbb\xbf" + comma},
        {"UTF-16 little endian", utf16(comma, true)},
        {"UTF-16 big endian", utf16(comma, false)},
-       {"Latin-1 heading", "Punkt;Rechtswert;Hochwert;H\xf6he\nP1;2600123.456;1200456.789;431.25\n"
-                           "P2;2600130.5;1200460.25;431.5\n"},
+       {"Latin-1 heading",
+        "Punkt;Rechtswert;Hochwert;H\xf6he\nP1;2600123.456;1200456.789;431.25\n"
+        "P2;2600130.5;1200460.25;431.5\n"},
        {"carriage returns",
         "id,east,north,height\r\nP1,2600123.456,1200456.789,431.25\r\n"
         "P2,2600130.5,1200460.25,431.5\r\n"},
        {"no last line end", comma.substr(0, comma.size() - 1)},
-       {"comments and empty lines", "# made today\n\nid,east,north,height\n\n# here\n" + body + "\n\n"},
+       {"comments and empty lines",
+        "# made today\n\nid,east,north,height\n\n# here\n" + body + "\n\n"},
        {"title lines", "Project X\nSurvey of today\n\nid,east,north,height\n" + body},
        {"semicolons, German, decimal commas", german},
        {"tabs",
@@ -123,12 +125,12 @@ TEST(Table, PointsInAnyDialectReadAsTheirPlainTwin) {
         "\"id\",\"east\",\"north\",\"height\"\n\"P1\",\"2600123.456\",\"1200456.789\",\"431.250\"\n"
         "\"P2\",\"2600130.5\",\"1200460.25\",\"431.5\"\n"},
        {"trailing separators",
-        "id,east,north,height,\nP1,2600123.456,1200456.789,431.250,\nP2,2600130.5,1200460.25,431.5,\n"},
+        "id,east,north,height,\nP1,2600123.456,1200456.789,431.250,\nP2,2600130.5,1200460.25,431.5,"
+        "\n"},
        {"units in brackets",
         "Point ID;East [m];North [m];Height [m]\nP1;2600123.456;1200456.789;431.25\n"
         "P2;2600130.5;1200460.25;431.5\n"},
-       {"units in a line of their own",
-        "id,east,north,height\n,m,m,m\n" + body},
+       {"units in a line of their own", "id,east,north,height\n,m,m,m\n" + body},
        {"millimetres of height",
         "Name,Easting (m),Northing (m),Elevation (mm)\nP1,2600123.456,1200456.789,431250\n"
         "P2,2600130.5,1200460.25,431500\n"},
@@ -144,26 +146,37 @@ TEST(Table, PointsInAnyDialectReadAsTheirPlainTwin) {
        {"headings unknown, columns said", "a,b,c,d\n" + body,
         withColumns({"id", "east", "north", "height"})},
        {"grouped by apostrophes",
-        "id;east;north;height\nP1;2'600'123.456;1'200'456.789;431.25\nP2;2'600'130.5;1'200'460.25;431.5\n"},
-       {"exponents", "id,east,north,height\nP1,2.600123456e6,1.200456789E+06,431.25\n"
-                     "P2,2600130.5,1200460.25,4.315e2\n"},
+        "id;east;north;height\nP1;2'600'123.456;1'200'456.789;431.25\nP2;2'600'130.5;1'200'460.25;"
+        "431.5\n"},
+       {"exponents",
+        "id,east,north,height\nP1,2.600123456e6,1.200456789E+06,431.25\n"
+        "P2,2600130.5,1200460.25,4.315e2\n"},
        {"US survey feet",
         "id,Easting (usft),Northing (usft),Elev (usft)\n"
         "P1,8530571.7052,3938499.4814,1414.8594\nP2,8530594.8146,3938510.8365,1415.6796\n",
-        {}, "2600123.4"},
+        {},
+        "2600123.4"},
        {"feet by option", "id,east,north,height\nP1,3280.833333333,1,1\n", feet, "P1 1000.00000"},
        {"separator by option", german, semicolon},
        {"no headings", body, {}, "--no-header"},
        {"unknown headings", "a,b,c,d\n" + body, {}, "--columns"},
        {"decimal commas in a table of commas",
-        "id,east,north,height\nP1,2600123,456,1200456,789,431,250\n", {}, "refused"},
+        "id,east,north,height\nP1,2600123,456,1200456,789,431,250\n",
+        {},
+        "refused"},
        {"second column of a name", "id,east,north,height,east\nP1,1.5,2.5,3.5,4.5\n", {}, "east"},
-       {"cells beyond the headings", "id,east,north,height\nP1,1.5,2.5,3.5,4.5\nP2,1.5,2.5,3.5\n", {},
+       {"cells beyond the headings",
+        "id,east,north,height\nP1,1.5,2.5,3.5,4.5\nP2,1.5,2.5,3.5\n",
+        {},
         "bad 2"},
        {"too few cells", "id,east,north,height\nP1,1.5,2.5\nP2,1.5,2.5,3.5\n", {}, "bad 2"},
-       {"a thousands comma", "id;east;north;height\nP1;2,600,123.456;1,200,456.789;431.25\n", {},
+       {"a thousands comma",
+        "id;east;north;height\nP1;2,600,123.456;1,200,456.789;431.25\n",
+        {},
         "P1 2600123.45600 1200456.78900"},
-       {"X and Y, which may be either", "Punkt;X;Y;Z\nP1;600123.456;200456.789;431.25\n", {},
+       {"X and Y, which may be either",
+        "Punkt;X;Y;Z\nP1;600123.456;200456.789;431.25\n",
+        {},
         "--columns"},
        {"XML", "<?xml version=\"1.0\"?><a/>", {}, "XML"},
        {"nothing", "\n\n# only this\n", {}, "refused"},
@@ -195,17 +208,26 @@ TEST(Table, AnglesAndLengthsComeInAnyUnit) {
       {{"gon", heads + gon},
        {"Hz, V, SD", "Pkt;Hz [gon];V [gon];SD [m]\n1;208,51889;100,0;6,6762\n"},
        {"degrees in the headings", "Nr,Hz [deg],Vz [deg],Slope dist [m]\n1,187.667,90.0,6.6762\n"},
-       {"degree signs in the headings", "Nr,Hz [\xc2\xb0],V [\xc2\xb0],D [m]\n1,187.667,90.0,6.6762\n"},
+       {"degree signs in the headings",
+        "Nr,Hz [\xc2\xb0],V [\xc2\xb0],D [m]\n1,187.667,90.0,6.6762\n"},
        {"radians", "id,Hz (rad),ZA (rad),SD (m)\n1,3.275407,1.5707963,6.6762\n"},
-       {"degrees, minutes, seconds",
-        heads + "1,187\xc2\xb0" "40'01.2\",90\xc2\xb0" "00'00\",6.6762\n"},
-       {"typographic signs", heads + "1,187\xc2\xb0" "40\xe2\x80\xb2" "01.2\xe2\x80\xb3,90\xc2\xb0"
-                                     "00\xe2\x80\xb2" "00\xe2\x80\xb3,6.6762\n"},
+       {"degrees, minutes, seconds", heads + "1,187\xc2\xb0"
+                                             "40'01.2\",90\xc2\xb0"
+                                             "00'00\",6.6762\n"},
+       {"typographic signs", heads + "1,187\xc2\xb0"
+                                     "40\xe2\x80\xb2"
+                                     "01.2\xe2\x80\xb3,90\xc2\xb0"
+                                     "00\xe2\x80\xb2"
+                                     "00\xe2\x80\xb3,6.6762\n"},
        {"dashes by option", heads + "1,187-40-01.2,90-00-00,6.6762\n", sexagesimal},
        {"degrees by option", heads + "1,187.667,90.0,6.6762\n", degrees},
        {"packed degrees by option", heads + "1,187.40012,90.0000,6.6762\n", packed},
        {"feet by option", heads + "1,208.51889,100.0,21.9035433\n", feet},
-       {"minutes above 59", heads + "1,187\xc2\xb0" "61'01.2\",90\xc2\xb0" "00'00\",6.6762\n", {},
+       {"minutes above 59",
+        heads + "1,187\xc2\xb0"
+                "61'01.2\",90\xc2\xb0"
+                "00'00\",6.6762\n",
+        {},
         "refused"}},
       kMeasurements, plain);
 }

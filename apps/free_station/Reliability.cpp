@@ -1,0 +1,124 @@
+#include "free_station/Reliability.h"
+
+#include <Eigen/Dense>
+#include <boost/math/distributions/students_t.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace FreeStation {
+
+namespace {
+
+using Eigen::Matrix3d;
+using Eigen::Vector3d;
+using Ruv::Calculations::ENHPoint;
+using Ruv::Calculations::StationPlacement;
+
+constexpr int kUnknowns = 7;
+
+Vector3d vectorOf(const ENHPoint& point) { return {point.east, point.north, point.height}; }
+ENHPoint pointOf(const Vector3d& vector) { return {vector.x(), vector.y(), vector.z()}; }
+
+/// Of the cross product from the left.
+Matrix3d crossMatrix(const Vector3d& v) {
+  Matrix3d matrix;
+  matrix << 0.0, -v.z(), v.y(), v.z(), 0.0, -v.x(), -v.y(), v.x(), 0.0;
+  return matrix;
+}
+
+/// Cofactors of adjusted places. With q from the centroid of the n sighted points, a place moves by
+/// t + r x q + s q for a small translation t, rotation r and change of scale s; because the q sum
+/// up to 0, the normal equations fall apart into n I, J = sum (q^2 I - q q^T) and sum q^2.
+class Cofactors {
+ public:
+  explicit Cofactors(const std::vector<Vector3d>& points)
+      : m_count(static_cast<double>(points.size())) {
+    for (const Vector3d& point : points) {
+      m_centroid += point / m_count;
+    }
+    Matrix3d inertia = Matrix3d::Zero();
+    for (const Vector3d& point : points) {
+      const Vector3d q = point - m_centroid;
+      inertia += q.squaredNorm() * Matrix3d::Identity() - q * q.transpose();
+      m_squares += q.squaredNorm();
+    }
+    m_inverseInertia = inertia.inverse();
+  }
+
+  Matrix3d at(const Vector3d& place) const {
+    const Vector3d q = place - m_centroid;
+    const Matrix3d cross = crossMatrix(q);
+    return Matrix3d::Identity() / m_count + cross * m_inverseInertia * cross.transpose() +
+           q * q.transpose() / m_squares;
+  }
+
+ private:
+  double m_count;
+  Vector3d m_centroid = Vector3d::Zero();
+  Matrix3d m_inverseInertia;
+  double m_squares = 0.0;
+};
+
+ErrorEllipse ellipseOf(const Matrix3d& covariance) {
+  constexpr double kHalfTurn = 3.141592653589793;
+  const Eigen::SelfAdjointEigenSolver<Eigen::Matrix2d> axes(covariance.topLeftCorner<2, 2>());
+  const Eigen::Vector2d lengths = axes.eigenvalues().cwiseMax(0.0).cwiseSqrt();  // ascending
+  const Eigen::Vector2d major = axes.eigenvectors().col(1);
+  const double azimuth = std::atan2(major.x(), major.y());
+  return {lengths.y(), lengths.x(), azimuth < 0.0 ? azimuth + kHalfTurn : azimuth};
+}
+
+/// Of |w| at one in a thousand: tau from Student's t of one degree less.
+double criticalW(int redundancy) {
+  constexpr double kProbability = 1e-3;
+  const double f = redundancy;
+  const boost::math::students_t distribution(f - 1.0);
+  const double t = boost::math::quantile(boost::math::complement(distribution, kProbability / 2.0));
+  return t * std::sqrt(f / (f - 1.0 + t * t));
+}
+
+/// 0 where a residual cannot tell anything.
+double standardised(double residual, double sigma0, double redundancy) {
+  constexpr double kNoRedundancy = 1e-9;
+  return sigma0 > 0.0 && redundancy > kNoRedundancy ? residual / (sigma0 * std::sqrt(redundancy))
+                                                    : 0.0;
+}
+
+}  // namespace
+
+double Control::largestW() const {
+  return std::max({std::abs(w.east), std::abs(w.north), std::abs(w.height)});
+}
+
+Reliability reliabilityOf(const StationPlacement& station, const std::vector<Sighting>& sightings) {
+  std::vector<Vector3d> points;
+  for (const Sighting& s : sightings) {
+    points.push_back(vectorOf(station.toGlobal(s.measurement.polar) - station.station()));
+  }
+  const Cofactors cofactors(points);
+  const std::vector<ENHPoint> residuals = residualsOf(station, sightings);
+  const double sigma0 = sigma0Of(residuals);
+  Reliability reliability;
+  reliability.redundancy = 3 * static_cast<int>(sightings.size()) - kUnknowns;
+  reliability.criticalW = criticalW(reliability.redundancy);
+  std::size_t largest = 0;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    Control control;
+    control.redundancy = pointOf(Vector3d::Ones() - cofactors.at(points[i]).diagonal());
+    const ENHPoint& v = residuals[i];
+    control.w = {standardised(v.east, sigma0, control.redundancy.east),
+                 standardised(v.north, sigma0, control.redundancy.north),
+                 standardised(v.height, sigma0, control.redundancy.height)};
+    reliability.sightings.push_back(control);
+    if (control.largestW() > reliability.sightings[largest].largestW()) largest = i;
+  }
+  if (reliability.sightings[largest].largestW() > reliability.criticalW) {
+    reliability.outlier = largest;
+  }
+  reliability.ellipse = ellipseOf(sigma0 * sigma0 * cofactors.at(Vector3d::Zero()));
+  return reliability;
+}
+
+}  // namespace FreeStation
