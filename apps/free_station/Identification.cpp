@@ -5,12 +5,16 @@
 #include "common/drawing/NumberText.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstddef>
+#include <future>
 #include <map>
 #include <optional>
 #include <set>
 #include <string>
+#include <thread>
+#include <utility>
 
 namespace FreeStation {
 
@@ -24,9 +28,10 @@ using Ruv::Calculations::Utilities;
 /// Identifications that chance explains more often than this are doubtful.
 constexpr double kProbableChance = 1e-3;
 
-std::optional<Identification> search(const std::vector<SurveyedPoint>& points,
-                                     const std::vector<Measurement>& measurements,
-                                     const Tolerances& tolerances) {
+using Search = std::optional<Identification>;
+
+Search searchToTheEnd(const std::vector<SurveyedPoint>& points,
+                      const std::vector<Measurement>& measurements, const Tolerances& tolerances) {
   PointDetermination determination;
   determination.setToleranceDistanceDifference(tolerances.distance);
   determination.setToleranceHeightDifference(tolerances.height);
@@ -53,6 +58,21 @@ std::optional<Identification> search(const std::vector<SurveyedPoint>& points,
   return found;
 }
 
+/// Tolerances as wide as the distances between fix points make the ways to assign measurements to
+/// them countless. The search knows no way to stop: it is left behind, with copies of its input.
+/// @return nothing when it did not end in time
+std::optional<Search> searchFor(std::chrono::seconds time, const std::vector<SurveyedPoint>& points,
+                                const std::vector<Measurement>& measurements,
+                                const Tolerances& tolerances) {
+  std::packaged_task<Search()> task([points, measurements, tolerances] {
+    return searchToTheEnd(points, measurements, tolerances);
+  });
+  std::future<Search> found = task.get_future();
+  std::thread(std::move(task)).detach();
+  if (found.wait_for(time) != std::future_status::ready) return std::nullopt;
+  return found.get();
+}
+
 /// The other unit that angles may have been written in.
 struct OtherUnit {
   const char* name;
@@ -64,6 +84,7 @@ struct OtherUnit {
 /// lets more measurements fit.
 std::string betterUnit(const FieldBook& book, const Tolerances& tolerances, std::size_t fitting) {
   constexpr double kFullTurn = 6.283185307179586;
+  constexpr std::chrono::seconds kTime(10);
   constexpr OtherUnit kUnits[] = {{"degrees", "deg", 400.0 / 360.0}, {"gon", "gon", 360.0 / 400.0}};
   for (const OtherUnit& unit : kUnits) {
     std::vector<Reading> readings = withAnglesTimes(unit.factor, book.readings);
@@ -77,10 +98,10 @@ std::string betterUnit(const FieldBook& book, const Tolerances& tolerances, std:
                                         return book.boom && m.id == book.boom->id;
                                       }),
                        measurements.end());
-    const auto found = search(book.fixPoints, measurements, tolerances);
-    if (found && found->sightings.size() > fitting) {
+    const auto found = searchFor(kTime, book.fixPoints, measurements, tolerances);
+    if (found && *found && (*found)->sightings.size() > fitting) {
       return "if the angles are " + std::string(unit.name) + ", " +
-             std::to_string(found->sightings.size()) + " measurements fit: give --angles " +
+             std::to_string((*found)->sightings.size()) + " measurements fit: give --angles " +
              unit.option;
     }
   }
@@ -180,7 +201,14 @@ std::string chanceText(double chance) {
 }
 
 Identification identify(const FieldBook& book, const Tolerances& tolerances) {
-  auto found = search(book.fixPoints, book.measurements, tolerances);
+  constexpr std::chrono::seconds kTime(60);
+  auto result = searchFor(kTime, book.fixPoints, book.measurements, tolerances);
+  if (!result) {
+    throw Console::Failure(
+        "the search for the fix points did not end within a minute: too many of them fit; give "
+        "smaller tolerances, or fewer fix points or measurements");
+  }
+  Search& found = *result;
   if (!found) {
     const std::string unit = betterUnit(book, tolerances, 0);
     throw Console::Failure("no three measurements fit the fix points within the tolerances" +

@@ -30,15 +30,16 @@ struct Identification {
 };
 
 /// Finds the fix points by the shape of the measured figure alone. Throws a Console::Failure when
-/// nothing fits. Doubts: another assignment fits as well; measurements of nothing would fit too
-/// often; more measurements would fit if their angles were in another unit; a measurement has the
-/// id of another fix point.
+/// nothing fits, and when the search takes more than a minute. Doubts: another assignment fits as
+/// well; measurements of nothing would fit too often; more measurements would fit if their angles
+/// were in another unit; a measurement has the id of another fix point.
 Identification identify(const FieldBook& book, const Tolerances& tolerances);
 
 /// How probable it is that measurements of anything else would have fitted as many fix points,
-/// estimated rather too high. A figure of n points in space has 3n - 6 independent distances; each agrees by
-/// chance as often as distances between fix points lie within the tolerance of a measured one; and
-/// there are (m over n) F! / (F - n)! ways to assign n of m measurements to n of F fix points.
+/// estimated rather too high. A figure of n points in space has 3n - 6 independent distances; each
+/// agrees by chance as often as distances between fix points lie within the tolerance of a measured
+/// one; and there are (m over n) F! / (F - n)! ways to assign n of m measurements to n of F fix
+/// points.
 double chanceOf(const Identification& found, const std::vector<Exchange::SurveyedPoint>& fixPoints,
                 double tolerance);
 
