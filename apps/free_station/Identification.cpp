@@ -73,36 +73,54 @@ std::optional<Search> searchFor(std::chrono::seconds time, const std::vector<Sur
   return found.get();
 }
 
-/// The other unit that angles may have been written in.
-struct OtherUnit {
-  const char* name;
-  const char* option;
-  double factor;  ///< of angles that were read as gon or as degrees
+/// The measurements without that of the boom.
+std::vector<Measurement> measurementsIn(const FieldBook& book,
+                                        const std::vector<Reading>& readings) {
+  std::vector<Measurement> measurements = measurementsOf(readings);
+  const auto isBoom = [&book](const Measurement& m) { return book.boom && m.id == book.boom->id; };
+  measurements.erase(std::remove_if(measurements.begin(), measurements.end(), isBoom),
+                     measurements.end());
+  return measurements;
+}
+
+std::vector<SurveyedPoint> withEastAndNorthSwapped(std::vector<SurveyedPoint> points) {
+  for (SurveyedPoint& point : points) {
+    std::swap(point.grid.east, point.grid.north);
+  }
+  return points;
+}
+
+/// Another meaning of the same files.
+struct Reinterpretation {
+  const char* condition;
+  const char* remedy;
+  double angleFactor;
+  bool isSwapped;
 };
 
-/// "if their angles are degrees, 12 measurements fit: give --angles deg"; empty when no other unit
-/// lets more measurements fit.
-std::string betterUnit(const FieldBook& book, const Tolerances& tolerances, std::size_t fitting) {
+/// "if the angles are degrees, 12 measurements fit: give --angles deg"; empty when the files fit
+/// best as they were read.
+std::string betterMeaning(const FieldBook& book, const Tolerances& tolerances,
+                          std::size_t fitting) {
   constexpr double kFullTurn = 6.283185307179586;
   constexpr std::chrono::seconds kTime(10);
-  constexpr OtherUnit kUnits[] = {{"degrees", "deg", 400.0 / 360.0}, {"gon", "gon", 360.0 / 400.0}};
-  for (const OtherUnit& unit : kUnits) {
-    std::vector<Reading> readings = withAnglesTimes(unit.factor, book.readings);
+  constexpr Reinterpretation kMeanings[] = {
+      {"the angles are degrees", "give --angles deg", 400.0 / 360.0, false},
+      {"the angles are gon", "give --angles gon", 360.0 / 400.0, false},
+      {"east and north of the fix points are swapped",
+       "name the columns by --columns fixpoints:id,north,east,height", 1.0, true}};
+  for (const Reinterpretation& meaning : kMeanings) {
+    const auto readings = withAnglesTimes(meaning.angleFactor, book.readings);
     const bool isPossible = std::all_of(readings.begin(), readings.end(), [](const Reading& r) {
       return r.polar.verticalAngle <= kFullTurn;
     });
     if (!isPossible) continue;
-    std::vector<Measurement> measurements = measurementsOf(readings);
-    measurements.erase(std::remove_if(measurements.begin(), measurements.end(),
-                                      [&book](const Measurement& m) {
-                                        return book.boom && m.id == book.boom->id;
-                                      }),
-                       measurements.end());
-    const auto found = searchFor(kTime, book.fixPoints, measurements, tolerances);
+    const auto found = searchFor(
+        kTime, meaning.isSwapped ? withEastAndNorthSwapped(book.fixPoints) : book.fixPoints,
+        measurementsIn(book, readings), tolerances);
     if (found && *found && (*found)->sightings.size() > fitting) {
-      return "if the angles are " + std::string(unit.name) + ", " +
-             std::to_string((*found)->sightings.size()) + " measurements fit: give --angles " +
-             unit.option;
+      return "if " + std::string(meaning.condition) + ", " +
+             std::to_string((*found)->sightings.size()) + " measurements fit: " + meaning.remedy;
     }
   }
   return {};
@@ -120,8 +138,8 @@ void addDoubts(const FieldBook& book, const Tolerances& tolerances, Identificati
                            chanceText(found.chance));
   }
   if (!found.strays.empty()) {
-    const std::string unit = betterUnit(book, tolerances, found.sightings.size());
-    if (!unit.empty()) found.doubts.push_back(unit);
+    const std::string meaning = betterMeaning(book, tolerances, found.sightings.size());
+    if (!meaning.empty()) found.doubts.push_back(meaning);
   }
   std::set<std::string> ids;
   for (const SurveyedPoint& point : book.fixPoints) {
@@ -210,9 +228,9 @@ Identification identify(const FieldBook& book, const Tolerances& tolerances) {
   }
   Search& found = *result;
   if (!found) {
-    const std::string unit = betterUnit(book, tolerances, 0);
+    const std::string meaning = betterMeaning(book, tolerances, 0);
     throw Console::Failure("no three measurements fit the fix points within the tolerances" +
-                           (unit.empty() ? unit : "; " + unit));
+                           (meaning.empty() ? meaning : "; " + meaning));
   }
   found->chance = chanceOf(*found, book.fixPoints, tolerances.distance);
   addDoubts(book, tolerances, *found);

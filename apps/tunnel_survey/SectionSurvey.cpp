@@ -130,11 +130,15 @@ SectionFile cutScan(const Options& options, const boost::shared_ptr<const AxisDe
   std::vector<double> stations;
   for (const std::string& station : options.stations) {
     stations.push_back(Console::placeOf("--stations", station, stationing));
+    if (!(stations.back() >= axis->minimumStng2d() && stations.back() <= axis->maximumStng2d())) {
+      throw Console::WrongUsage("--stations: " + station + " lies outside the axis");
+    }
   }
   SectionCutter cutter({stations, options.spacing, options.slab});
   SectionFile file;
   std::size_t points = 0;
   std::size_t misplaced = 0;
+  std::size_t swapped = 0;
   {
     Console::Progress progress("Cutting " + options.scan, sizeOf(options.scan));
     std::vector<Exchange::CloudPoint> part;
@@ -144,9 +148,11 @@ SectionFile cutScan(const Options& options, const boost::shared_ptr<const AxisDe
         Ruv::Calculations::AxisPoint onAxis;
         if (placer.place(point.grid, onAxis)) {
           cutter.add(onAxis);
-        } else if (++misplaced <= kMostRemarks) {
-          file.rejected.push_back({point.line, placer.reason("the point", point.grid)});
+          continue;
         }
+        if (++misplaced > kMostRemarks) continue;
+        file.rejected.push_back({point.line, placer.reason("the point", point.grid)});
+        if (placer.isSwapped(point.grid)) ++swapped;
       }
       refuseTooMany(cutter, options.scan);
       progress.reach(cloud->bytesRead());
@@ -154,6 +160,13 @@ SectionFile cutScan(const Options& options, const boost::shared_ptr<const AxisDe
   }
   if (!cloud->problem().message.empty()) {
     throw Console::Failure(Console::located(options.scan, cloud->problem()));
+  }
+  if (misplaced > 0 && misplaced == points) {
+    Console::printRemarks(options.scan, file.rejected);
+    throw Console::Failure(options.scan + ": no point lies beside the axis" +
+                           (swapped > 0 ? "; east and north are swapped: name the columns by "
+                                          "--columns north,east,height, in their order"
+                                        : ""));
   }
   const auto& unread = cloud->firstRejected();
   file.rejected.insert(file.rejected.end(), unread.begin(), unread.end());

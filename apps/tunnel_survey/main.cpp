@@ -30,6 +30,19 @@ void refuseIncomplete(const Options& options) {
   }
 }
 
+/// Told when it does not lie on the axis, if there is one.
+bool isTransitionDoubtful(const Options& options, const SurveyResults& results) {
+  if (!results.axis || !results.transition) return false;
+  const auto& axis = *results.axis->axis;
+  const auto& sections = results.transition->sections;
+  const bool isOnAxis = sections.front().station >= axis.minimumStng2d() &&
+                        sections.back().station <= axis.maximumStng2d();
+  if (!isOnAxis) {
+    Console::printDoubts(options.transitionTo, {"the transition reaches beyond the axis"});
+  }
+  return !isOnAxis;
+}
+
 Console::ExitCode run(const Options& options) {
   refuseIncomplete(options);
   checkTableOptions(options);
@@ -43,7 +56,8 @@ Console::ExitCode run(const Options& options) {
         surveySections(options, results.axis ? results.axis->axis : nullptr, stationing);
   }
   if (!options.output.empty()) writeResults(options, results);
-  const bool isDoubtful = results.sections && !results.sections->doubts.empty();
+  const bool isDoubtful = isTransitionDoubtful(options, results) ||
+                          (results.sections && !results.sections->doubts.empty());
   return isDoubtful && !options.accept ? Console::ExitCode::Doubtful : Console::ExitCode::Fine;
 }
 

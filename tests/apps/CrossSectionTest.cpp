@@ -2,6 +2,7 @@
 #include "common/exchange/PointFile.h"
 #include "tunnel_survey/DevelopedMap.h"
 #include "tunnel_survey/HtmlReport.h"
+#include "tunnel_survey/SectionChecks.h"
 #include "tunnel_survey/SectionCutter.h"
 #include "tunnel_survey/SectionFile.h"
 #include "tunnel_survey/SectionSurvey.h"
@@ -11,8 +12,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
+#include <random>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -59,6 +63,56 @@ std::vector<int> linesOf(const std::vector<Exchange::Remark>& remarks) {
     lines.push_back(remark.line);
   }
   return lines;
+}
+
+/// Every pair of sides that are no neighbours.
+bool crossesItself(const std::vector<Point2D>& p) {
+  const auto side = [](const Point2D& a, const Point2D& b, const Point2D& c) {
+    return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
+  };
+  const std::size_t n = p.size();
+  for (std::size_t i = 0; i < n; ++i) {
+    for (std::size_t j = 0; j < i; ++j) {
+      const Point2D& a = p[i];
+      const Point2D& b = p[(i + 1) % n];
+      const Point2D& c = p[j];
+      const Point2D& d = p[(j + 1) % n];
+      if (side(a, b, c) * side(a, b, d) < 0.0 && side(c, d, a) * side(c, d, b) < 0.0) return true;
+    }
+  }
+  return false;
+}
+
+TEST(SectionChecks, PointsOutOfOrderAreFoundAndSorted) {
+  std::mt19937 random(3);
+  std::size_t crossing = 0;
+  for (int i = 0; i < 300; ++i) {
+    std::vector<Point2D> points = pointsAround(kRadius, 12);
+    const std::vector<Point2D> ordered = points;
+    for (int swaps = i % 3; swaps > 0; --swaps) {
+      std::swap(points[random() % 12], points[random() % 12]);
+    }
+    crossing += crossesItself(points) ? 1 : 0;
+    EXPECT_EQ(crossingSides(points).has_value(), crossesItself(points));
+    sortAround({0.1, 0.2}, points);
+    EXPECT_FALSE(crossingSides(points));
+  }
+  EXPECT_GT(crossing, 50U);
+}
+
+TEST(SectionChecks, SectionsThatCannotBeRightAreTold) {
+  const MeasuredSection fine{"fine", 10.0, pointsAround(5.1, 12)};
+  MeasuredSection crossed{"crossed", 20.0, pointsAround(5.1, 12)};
+  std::swap(crossed.points[2], crossed.points[7]);
+  MeasuredSection beside{"beside", 101.0, pointsAround(5.1, 12)};
+  for (Point2D& point : beside.points) {
+    point = point + Point2D(0.0, -17.0);
+  }
+  EXPECT_THAT(doubtsOn({fine}, circle(), {}), testing::IsEmpty());
+  EXPECT_THAT(doubtsOn({fine, crossed, beside}, circle(), Exchange::StationRange{0.0, 100.0}),
+              ElementsAre(HasSubstr("section crossed: the outline crosses itself"),
+                          HasSubstr("section beside: all points lie on one side"),
+                          HasSubstr("section beside: the station lies outside the axis")));
 }
 
 TEST(SectionFile, BadRowsAreRejectedAlone) {

@@ -92,6 +92,16 @@ TEST(Identification, DoubtsWhatChanceOrAnotherUnitExplains) {
     EXPECT_THAT(error.what(), HasSubstr("--angles deg"));
   }
 
+  FieldBook swapped = book;
+  for (SurveyedPoint& point : swapped.fixPoints) {
+    std::swap(point.grid.east, point.grid.north);
+  }
+  try {
+    EXPECT_THAT(identify(swapped, {}).doubts, testing::Contains(HasSubstr("are swapped")));
+  } catch (const std::runtime_error& error) {
+    EXPECT_THAT(error.what(), HasSubstr("are swapped"));
+  }
+
   FieldBook named = book;
   named.measurements[0].id = "F5";
   EXPECT_THAT(identify(named, {}).doubts, ElementsAre(HasSubstr("F5 fits the fix point F0")));
