@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <cstddef>
 #include <future>
 #include <map>
@@ -21,12 +20,11 @@ namespace FreeStation {
 namespace {
 
 using Exchange::SurveyedPoint;
-using Ruv::Calculations::ENHPoint;
 using Ruv::Calculations::PointDetermination;
-using Ruv::Calculations::Utilities;
 
-/// Identifications that chance explains more often than this are doubtful.
-constexpr double kProbableChance = 1e-3;
+/// Identifications that chance explains more often than this are doubtful: three or four matches
+/// among many fix points prove little.
+constexpr double kMostByChance = 0.01;
 
 using Search = std::optional<Identification>;
 
@@ -46,6 +44,7 @@ Search searchToTheEnd(const std::vector<SurveyedPoint>& points,
   if (!determination.determineMeasuredPointsRobust()) return std::nullopt;
   Identification found;
   found.isUnambiguous = determination.isBestSolutionSignificantlyBetter();
+  found.expectedByChance = determination.expectedChanceSolutions();
   for (const Measurement& measurement : measurements) {
     const auto fixPoint =
         fixPoints.find(determination.getFixPointIdForMeasurementId(wideId(measurement.id)));
@@ -130,12 +129,11 @@ void addDoubts(const FieldBook& book, const Tolerances& tolerances, Identificati
   if (!found.isUnambiguous) {
     found.doubts.push_back("another assignment to fix points fits nearly as well");
   }
-  if (found.chance > kProbableChance) {
-    found.doubts.push_back(std::to_string(found.sightings.size()) + " of " +
-                           std::to_string(book.measurements.size()) +
-                           " measurements fit fix points, which is chance "
-                           "with a probability of about " +
-                           chanceText(found.chance));
+  if (found.expectedByChance > kMostByChance) {
+    found.doubts.push_back(
+        std::to_string(found.sightings.size()) + " of " + std::to_string(book.measurements.size()) +
+        " measurements fit fix points, as many as chance lets fit " +
+        expectedText(found.expectedByChance) + " times: measure more fix points");
   }
   if (!found.strays.empty()) {
     const std::string meaning = betterMeaning(book, tolerances, found.sightings.size());
@@ -153,69 +151,13 @@ void addDoubts(const FieldBook& book, const Tolerances& tolerances, Identificati
   }
 }
 
-double logFactorial(std::size_t n) { return std::lgamma(static_cast<double>(n) + 1.0); }
-
-/// In ascending order. Of very many points some are enough.
-std::vector<double> distancesBetween(const std::vector<SurveyedPoint>& points) {
-  constexpr std::size_t kMostPoints = 1000;
-  const std::size_t step = (points.size() + kMostPoints - 1) / kMostPoints;
-  std::vector<double> distances;
-  for (std::size_t i = 0; i < points.size(); i += step) {
-    for (std::size_t j = 0; j < i; j += step) {
-      distances.push_back((points[i].grid - points[j].grid).length());
-    }
-  }
-  std::sort(distances.begin(), distances.end());
-  return distances;
-}
-
-/// How often a distance between fix points agrees with a measured one. A wider interval than the
-/// tolerance smooths the count.
-double agreementOf(const std::vector<Sighting>& sightings, const std::vector<double>& distances,
-                   double tolerance) {
-  constexpr double kWidening = 5.0;
-  double sum = 0.0;
-  double count = 0.0;
-  for (std::size_t i = 0; i < sightings.size(); ++i) {
-    for (std::size_t j = 0; j < i; ++j) {
-      const ENHPoint a = Utilities::convertToLocalCoordinates(sightings[i].measurement.polar);
-      const ENHPoint b = Utilities::convertToLocalCoordinates(sightings[j].measurement.polar);
-      const double distance = (a - b).length();
-      const auto low =
-          std::lower_bound(distances.begin(), distances.end(), distance - kWidening * tolerance);
-      const auto high = std::upper_bound(low, distances.end(), distance + kWidening * tolerance);
-      sum += static_cast<double>(high - low) / kWidening;
-      count += static_cast<double>(distances.size());
-    }
-  }
-  return count > 0.0 ? std::min(1.0, sum / count) : 1.0;
-}
-
 }  // namespace
 
-double chanceOf(const Identification& found, const std::vector<SurveyedPoint>& fixPoints,
-                double tolerance) {
-  std::set<std::string> seen;
-  for (const Sighting& s : found.sightings) {
-    seen.insert(s.fixPoint.id);
-  }
-  const std::size_t n = seen.size();
-  const std::size_t m = n + found.strays.size();
-  constexpr std::size_t kFewest = 3;
-  if (n < kFewest) return 1.0;
-  const double agreement = agreementOf(found.sightings, distancesBetween(fixPoints), tolerance);
-  const double ways = logFactorial(fixPoints.size()) - logFactorial(fixPoints.size() - n) +
-                      logFactorial(m) - logFactorial(n) - logFactorial(m - n);
-  const double expected = std::exp(ways + static_cast<double>(3 * n - 6) * std::log(agreement));
-  return -std::expm1(-expected);
-}
-
-std::string chanceText(double chance) {
+std::string expectedText(double expected) {
   constexpr double kNever = 1e-12;
-  constexpr double kPercent = 0.01;
-  if (chance < kNever) return "1e-12";
-  return chance < kPercent ? Drawing::scientific(chance, 0)
-                           : Drawing::fixed(100.0 * chance, 0) + " %";
+  constexpr double kOften = 100.0;
+  if (expected < kNever) return "less than 1e-12";
+  return expected > kOften ? "more than 100" : Drawing::scientific(expected, 0);
 }
 
 Identification identify(const FieldBook& book, const Tolerances& tolerances) {
@@ -232,7 +174,6 @@ Identification identify(const FieldBook& book, const Tolerances& tolerances) {
     throw Console::Failure("no three measurements fit the fix points within the tolerances" +
                            (meaning.empty() ? meaning : "; " + meaning));
   }
-  found->chance = chanceOf(*found, book.fixPoints, tolerances.distance);
   addDoubts(book, tolerances, *found);
   return *found;
 }

@@ -25,7 +25,7 @@ struct Identification {
   std::vector<Sighting> sightings;
   std::vector<Measurement> strays;  ///< measurements of no fix point
   bool isUnambiguous = false;
-  double chance = 0.0;              ///< see chanceOf()
+  double expectedByChance = 0.0;    ///< assignments of as many strays, which fit by chance
   std::vector<std::string> doubts;  ///< why it may be wrong
 };
 
@@ -35,16 +35,8 @@ struct Identification {
 /// were in another unit; a measurement has the id of another fix point.
 Identification identify(const FieldBook& book, const Tolerances& tolerances);
 
-/// How probable it is that measurements of anything else would have fitted as many fix points,
-/// estimated rather too high. A figure of n points in space has 3n - 6 independent distances; each
-/// agrees by chance as often as distances between fix points lie within the tolerance of a measured
-/// one; and there are (m over n) F! / (F - n)! ways to assign n of m measurements to n of F fix
-/// points.
-double chanceOf(const Identification& found, const std::vector<Exchange::SurveyedPoint>& fixPoints,
-                double tolerance);
-
-/// "3e-05", "12 %"; no less than 1e-12.
-std::string chanceText(double chance);
+/// A number of assignments, "3e-05"; "less than 1e-12" and "more than 100" beyond.
+std::string expectedText(double expected);
 
 }  // namespace FreeStation
 

@@ -43,7 +43,8 @@ void addOptions(Console::OptionGroup all, Options& options) {
   addGuidanceOptions(all.group("Axis and guidance"), options);
   Console::addTableOptions(all, options.tables, "fixpoints, measurements");
   all.addFlag("--accept", options.accept,
-              "End with exit code 0 although something is doubtful; it is told all the same");
+              "Use fix points whose identification is doubtful, and end with exit code 0 although "
+              "something is doubtful; it is told all the same");
   all.add("--json", options.json, "File for all results as JSON (m, gon)");
   all.add("--output", options.output,
           "Directory for the drawing (SVG and PNG) and the tables (CSV) of the station, the "

@@ -40,7 +40,8 @@ struct Reliability {
 /// Of the spatial resection, whose observations are the coordinates of the sighted points, all
 /// equally accurate (Baarda 1968; with the standard deviation from the residuals themselves, w is
 /// distributed as tau: Pope 1976).
-Reliability reliabilityOf(const Ruv::Calculations::StationPlacement& station, const std::vector<Sighting>& sightings);
+Reliability reliabilityOf(const Ruv::Calculations::StationPlacement& station,
+                          const std::vector<Sighting>& sightings);
 
 }  // namespace FreeStation
 

@@ -49,8 +49,8 @@ void printIdentification(const Survey& survey) {
             << (survey.identification.isUnambiguous
                     ? "No other assignment fits as well.\n"
                     : "Another assignment fits nearly as well: check it.\n")
-            << "Chance would explain this with a probability of about "
-            << chanceText(survey.identification.chance) << ".\n";
+            << "Of as many strays, " << expectedText(survey.identification.expectedByChance)
+            << " such assignments would be expected by chance.\n";
 }
 
 /// Of points sighted more than once.
@@ -201,6 +201,7 @@ std::string scaleInMillionths(double scale) { return signedFixed((scale - 1.0) *
 
 void printReport(const Survey& survey) {
   printIdentification(survey);
+  if (!survey.hasStation) return;
   printRepeatedSightings(survey);
   printStation(survey);
   printResiduals(survey);

@@ -40,7 +40,8 @@ std::vector<Quantity> quantitiesOf(const Survey& survey) {
       {"east", s.station().east, 4, "m", mm.east, 1, "mm"},
       {"north", s.station().north, 4, "m", mm.north, 1, "mm"},
       {"height", s.station().height, 4, "m", mm.height, 1, "mm"},
-      {"orientation", gon(s.orientation()), 4, "gon", gon(s.orientationStdDev()) * 1000.0, 1, "mgon"},
+      {"orientation", gon(s.orientation()), 4, "gon", gon(s.orientationStdDev()) * 1000.0, 1,
+       "mgon"},
       {"scale - 1", (s.scale() - 1.0) * 1e6, 0, "ppm", s.scaleStdDev() * 1e6, 0, "ppm"},
       {"tilt forward", gon(-s.tiltAboutEast()), 4, "gon", {}, 0, ""},
       {"tilt right", gon(s.tiltAboutNorth()), 4, "gon", {}, 0, ""},
@@ -189,7 +190,7 @@ std::string asJson(const Survey& survey) {
   json.set("station", station)
       .set("sightings", sightingsOf(survey))
       .set("critical_w", survey.reliability.criticalW)
-      .set("chance_of_identification", survey.identification.chance)
+      .set("assignments_expected_by_chance", survey.identification.expectedByChance)
       .set("points", newPointsOf(survey));
   if (survey.hasAxis()) json.set("on_axis", jsonOf(survey.stationOnAxis, survey.stationing));
   if (survey.isGuided()) json.set("guidance", guidanceOf(survey));

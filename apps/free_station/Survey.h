@@ -28,6 +28,8 @@ struct NewPoint {
 struct Survey {
   FieldBook book;
   Identification identification;
+  /// Nothing more is computed from fix points that may be others.
+  bool hasStation = true;
   Ruv::Calculations::StationPlacement placement;
   std::vector<Ruv::Calculations::ENHPoint> residuals;  ///< of the sightings
   Reliability reliability;

@@ -87,7 +87,8 @@ void addDoubts(const Tolerances& tolerances, Survey& survey) {
                               fixed(m.spreadInSpace(), 3) + " m");
     }
   }
-  const double tilt = std::hypot(survey.placement.tiltAboutEast(), survey.placement.tiltAboutNorth());
+  const double tilt =
+      std::hypot(survey.placement.tiltAboutEast(), survey.placement.tiltAboutNorth());
   if (highest * std::sin(std::min(tilt, 1.5)) > kTilted) {
     survey.doubts.push_back("the instrument is tilted by " + fixed(Utilities::rad2gon(tilt), 3) +
                             " gon, along which the target heights were taken off");
@@ -107,12 +108,14 @@ Survey surveyWith(const Options& options) {
       options.tables);
   if (!survey.book.instrumentHeight) survey.book.instrumentHeight = options.instrumentHeight;
   survey.identification = identify(survey.book, options.tolerances);
-  survey.placement = setUpStation(survey.identification.sightings);
-  survey.residuals = residualsOf(survey.placement, survey.identification.sightings);
-  survey.reliability = reliabilityOf(survey.placement, survey.identification.sightings);
   survey.doubts = survey.book.doubts;
   const auto& doubts = survey.identification.doubts;
   survey.doubts.insert(survey.doubts.end(), doubts.begin(), doubts.end());
+  survey.hasStation = doubts.empty() || options.accept;
+  if (!survey.hasStation) return survey;
+  survey.placement = setUpStation(survey.identification.sightings);
+  survey.residuals = residualsOf(survey.placement, survey.identification.sightings);
+  survey.reliability = reliabilityOf(survey.placement, survey.identification.sightings);
   addDoubts(options.tolerances, survey);
   if (survey.hasAxis()) {
     findStationOnAxis(survey);

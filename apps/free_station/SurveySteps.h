@@ -9,7 +9,9 @@
 
 namespace FreeStation {
 
-/// Throws a Console::Failure for what cannot be computed; tells what is noticed about the files.
+/// Ends with the identification when that is doubtful and --accept is not given: a boom would be
+/// steered by it. Throws a Console::Failure for what cannot be computed; tells what is noticed
+/// about the files.
 Survey surveyWith(const Options& options);
 
 }  // namespace FreeStation

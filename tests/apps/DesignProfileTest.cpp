@@ -14,7 +14,8 @@ double areaUnderRoof(double radius) {
   text.precision(17);
   text << "start_x,start_y,end_x,end_y,radius\n"
        << "-5,0,-5,5,0\n-5,5,5,5," << radius << "\n5,5,5,0,0\n5,0,-5,0,0\n";
-  return Exchange::readDesignProfile(text.str()).value->area();
+  std::istringstream in(text.str());
+  return Exchange::readDesignProfile(in).value->area();
 }
 
 TEST(DesignProfile, AreaUnderArcsOfAnyRadius) {

@@ -79,9 +79,9 @@ TEST(Identification, DoubtsWhatChanceOrAnotherUnitExplains) {
   const Identification found = identify(book, {});
   EXPECT_EQ(found.sightings.size(), 8U);
   EXPECT_THAT(found.doubts, IsEmpty());
-  EXPECT_LT(found.chance, 1e-12);
+  EXPECT_LT(found.expectedByChance, 1e-6);
   // Three of many points nearly always fit somewhere.
-  EXPECT_GT(identify(bookOf(80, 3, 0.001), {}).chance, 0.01);
+  EXPECT_THAT(identify(bookOf(80, 3, 0.001), {}).doubts, testing::Contains(HasSubstr("chance")));
 
   FieldBook degrees = book;
   degrees.readings = withAnglesTimes(0.9, book.readings);
@@ -105,34 +105,6 @@ TEST(Identification, DoubtsWhatChanceOrAnotherUnitExplains) {
   FieldBook named = book;
   named.measurements[0].id = "F5";
   EXPECT_THAT(identify(named, {}).doubts, ElementsAre(HasSubstr("F5 fits the fix point F0")));
-}
-
-TEST(Identification, ChanceIsAboutHowOftenRandomFiguresFit) {
-  std::mt19937 random(11);
-  std::uniform_real_distribution<double> place(-1.0, 1.0);
-  const FieldBook real = bookOf(40, 0, 0.0);
-  double expected = 0.0;
-  int fits = 0;
-  constexpr int kTrials = 400;
-  for (int i = 0; i < kTrials; ++i) {
-    FieldBook book = real;
-    for (int k = 0; k < 3; ++k) {
-      const ENHPoint point(1000.0 + 6.0 * place(random), 2000.0 + 25.0 * place(random),
-                           14.0 + 4.0 * place(random));
-      book.readings.push_back({0, std::to_string(k), seen(point), 0.0, NAN});
-    }
-    book.measurements = measurementsOf(book.readings);
-    try {
-      expected += identify(book, {0.3, 0.3}).chance;
-      ++fits;
-    } catch (const std::runtime_error&) {
-      continue;
-    }
-  }
-  ASSERT_GT(fits, 5);
-  const double observed = static_cast<double>(fits) / kTrials;
-  EXPECT_GT(expected / fits, 0.7 * observed);
-  EXPECT_LT(expected / fits, 3.0 * observed);
 }
 
 TEST(Reliability, AgreesWithTheResectionAndFindsTheOutlier) {
