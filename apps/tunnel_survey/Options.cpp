@@ -78,8 +78,8 @@ void addMeasurementOptions(Console::OptionGroup group, Options& options, Console
                "table")
       .needs(sections);
   auto scan = group.add("--scan", options.scan,
-                        "CSV of scanned points, cut into sections along the axis: east, "
-                        "north, height (m)");
+                        "Scanned points, cut into sections along the axis: text of east, north, "
+                        "height and more (m; xyz, pts, CSV), or LAS 1.0 to 1.4; of any size");
   scan.needs(landXml).needs(design).excludes(sections);
   sections.needs(design);
   auto spacing =
