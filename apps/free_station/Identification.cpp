@@ -5,6 +5,7 @@
 #include "common/drawing/NumberText.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstddef>
 #include <future>
@@ -103,11 +104,11 @@ std::string betterMeaning(const FieldBook& book, const Tolerances& tolerances,
                           std::size_t fitting) {
   constexpr double kFullTurn = 6.283185307179586;
   constexpr std::chrono::seconds kTime(10);
-  constexpr Reinterpretation kMeanings[] = {
-      {"the angles are degrees", "give --angles deg", 400.0 / 360.0, false},
-      {"the angles are gon", "give --angles gon", 360.0 / 400.0, false},
-      {"east and north of the fix points are swapped",
-       "name the columns by --columns fixpoints:id,north,east,height", 1.0, true}};
+  constexpr std::array<Reinterpretation, 3> kMeanings = {
+      {{"the angles are degrees", "give --angles deg", 400.0 / 360.0, false},
+       {"the angles are gon", "give --angles gon", 360.0 / 400.0, false},
+       {"east and north of the fix points are swapped",
+        "name the columns by --columns fixpoints:id,north,east,height", 1.0, true}}};
   for (const Reinterpretation& meaning : kMeanings) {
     const auto readings = withAnglesTimes(meaning.angleFactor, book.readings);
     const bool isPossible = std::all_of(readings.begin(), readings.end(), [](const Reading& r) {
@@ -127,7 +128,7 @@ std::string betterMeaning(const FieldBook& book, const Tolerances& tolerances,
 
 void addDoubts(const FieldBook& book, const Tolerances& tolerances, Identification& found) {
   if (!found.isUnambiguous) {
-    found.doubts.push_back("another assignment to fix points fits nearly as well");
+    found.doubts.emplace_back("another assignment to fix points fits nearly as well");
   }
   if (found.expectedByChance > kMostByChance) {
     found.doubts.push_back(

@@ -1,6 +1,7 @@
 #include "free_station/Readings.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 
@@ -77,7 +78,7 @@ Measurement meanOf(const std::vector<const Reading*>& readings) {
     return lowered(inFirstFace(s.polar), s.targetHeight);
   };
   const PolarPoint start = reduced(first);
-  Mean faces[] = {Mean(start), Mean(start)};
+  std::array<Mean, 2> faces = {Mean(start), Mean(start)};
   Range horizontal;
   Range zenith;
   Range distance;

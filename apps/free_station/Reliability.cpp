@@ -94,6 +94,7 @@ double Control::largestW() const {
 
 Reliability reliabilityOf(const StationPlacement& station, const std::vector<Sighting>& sightings) {
   std::vector<Vector3d> points;
+  points.reserve(sightings.size());
   for (const Sighting& s : sightings) {
     points.push_back(vectorOf(station.toGlobal(s.measurement.polar) - station.station()));
   }
