@@ -118,6 +118,19 @@ void printScan(const Options& options, const SectionCutter& cutter, std::size_t 
   }
 }
 
+/// Where to cut a scan; nothing for regular distances.
+std::vector<double> stationsOf(const Options& options, const AxisDefinition& axis,
+                               const Exchange::Stationing& stationing) {
+  std::vector<double> stations;
+  for (const std::string& station : options.stations) {
+    stations.push_back(Console::placeOf("--stations", station, stationing));
+    if (!(stations.back() >= axis.minimumStng2d() && stations.back() <= axis.maximumStng2d())) {
+      throw Console::WrongUsage("--stations: " + station + " lies outside the axis");
+    }
+  }
+  return stations;
+}
+
 SectionFile cutScan(const Options& options, const boost::shared_ptr<const AxisDefinition>& axis,
                     const Exchange::DesignProfile& design, const Exchange::Stationing& stationing) {
   constexpr std::size_t kMostRemarks = 20;
@@ -127,14 +140,7 @@ SectionFile cutScan(const Options& options, const boost::shared_ptr<const AxisDe
   const auto cloud =
       Console::valueOrFail(Exchange::openPointCloud(in, options.formatOf("scan")), options.scan);
   Console::tellDescription(options.scan, cloud->description());
-  std::vector<double> stations;
-  for (const std::string& station : options.stations) {
-    stations.push_back(Console::placeOf("--stations", station, stationing));
-    if (!(stations.back() >= axis->minimumStng2d() && stations.back() <= axis->maximumStng2d())) {
-      throw Console::WrongUsage("--stations: " + station + " lies outside the axis");
-    }
-  }
-  SectionCutter cutter({stations, options.spacing, options.slab});
+  SectionCutter cutter({stationsOf(options, *axis, stationing), options.spacing, options.slab});
   SectionFile file;
   std::size_t points = 0;
   std::size_t misplaced = 0;
