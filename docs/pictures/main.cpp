@@ -2,6 +2,8 @@
 
 #include "pictures/Pictures.h"
 
+#include "common/drawing/SvgWriter.h"
+
 #include <array>
 #include <fstream>
 #include <iostream>
@@ -35,7 +37,7 @@ int main(int argc, char** argv) {
   for (const Picture& picture : kPictures) {
     const std::string path = folder + '/' + picture.name + ".svg";
     std::ofstream file(path, std::ios::binary);
-    file << Drawing::svgOf(picture.sheet());
+    file << Drawing::svgOf(Drawing::pictureOf(picture.sheet()));
     if (!file.flush()) {
       std::cerr << path << " cannot be written\n";
       return 1;

@@ -224,7 +224,7 @@ TEST(SectionComparison, PointsThatDetermineNothingAreReportedWithoutNumbers) {
     const std::string csv = sectionsAsCsv(survey);
     EXPECT_THAT(csv, Not(HasSubstr("nan")));
     EXPECT_THAT(csv, Not(HasSubstr("inf")));
-    EXPECT_FALSE(svgOf(developedMapSheet(survey)).empty());
+    EXPECT_FALSE(pictureOf(developedMapSheet(survey)).shapes.empty());
   }
 }
 

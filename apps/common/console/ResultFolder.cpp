@@ -3,6 +3,9 @@
 #include "common/console/Files.h"
 #include "common/console/InterruptionGuard.h"
 
+#include "common/drawing/PngImage.h"
+#include "common/drawing/SvgWriter.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <fstream>
@@ -85,11 +88,10 @@ void ResultFolder::write(const std::string& name, const std::string& text) {
 
 std::string ResultFolder::writeSheet(const Drawing::Sheet& sheet, const std::string& name) {
   constexpr double kPixelsPerMillimetre = 2480.0 / 420.0;  // A3 is 2480 pixels wide
-  std::string svg = svgOf(sheet);
-  if (svg.empty()) throw Failure(placeOf(name) + ".svg: cannot be drawn");
+  const Drawing::Picture picture = pictureOf(sheet);
+  std::string svg = svgOf(picture);
   write(name + ".svg", svg);
-  const std::string problem = savePng(sheet, draft(name + ".png").string(), kPixelsPerMillimetre);
-  if (!problem.empty()) throw Failure(placeOf(name) + ".png: cannot be written");
+  write(name + ".png", pngOf(picture, kPixelsPerMillimetre));
   return svg;
 }
 

@@ -97,6 +97,18 @@ std::string shortest(double value) {
   return fixed(value, decimals);
 }
 
+std::vector<std::string> linesOf(const std::string& text) {
+  std::vector<std::string> lines(1);
+  for (const char letter : text) {
+    if (letter == '\n') {
+      lines.emplace_back();
+    } else {
+      lines.back() += letter;
+    }
+  }
+  return lines;
+}
+
 }  // namespace
 
 void drawLegend(Canvas& canvas, const Box& box, const std::vector<LegendEntry>& entries,
@@ -106,17 +118,23 @@ void drawLegend(Canvas& canvas, const Box& box, const std::vector<LegendEntry>& 
   const auto rows = static_cast<std::size_t>(std::max(1.0, std::floor(box.height() / rowHeight)));
   double left = box.left;
   double columnWidth = 0.0;
-  for (std::size_t i = 0; i < entries.size(); ++i) {
-    if (i > 0 && i % rows == 0) {
+  std::size_t row = 0;
+  for (const LegendEntry& entry : entries) {
+    const std::vector<std::string> lines = linesOf(entry.meaning);
+    if (row > 0 && row + lines.size() > rows) {
       left += columnWidth;
       columnWidth = 0.0;
+      row = 0;
     }
-    const double top = box.top + static_cast<double>(i % rows) * rowHeight;
-    entries[i].sample(canvas, {left, top, left + sampleWidth, top + rowHeight});
-    const Point at{left + sampleWidth + 0.6 * style.size, top + rowHeight / 2.0};
-    canvas.text(at, entries[i].meaning, style);
-    columnWidth = std::max(
-        columnWidth, sampleWidth + 3.0 * style.size + canvas.textWidth(entries[i].meaning, style));
+    const auto topOf = [&](std::size_t r) { return box.top + static_cast<double>(r) * rowHeight; };
+    entry.sample(canvas, {left, topOf(row), left + sampleWidth, topOf(row + 1)});
+    for (const std::string& words : lines) {
+      const Point at{left + sampleWidth + 0.6 * style.size, topOf(row) + rowHeight / 2.0};
+      canvas.text(at, words, style);
+      columnWidth =
+          std::max(columnWidth, sampleWidth + 3.0 * style.size + canvas.textWidth(words, style));
+      ++row;
+    }
   }
 }
 

@@ -13,13 +13,14 @@
 
 namespace Drawing {
 
-/// A line of a legend: a sample drawn into a box, and what it means.
+/// A sample drawn into a box, and what it means: one line or, with line breaks, several.
 struct LegendEntry {
   std::function<void(Canvas&, const Box&)> sample;
   std::string meaning;
 };
 
-/// Entries below each other in columns from the upper left corner of the box.
+/// Entries below each other in columns from the upper left corner of the box; the lines of one stay
+/// together.
 void drawLegend(Canvas& canvas, const Box& box, const std::vector<LegendEntry>& entries,
                 const TextStyle& style);
 

@@ -1,15 +1,53 @@
 #include "common/drawing/LabelPlacer.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 
 namespace Drawing {
 
 namespace {
 
-constexpr double kGap = 0.4;  // between a label and what is beside it (mm)
+constexpr double kGap = 0.4;       // between a label and what is beside it (mm)
+constexpr double kCellSize = 4.0;  // mm; about that of a label
+
+std::size_t cellsAlong(double size) {
+  return static_cast<std::size_t>(std::clamp(std::ceil(size / kCellSize), 1.0, 1000.0));
+}
+
+std::size_t cellAt(double distance, std::size_t cells) {
+  const double last = static_cast<double>(cells - 1);
+  const double cell = std::floor(distance / kCellSize);
+  return cell > 0.0 ? static_cast<std::size_t>(std::min(cell, last)) : 0;
+}
 
 }  // namespace
+
+LabelPlacer::LabelPlacer(const Box& bounds)
+    : m_bounds(bounds),
+      m_columns(cellsAlong(bounds.width())),
+      m_rows(cellsAlong(bounds.height())),
+      m_cells(m_columns * m_rows) {}
+
+LabelPlacer::CellRange LabelPlacer::cellsOf(const Outline& outline) const {
+  Box box{outline[0].x, outline[0].y, outline[0].x, outline[0].y};
+  for (const Point& corner : outline) {
+    box = {std::min(box.left, corner.x), std::min(box.top, corner.y),
+           std::max(box.right, corner.x), std::max(box.bottom, corner.y)};
+  }
+  return {cellAt(box.left - m_bounds.left, m_columns), cellAt(box.right - m_bounds.left, m_columns),
+          cellAt(box.top - m_bounds.top, m_rows), cellAt(box.bottom - m_bounds.top, m_rows)};
+}
+
+void LabelPlacer::reserve(const Outline& outline) {
+  const CellRange cells = cellsOf(outline);
+  for (std::size_t row = cells.top; row <= cells.bottom; ++row) {
+    for (std::size_t column = cells.left; column <= cells.right; ++column) {
+      m_cells[row * m_columns + column].push_back(m_taken.size());
+    }
+  }
+  m_taken.push_back(outline);
+}
 
 void LabelPlacer::reserve(const std::vector<Point>& polyline, double width) {
   for (std::size_t i = 1; i < polyline.size(); ++i) {
@@ -21,9 +59,16 @@ void LabelPlacer::reserve(const std::vector<Point>& polyline, double width) {
 
 bool LabelPlacer::isFree(const Outline& outline) const {
   const auto isInside = [this](const Point& corner) { return m_bounds.contains(corner); };
-  const auto isHit = [&outline](const Outline& taken) { return overlap(outline, taken); };
-  return std::all_of(outline.begin(), outline.end(), isInside) &&
-         std::none_of(m_taken.begin(), m_taken.end(), isHit);
+  if (!std::all_of(outline.begin(), outline.end(), isInside)) return false;
+  const auto isHit = [&](std::size_t taken) { return overlap(outline, m_taken[taken]); };
+  const CellRange cells = cellsOf(outline);
+  for (std::size_t row = cells.top; row <= cells.bottom; ++row) {
+    for (std::size_t column = cells.left; column <= cells.right; ++column) {
+      const std::vector<std::size_t>& cell = m_cells[row * m_columns + column];
+      if (std::any_of(cell.begin(), cell.end(), isHit)) return false;
+    }
+  }
+  return true;
 }
 
 const LabelPlace* LabelPlacer::place(Canvas& canvas, const std::string& words,

@@ -6,6 +6,7 @@
 
 #include "common/drawing/Canvas.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -18,11 +19,13 @@ struct LabelPlace {
 };
 
 /// Keeps track of what is taken on a part of the page. Labels placed first have the first choice.
+/// The part is divided into cells that know what reaches into them, so that the time for a label
+/// does not grow with the number of those placed before.
 class LabelPlacer {
  public:
-  explicit LabelPlacer(const Box& bounds) : m_bounds(bounds) {}
+  explicit LabelPlacer(const Box& bounds);
 
-  void reserve(const Outline& outline) { m_taken.push_back(outline); }
+  void reserve(const Outline& outline);
   /// A band of a width along the line. Parts outside the bounds do not count.
   void reserve(const std::vector<Point>& polyline, double width);
 
@@ -40,8 +43,21 @@ class LabelPlacer {
                                     const std::vector<LabelPlace>& places);
 
  private:
+  /// Cells from one corner to the other; those outside the bounds count as the nearest inside.
+  struct CellRange {
+    std::size_t left = 0;
+    std::size_t right = 0;
+    std::size_t top = 0;
+    std::size_t bottom = 0;
+  };
+
+  CellRange cellsOf(const Outline& outline) const;
+
   Box m_bounds;
+  std::size_t m_columns = 1;
+  std::size_t m_rows = 1;
   std::vector<Outline> m_taken;
+  std::vector<std::vector<std::size_t>> m_cells;  // what is taken in each, row by row
 };
 
 }  // namespace Drawing
