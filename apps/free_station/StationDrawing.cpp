@@ -157,7 +157,8 @@ void drawAxis(Canvas& canvas, const Survey& survey, const ViewPort& port,
   }
 }
 
-void drawPlan(Canvas& canvas, const Survey& survey, const Layout& layout) {
+/// @return how many labels found no room
+std::size_t drawPlan(Canvas& canvas, const Survey& survey, const Layout& layout) {
   const ViewPort& port = layout.plan;
   const double metresPerMillimetre = layout.scale / 1000.0;
   constexpr double kGridSpacing = 50.0;  // at least, on the page
@@ -176,6 +177,7 @@ void drawPlan(Canvas& canvas, const Survey& survey, const Layout& layout) {
   drawNorthArrow(canvas, {port.frame.right - 10.0, port.frame.top + 10.0}, north, kArrowSize,
                  Style::text(4.0, Style::kInk, Align::Middle, Align::Middle));
   canvas.rectangle(port.frame, {Style::kInk, 0.35, {}});
+  return view.labelsLeftOut();
 }
 
 /// Offsets and heights at round values.
@@ -212,7 +214,7 @@ void drawAxisCross(Canvas& canvas, const ViewPort& port, Drawing::LabelPlacer& l
   }
 }
 
-void drawSection(Canvas& canvas, const Survey& survey, const Layout& layout) {
+std::size_t drawSection(Canvas& canvas, const Survey& survey, const Layout& layout) {
   const ViewPort& port = layout.section;
   constexpr double kGridSpacing = 15.0;
   drawSectionGrid(canvas, port,
@@ -224,6 +226,7 @@ void drawSection(Canvas& canvas, const Survey& survey, const Layout& layout) {
                survey.hasAxis() ? "Looking forward at the station: offset, height above axis (m)"
                                 : "Looking at the fix points: right of and above the station (m)");
   canvas.rectangle(port.frame, {Style::kInk, 0.35, {}});
+  return view.labelsLeftOut();
 }
 
 /// Writes rows of cells; the columns end at the given places, but for the first, which begins
@@ -343,8 +346,8 @@ Sheet stationSheet(const Survey& survey) {
   const Layout layout = layoutOf(survey, sheet);
   const Sheet size = sheet;
   sheet.draw = [survey, layout, size](Canvas& canvas) {
-    drawPlan(canvas, survey, layout);
-    drawSection(canvas, survey, layout);
+    const std::size_t leftOut =
+        drawPlan(canvas, survey, layout) + drawSection(canvas, survey, layout);
     Box left = layout.table;
     writeResiduals(canvas, survey, left);
     left.left += 115.0;
@@ -356,7 +359,8 @@ Sheet stationSheet(const Survey& survey) {
          {"Scale " + Drawing::scaleText(layout.scale) + " on A3; coordinates in m",
           "Residuals " + Drawing::grouped(exaggeration) + " times exaggerated"},
          legend(survey, layout.residual),
-         1000.0 / layout.scale});
+         1000.0 / layout.scale,
+         leftOut});
   };
   return sheet;
 }

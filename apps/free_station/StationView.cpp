@@ -282,6 +282,7 @@ void StationView::writeName(const Point& at, const std::string& name, const Colo
       if (found != nullptr) return;
     }
   }
+  ++m_leftOut;
 }
 
 }  // namespace FreeStation

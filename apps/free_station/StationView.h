@@ -9,6 +9,7 @@
 #include "common/drawing/Canvas.h"
 #include "common/drawing/LabelPlacer.h"
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -49,6 +50,7 @@ class StationView {
   void drawErrorEllipse();
 
   Drawing::LabelPlacer& labels() { return m_labels; }
+  std::size_t labelsLeftOut() const { return m_leftOut; }
 
  private:
   Drawing::Point toPage(const Ruv::Calculations::ENHPoint& point) const;
@@ -69,6 +71,7 @@ class StationView {
   const ViewPort& m_port;
   Drawing::LabelPlacer m_labels;
   Drawing::LabelPlacer m_rays;  ///< which names had better not cross
+  std::size_t m_leftOut = 0;
 };
 
 /// The symbols, for the legend too.

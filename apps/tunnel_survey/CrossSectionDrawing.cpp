@@ -1,5 +1,6 @@
 #include "tunnel_survey/CrossSectionDrawing.h"
 
+#include "tunnel_survey/ProfilePath.h"
 #include "tunnel_survey/SurveySheet.h"
 
 #include "common/drawing/LabelPlacer.h"
@@ -92,11 +93,10 @@ class Magnifier {
   double m_factor;
 };
 
-std::vector<Point2D> ellipsePoints(const FittingResult& fit) {
-  constexpr int kPoints = 240;
+std::vector<Point2D> ellipsePoints(const FittingResult& fit, int count) {
   std::vector<Point2D> points;
-  for (int i = 0; i <= kPoints; ++i) {
-    const double angle = kFullTurn * i / kPoints;
+  for (int i = 0; i <= count; ++i) {
+    const double angle = kFullTurn * i / count;
     const double along = fit.semiAxisA * std::cos(angle);
     const double across = fit.semiAxisB * std::sin(angle);
     const double c = std::cos(fit.rotation);
@@ -192,15 +192,21 @@ class CrossSectionDrawing {
   }
 
   void drawFits() {
-    Box aboveDimension = m_frame;
-    aboveDimension.bottom -= kFootRoom - 2.0;
-    m_canvas.clipped(aboveDimension, [this] {
-      for (const auto& [fit, pen] :
-           {std::pair{m_result.circle, kCirclePen}, std::pair{m_result.ellipse, kEllipsePen}}) {
-        if (!isDrawable(fit, m_survey.design)) continue;
-        m_canvas.polyline(magnifiedOnPage(ellipsePoints(fit)), pen);
-      }
-    });
+    for (const auto& [fit, pen] :
+         {std::pair{m_result.circle, kCirclePen}, std::pair{m_result.ellipse, kEllipsePen}}) {
+      if (isDrawable(fit, m_survey.design)) drawFit(fit, pen);
+    }
+  }
+
+  void drawFit(const FittingResult& fit, const Pen& pen) {
+    constexpr int kPoints = 240;
+    if (m_survey.magnify == 1.0) {
+      const double scale = length(toPage({1.0, 0.0}) - toPage({0.0, 0.0}));
+      m_canvas.ellipse(toPage(fit.center), fit.semiAxisA * scale, fit.semiAxisB * scale,
+                       -fit.rotation, pen);
+    } else {
+      m_canvas.polyline(magnifiedOnPage(ellipsePoints(fit, kPoints)), pen);
+    }
   }
 
   std::vector<double> derolments(double step) const {
@@ -221,7 +227,10 @@ class CrossSectionDrawing {
     for (const double derolment : derolments(step)) {
       const auto [at, inward] = inwardAt(derolment);
       m_canvas.line(at, at + inward * 2.0, {Style::kInk, 0.25, {}});
+    }
+    for (const double derolment : derolments(step)) {
       if (derolment == 0.0) continue;  // the crown has its own mark
+      const auto [at, inward] = inwardAt(derolment);
       m_canvas.text(
           at + inward * 4.6, signedFixed(derolment, step < 1.0 ? 1 : 0),
           onLines(Style::text(Style::kSmallTextSize, Style::kGrey, Align::Middle, Align::Middle)));
@@ -241,7 +250,7 @@ class CrossSectionDrawing {
       line.push_back(toPage(point));
     }
     line.push_back(line.front());
-    m_canvas.polyline(line, kDesignPen);
+    m_canvas.path(pathOf(m_survey.design, m_mapping), kDesignPen);
     m_labels.reserve(line, 1.0);
   }
 
@@ -249,7 +258,8 @@ class CrossSectionDrawing {
     constexpr std::size_t kMostMarked = 60;
     std::vector<Point> outline = magnifiedOnPage(m_result.outline);
     outline.push_back(outline.front());
-    m_canvas.polyline(outline, kExcludedPen);
+    const bool isAllCompared = !m_survey.rule.excludeAbove && !m_survey.rule.excludeBelow;
+    if (!isAllCompared) m_canvas.polyline(outline, kExcludedPen);
     m_labels.reserve(outline, 0.8);
     for (const Polyline& part : m_result.comparedOutline) {
       std::vector<Point> line = magnifiedOnPage(part.points());
@@ -470,25 +480,59 @@ std::string scaleLine(const SectionSurvey& survey, double scale) {
   return line + "distances drawn " + fixed(survey.magnify, 0) + "×";
 }
 
-}  // namespace
+/// Upwards: top is the lowest.
+Box including(const Box& extent, const Point& p) {
+  return {std::min(extent.left, p.x), std::min(extent.top, p.y), std::max(extent.right, p.x),
+          std::max(extent.bottom, p.y)};
+}
 
-CrossSectionLayout crossSectionLayout(const SectionSurvey& survey) {
+Box extentOfProfiles(const SectionSurvey& survey) {
   const Point2D low = survey.design.lowerLeft();
   const Point2D high = survey.design.upperRight();
-  Box extent{low.x, low.y, high.x, high.y};  // upwards: top is the lowest
+  Box extent{low.x, low.y, high.x, high.y};
   const Magnifier magnified(survey.design, survey.magnify);
   for (const SectionResult& result : survey.results) {
     for (const Point2D& point : result.section.points) {
-      const Point p = magnified(point);
-      extent = {std::min(extent.left, p.x), std::min(extent.top, p.y), std::max(extent.right, p.x),
-                std::max(extent.bottom, p.y)};
+      extent = including(extent, magnified(point));
     }
   }
+  return extent;
+}
+
+Box extentOfFits(const SectionSurvey& survey, Box extent) {
+  constexpr int kPoints = 24;
+  const Magnifier magnified(survey.design, survey.magnify);
+  for (const SectionResult& result : survey.results) {
+    for (const FittingResult& fit : {result.circle, result.ellipse}) {
+      if (!isDrawable(fit, survey.design)) continue;
+      for (const Point2D& point : ellipsePoints(fit, kPoints)) {
+        extent = including(extent, magnified(point));
+      }
+    }
+  }
+  return extent;
+}
+
+/// Within half the slack on either side.
+double nearest(double wish, double middle, double slack) {
+  const double half = std::max(slack, 0.0) / 2.0;
+  return std::clamp(wish, middle - half, middle + half);
+}
+
+}  // namespace
+
+CrossSectionLayout crossSectionLayout(const SectionSurvey& survey) {
   const Box frame = frameBox(sheetA4());
   const double width = frame.width() - 2.0 * kSideRoom;
   const double height = frame.height() - kTopRoom - kFootRoom;
-  const double perMetre = std::min(width / extent.width(), height / extent.height());
-  return {Drawing::largestUsualScale(perMetre), extent.centre()};
+  const Box extent = extentOfProfiles(survey);
+  const Point wish = extentOfFits(survey, extent).centre();
+  const double scale = Drawing::largestUsualScale(
+      std::min(width / extent.width(), height / extent.height()));
+  const double metres = scale / 1000.0;
+  return {scale,
+          {nearest(wish.x, extent.centre().x, width * metres - extent.width()),
+           nearest(wish.y, extent.centre().y, height * metres - extent.height())}};
 }
 
 Sheet crossSectionSheet(const SectionSurvey& survey, const SectionResult& result,

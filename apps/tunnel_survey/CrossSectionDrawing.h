@@ -20,7 +20,8 @@ struct CrossSectionLayout {
   Drawing::Point middle;  ///< what stands in the middle of the drawing, in profile coordinates
 };
 
-/// The largest usual scale at which every section fits.
+/// The largest usual scale at which every section fits. Of the fitted circles and ellipses as much
+/// is shown as there is room for; the rest runs out of the frame.
 CrossSectionLayout crossSectionLayout(const SectionSurvey& survey);
 
 /// An A4 sheet: the drawing, looking forward, and beside it the results. The survey must outlive

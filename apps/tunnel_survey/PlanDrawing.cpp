@@ -1,11 +1,13 @@
 #include "tunnel_survey/PlanDrawing.h"
 
+#include "common/console/Progress.h"
 #include "common/drawing/LabelPlacer.h"
 #include "common/drawing/NumberText.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -159,7 +161,8 @@ class PlanStripDrawing {
         m_metresPerMillimetre(metresPerMillimetre),
         m_labels(strip.frame.inset(1.0)) {}
 
-  void draw() {
+  /// @param placed called for every point that is drawn
+  void draw(const std::function<void()>& placed) {
     const TextStyle gridText =
         Style::text(Style::kSmallTextSize, Style::kGrey, Align::Middle, Align::Middle);
     drawCoordinateGrid(m_canvas, m_strip.mapping, m_strip.frame,
@@ -176,10 +179,12 @@ class PlanStripDrawing {
     drawStationing();
     reservePoints();
     labelElements(Exchange::ElementKind::Arc);
-    drawPoints();
+    drawPoints(placed);
     labelElements(Exchange::ElementKind::Clothoid);
     m_canvas.rectangle(m_strip.frame, {Style::kInk, 0.35, {}});
   }
+
+  std::size_t labelsLeftOut() const { return m_leftOut; }
 
  private:
   double sampleStep() const { return kSampleDistance * m_metresPerMillimetre; }
@@ -341,7 +346,11 @@ class PlanStripDrawing {
       if (isTurned) style.horizontal = Align::End;
       places.push_back({toPage(m_plan.at(station)) + outward * 5.0, style});
     }
-    m_labels.place(m_canvas, words, places);
+    place(words, places);
+  }
+
+  void place(const std::string& words, const std::vector<LabelPlace>& places) {
+    if (m_labels.place(m_canvas, words, places) == nullptr) ++m_leftOut;
   }
 
   void reservePoints() {
@@ -352,9 +361,11 @@ class PlanStripDrawing {
     }
   }
 
-  void drawPoints() {
+  void drawPoints(const std::function<void()>& placed) {
     for (const Exchange::ConvertedPoint& point : m_picture.points) {
-      if (isVisible(point)) drawPoint(point);
+      if (!isVisible(point)) continue;
+      drawPoint(point);
+      placed();
     }
   }
 
@@ -380,12 +391,11 @@ class PlanStripDrawing {
       }
     }
     // In a crowd leaders may cross near their points rather than a point lose its label.
-    for (const double clearance : {2.6, 4.0}) {
-      if (m_labels.placeWithLeader(m_canvas, point.id, at, clearance, {Style::kSurveyed, 0.15, {}},
-                                   places) != nullptr) {
-        break;
-      }
-    }
+    const auto placeBeyond = [&](double clearance) {
+      return m_labels.placeWithLeader(m_canvas, point.id, at, clearance,
+                                      {Style::kSurveyed, 0.15, {}}, places) != nullptr;
+    };
+    if (!placeBeyond(2.6) && !placeBeyond(4.0)) ++m_leftOut;
     Style::surveyedPoint(m_canvas, at);
   }
 
@@ -415,7 +425,7 @@ class PlanStripDrawing {
     for (const double distance : {3.4, -3.4, 6.4, -6.4}) {
       places.push_back({at + rightAt(middle) * distance, style});
     }
-    m_labels.place(m_canvas, labelOf(element), places);
+    place(labelOf(element), places);
   }
 
   Canvas& m_canvas;
@@ -424,6 +434,7 @@ class PlanStripDrawing {
   AxisPlan m_plan;
   double m_metresPerMillimetre;
   LabelPlacer m_labels;
+  std::size_t m_leftOut = 0;
 };
 
 std::vector<Drawing::LegendEntry> legend(const SurveyPicture& picture) {
@@ -461,8 +472,13 @@ Sheet planSheet(const SurveyPicture& picture) {
   const PlanLayout layout = largestLayout(picture, plan, Drawing::drawingArea(sheet));
   const Sheet size = sheet;
   sheet.draw = [picture, layout, size](Canvas& canvas) {
+    constexpr std::size_t kManyPoints = 2000;
+    Console::Progress progress("Labelling the plan", picture.points.size(), kManyPoints);
+    std::size_t leftOut = 0;
     for (const PlanStrip& strip : layout.strips) {
-      PlanStripDrawing(canvas, picture, strip, 1.0 / layout.millimetresPerMetre()).draw();
+      PlanStripDrawing drawing(canvas, picture, strip, 1.0 / layout.millimetresPerMetre());
+      drawing.draw([&progress] { progress.advance(); });
+      leftOut += drawing.labelsLeftOut();
     }
     Drawing::drawTitleBlock(
         canvas, size,
@@ -470,7 +486,8 @@ Sheet planSheet(const SurveyPicture& picture) {
          {"Scale " + Drawing::scaleText(layout.scale) + " on A3; coordinates in m",
           "Source: " + picture.source},
          legend(picture),
-         layout.millimetresPerMetre()});
+         layout.millimetresPerMetre(),
+         leftOut});
   };
   return sheet;
 }

@@ -204,6 +204,8 @@ class SectionStripDrawing {
     drawCurvatureBand();
   }
 
+  std::size_t labelsLeftOut() const { return m_leftOut; }
+
  private:
   Point toPage(const Point& stationAndHeight) const {
     return m_strip.mapping.toPage(stationAndHeight);
@@ -308,6 +310,7 @@ class SectionStripDrawing {
   /// The point of intersection, and above it what it is.
   void drawGradePoint(const GradePoint& point) {
     constexpr double kLineHeight = 3.5;
+    constexpr double kGap = 0.7;  // beside each text, so twice that between two
     const Point at = toPage(point.at);
     const std::vector<std::string> lines = linesOf(point);
     const TextStyle style =
@@ -319,11 +322,13 @@ class SectionStripDrawing {
     const Box& box = m_strip.diagram;
     const double middle =
         std::clamp(at.x, box.left + width / 2.0 + 1.5, box.right - width / 2.0 - 1.5);
+    bool isWritten = false;
     for (const double shift : {0.0, 3.0, -3.0, 6.0, -6.0, 9.0, -9.0}) {
       const Point top{middle + shift, box.top + 1.6};
       const double bottom = top.y + kLineHeight * static_cast<double>(lines.size());
-      const auto outline = Drawing::outlineOfBox(
-          {top.x - width / 2.0, top.y - 0.4, top.x + width / 2.0, bottom - 0.4});
+      const double half = width / 2.0 + kGap;
+      const auto outline =
+          Drawing::outlineOfBox({top.x - half, top.y - 0.4, top.x + half, bottom - 0.4});
       if (!m_labels.isFree(outline)) continue;
       for (std::size_t i = 0; i < lines.size(); ++i) {
         m_canvas.text(top + Point{0.0, kLineHeight * static_cast<double>(i)}, lines[i], style);
@@ -332,8 +337,10 @@ class SectionStripDrawing {
       const std::vector<Point> leader = {{top.x, bottom}, {top.x, bottom + 1.2}, at};
       m_canvas.polyline(leader, {Style::kGrey, 0.15, {}});
       m_labels.reserve(leader, 0.4);
+      isWritten = true;
       break;
     }
+    if (!isWritten) ++m_leftOut;
     m_canvas.circle(at, 0.8, {Style::kInk, 0.25, {}}, Style::kWhite);
   }
 
@@ -363,7 +370,11 @@ class SectionStripDrawing {
         places.push_back({start + chord * part + below * distance, style});
       }
     }
-    m_labels.place(m_canvas, Drawing::signedFixed(percent, 3) + " %", places);
+    place(m_labels, Drawing::signedFixed(percent, 3) + " %", places);
+  }
+
+  void place(LabelPlacer& labels, const std::string& words, const std::vector<LabelPlace>& places) {
+    if (labels.place(m_canvas, words, places) == nullptr) ++m_leftOut;
   }
 
   Box band(double offset, double height) const {
@@ -469,8 +480,7 @@ class SectionStripDrawing {
         places.push_back({{x + shift, end + side * 5.0}, style});
         places.push_back({{x + shift, zero - side * 2.5}, style});
       }
-      labels.place(m_canvas, "R " + Drawing::radiusText(1.0 / std::abs(element.curvatureFrom)),
-                   places);
+      place(labels, "R " + Drawing::radiusText(1.0 / std::abs(element.curvatureFrom)), places);
     }
   }
 
@@ -481,6 +491,7 @@ class SectionStripDrawing {
   std::vector<GradePoint> m_points;
   double m_metresPerMillimetre;
   LabelPlacer m_labels;
+  std::size_t m_leftOut = 0;
 };
 
 std::vector<Drawing::LegendEntry> legend(bool withPoints) {
@@ -506,8 +517,8 @@ std::vector<Drawing::LegendEntry> legend(bool withPoints) {
       {lineSample({Style::kStraight, kGradeLineWidth, {}}), "grade line"},
       {roundingSample, "rounding and its ends"},
       {lineSample({kTangent, 0.2, {1.6, 0.9}}), "tangents"},
-      {intersectionSample, "point of intersection: height H,"},
-      {[](Canvas&, const Box&) {}, "radius R and length L of its rounding"}};
+      {intersectionSample,
+       "point of intersection: height H,\nradius R and length L of its rounding"}};
   if (withPoints) entries.push_back({pointSample, "surveyed point"});
   return entries;
 }
@@ -520,8 +531,11 @@ Sheet sectionSheet(const SurveyPicture& picture, double exaggeration) {
   const Sheet size = sheet;
   sheet.draw = [picture, layout, size](Canvas& canvas) {
     const double metresPerMillimetre = 1.0 / layout.millimetresPerMetre();
+    std::size_t leftOut = 0;
     for (const SectionStrip& strip : layout.strips) {
-      SectionStripDrawing(canvas, picture, strip, metresPerMillimetre).draw();
+      SectionStripDrawing drawing(canvas, picture, strip, metresPerMillimetre);
+      drawing.draw();
+      leftOut += drawing.labelsLeftOut();
     }
     Drawing::drawTitleBlock(canvas, size,
                             {"Longitudinal section of axis " + picture.name,
@@ -530,7 +544,8 @@ Sheet sectionSheet(const SurveyPicture& picture, double exaggeration) {
                                   " on A3: exaggerated " + fixed(layout.exaggeration, 0) + " times",
                               "Source: " + picture.source},
                              legend(!picture.points.empty()),
-                             layout.millimetresPerMetre()});
+                             layout.millimetresPerMetre(),
+                             leftOut});
   };
   return sheet;
 }

@@ -1,5 +1,6 @@
 #include "tunnel_survey/TransitionDrawing.h"
 
+#include "tunnel_survey/ProfilePath.h"
 #include "tunnel_survey/SurveySheet.h"
 
 #include "common/drawing/Furniture.h"
@@ -122,15 +123,6 @@ WorldMapping centred(const Box& extent, const Box& room, double scale) {
   return WorldMapping::diagram(extent.centre(), room.centre(), 1000.0 / scale, 1000.0 / scale);
 }
 
-std::vector<Point> onPage(const Exchange::DesignProfile& profile, const WorldMapping& mapping) {
-  std::vector<Point> line;
-  for (const Point2D& point : profile.outline()) {
-    line.push_back(mapping.toPage({point.x, point.y}));
-  }
-  line.push_back(line.front());
-  return line;
-}
-
 TextStyle bold(TextStyle style) {
   style.bold = true;
   return style;
@@ -186,15 +178,15 @@ class TransitionDrawing {
     const Exchange::DesignProfile& profile = m_transition.sections[index].profile;
     const WorldMapping mapping =
         centred(m_layout.extent, sectionRoom(frame), m_layout.sectionScale);
-    const std::vector<Point> line = onPage(profile, mapping);
+    const Drawing::Path line = pathOf(profile, mapping);
     const Colour colour = colourAt(partAt(index));
     constexpr double kPale = 0.88;
-    m_canvas.polygon(line, mixed(colour, Style::kWhite, kPale));
+    m_canvas.area(line, mixed(colour, Style::kWhite, kPale));
     drawAxis(mapping, frame);
     if (index > 0) {
-      m_canvas.polyline(onPage(m_transition.sections.front().profile, mapping), kStartPen);
+      m_canvas.path(pathOf(m_transition.sections.front().profile, mapping), kStartPen);
     }
-    m_canvas.polyline(line, {colour, kGivenWidth, {}});
+    m_canvas.path(line, {colour, kGivenWidth, {}});
     drawJoints(profile, mapping, colour);
     drawHeading(index);
     drawSize(profile, mapping);
@@ -286,7 +278,7 @@ class TransitionDrawing {
     const Box& frame = m_layout.overlay;
     drawAxis(m_overlay, frame);
     for (std::size_t i = 0; i < m_transition.sections.size(); ++i) {
-      m_canvas.polyline(onPage(m_transition.sections[i].profile, m_overlay), penOf(i));
+      m_canvas.path(pathOf(m_transition.sections[i].profile, m_overlay), penOf(i));
     }
     drawTitle(frame, "All outlines, " + Drawing::scaleText(m_layout.overlayScale));
     m_canvas.rectangle(frame, {Style::kInk, 0.35, {}});

@@ -86,8 +86,12 @@ void Canvas::path(Path path, const Pen& pen) {
   if (!path.empty()) m_picture.shapes.emplace_back(PathShape{std::move(path), pen, {}});
 }
 
+void Canvas::area(Path path, const Colour& fill) {
+  if (!path.empty()) m_picture.shapes.emplace_back(PathShape{std::move(path), {}, fill});
+}
+
 void Canvas::polygon(const std::vector<Point>& points, const Colour& fill) {
-  if (!points.empty()) m_picture.shapes.emplace_back(PathShape{pathThrough(points), {}, fill});
+  area(pathThrough(points), fill);
 }
 
 void Canvas::hatch(const std::vector<Point>& points, double spacing, double angle, const Pen& pen) {
@@ -111,9 +115,7 @@ void Canvas::hatch(const std::vector<Point>& points, double spacing, double angl
 
 void Canvas::rectangle(const Box& box, const Pen& pen) { path(pathAround(box), pen); }
 
-void Canvas::fill(const Box& box, const Colour& colour) {
-  m_picture.shapes.emplace_back(PathShape{pathAround(box), {}, colour});
-}
+void Canvas::fill(const Box& box, const Colour& colour) { area(pathAround(box), colour); }
 
 void Canvas::circle(const Point& centre, double radius, const Pen& pen, const Colour& inside) {
   m_picture.shapes.emplace_back(EllipseShape{centre, radius, radius, 0.0, pen, inside});

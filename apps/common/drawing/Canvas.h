@@ -24,6 +24,7 @@ class Canvas {
   void polygon(const std::vector<Point>& points, const Colour& fill);
   /// Lines and arcs, which stay arcs in files that know them.
   void path(Path path, const Pen& pen);
+  void area(Path path, const Colour& fill);
   /// Parallel lines inside a polygon, in step with those of other polygons.
   /// @param angle of the lines, clockwise on the page (rad)
   void hatch(const std::vector<Point>& points, double spacing, double angle, const Pen& pen);

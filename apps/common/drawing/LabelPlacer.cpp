@@ -11,6 +11,19 @@ namespace {
 constexpr double kGap = 0.4;       // between a label and what is beside it (mm)
 constexpr double kCellSize = 4.0;  // mm; about that of a label
 
+Box boxAround(const Outline& outline) {
+  Box box{outline[0].x, outline[0].y, outline[0].x, outline[0].y};
+  for (const Point& corner : outline) {
+    box = {std::min(box.left, corner.x), std::min(box.top, corner.y),
+           std::max(box.right, corner.x), std::max(box.bottom, corner.y)};
+  }
+  return box;
+}
+
+bool overlap(const Box& a, const Box& b) {
+  return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
 std::size_t cellsAlong(double size) {
   return static_cast<std::size_t>(std::clamp(std::ceil(size / kCellSize), 1.0, 1000.0));
 }
@@ -29,24 +42,19 @@ LabelPlacer::LabelPlacer(const Box& bounds)
       m_rows(cellsAlong(bounds.height())),
       m_cells(m_columns * m_rows) {}
 
-LabelPlacer::CellRange LabelPlacer::cellsOf(const Outline& outline) const {
-  Box box{outline[0].x, outline[0].y, outline[0].x, outline[0].y};
-  for (const Point& corner : outline) {
-    box = {std::min(box.left, corner.x), std::min(box.top, corner.y),
-           std::max(box.right, corner.x), std::max(box.bottom, corner.y)};
-  }
+LabelPlacer::CellRange LabelPlacer::cellsOf(const Box& box) const {
   return {cellAt(box.left - m_bounds.left, m_columns), cellAt(box.right - m_bounds.left, m_columns),
           cellAt(box.top - m_bounds.top, m_rows), cellAt(box.bottom - m_bounds.top, m_rows)};
 }
 
 void LabelPlacer::reserve(const Outline& outline) {
-  const CellRange cells = cellsOf(outline);
+  const Box box = boxAround(outline);
+  const CellRange cells = cellsOf(box);
   for (std::size_t row = cells.top; row <= cells.bottom; ++row) {
     for (std::size_t column = cells.left; column <= cells.right; ++column) {
-      m_cells[row * m_columns + column].push_back(m_taken.size());
+      m_cells[row * m_columns + column].push_back({outline, box});
     }
   }
-  m_taken.push_back(outline);
 }
 
 void LabelPlacer::reserve(const std::vector<Point>& polyline, double width) {
@@ -58,13 +66,17 @@ void LabelPlacer::reserve(const std::vector<Point>& polyline, double width) {
 }
 
 bool LabelPlacer::isFree(const Outline& outline) const {
-  const auto isInside = [this](const Point& corner) { return m_bounds.contains(corner); };
-  if (!std::all_of(outline.begin(), outline.end(), isInside)) return false;
-  const auto isHit = [&](std::size_t taken) { return overlap(outline, m_taken[taken]); };
-  const CellRange cells = cellsOf(outline);
+  const Box box = boxAround(outline);
+  if (!m_bounds.contains({box.left, box.top}) || !m_bounds.contains({box.right, box.bottom})) {
+    return false;
+  }
+  const auto isHit = [&](const Taken& taken) {
+    return overlap(box, taken.box) && overlap(outline, taken.outline);
+  };
+  const CellRange cells = cellsOf(box);
   for (std::size_t row = cells.top; row <= cells.bottom; ++row) {
     for (std::size_t column = cells.left; column <= cells.right; ++column) {
-      const std::vector<std::size_t>& cell = m_cells[row * m_columns + column];
+      const std::vector<Taken>& cell = m_cells[row * m_columns + column];
       if (std::any_of(cell.begin(), cell.end(), isHit)) return false;
     }
   }

@@ -51,13 +51,18 @@ class LabelPlacer {
     std::size_t bottom = 0;
   };
 
-  CellRange cellsOf(const Outline& outline) const;
+  /// What is taken, and the box around it, which tells most neighbours apart.
+  struct Taken {
+    Outline outline;
+    Box box;
+  };
+
+  CellRange cellsOf(const Box& box) const;
 
   Box m_bounds;
   std::size_t m_columns = 1;
   std::size_t m_rows = 1;
-  std::vector<Outline> m_taken;
-  std::vector<std::vector<std::size_t>> m_cells;  // what is taken in each, row by row
+  std::vector<std::vector<Taken>> m_cells;  // what is taken in each, row by row
 };
 
 }  // namespace Drawing

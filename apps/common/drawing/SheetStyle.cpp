@@ -17,6 +17,34 @@ Box titleBox(const Sheet& sheet) {
           sheet.height - kPageMargin};
 }
 
+void dropLastLetter(std::string& words) {
+  const auto continues = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
+  while (!words.empty() && continues(words.back())) {
+    words.pop_back();
+  }
+  if (!words.empty()) words.pop_back();
+}
+
+/// In smaller letters when the words are longer than the room for them; what is still too long is
+/// cut off.
+void writeWithin(Canvas& canvas, const Point& at, double room, const std::string& words,
+                 TextStyle style) {
+  constexpr double kSmallest = 0.65;
+  const double width = canvas.textWidth(words, style);
+  if (width > room) style.size *= std::max(room / width, kSmallest);
+  std::string shown = words;
+  for (std::string kept = words; width * kSmallest > room && canvas.textWidth(shown, style) > room;) {
+    dropLastLetter(kept);
+    shown = kept + "\u2026";
+    if (kept.empty()) break;
+  }
+  canvas.text(at, shown, style);
+}
+
+std::string leftOutText(std::size_t labels) {
+  return std::to_string(labels) + (labels == 1 ? " label" : " labels") + " left out: no room";
+}
+
 }  // namespace
 
 const std::vector<double>& usualScales() {
@@ -71,20 +99,26 @@ void drawTitleBlock(Canvas& canvas, const Sheet& sheet, const TitleBlock& block)
   canvas.rectangle(box, {Style::kInk, 0.35, {}});
   const Box inner = box.inset(4.0);
 
+  const double barMiddle = box.left + 0.47 * box.width();
+  const double barLength = 0.15 * box.width();
+  const double room = barMiddle - barLength / 2.0 - 2.0 - inner.left;
   TextStyle style = Style::text(5.0, Style::kInk, Align::Start, Align::Start);
   style.bold = true;
-  canvas.text({inner.left, inner.top}, block.title, style);
+  writeWithin(canvas, {inner.left, inner.top}, room, block.title, style);
   style = Style::text(Style::kTextSize, Style::kInk, Align::Start, Align::End);
   for (std::size_t i = 0; i < block.lines.size(); ++i) {
-    canvas.text({inner.left, inner.top + 10.0 + 5.0 * static_cast<double>(i)}, block.lines[i],
-                style);
+    writeWithin(canvas, {inner.left, inner.top + 10.0 + 5.0 * static_cast<double>(i)}, room,
+                block.lines[i], style);
   }
 
-  const double barMiddle = box.left + 0.47 * box.width();
   if (block.millimetresPerMetre > 0.0) {
-    drawScaleBar(canvas, {barMiddle, box.centre().y + 2.0}, 0.15 * box.width(),
-                 block.millimetresPerMetre, "m",
-                 Style::text(Style::kTextSize, Style::kInk, Align::Middle, Align::End));
+    drawScaleBar(canvas, {barMiddle, box.centre().y + 2.0}, barLength, block.millimetresPerMetre,
+                 "m", Style::text(Style::kTextSize, Style::kInk, Align::Middle, Align::End));
+  }
+  if (block.labelsLeftOut > 0) {
+    style = Style::text(Style::kTextSize, Style::kArc, Align::Middle, Align::End);
+    style.bold = true;
+    canvas.text({barMiddle, inner.bottom + 1.0}, leftOutText(block.labelsLeftOut), style);
   }
   const Box legend{box.left + 0.60 * box.width(), inner.top - 1.5, inner.right, inner.bottom + 2.5};
   drawLegend(canvas, legend, block.legend,

@@ -7,6 +7,7 @@
 #include "common/drawing/Canvas.h"
 #include "common/drawing/Furniture.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,7 @@ struct TitleBlock {
   std::vector<std::string> lines;
   std::vector<LegendEntry> legend;
   double millimetresPerMetre = 1.0;  ///< 0: no scale bar
+  std::size_t labelsLeftOut = 0;     ///< for want of room; told when there are any
 };
 
 void drawTitleBlock(Canvas& canvas, const Sheet& sheet, const TitleBlock& block);

@@ -19,7 +19,7 @@ namespace {
 constexpr double kUnitsPerMillimetre = 100.0;
 
 /// Points nearer than this (units) to the line between their neighbours are left out.
-constexpr double kStraight = 0.6;
+constexpr double kStraight = 1.0;
 
 constexpr double kDegreesPerRadian = 57.29577951308232;
 constexpr double kHaloWidth = 0.35;  // of the font size
@@ -281,13 +281,15 @@ class SvgText {
       attributes += " paint-order=\"stroke\" stroke=\"#fff\"" +
                     attribute("stroke-width", number(kHaloWidth * style.size));
     }
-    const std::string x = number(shape.start.x);
-    const std::string y = number(shape.start.y);
+    // Placed by the part that was placed on the page, so that other fonts keep columns in line.
+    double part = style.horizontal == Align::Start ? 0.0 : 1.0;  // of the width
+    if (style.horizontal == Align::Middle) part = 0.5;
+    const Point along{std::cos(style.angle), std::sin(style.angle)};
+    const Point anchor = shape.start + along * (part * shape.width);
+    const std::string x = number(anchor.x);
+    const std::string y = number(anchor.y);
     std::string element = "<text" + attribute("x", x) + attribute("y", y);
-    if (inUnits(shape.width) > 0) {
-      element += attribute("textLength", number(shape.width)) +
-                 " lengthAdjust=\"spacingAndGlyphs\"";
-    }
+    if (part > 0.0) element += attribute("text-anchor", part < 1.0 ? "middle" : "end");
     element += turned(style.angle, x, y) + ">" + withFirmBlanks(escapedForXml(shape.words));
     write(attributes, element + "</text>\n");
   }

@@ -11,7 +11,8 @@
 namespace Drawing {
 
 /// A small text: words are words, arcs are arcs, and points that lie on a line between others are
-/// left out. Widths of words are told, so that they fit with the fonts of any reader.
+/// left out.
+/// Fonts are those of the reader; the usual ones are narrower than what the sheets leave room for.
 /// @param idPrefix begins the names inside the file; those of pictures in one page must differ
 std::string svgOf(const Picture& picture, const std::string& idPrefix = "");
 
