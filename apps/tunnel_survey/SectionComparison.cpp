@@ -1,5 +1,7 @@
 #include "tunnel_survey/SectionComparison.h"
 
+#include "tunnel_survey/AreaFrame.h"
+
 #include <boost/make_shared.hpp>
 
 #include <algorithm>
@@ -91,28 +93,41 @@ void comparePoints(SectionResult& result, const Exchange::DesignProfile& design,
       calculator.leastSquarePointOfComparisonProfile(FittingMethod::EllipseFitzgibbonIterative);
 }
 
+ComparisonRule movedInto(const AreaFrame& frame, ComparisonRule rule) {
+  if (rule.excludeAbove) rule.excludeAbove = frame.movedHeight(*rule.excludeAbove);
+  if (rule.excludeBelow) rule.excludeBelow = frame.movedHeight(*rule.excludeBelow);
+  return rule;
+}
+
 /// Everything that rests on the outline through them.
 void compareAreas(SectionResult& result, const Exchange::DesignProfile& design,
                   const ComparisonRule& rule) {
-  MeasuredProfileCalculator calculator(design.definition(), measuredProfile(result.outline));
-  setFilters(calculator, rule);
-  result.designArea = calculator.referenceArea();
+  constexpr double kMargin = 1.0;
+  const double beyond = rule.geology ? rule.geology->beyond : 0.0;
+  const AreaFrame frame(design, result.outline, beyond + kMargin);
+  std::vector<Point2D> outline;
+  for (const Point2D& point : result.outline) {
+    outline.push_back(frame.moved(point));
+  }
+  MeasuredProfileCalculator calculator(frame.design(), measuredProfile(outline));
+  setFilters(calculator, movedInto(frame, rule));
+  const bool isWhole = !rule.excludeAbove && !rule.excludeBelow;
+  result.designArea = isWhole ? design.area() : calculator.referenceArea();
   result.measuredArea = calculator.comparisonArea();
   result.overArea = calculator.overProfileArea();
   result.underArea = calculator.underProfileArea();
-  result.under = calculator.underProfileAreaPathes();
-  result.comparedOutline = calculator.comparisonCircumferenceLines(false);
+  result.under = frame.back(calculator.underProfileAreaPathes());
+  result.comparedOutline = frame.back(calculator.comparisonCircumferenceLines(false));
   if (!rule.geology) {
-    result.over = calculator.overProfileAreaPathes();
+    result.over = frame.back(calculator.overProfileAreaPathes());
     return;
   }
-  const double beyond = rule.geology->beyond;
   const double from = rule.geology->from.value_or(0.0);
   const auto method = rule.geology->method();
   result.geologicalArea = calculator.geologicalOverProfileArea(method, beyond, from);
-  auto parts = calculator.overProfileDividedByGeologicalAreaPathes(method, beyond, from);
-  result.geological = std::move(parts.first);
-  result.over = std::move(parts.second);
+  const auto parts = calculator.overProfileDividedByGeologicalAreaPathes(method, beyond, from);
+  result.geological = frame.back(parts.first);
+  result.over = frame.back(parts.second);
 }
 
 }  // namespace
