@@ -13,6 +13,8 @@
 #include "common/console/Files.h"
 #include "common/console/ResultFolder.h"
 
+#include "common/drawing/PdfFile.h"
+
 #include <filesystem>
 #include <iostream>
 
@@ -22,12 +24,16 @@ using namespace FreeStation;
 
 void writeResults(const std::string& output, const Survey& survey) {
   Console::ResultFolder folder(output);
-  folder.writeSheet(stationSheet(survey), "free_station");
+  const Drawing::Picture picture = pictureOf(stationSheet(survey));
+  folder.writePicture("free_station", picture);
+  Drawing::PdfFile pdf("Free station");
+  pdf.addPage(picture);
+  folder.write("free_station.pdf", pdf.finish());
   folder.write("station.csv", stationAsCsv(survey));
   folder.write("residuals.csv", residualsAsCsv(survey));
   if (!survey.newPoints.empty()) folder.write("points.csv", newPointsAsCsv(survey));
   folder.publish();
-  std::cout << "\nDrawing: " << folder.placeOf("free_station") << ".svg and .png\n";
+  std::cout << "\nDrawing: " << folder.placeOf("free_station") << ".svg, .png and .pdf\n";
 }
 
 void writeJson(const std::string& file, const Survey& survey) {

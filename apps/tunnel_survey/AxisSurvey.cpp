@@ -2,8 +2,8 @@
 
 #include "common/console/AxisFile.h"
 #include "common/console/Files.h"
-#include "common/console/TextTable.h"
 #include "tunnel_survey/CheckReport.h"
+#include "tunnel_survey/PointTable.h"
 #include "tunnel_survey/StationTable.h"
 
 #include "common/drawing/NumberText.h"
@@ -19,7 +19,6 @@ namespace TunnelSurvey {
 namespace {
 
 using Drawing::fixed;
-using Drawing::signedFixed;
 using Ruv::Calculations::AxisCalculator;
 using Ruv::Calculations::AxisDefinition;
 using Ruv::Calculations::Utilities;
@@ -51,16 +50,9 @@ void printSummary(const Options& options, const Exchange::Alignment& alignment,
 
 void printPoints(const std::vector<Exchange::ConvertedPoint>& points) {
   constexpr std::size_t kMostShown = 15;
-  Console::TextTable table({"point\n", "stationing\nm", "offset\nm", "above axis\nm", "height\nm"});
-  for (std::size_t i = 0; i < std::min(points.size(), kMostShown); ++i) {
-    const Exchange::ConvertedPoint& point = points[i];
-    table.addRow({point.id, fixed(point.onAxis.stationing, 3), signedFixed(point.onAxis.offset, 3),
-                  signedFixed(point.onAxis.height, 3), fixed(point.grid.height, 3)});
-  }
-  table.print(std::cout);
-  if (points.size() > kMostShown) {
-    std::cout << "  and " << points.size() - kMostShown << " more\n";
-  }
+  const std::size_t shown = std::min(points.size(), kMostShown);
+  print(std::cout, pointTable({points.begin(), points.begin() + static_cast<long>(shown)}));
+  if (points.size() > shown) std::cout << "  and " << points.size() - shown << " more\n";
 }
 
 std::vector<Exchange::ConvertedPoint> convertPointFile(const Options& options,
@@ -86,14 +78,16 @@ std::vector<Exchange::ConvertedPoint> convertPointFile(const Options& options,
   return converted.points;
 }
 
-void compareWithCheckFile(const Options& options, const AxisCalculator& calculator) {
+CheckReport compareWithCheckFile(const Options& options, const AxisCalculator& calculator) {
   const auto file =
       Console::readTable(options.check, Exchange::readCheckPoints, options.formatOf("check"));
-  const CheckReport check = compareWith(file.points, calculator);
+  CheckReport check = compareWith(file.points, calculator);
+  check.source = Console::fileName(options.check);
   Console::printHeading("Comparison with " + options.check);
-  printCheckReport(std::cout, check);
+  print(std::cout, checkTable(check));
   Console::printRemarks(options.check, file.rejected);
   Console::printRemarks(options.check, check.rejected);
+  return check;
 }
 
 std::vector<double> tabulatedStations(const Options& options, const AxisDefinition& axis) {
@@ -116,15 +110,16 @@ SurveyPicture surveyAxis(const Options& options) {
   Console::printRemarks(options.landXml, built.notes);
 
   Console::printHeading("Axis");
-  printStationTable(std::cout, calculator, tabulatedStations(options, *built.axis));
   SurveyPicture picture;
+  picture.stations = tabulatedStations(options, *built.axis);
+  print(std::cout, stationTable(calculator, picture.stations));
   picture.axis = built.axis;
   picture.stationing = built.stationing;
   picture.hasHeights = built.hasHeights;
   picture.name = alignment.name;
   picture.source = Console::fileName(options.landXml);
   if (!options.points.empty()) picture.points = convertPointFile(options, calculator);
-  if (!options.check.empty()) compareWithCheckFile(options, calculator);
+  if (!options.check.empty()) picture.check = compareWithCheckFile(options, calculator);
   return picture;
 }
 

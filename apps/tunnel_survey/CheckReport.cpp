@@ -1,6 +1,5 @@
 #include "tunnel_survey/CheckReport.h"
 
-#include "common/console/TextTable.h"
 #include "tunnel_survey/StationTable.h"
 
 #include "common/drawing/NumberText.h"
@@ -18,10 +17,10 @@ using Ruv::Calculations::Utilities;
 
 namespace {
 
-void addRow(Console::TextTable& table, const std::string& quantity,
-            const DifferenceSummary& summary, const std::string& unit) {
-  table.addRow({quantity, std::to_string(summary.count), scientific(summary.largest, 1),
-                fixed(summary.stationOfLargest, 3), scientific(summary.rms(), 1), unit});
+std::vector<std::string> rowOf(const std::string& quantity, const DifferenceSummary& summary,
+                               const std::string& unit) {
+  return {quantity, std::to_string(summary.count), scientific(summary.largest, 1),
+          fixed(summary.stationOfLargest, 3), scientific(summary.rms(), 1), unit};
 }
 
 }  // namespace
@@ -60,12 +59,10 @@ CheckReport compareWith(const std::vector<Exchange::CheckPoint>& points,
   return report;
 }
 
-void printCheckReport(std::ostream& out, const CheckReport& report) {
-  Console::TextTable table({"difference", "points", "largest", "at station", "rms", "unit"});
-  addRow(table, "plan", report.plan, "m");
-  addRow(table, "height", report.height, "m");
-  addRow(table, "azimuth", report.azimuth, "rad");
-  table.print(out);
+ResultTable checkTable(const CheckReport& report) {
+  return {{"difference\n", "points\n", "largest\n", "at stationing\nm", "rms\n", "unit\n"},
+          {rowOf("plan", report.plan, "m"), rowOf("height", report.height, "m"),
+           rowOf("azimuth", report.azimuth, "rad")}};
 }
 
 }  // namespace TunnelSurvey

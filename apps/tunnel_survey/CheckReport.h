@@ -5,11 +5,12 @@
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_CHECK_REPORT_H
 
 #include "common/exchange/PointFile.h"
+#include "tunnel_survey/ResultTable.h"
 
 #include <Calculations/Calculations.h>
 
 #include <cstddef>
-#include <ostream>
+#include <string>
 #include <vector>
 
 namespace TunnelSurvey {
@@ -26,6 +27,7 @@ struct DifferenceSummary {
 };
 
 struct CheckReport {
+  std::string source;        ///< the file of the coordinates
   DifferenceSummary plan;     ///< distance in east and north (m)
   DifferenceSummary height;   ///< m
   DifferenceSummary azimuth;  ///< rad
@@ -36,7 +38,7 @@ struct CheckReport {
 CheckReport compareWith(const std::vector<Exchange::CheckPoint>& points,
                         const Ruv::Calculations::AxisCalculator& calculator);
 
-void printCheckReport(std::ostream& out, const CheckReport& report);
+ResultTable checkTable(const CheckReport& report);
 
 }  // namespace TunnelSurvey
 

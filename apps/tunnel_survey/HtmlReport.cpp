@@ -1,38 +1,40 @@
 #include "tunnel_survey/HtmlReport.h"
 
-#include "tunnel_survey/SectionTable.h"
-
 #include "common/drawing/NumberText.h"
+#include "common/drawing/PrintableText.h"
+#include "common/drawing/SvgWriter.h"
 
 #include <cstddef>
-#include <string_view>
 #include <utility>
 
 namespace TunnelSurvey {
 
 namespace {
 
-using Drawing::fixed;
+using Drawing::escapedForXml;
 
+/// A drawing that is not near the window is neither loaded nor laid out. One in the page fills the
+/// window while it is the target of its own link.
 const char* const kStyle = R"(
-:root { --ink: #22252a; --grey: #6d747b; --line: #d6dadd; --tint: #f4f6f7; }
+:root { --ink: #22252a; --grey: #60676e; --line: #d6dadd; --tint: #f4f6f7; color-scheme: light; }
 * { box-sizing: border-box; }
 body { margin: 0 auto; padding: 2rem 1.5rem 4rem; max-width: 78rem; color: var(--ink);
-  font: 15px/1.5 "Helvetica Neue", Arial, "Liberation Sans", sans-serif; }
+  background: #fff; font: 15px/1.5 "Helvetica Neue", Arial, "Liberation Sans", sans-serif; }
 h1 { font-size: 1.9rem; margin: 0 0 .2rem; }
 h2 { font-size: 1.3rem; margin: 2.6rem 0 .8rem; padding-bottom: .3rem;
   border-bottom: 2px solid var(--ink); }
 h3 { font-size: 1.05rem; margin: 0 0 .4rem; }
+h3 a { font-size: 13px; font-weight: normal; margin-left: .8rem; }
 p { margin: .4rem 0; }
 nav { margin: .8rem 0 0; }
-nav a { margin-right: 1.4rem; }
+nav a { display: inline-block; padding: .2rem 0; margin-right: 1.4rem; }
 a { color: #0b5394; text-decoration: none; }
 a:hover { text-decoration: underline; }
 .facts { display: grid; grid-template-columns: repeat(2, 1fr); gap: 0 2.5rem; margin-top: 1.2rem; }
 .facts table { width: 100%; align-self: start; }
 .facts th { text-align: left; font-weight: normal; color: var(--grey); width: 9.5rem;
   vertical-align: top; }
-.facts td { text-align: left; white-space: normal; }
+.facts td { text-align: left; white-space: normal; overflow-wrap: anywhere; }
 .wide { overflow-x: auto; }
 table { border-collapse: collapse; font-variant-numeric: tabular-nums; }
 th, td { padding: .22rem .6rem; text-align: right; border-bottom: 1px solid var(--line);
@@ -42,196 +44,153 @@ th, td { padding: .22rem .6rem; text-align: right; border-bottom: 1px solid var(
 .results thead span { font-weight: normal; color: var(--grey); }
 .results tbody tr:nth-child(even) { background: var(--tint); }
 .results tbody tr:hover { background: #e6eef5; }
-figure { margin: 0 0 1.8rem; }
-figure img { width: 100%; height: auto; display: block; border: 1px solid var(--line); }
-figcaption { color: var(--grey); font-size: 13px; margin-top: .3rem; }
-section.profile { margin: 0 0 2rem; }
-section.profile h3 a { font-size: 13px; font-weight: normal; margin-left: .8rem; }
-@media (max-width: 60rem) { .facts { grid-template-columns: 1fr; } }
+.sheet { margin: 0 0 2rem; }
+figure { margin: 0; }
+figure img, figure svg { width: 100%; height: auto; display: block;
+  border: 1px solid var(--line); }
+figcaption, .note { color: var(--grey); font-size: 13px; margin-top: .3rem; }
+.inside { content-visibility: auto; contain-intrinsic-size: auto 100vw auto 70vw; }
+.inside .close { display: none; }
+.inside:target { position: fixed; inset: 0; overflow: auto; background: #fff; z-index: 1;
+  content-visibility: visible; }
+.inside:target svg { width: max(100%, 1400px); }
+.inside:target .close { display: block; position: fixed; top: .6rem; right: .6rem; z-index: 2;
+  padding: .4rem .9rem; background: var(--ink); color: #fff; border-radius: .3rem; }
+@media (max-width: 60rem) {
+  body { padding: 1rem .8rem 2rem; }
+  .facts { grid-template-columns: 1fr; }
+  .facts th { width: 7rem; }
+}
 @media print {
   @page { size: A4 landscape; margin: 10mm; }
   body { max-width: none; padding: 0; font-size: 10pt; }
-  nav, section.profile h3 a { display: none; }
-  h2 { break-after: avoid; }
-  h2.page, section.profile + section.profile { break-before: page; }
-  figure, section.profile, tr { break-inside: avoid; }
-  figure img { max-height: 172mm; width: auto; max-width: 100%; margin: 0 auto; }
+  nav, h3 a, .close { display: none !important; }
+  h2 { margin-top: 0; }
+  h2, h3, .note { break-after: avoid; }
+  .chapter, .sheet + .sheet, .tables + .sheet { break-before: page; }
+  .sheet, tr { break-inside: avoid; }
+  .inside { content-visibility: visible; }
+  figure img, figure svg { max-height: 160mm; width: auto; max-width: 100%; margin: 0 auto; }
   thead { display: table-header-group; }
   .results { font-size: 8pt; }
 }
 )";
 
-std::string escaped(const std::string& text) {
-  std::string result;
-  for (const char letter : text) {
-    switch (letter) {
-      case '&':
-        result += "&amp;";
-        break;
-      case '<':
-        result += "&lt;";
-        break;
-      case '>':
-        result += "&gt;";
-        break;
-      case '"':
-        result += "&quot;";
-        break;
-      default:
-        result += letter;
-    }
+/// A name as an anchor, which the names inside an SVG can begin with too.
+std::string anchorOf(const std::string& name) {
+  std::string anchor = name;
+  for (char& letter : anchor) {
+    const bool isPlain = (letter >= '0' && letter <= '9') || (letter >= 'a' && letter <= 'z') ||
+                         (letter >= 'A' && letter <= 'Z') || letter == '_';
+    if (!isPlain) letter = '-';
   }
-  return result;
+  return anchor;
 }
 
-/// What a URL in double quotes may not hold.
-std::string percentEncoded(const std::string& text) {
-  constexpr const char* kDigits = "0123456789ABCDEF";
-  std::string result;
-  result.reserve(text.size() + text.size() / 8);
-  for (const char letter : text) {
-    const auto byte = static_cast<unsigned char>(letter);
-    const bool isPlain = byte >= ' ' && byte <= '~' &&
-                         std::string_view("\"#%<>").find(letter) == std::string_view::npos;
-    if (isPlain) {
-      result += letter;
-    } else {
-      result += {'%', kDigits[byte >> 4U], kDigits[byte & 15U]};
-    }
-  }
-  return result;
-}
-
-/// As a picture of its own: the names inside one SVG must not meet those of another.
-void writePicture(std::ostream& out, const std::string& svg, const std::string& description) {
-  out << "<img alt=\"" << escaped(description) << "\" src=\"data:image/svg+xml,"
-      << percentEncoded(svg) << "\">\n";
-}
-
-using Facts = std::vector<std::pair<std::string, std::string>>;
-
-void writeFacts(std::ostream& out, const Facts& facts) {
-  out << "<table>\n";
+std::string factsTable(const Facts& facts) {
+  std::string text = "<table>\n";
   for (const auto& [name, value] : facts) {
-    out << "<tr><th>" << escaped(name) << "</th><td>" << escaped(value) << "</td></tr>\n";
+    text += "<tr><th>" + escapedForXml(name) + "</th><td>" + escapedForXml(value) + "</td></tr>\n";
   }
-  out << "</table>\n";
+  return text + "</table>\n";
 }
 
-std::string geologyText(const GeologyRule& rule) {
-  const std::string beyond = fixed(rule.beyond, 2) + " m from the design";
-  if (!rule.from) return "what is excavated beyond " + beyond;
-  const std::string from = *rule.from > 0.0 ? fixed(*rule.from, 2) + " m" : "the design";
-  return "what is excavated beyond " + beyond + ", and beside it the band from " + from;
+std::string link(const std::string& target, const std::string& words) {
+  return "<a href=\"#" + target + "\">" + escapedForXml(words) + "</a>";
 }
 
-Facts factsOf(const SectionSurvey& survey) {
-  const ComparisonRule& rule = survey.rule;
-  Facts facts = {{"Design profile", survey.designSource + ", circumference " +
-                                        fixed(survey.design.circumference(), 3) + " m"},
-                 {"Measured", survey.source},
-                 {survey.noun + "s", std::to_string(survey.results.size())}};
-  if (survey.hasStations()) {
-    facts.emplace_back("Stationing",
-                       Drawing::stationText(*survey.results.front().section.station, 3) + " to " +
-                           Drawing::stationText(*survey.results.back().section.station, 3));
-  }
-  facts.emplace_back("Outline", rule.followDesign
-                                    ? "between measured points along the design, distances "
-                                      "interpolated"
-                                    : "straight between measured points");
-  if (rule.excludeAbove) {
-    facts.emplace_back("Left out", "what lies above " + fixed(*rule.excludeAbove, 2) + " m");
-  }
-  if (rule.excludeBelow) {
-    facts.emplace_back("Left out", "what lies below " + fixed(*rule.excludeBelow, 2) + " m");
-  }
-  if (rule.geology) facts.emplace_back("Geological", geologyText(*rule.geology));
-  return facts;
-}
-
-std::string anchor(std::size_t index) { return "section-" + std::to_string(index + 1); }
-
-void writeTable(std::ostream& out, const SectionTable& table) {
-  out << "<div class=\"wide\"><table class=\"results\">\n<thead><tr>";
-  for (const std::string& heading : table.headings) {
-    const std::size_t lineBreak = heading.find('\n');
-    out << "<th>" << escaped(heading.substr(0, lineBreak)) << "<br><span>"
-        << escaped(heading.substr(lineBreak + 1)) << "</span></th>";
-  }
-  out << "</tr></thead>\n<tbody>\n";
-  for (std::size_t i = 0; i < table.rows.size(); ++i) {
-    out << "<tr>";
-    for (std::size_t k = 0; k < table.rows[i].size(); ++k) {
-      const std::string cell = escaped(table.rows[i][k]);
-      out << "<td>" << (k == 0 ? "<a href=\"#" + anchor(i) + "\">" + cell + "</a>" : cell)
-          << "</td>";
-    }
-    out << "</tr>\n";
-  }
-  out << "</tbody></table></div>\n";
+/// For the browser, which reserves the room before it has the picture.
+std::string sizeOf(const Drawing::Picture& picture) {
+  constexpr double kPixelsPerMillimetre = 96.0 / 25.4;
+  const auto pixels = [](double millimetres) {
+    return Drawing::fixed(millimetres * kPixelsPerMillimetre, 0);
+  };
+  return " width=\"" + pixels(picture.width) + "\" height=\"" + pixels(picture.height) + "\"";
 }
 
 }  // namespace
 
-HtmlReport::HtmlReport(std::ostream& out, const SectionSurvey& survey)
-    : m_out(out), m_survey(survey) {}
-
-void HtmlReport::writeHead(const std::vector<Chapter>& chapters) {
-  const std::string title = "Cross-sections of " + m_survey.source;
-  m_out << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
-        << "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>"
-        << escaped(title) << "</title>\n<style>" << kStyle << "</style>\n</head>\n<body>\n"
-        << "<h1 id=\"top\">Measured and design profile</h1>\n<p>" << escaped(title) << " against "
-        << escaped(m_survey.designSource) << "</p>\n<nav>";
-  for (const Chapter& chapter : chapters) {
-    m_out << "<a href=\"#" << escaped(chapter.heading) << "\">" << escaped(chapter.heading)
-          << "</a>";
+void HtmlReport::addHead(const Report& report) {
+  const std::string title = escapedForXml(report.title);
+  m_text =
+      "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+      "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>" +
+      title + "</title>\n<style>" + kStyle + "</style>\n</head>\n<body>\n<h1 id=\"top\">" + title +
+      "</h1>\n<p>" + escapedForXml(report.subtitle) + "</p>\n<nav>";
+  for (const Chapter& chapter : report.chapters) {
+    m_text += link(anchorOf(chapter.heading), chapter.heading);
   }
-  m_out << R"(<a href="#tables">Tables</a><a href="#sections">)" << escaped(m_survey.noun)
-        << "s</a></nav>\n<div class=\"facts\">\n";
-  writeFacts(m_out, factsOf(m_survey));
-  writeFacts(m_out, summaryOf(m_survey));
-  m_out << "</div>\n";
-  if (m_survey.volumes) {
-    m_out << "<p><small>Volumes between sections by mean end areas, over the length along the "
-             "axis.</small></p>\n";
+  m_text += "</nav>\n<div class=\"facts\">\n" + factsTable(report.sources) +
+            factsTable(report.summary) + "</div>\n";
+  if (!report.note.empty()) m_text += "<p class=\"note\">" + escapedForXml(report.note) + "</p>\n";
+}
+
+void HtmlReport::beginChapter(const Chapter& chapter) {
+  m_text += "<section class=\"chapter\" id=\"" + anchorOf(chapter.heading) + "\">\n";
+  m_heading = "<h2>" + escapedForXml(chapter.heading) + "</h2>\n";
+  if (chapter.tables.empty()) return;
+  m_text += "<div class=\"tables\">\n" + std::exchange(m_heading, "");
+  for (const ReportTable& table : chapter.tables) {
+    addTable(table);
   }
+  m_text += "</div>\n";
 }
 
-void HtmlReport::writeChapter(const Chapter& chapter) {
-  const std::string heading = escaped(chapter.heading);
-  m_out << R"(<h2 class="page" id=")" << heading << "\">" << heading << "</h2>\n";
-  for (const Figure& figure : chapter.figures) {
-    m_out << "<figure>\n";
-    writePicture(m_out, figure.svg, figure.caption);
-    m_out << "<figcaption>" << escaped(figure.caption) << "</figcaption>\n</figure>\n";
+void HtmlReport::addTable(const ReportTable& table) {
+  m_text += "<h3>" + escapedForXml(table.title) + "</h3>\n";
+  if (!table.note.empty()) m_text += "<p class=\"note\">" + escapedForXml(table.note) + "</p>\n";
+  m_text += "<div class=\"wide\"><table class=\"results\">\n<thead><tr>";
+  for (const std::string& heading : table.table.headings) {
+    m_text += "<th>" + escapedForXml(nameIn(heading)) + "<br><span>" +
+              escapedForXml(unitIn(heading)) + "</span></th>";
   }
+  m_text += "</tr></thead>\n<tbody>\n";
+  for (std::size_t i = 0; i < table.table.rows.size(); ++i) {
+    const std::vector<std::string>& row = table.table.rows[i];
+    m_text += "<tr>";
+    for (std::size_t k = 0; k < row.size(); ++k) {
+      const bool isLink = k == 0 && i < table.figures.size();
+      m_text += "<td>" +
+                (isLink ? link(anchorOf(table.figures[i]), row[k]) : escapedForXml(row[k])) +
+                "</td>";
+    }
+    m_text += "</tr>\n";
+  }
+  m_text += "</tbody></table></div>\n";
 }
 
-void HtmlReport::writeTables() {
-  m_out << "<h2 class=\"page\" id=\"tables\">Areas and largest deviations</h2>\n"
-        << "<p>Derolment: length along the design profile from its crown, positive clockwise "
-           "looking forward. Over break is positive, under break negative.</p>\n";
-  writeTable(m_out, areaTable(m_survey));
-  m_out << "<h2 class=\"page\">Best-fit circles and ellipses</h2>\n"
-        << "<p>Through the compared points, in profile coordinates: x to the right, y up from the "
-           "axis. Rotation: of the longer semi-axis, from right towards up.</p>\n";
-  writeTable(m_out, fitTable(m_survey));
+void HtmlReport::addFigure(const Figure& figure, const Drawing::Picture& picture) {
+  m_text += "<section class=\"sheet\" id=\"" + anchorOf(figure.name) + "\">\n" +
+            std::exchange(m_heading, "") + "<h3>" + escapedForXml(figure.title) +
+            link("top", "to the top") + "</h3>\n";
+  if (m_pictures == HtmlPictures::Beside) {
+    addLinked(figure, picture);
+  } else {
+    addInline(figure, picture);
+  }
+  if (!figure.caption.empty()) {
+    m_text += "<figcaption>" + escapedForXml(figure.caption) + "</figcaption>\n";
+  }
+  m_text += "</figure>\n</section>\n";
 }
 
-void HtmlReport::beginSections() {
-  m_out << R"(<h2 class="page" id="sections">)" << escaped(m_survey.noun) << "s</h2>\n";
+void HtmlReport::addLinked(const Figure& figure, const Drawing::Picture& picture) {
+  const std::string file = escapedForXml(figure.name) + ".svg";
+  m_text += "<figure>\n<a href=\"" + file + "\"><img loading=\"lazy\"" + sizeOf(picture) +
+            " alt=\"" + escapedForXml(figure.title) + "\" src=\"" + file + "\"></a>\n";
 }
 
-void HtmlReport::writeSection(const SectionResult& result, const std::string& svg) {
-  const std::string title = titleOf(m_survey, result);
-  m_out << R"(<section class="profile" id=")" << anchor(m_written++) << "\">\n<h3>"
-        << escaped(title) << "<a href=\"#tables\">back to the tables</a></h3>\n<figure>\n";
-  writePicture(m_out, svg, title);
-  m_out << "</figure>\n</section>\n";
+void HtmlReport::addInline(const Figure& figure, const Drawing::Picture& picture) {
+  const std::string anchor = anchorOf(figure.name);
+  const std::string drawing = "drawing-" + anchor;
+  m_text += "<figure class=\"inside\" id=\"" + drawing + "\">\n<a href=\"#" + drawing +
+            "\" aria-label=\"" + escapedForXml(figure.title) + "\">\n" +
+            svgOf(picture, anchor + "-") + "</a>\n<a class=\"close\" href=\"#" + anchor +
+            "\">close</a>\n";
 }
 
-void HtmlReport::writeEnd() { m_out << "</body>\n</html>\n"; }
+void HtmlReport::endChapter() { m_text += "</section>\n"; }
+
+std::string HtmlReport::finish() { return std::move(m_text) + "</body>\n</html>\n"; }
 
 }  // namespace TunnelSurvey

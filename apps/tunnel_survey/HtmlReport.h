@@ -1,49 +1,43 @@
 /// @file
-/// The report: one file that holds its pictures.
+/// The report as a page for a browser.
 
 #ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_HTML_REPORT_H
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_HTML_REPORT_H
 
-#include "tunnel_survey/SectionSurvey.h"
+#include "tunnel_survey/Report.h"
 
-#include "common/drawing/Canvas.h"
+#include "common/drawing/Picture.h"
 
-#include <ostream>
 #include <string>
-#include <vector>
 
 namespace TunnelSurvey {
 
-/// A picture and what stands below it.
-struct Figure {
-  std::string caption;
-  std::string svg;
+enum class HtmlPictures {
+  Beside,  ///< as SVG files, loaded when they are scrolled to: a tap opens the file
+  Inside   ///< in the page, which needs no other file: a tap enlarges them
 };
 
-/// Pictures under a heading.
-struct Chapter {
-  std::string heading;
-  std::vector<Figure> figures;
-};
-
-/// Writes the report piece by piece, as long surveys have many pictures.
+/// Builds the page piece by piece: the head first, then each chapter followed by its figures.
 class HtmlReport {
  public:
-  HtmlReport(std::ostream& out, const SectionSurvey& survey);
+  explicit HtmlReport(HtmlPictures pictures) : m_pictures(pictures) {}
 
-  /// How the survey was made, and its summary. The navigation leads to the chapters too.
-  void writeHead(const std::vector<Chapter>& chapters);
-  void writeChapter(const Chapter& chapter);
-  /// Tables whose rows lead to the sections' pictures.
-  void writeTables();
-  void beginSections();
-  void writeSection(const SectionResult& result, const std::string& svg);
-  void writeEnd();
+  void addHead(const Report& report);
+  /// Its heading and its tables.
+  void beginChapter(const Chapter& chapter);
+  void addFigure(const Figure& figure, const Drawing::Picture& picture);
+  void endChapter();
+  /// Ends the page and returns its text.
+  std::string finish();
 
  private:
-  std::ostream& m_out;
-  const SectionSurvey& m_survey;
-  std::size_t m_written = 0;  // sections
+  void addTable(const ReportTable& table);
+  void addLinked(const Figure& figure, const Drawing::Picture& picture);
+  void addInline(const Figure& figure, const Drawing::Picture& picture);
+
+  HtmlPictures m_pictures;
+  std::string m_text;
+  std::string m_heading;  // still to be written, together with what comes next
 };
 
 }  // namespace TunnelSurvey

@@ -151,9 +151,12 @@ void addOptions(Console::OptionGroup all, Options& options) {
                            "points, check, design, sections, origins, scan, transition-to");
   all.addFlag("--accept", options.accept,
               "End with exit code 0 although something is doubtful; it is told all the same");
-  all.add("--output", options.output,
-          "Directory for the results: drawings (SVG and PNG), tables (CSV) and, with "
-          "cross-sections, the report (HTML)");
+  auto output = all.add("--output", options.output,
+                        "Directory for the results: the report (HTML and PDF), drawings (SVG and "
+                        "PNG), tables (CSV)");
+  all.addFlag("--single-file", options.isSingleFile,
+              "The HTML report holds its drawings, for mailing")
+      .needs(output);
 }
 
 Exchange::TableFormat Options::formatOf(const std::string& table) const {

@@ -46,6 +46,7 @@ struct Options {
   bool accept = false;
 
   std::string output;
+  bool isSingleFile = false;
 
   /// How the table of an option is written: "points", "check", "design", "sections", "origins",
   /// "scan" or "transition-to".

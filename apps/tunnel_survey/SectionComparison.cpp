@@ -161,11 +161,16 @@ std::optional<Volumes> volumesOf(const std::vector<SectionResult>& sections,
     const SectionResult& a = sections[i - 1];
     const SectionResult& b = sections[i];
     const double length = lengthBetween(*a.section.station, *b.section.station);
-    volumes.length += length;
-    volumes.design += (a.designArea + b.designArea) / 2.0 * length;
-    volumes.over += (a.overArea + b.overArea) / 2.0 * length;
-    volumes.under += (a.underArea + b.underArea) / 2.0 * length;
-    volumes.geological += (a.geologicalArea + b.geologicalArea) / 2.0 * length;
+    const auto between = [&](double SectionResult::*area) {
+      return (a.*area + b.*area) / 2.0 * length;
+    };
+    volumes.parts.push_back({length, between(&SectionResult::designArea),
+                             between(&SectionResult::overArea), between(&SectionResult::underArea),
+                             between(&SectionResult::geologicalArea)});
+    for (double VolumePart::*quantity : {&VolumePart::length, &VolumePart::design, &VolumePart::over,
+                                         &VolumePart::under, &VolumePart::geological}) {
+      volumes.total.*quantity += volumes.parts.back().*quantity;
+    }
   }
   return volumes;
 }

@@ -64,13 +64,18 @@ struct SectionResult {
 SectionResult compareWithDesign(const MeasuredSection& section,
                                 const Exchange::DesignProfile& design, const ComparisonRule& rule);
 
-/// Volumes between the first and the last section by their mean end areas (m3).
-struct Volumes {
-  double length = 0.0;
+/// Volumes between neighbouring sections by their mean end areas (m3).
+struct VolumePart {
+  double length = 0.0;  ///< along the axis in space
   double design = 0.0;
   double over = 0.0;
   double under = 0.0;
   double geological = 0.0;
+};
+
+struct Volumes {
+  std::vector<VolumePart> parts;  ///< the first from the first to the second section
+  VolumePart total;
 };
 
 /// @param lengthBetween the distance of two stationings along the tunnel

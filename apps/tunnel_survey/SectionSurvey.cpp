@@ -8,6 +8,7 @@
 #include "tunnel_survey/SectionChecks.h"
 #include "tunnel_survey/SectionCutter.h"
 #include "tunnel_survey/SectionTable.h"
+#include "tunnel_survey/StationTable.h"
 
 #include "common/drawing/NumberText.h"
 
@@ -197,15 +198,6 @@ std::vector<SectionResult> compareAll(const std::vector<MeasuredSection>& sectio
     progress.advance();
   }
   return results;
-}
-
-/// Along the axis in space if there is one that covers both stationings.
-double lengthBetween(const AxisCalculator& calculator, double from, double to) {
-  double first = from;
-  double last = to;
-  const bool isOnAxis = calculator.stationingToTunnelmeter(from, first) &&
-                        calculator.stationingToTunnelmeter(to, last);
-  return isOnAxis ? last - first : to - from;
 }
 
 void printSummary(const Options& options, const SectionSurvey& survey) {

@@ -1,12 +1,12 @@
 #include "tunnel_survey/SectionTable.h"
 
-#include "common/console/TextTable.h"
-#include "common/exchange/TableCells.h"
-
 #include "common/drawing/NumberText.h"
 
 #include <algorithm>
-#include <cmath>
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <utility>
 
 namespace TunnelSurvey {
 
@@ -26,36 +26,127 @@ std::string lowerCase(std::string word) {
   return word;
 }
 
-/// The columns that say which section it is.
-SectionTable namedTable(const SectionSurvey& survey) {
-  SectionTable table;
-  table.headings = {lowerCase(survey.noun) + "\n"};
-  if (survey.hasStations()) table.headings.emplace_back("stationing\nm");
+/// A column: its heading, and what it says of a section.
+struct Column {
+  std::string heading;
+  std::function<std::string(const SectionResult&)> cell;
+};
+
+using Columns = std::vector<Column>;
+
+ResultTable tableOf(const SectionSurvey& survey, const Columns& columns) {
+  ResultTable table;
+  for (const Column& column : columns) {
+    table.headings.push_back(column.heading);
+  }
   for (const SectionResult& result : survey.results) {
-    std::vector<std::string> row = {result.section.name};
-    if (survey.hasStations()) row.push_back(fixed(*result.section.station, 3));
+    std::vector<std::string> row;
+    row.reserve(columns.size());
+    for (const Column& column : columns) {
+      row.push_back(column.cell(result));
+    }
     table.rows.push_back(std::move(row));
   }
   return table;
 }
 
-void addExtreme(std::vector<std::string>& row, const std::optional<Extreme>& extreme) {
-  row.push_back(extreme ? signedFixed(extreme->deviation.distance, 3) : "-");
-  row.push_back(extreme ? signedFixed(extreme->deviation.derolment, 2) : "-");
+void append(Columns& columns, const Columns& more) {
+  columns.insert(columns.end(), more.begin(), more.end());
 }
 
-void print(std::ostream& out, const SectionTable& table) {
-  Console::TextTable text(table.headings);
-  for (const std::vector<std::string>& row : table.rows) {
-    text.addRow(row);
+/// The columns that say which section it is.
+Columns nameColumns(const SectionSurvey& survey, int decimals) {
+  Columns columns = {{lowerCase(survey.noun) + "\n",
+                      [](const SectionResult& result) { return result.section.name; }}};
+  if (survey.hasStations()) {
+    columns.push_back({"stationing\nm", [decimals](const SectionResult& result) {
+                         return fixed(*result.section.station, decimals);
+                       }});
   }
-  out << '\n';
-  text.print(out);
+  return columns;
+}
+
+Column areaColumn(const std::string& name, double SectionResult::*area, int decimals) {
+  return {name + "\nm\u00b2",
+          [area, decimals](const SectionResult& result) { return fixed(result.*area, decimals); }};
+}
+
+/// @param suffix of the names, for a table whose headings stand alone
+Columns areaColumns(const SectionSurvey& survey, const std::string& suffix, int decimals) {
+  Columns columns = {areaColumn("design" + suffix, &SectionResult::designArea, decimals),
+                     areaColumn("measured" + suffix, &SectionResult::measuredArea, decimals),
+                     areaColumn("over" + suffix, &SectionResult::overArea, decimals),
+                     areaColumn("under" + suffix, &SectionResult::underArea, decimals)};
+  if (survey.rule.geology) {
+    columns.push_back(areaColumn("geological" + suffix, &SectionResult::geologicalArea, decimals));
+  }
+  return columns;
+}
+
+using MaybeExtreme = std::optional<Extreme> SectionResult::*;
+
+constexpr std::array<std::pair<const char*, MaybeExtreme>, 2> kExtremes = {
+    {{"over", &SectionResult::largestOver}, {"under", &SectionResult::largestUnder}}};
+
+Column extremeColumn(const std::string& heading, MaybeExtreme extreme, int decimals,
+                     const std::function<double(const Extreme&)>& value) {
+  return {heading, [=](const SectionResult& result) {
+            return result.*extreme ? signedFixed(value(*(result.*extreme)), decimals) : "-";
+          }};
+}
+
+Column distanceColumn(const std::string& name, MaybeExtreme extreme, int decimals) {
+  return extremeColumn("largest " + name + "\nm", extreme, decimals,
+                       [](const Extreme& e) { return e.deviation.distance; });
+}
+
+Column derolmentColumn(const std::string& name, MaybeExtreme extreme, int decimals) {
+  return extremeColumn(name + "\nm", extreme, decimals,
+                       [](const Extreme& e) { return e.deviation.derolment; });
+}
+
+Columns placeColumns(const std::string& name, MaybeExtreme extreme, int decimals) {
+  return {derolmentColumn(name + " at derolment", extreme, decimals),
+          extremeColumn(name + " at x\nm", extreme, decimals,
+                        [](const Extreme& e) { return e.point.x; }),
+          extremeColumn(name + " at y\nm", extreme, decimals,
+                        [](const Extreme& e) { return e.point.y; })};
+}
+
+Column pointColumn() {
+  return {"points\n",
+          [](const SectionResult& result) { return std::to_string(result.deviations.size()); }};
+}
+
+using Fit = FittingResult SectionResult::*;
+
+Columns centreColumns(const std::string& name, Fit fit, int decimals) {
+  return {{name + " x\nm",
+           [=](const SectionResult& r) { return signedFixedOrDash((r.*fit).center.x, decimals); }},
+          {name + " y\nm",
+           [=](const SectionResult& r) { return signedFixedOrDash((r.*fit).center.y, decimals); }}};
+}
+
+Columns fitColumns(int decimals, int rotationDecimals) {
+  const auto length = [decimals](const std::string& name, Fit fit, double FittingResult::*size) {
+    return Column{name + "\nm", [=](const SectionResult& r) {
+                    return fixedOrDash((r.*fit).*size, decimals);
+                  }};
+  };
+  Columns columns = centreColumns("circle", &SectionResult::circle, decimals);
+  columns.push_back(length("circle radius", &SectionResult::circle, &FittingResult::radius));
+  append(columns, centreColumns("ellipse", &SectionResult::ellipse, decimals));
+  columns.push_back(length("ellipse a", &SectionResult::ellipse, &FittingResult::semiAxisA));
+  columns.push_back(length("ellipse b", &SectionResult::ellipse, &FittingResult::semiAxisB));
+  columns.push_back({"ellipse rotation\ngon", [rotationDecimals](const SectionResult& r) {
+                       return fixedOrDash(Utilities::rad2gon(r.ellipse.rotation), rotationDecimals);
+                     }});
+  return columns;
 }
 
 std::string volumeText(double volume, const Volumes& volumes) {
-  return fixed(volume, 1) + " m³, " + fixed(volume / volumes.length, 3) + " m³/m, " +
-         fixed(100.0 * volume / volumes.design, 1) + " % of the design";
+  return fixed(volume, 1) + " m\u00b3, " + fixed(volume / volumes.total.length, 3) +
+         " m\u00b3/m, " + fixed(100.0 * volume / volumes.total.design, 1) + " % of the design";
 }
 
 std::string extremeText(const SectionSurvey& survey, const SectionResult& result,
@@ -69,58 +160,56 @@ double distanceOf(const std::optional<Extreme>& extreme) {
   return extreme ? extreme->deviation.distance : 0.0;
 }
 
-/// Empty where a fit has failed.
-std::string finiteCell(double value, int decimals) {
-  return std::isfinite(value) ? fixed(value, decimals) : "";
-}
-
-std::string extremeCells(const std::optional<Extreme>& extreme) {
-  if (!extreme) return ",,,,";
-  const Deviation& deviation = extreme->deviation;
-  return "," + fixed(deviation.distance, 4) + "," + fixed(deviation.derolment, 4) + "," +
-         fixed(extreme->point.x, 4) + "," + fixed(extreme->point.y, 4);
-}
-
 }  // namespace
 
-SectionTable areaTable(const SectionSurvey& survey) {
-  SectionTable table = namedTable(survey);
-  table.headings.insert(table.headings.end(), {"over\nm²", "under\nm²"});
-  if (survey.rule.geology) table.headings.emplace_back("geological\nm²");
-  table.headings.insert(table.headings.end(), {"largest over\nm", "at derolment\nm",
-                                               "largest under\nm", "at derolment\nm", "points\n"});
-  for (std::size_t i = 0; i < survey.results.size(); ++i) {
-    const SectionResult& result = survey.results[i];
-    std::vector<std::string>& row = table.rows[i];
-    row.push_back(fixed(result.overArea, 3));
-    row.push_back(fixed(result.underArea, 3));
-    if (survey.rule.geology) row.push_back(fixed(result.geologicalArea, 3));
-    addExtreme(row, result.largestOver);
-    addExtreme(row, result.largestUnder);
-    row.push_back(std::to_string(result.deviations.size()));
+ResultTable areaTable(const SectionSurvey& survey) {
+  Columns columns = nameColumns(survey, 3);
+  append(columns, areaColumns(survey, "", 3));
+  for (const auto& [name, extreme] : kExtremes) {
+    columns.push_back(distanceColumn(name, extreme, 3));
+    columns.push_back(derolmentColumn("at derolment", extreme, 2));
   }
-  return table;
+  columns.push_back(pointColumn());
+  return tableOf(survey, columns);
 }
 
-SectionTable fitTable(const SectionSurvey& survey) {
-  SectionTable table = namedTable(survey);
-  table.headings.insert(table.headings.end(),
-                        {"circle x\nm", "circle y\nm", "radius\nm", "ellipse x\nm", "ellipse y\nm",
-                         "semi-axis a\nm", "semi-axis b\nm", "rotation\ngon"});
-  for (std::size_t i = 0; i < survey.results.size(); ++i) {
-    const FittingResult& circle = survey.results[i].circle;
-    const FittingResult& ellipse = survey.results[i].ellipse;
-    std::vector<std::string>& row = table.rows[i];
-    for (const double coordinate : {circle.center.x, circle.center.y}) {
-      row.push_back(signedFixedOrDash(coordinate, 3));
-    }
-    row.push_back(fixedOrDash(circle.radius, 3));
-    for (const double coordinate : {ellipse.center.x, ellipse.center.y}) {
-      row.push_back(signedFixedOrDash(coordinate, 3));
-    }
-    row.push_back(fixedOrDash(ellipse.semiAxisA, 3));
-    row.push_back(fixedOrDash(ellipse.semiAxisB, 3));
-    row.push_back(fixedOrDash(Utilities::rad2gon(ellipse.rotation), 1));
+ResultTable fitTable(const SectionSurvey& survey) {
+  Columns columns = nameColumns(survey, 3);
+  append(columns, fitColumns(3, 1));
+  return tableOf(survey, columns);
+}
+
+ResultTable sectionTable(const SectionSurvey& survey) {
+  Columns columns = nameColumns(survey, 4);
+  columns.push_back(pointColumn());
+  append(columns, areaColumns(survey, " area", 4));
+  for (const auto& [name, extreme] : kExtremes) {
+    columns.push_back(distanceColumn(name, extreme, 4));
+    append(columns, placeColumns(name, extreme, 4));
+  }
+  append(columns, fitColumns(4, 4));
+  return tableOf(survey, columns);
+}
+
+ResultTable volumeTable(const SectionSurvey& survey) {
+  ResultTable table{{"from\n", "to\n", "from stationing\nm", "to stationing\nm", "length\nm",
+                     "design\nm\u00b3", "over\nm\u00b3", "under\nm\u00b3"},
+                    {}};
+  if (survey.rule.geology) table.headings.emplace_back("geological\nm\u00b3");
+  for (std::size_t i = 0; i < survey.volumes->parts.size(); ++i) {
+    const VolumePart& part = survey.volumes->parts[i];
+    const MeasuredSection& from = survey.results[i].section;
+    const MeasuredSection& to = survey.results[i + 1].section;
+    std::vector<std::string> row = {from.name,
+                                    to.name,
+                                    fixed(*from.station, 3),
+                                    fixed(*to.station, 3),
+                                    fixed(part.length, 3),
+                                    fixed(part.design, 3),
+                                    fixed(part.over, 3),
+                                    fixed(part.under, 3)};
+    if (survey.rule.geology) row.push_back(fixed(part.geological, 3));
+    table.rows.push_back(std::move(row));
   }
   return table;
 }
@@ -143,16 +232,16 @@ const SectionResult* largestUnderOf(const SectionSurvey& survey) {
   return largest->largestUnder ? &*largest : nullptr;
 }
 
-std::vector<std::pair<std::string, std::string>> summaryOf(const SectionSurvey& survey) {
-  std::vector<std::pair<std::string, std::string>> lines;
+Facts summaryOf(const SectionSurvey& survey) {
+  Facts lines;
   if (survey.volumes) {
     const Volumes& volumes = *survey.volumes;
-    lines.emplace_back("Length", fixed(volumes.length, 3) + " m between the first and the last");
-    lines.emplace_back("Over profile", volumeText(volumes.over, volumes));
+    lines.emplace_back("Length", fixed(volumes.total.length, 3) + " m between the first and the last");
+    lines.emplace_back("Over profile", volumeText(volumes.total.over, volumes));
     if (survey.rule.geology) {
-      lines.emplace_back("Geological", volumeText(volumes.geological, volumes));
+      lines.emplace_back("Geological", volumeText(volumes.total.geological, volumes));
     }
-    lines.emplace_back("Under profile", volumeText(volumes.under, volumes));
+    lines.emplace_back("Under profile", volumeText(volumes.total.under, volumes));
   }
   if (const SectionResult* over = largestOverOf(survey)) {
     lines.emplace_back("Largest over", extremeText(survey, *over, *over->largestOver));
@@ -168,34 +257,10 @@ void printSectionTables(std::ostream& out, const SectionSurvey& survey) {
   for (const auto& [name, value] : summaryOf(survey)) {
     out << name << std::string(kNameWidth - name.size(), ' ') << value << '\n';
   }
-  print(out, areaTable(survey));
-  print(out, fitTable(survey));
-}
-
-std::string sectionsAsCsv(const SectionSurvey& survey) {
-  std::string text =
-      lowerCase(survey.noun) +
-      ",station,points,design_area,measured_area,over_area,under_area,geological_area,"
-      "largest_over,over_derolment,over_x,over_y,largest_under,under_derolment,under_x,under_y,"
-      "circle_x,circle_y,circle_radius,ellipse_x,ellipse_y,ellipse_a,ellipse_b,ellipse_rotation\n";
-  for (const SectionResult& result : survey.results) {
-    const auto& station = result.section.station;
-    text += Exchange::csvCell(result.section.name) + "," + (station ? fixed(*station, 4) : "") +
-            "," + std::to_string(result.deviations.size());
-    for (const double area : {result.designArea, result.measuredArea, result.overArea,
-                              result.underArea, result.geologicalArea}) {
-      text += "," + fixed(area, 6);
-    }
-    text += extremeCells(result.largestOver) + extremeCells(result.largestUnder);
-    const FittingResult& circle = result.circle;
-    const FittingResult& ellipse = result.ellipse;
-    for (const double value : {circle.center.x, circle.center.y, circle.radius, ellipse.center.x,
-                               ellipse.center.y, ellipse.semiAxisA, ellipse.semiAxisB}) {
-      text += "," + finiteCell(value, 6);
-    }
-    text += "," + finiteCell(ellipse.rotation, 8) + "\n";
+  for (const ResultTable& table : {areaTable(survey), fitTable(survey)}) {
+    out << '\n';
+    print(out, table);
   }
-  return text;
 }
 
 }  // namespace TunnelSurvey

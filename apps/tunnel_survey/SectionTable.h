@@ -1,29 +1,27 @@
 /// @file
-/// Tables of compared cross-sections, for the terminal, the report and other programs.
+/// Tables of compared cross-sections.
 
 #ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_SECTION_TABLE_H
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_SECTION_TABLE_H
 
+#include "tunnel_survey/Report.h"
 #include "tunnel_survey/SectionSurvey.h"
 
 #include <ostream>
-#include <string>
-#include <vector>
 
 namespace TunnelSurvey {
 
-/// A row for each section; headings are a name and, after a line break, the unit.
-struct SectionTable {
-  std::vector<std::string> headings;
-  std::vector<std::vector<std::string>> rows;
-};
-
-/// Areas and the largest over and under break.
-SectionTable areaTable(const SectionSurvey& survey);
+/// Areas and the largest over and under break; a row for each section.
+ResultTable areaTable(const SectionSurvey& survey);
 /// Best-fit circles and ellipses.
-SectionTable fitTable(const SectionSurvey& survey);
-/// Name and value with unit: how many sections, volumes, extremes.
-std::vector<std::pair<std::string, std::string>> summaryOf(const SectionSurvey& survey);
+ResultTable fitTable(const SectionSurvey& survey);
+/// Everything of both, with more digits.
+ResultTable sectionTable(const SectionSurvey& survey);
+/// A row for each pair of neighbours. The survey must have volumes.
+ResultTable volumeTable(const SectionSurvey& survey);
+
+/// How many sections, volumes, extremes.
+Facts summaryOf(const SectionSurvey& survey);
 
 /// The section with the largest over break of all, and the one with the largest under break; null
 /// when there is none.
@@ -31,9 +29,6 @@ const SectionResult* largestOverOf(const SectionSurvey& survey);
 const SectionResult* largestUnderOf(const SectionSurvey& survey);
 
 void printSectionTables(std::ostream& out, const SectionSurvey& survey);
-
-/// Everything of both tables as CSV, metres and radians.
-std::string sectionsAsCsv(const SectionSurvey& survey);
 
 }  // namespace TunnelSurvey
 

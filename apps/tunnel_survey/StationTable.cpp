@@ -1,7 +1,5 @@
 #include "tunnel_survey/StationTable.h"
 
-#include "common/console/TextTable.h"
-
 #include "common/drawing/NumberText.h"
 
 #include <cmath>
@@ -44,20 +42,29 @@ std::vector<double> regularStations(double lowest, double highest, double step) 
   return stations;
 }
 
-void printStationTable(std::ostream& out, const AxisCalculator& calculator,
-                       const std::vector<double>& stations) {
-  Console::TextTable table({"stationing\nm", "tunnel meter\nm", "east\nm", "north\nm", "height\nm",
-                            "azimuth\ngon", "radius\nm", "grade\n%"});
+ResultTable stationTable(const AxisCalculator& calculator, const std::vector<double>& stations) {
+  ResultTable table{{"stationing\nm", "tunnel meter\nm", "east\nm", "north\nm", "height\nm",
+                     "azimuth\ngon", "radius\nm", "grade\n%"},
+                    {}};
   for (const double station : stations) {
     const auto place = placeAt(calculator, station);
     if (!place) continue;
-    table.addRow({fixed(place->station, 3), fixed(place->tunnelMeter, 3),
-                  fixed(place->grid.east, 3), fixed(place->grid.north, 3),
-                  fixed(place->grid.height, 3), fixed(Utilities::rad2gon(place->azimuth), 4),
-                  place->radius == 0.0 ? "straight" : signedFixed(place->radius, 2),
-                  signedFixed(place->grade, 3)});
+    table.rows.push_back({fixed(place->station, 3), fixed(place->tunnelMeter, 3),
+                          fixed(place->grid.east, 3), fixed(place->grid.north, 3),
+                          fixed(place->grid.height, 3),
+                          fixed(Utilities::rad2gon(place->azimuth), 4),
+                          place->radius == 0.0 ? "straight" : signedFixed(place->radius, 2),
+                          signedFixed(place->grade, 3)});
   }
-  table.print(out);
+  return table;
+}
+
+double lengthBetween(const AxisCalculator& calculator, double from, double to) {
+  double first = from;
+  double last = to;
+  const bool isOnAxis = calculator.stationingToTunnelmeter(from, first) &&
+                        calculator.stationingToTunnelmeter(to, last);
+  return isOnAxis ? last - first : to - from;
 }
 
 }  // namespace TunnelSurvey

@@ -4,10 +4,11 @@
 #ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_STATION_TABLE_H
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_STATION_TABLE_H
 
+#include "tunnel_survey/ResultTable.h"
+
 #include <Calculations/Calculations.h>
 
 #include <optional>
-#include <ostream>
 #include <vector>
 
 namespace TunnelSurvey {
@@ -29,8 +30,13 @@ std::optional<AxisPlace> placeAt(const Ruv::Calculations::AxisCalculator& calcul
 /// 100 000 stations gives the ends only.
 std::vector<double> regularStations(double lowest, double highest, double step);
 
-void printStationTable(std::ostream& out, const Ruv::Calculations::AxisCalculator& calculator,
-                       const std::vector<double>& stations);
+/// Leaves out what lies outside the axis.
+ResultTable stationTable(const Ruv::Calculations::AxisCalculator& calculator,
+                         const std::vector<double>& stations);
+
+/// The distance of two stationings along the axis in space, or of the stationings where there is
+/// no axis.
+double lengthBetween(const Ruv::Calculations::AxisCalculator& calculator, double from, double to);
 
 }  // namespace TunnelSurvey
 

@@ -3,118 +3,90 @@
 #include "common/console/Files.h"
 #include "common/console/Progress.h"
 #include "common/console/ResultFolder.h"
-#include "tunnel_survey/CrossSectionDrawing.h"
-#include "tunnel_survey/DevelopedMap.h"
 #include "tunnel_survey/HtmlReport.h"
-#include "tunnel_survey/PlanDrawing.h"
-#include "tunnel_survey/SectionDrawing.h"
+#include "tunnel_survey/PdfReport.h"
+#include "tunnel_survey/PointTable.h"
 #include "tunnel_survey/SectionTable.h"
-#include "tunnel_survey/TransitionDrawing.h"
+#include "tunnel_survey/SurveyReport.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace TunnelSurvey {
 
 namespace {
 
 using Console::ResultFolder;
-using Drawing::Sheet;
 
-void writeNamedText(ResultFolder& folder, const std::string& name, const std::string& text) {
+void writeNamed(ResultFolder& folder, const std::string& name, const std::string& text) {
   folder.write(name, text);
   std::cout << folder.placeOf(name) << '\n';
 }
 
-/// @return the text of the SVG
-std::string writeNamedSheet(ResultFolder& folder, const std::string& name, const Sheet& sheet) {
-  std::string svg = folder.writeSheet(sheet, name);
-  std::cout << folder.placeOf(name) << ".svg\n" << folder.placeOf(name) << ".png\n";
-  return svg;
-}
-
-/// "007_ring_45": in the order of the sections, whatever their names.
-std::string fileNameOf(const SectionSurvey& survey, std::size_t index) {
-  constexpr std::size_t kDigits = 3;
-  std::string number = std::to_string(index + 1);
-  if (number.size() < kDigits) number.insert(0, kDigits - number.size(), '0');
-  std::string name = number + "_" + survey.noun + "_" + survey.results[index].section.name;
-  const auto isPlain = [](char letter) {
-    return (letter >= '0' && letter <= '9') || (letter >= 'a' && letter <= 'z') ||
-           (letter >= 'A' && letter <= 'Z') || letter == '+' || letter == '-' || letter == '.';
-  };
-  std::replace_if(
-      name.begin(), name.end(), [&isPlain](char letter) { return !isPlain(letter); }, '_');
-  constexpr std::size_t kLongestName = 100;
-  return name.substr(0, kLongestName);
-}
-
-/// Every section as files and into the report.
-void writeSections(const SectionSurvey& survey, ResultFolder& folder, HtmlReport& report) {
-  const CrossSectionLayout layout = crossSectionLayout(survey);
-  Console::Progress progress("Drawing the sections", survey.results.size());
-  for (std::size_t i = 0; i < survey.results.size(); ++i) {
-    const SectionResult& result = survey.results[i];
-    const Sheet sheet = crossSectionSheet(survey, result, layout);
-    report.writeSection(result, folder.writeSheet(sheet, "sections/" + fileNameOf(survey, i)));
-    progress.advance();
+void writeTables(ResultFolder& folder, const SurveyResults& results) {
+  constexpr int kDecimals = 4;
+  if (results.axis && !results.axis->points.empty()) {
+    writeNamed(folder, "points_on_axis.csv", csvOf(pointTable(results.axis->points, kDecimals)));
+  }
+  if (results.transition) {
+    writeNamed(folder, "transition.csv", csvOf(transitionTable(*results.transition)));
+    writeNamed(folder, "transition_elements.csv", csvOf(elementTable(*results.transition)));
+  }
+  if (!results.sections) return;
+  writeNamed(folder, "sections.csv", csvOf(sectionTable(*results.sections)));
+  if (results.sections->volumes) {
+    writeNamed(folder, "volumes.csv", csvOf(volumeTable(*results.sections)));
   }
 }
 
-void writeSectionResults(const SectionSurvey& survey, std::vector<Chapter> chapters,
-                         ResultFolder& folder) {
-  writeNamedText(folder, "sections.csv", sectionsAsCsv(survey));
-  chapters.push_back({"Map",
-                      {{"Distances of the measured from the design profile over stationing and "
-                        "derolment, interpolated between points and sections.",
-                        writeNamedSheet(folder, "developed_map", developedMapSheet(survey))}}});
-  std::ofstream file(folder.draft("report.html"), std::ios::binary);
-  HtmlReport report(file, survey);
-  report.writeHead(chapters);
-  for (const Chapter& chapter : chapters) {
-    report.writeChapter(chapter);
+std::size_t figuresOf(const Report& report) {
+  std::size_t count = 0;
+  for (const Chapter& chapter : report.chapters) {
+    count += chapter.figures.size();
   }
-  report.writeTables();
-  report.beginSections();
-  writeSections(survey, folder, report);
-  report.writeEnd();
-  file.close();
-  const std::string path = folder.placeOf("report.html");
-  if (!file) throw Console::Failure(path + ": cannot be written");
-  std::cout << folder.placeOf("sections") << ": " << survey.results.size()
-            << " drawings as SVG and PNG\n"
-            << path << '\n';
+  return count;
 }
 
-Chapter writeAxis(const Options& options, const SurveyResults& results, ResultFolder& folder) {
-  SurveyPicture picture = *results.axis;
-  if (!options.points.empty()) {
-    writeNamedText(folder, "points_on_axis.csv", Exchange::convertedPointsAsCsv(picture.points));
+/// Each drawing as files, and into both kinds of report.
+void writeReport(ResultFolder& folder, const Report& report, HtmlPictures pictures) {
+  constexpr std::size_t kManyFigures = 8;
+  HtmlReport html(pictures);
+  PdfReport pdf(report);
+  html.addHead(report);
+  Console::Progress progress("Drawing", figuresOf(report), kManyFigures);
+  for (const Chapter& chapter : report.chapters) {
+    html.beginChapter(chapter);
+    pdf.beginChapter(chapter);
+    for (const Figure& figure : chapter.figures) {
+      const Drawing::Picture picture = pictureOf(figure.sheet);
+      folder.writePicture(figure.name, picture);
+      html.addFigure(figure, picture);
+      pdf.addFigure(figure, picture);
+      progress.advance();
+    }
+    html.endChapter();
   }
-  if (results.sections && results.sections->hasStations()) {
-    picture.sections = {*results.sections->results.front().section.station,
-                        *results.sections->results.back().section.station};
-  }
-  std::string plan = writeNamedSheet(folder, "plan", planSheet(picture));
-  std::string section =
-      writeNamedSheet(folder, "section", sectionSheet(picture, options.exaggeration));
-  return {"Axis",
-          {{"Plan of axis " + picture.name, std::move(plan)},
-           {"Longitudinal section of axis " + picture.name, std::move(section)}}};
+  folder.write("report.html", html.finish());
+  folder.write("report.pdf", pdf.finish());
 }
 
-Chapter writeTransition(const Transition& transition, ResultFolder& folder) {
-  writeNamedText(folder, "transition.csv", transitionAsCsv(transition));
-  const std::string caption = "The design profile on its way from " + transition.startSource +
-                              " to " + transition.endSource + ".";
-  return {"Transition",
-          {{caption, writeNamedSheet(folder, "transition", transitionSheet(transition))}}};
+/// What is in a folder of its own is counted.
+void tellFigures(const ResultFolder& folder, const Report& report) {
+  std::size_t sections = 0;
+  for (const Chapter& chapter : report.chapters) {
+    for (const Figure& figure : chapter.figures) {
+      if (figure.name.find('/') != std::string::npos) {
+        ++sections;
+      } else {
+        std::cout << folder.placeOf(figure.name) << ".svg, .png\n";
+      }
+    }
+  }
+  if (sections > 0) {
+    std::cout << folder.placeOf("sections") << ": " << sections << " drawings as SVG and PNG\n";
+  }
+  std::cout << folder.placeOf("report.html") << '\n' << folder.placeOf("report.pdf") << '\n';
 }
 
 }  // namespace
@@ -122,10 +94,11 @@ Chapter writeTransition(const Transition& transition, ResultFolder& folder) {
 void writeResults(const Options& options, const SurveyResults& results) {
   ResultFolder folder(options.output);
   Console::printHeading("Written");
-  std::vector<Chapter> chapters;
-  if (results.axis) chapters.push_back(writeAxis(options, results, folder));
-  if (results.transition) chapters.push_back(writeTransition(*results.transition, folder));
-  if (results.sections) writeSectionResults(*results.sections, std::move(chapters), folder);
+  writeTables(folder, results);
+  const Report report = reportOf(options, results);
+  writeReport(folder, report,
+              options.isSingleFile ? HtmlPictures::Inside : HtmlPictures::Beside);
+  tellFigures(folder, report);
   folder.publish();
 }
 

@@ -5,19 +5,9 @@
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_SURVEY_OUTPUT_H
 
 #include "tunnel_survey/Options.h"
-#include "tunnel_survey/SectionSurvey.h"
-#include "tunnel_survey/SurveySheet.h"
-#include "tunnel_survey/Transition.h"
-
-#include <optional>
+#include "tunnel_survey/SurveyResults.h"
 
 namespace TunnelSurvey {
-
-struct SurveyResults {
-  std::optional<SurveyPicture> axis;
-  std::optional<Transition> transition;
-  std::optional<SectionSurvey> sections;
-};
 
 /// Prints what it writes. Throws a Failure when it cannot.
 void writeResults(const Options& options, const SurveyResults& results);

@@ -7,6 +7,7 @@
 #include "common/exchange/AlignmentModel.h"
 #include "common/exchange/PointFile.h"
 #include "common/exchange/StationRange.h"
+#include "tunnel_survey/CheckReport.h"
 
 #include "common/drawing/SheetStyle.h"
 
@@ -27,10 +28,12 @@ struct AxisElement {
   double curvatureTo = 0.0;
 };
 
-/// What is drawn.
+/// The axis and what was done with it: what is drawn.
 struct SurveyPicture {
   boost::shared_ptr<const Ruv::Calculations::AxisDefinition> axis;
+  std::vector<double> stations;  ///< those of the table
   std::vector<Exchange::ConvertedPoint> points;
+  std::optional<CheckReport> check;
   std::string name;                                ///< of the alignment
   std::string source;                              ///< the file it comes from
   std::optional<Exchange::StationRange> sections;  ///< where the tunnel is compared with its design

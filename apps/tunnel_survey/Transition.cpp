@@ -1,8 +1,8 @@
 #include "tunnel_survey/Transition.h"
 
 #include "common/console/Files.h"
-#include "common/console/TextTable.h"
 #include "tunnel_survey/Options.h"
+#include "tunnel_survey/StationTable.h"
 
 #include "common/drawing/NumberText.h"
 
@@ -42,20 +42,6 @@ Exchange::DesignProfile readDesign(const std::string& path, const Exchange::Tabl
   return Console::valueOrFail(Exchange::readDesignProfile(in, format), path);
 }
 
-void printSections(const Transition& transition) {
-  Console::TextTable table(
-      {"stationing\nm", "elements\n", "left\nm", "right\nm", "width\nm", "height\nm", "area\nm2"});
-  for (const TransitionSection& section : transition.sections) {
-    const Exchange::DesignProfile& profile = section.profile;
-    const Point2D low = profile.lowerLeft();
-    const Point2D high = profile.upperRight();
-    table.addRow({fixed(section.station, 3), std::to_string(profile.definition()->getNumSegments()),
-                  signedFixed(low.x, 3), signedFixed(high.x, 3), fixed(high.x - low.x, 3),
-                  fixed(high.y - low.y, 3), fixed(profile.area(), 3)});
-  }
-  table.print(std::cout);
-}
-
 }  // namespace
 
 Exchange::Outcome<Transition> transitionBetween(const Exchange::DesignProfile& start,
@@ -76,15 +62,16 @@ Exchange::Outcome<Transition> transitionBetween(const Exchange::DesignProfile& s
                Drawing::stationText(station, 3) + ")"});
     }
     if (transition.edges.size() % kEdgesPerPart == 0) {
-      transition.sections.push_back({station, *profile});
+      transition.sections.push_back({station, *profile, station - range.from});
     }
     transition.edges.push_back({station, profile->lowerLeft().x, profile->upperRight().x});
   }
   return Exchange::Outcome<Transition>::success(std::move(transition));
 }
 
-std::optional<Transition> surveyTransition(const Options& options,
-                                           const Exchange::Stationing& stationing) {
+std::optional<Transition> surveyTransition(
+    const Options& options, const boost::shared_ptr<const Ruv::Calculations::AxisDefinition>& axis,
+    const Exchange::Stationing& stationing) {
   const Exchange::StationRange range = rangeOf(options, stationing);
   const Exchange::DesignProfile start = readDesign(options.design, options.formatOf("design"));
   const Exchange::DesignProfile end =
@@ -101,27 +88,57 @@ std::optional<Transition> surveyTransition(const Options& options,
   outcome.value->endSource = Console::fileName(options.transitionTo);
   std::cout << "Start profile    " << options.design << '\n'
             << "End profile      " << options.transitionTo << "\n\n";
-  printSections(*outcome.value);
+  const Ruv::Calculations::AxisCalculator calculator(axis);
+  for (TransitionSection& section : outcome.value->sections) {
+    section.fromStart = lengthBetween(calculator, range.from, section.station);
+  }
+  print(std::cout, transitionTable(*outcome.value));
   return std::move(outcome.value);
 }
 
-std::string transitionAsCsv(const Transition& transition) {
+ResultTable transitionTable(const Transition& transition) {
+  ResultTable table{{"stationing\nm", "elements\n", "left\nm", "right\nm", "width\nm",
+                     "height\nm", "area\nm\u00b2", "from the start\nm",
+                     "volume from the start\nm\u00b3"},
+                    {}};
+  double volume = 0.0;
+  for (std::size_t i = 0; i < transition.sections.size(); ++i) {
+    const Exchange::DesignProfile& profile = transition.sections[i].profile;
+    const Point2D low = profile.lowerLeft();
+    const Point2D high = profile.upperRight();
+    const double length = transition.sections[i].fromStart;
+    if (i > 0) {
+      const TransitionSection& before = transition.sections[i - 1];
+      volume += (before.profile.area() + profile.area()) / 2.0 * (length - before.fromStart);
+    }
+    table.rows.push_back({fixed(transition.sections[i].station, 3),
+                          std::to_string(profile.definition()->getNumSegments()),
+                          signedFixed(low.x, 3), signedFixed(high.x, 3), fixed(high.x - low.x, 3),
+                          fixed(high.y - low.y, 3), fixed(profile.area(), 3), fixed(length, 3),
+                          fixed(volume, 3)});
+  }
+  return table;
+}
+
+ResultTable elementTable(const Transition& transition) {
   constexpr int kDecimals = 6;
-  std::string text = "station,start_x,start_y,end_x,end_y,radius\n";
+  ResultTable table{{"stationing\nm", "start x\nm", "start y\nm", "end x\nm", "end y\nm",
+                     "radius\nm"},
+                    {}};
   for (const TransitionSection& section : transition.sections) {
     const ThProfileDefinition& definition = *section.profile.definition();
     for (unsigned i = 0; i < definition.getNumSegments(); ++i) {
       const Point2D start = definition.getSegmentStartAt(i);
       const Point2D end = definition.getSegmentEndAt(i);
-      text += fixed(section.station, 3);
+      std::vector<std::string> row = {fixed(section.station, 3)};
       for (const double number :
            {start.x, start.y, end.x, end.y, definition.getSegmentRadiusAt(i)}) {
-        text += "," + fixed(number, kDecimals);
+        row.push_back(fixed(number, kDecimals));
       }
-      text += '\n';
+      table.rows.push_back(std::move(row));
     }
   }
-  return text;
+  return table;
 }
 
 }  // namespace TunnelSurvey

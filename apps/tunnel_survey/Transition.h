@@ -5,6 +5,7 @@
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_TRANSITION_H
 
 #include "common/exchange/DesignProfile.h"
+#include "tunnel_survey/ResultTable.h"
 #include "tunnel_survey/SurveySheet.h"
 
 #include <optional>
@@ -19,6 +20,7 @@ struct Options;
 struct TransitionSection {
   double station = 0.0;
   Exchange::DesignProfile profile;
+  double fromStart = 0.0;  ///< along the axis (m)
 };
 
 /// The outermost points of the profile at a stationing, to the right of the axis (m).
@@ -47,11 +49,15 @@ Exchange::Outcome<Transition> transitionBetween(const Exchange::DesignProfile& s
 
 /// Prints the sections. Throws a Failure for files that cannot be used; profiles that cannot be
 /// morphed are told, and give nothing.
-std::optional<Transition> surveyTransition(const Options& options,
-                                           const Exchange::Stationing& stationing);
+/// @param axis along which lengths are measured; null for those of the stationing
+std::optional<Transition> surveyTransition(
+    const Options& options, const boost::shared_ptr<const Ruv::Calculations::AxisDefinition>& axis,
+    const Exchange::Stationing& stationing);
 
-/// The elements of all sections: station, start_x, start_y, end_x, end_y, radius (m).
-std::string transitionAsCsv(const Transition& transition);
+/// Size, area and volume of each section; volumes by mean end areas.
+ResultTable transitionTable(const Transition& transition);
+/// The elements of all sections.
+ResultTable elementTable(const Transition& transition);
 
 }  // namespace TunnelSurvey
 

@@ -326,7 +326,8 @@ class TransitionDrawing {
     const Point margin = mapping.toPage({m_layout.extent.left, 0.0}) - Point{kAside, 0.0};
     LabelPlacer labels(m_layout.plan.inset(0.5));
     for (std::size_t i = 0; i < m_transition.sections.size(); ++i) {
-      const auto& [station, profile] = m_transition.sections[i];
+      const double station = m_transition.sections[i].station;
+      const Exchange::DesignProfile& profile = m_transition.sections[i].profile;
       const Point left = mapping.toPage({profile.lowerLeft().x, station});
       const Point right = mapping.toPage({profile.upperRight().x, station});
       m_canvas.line(left, right, penOf(i));

@@ -48,13 +48,12 @@ Console::ExitCode run(const Options& options) {
   checkTableOptions(options);
   SurveyResults results;
   if (!options.landXml.empty()) results.axis = surveyAxis(options);
-  const Exchange::Stationing stationing =
-      results.axis ? results.axis->stationing : Exchange::Stationing();
-  if (!options.transitionTo.empty()) results.transition = surveyTransition(options, stationing);
-  if (hasMeasurements(options)) {
-    results.sections =
-        surveySections(options, results.axis ? results.axis->axis : nullptr, stationing);
+  const auto axis = results.axis ? results.axis->axis : nullptr;
+  const auto stationing = results.axis ? results.axis->stationing : Exchange::Stationing();
+  if (!options.transitionTo.empty()) {
+    results.transition = surveyTransition(options, axis, stationing);
   }
+  if (hasMeasurements(options)) results.sections = surveySections(options, axis, stationing);
   if (!options.output.empty()) writeResults(options, results);
   const bool isDoubtful = isTransitionDoubtful(options, results) ||
                           (results.sections && !results.sections->doubts.empty());

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fstream>
+#include <iostream>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -32,6 +33,18 @@ fs::path makeHiddenFolder(const fs::path& parent) {
     throw failureOf(parent, std::error_code(errno, std::generic_category()));
   }
   return name;
+}
+
+void tellUnreadable(const std::set<std::string>& words) {
+  if (words.empty()) return;
+  constexpr std::size_t kMostShown = 5;
+  std::cerr << "drawings: no installed font has all letters of";
+  std::size_t shown = 0;
+  for (const std::string& word : words) {
+    if (shown++ < kMostShown) std::cerr << (shown > 1 ? ", " : " ") << word;
+  }
+  if (words.size() > kMostShown) std::cerr << " and " << words.size() - kMostShown << " more";
+  std::cerr << ": install one for that script (on Debian, fonts-noto)\n";
 }
 
 /// A draft and its place, both to be told apart before anything is moved.
@@ -86,13 +99,11 @@ void ResultFolder::write(const std::string& name, const std::string& text) {
   if (!file) throw Failure(placeOf(name) + ": cannot be written");
 }
 
-std::string ResultFolder::writeSheet(const Drawing::Sheet& sheet, const std::string& name) {
+void ResultFolder::writePicture(const std::string& name, const Drawing::Picture& picture) {
   constexpr double kPixelsPerMillimetre = 2480.0 / 420.0;  // A3 is 2480 pixels wide
-  const Drawing::Picture picture = pictureOf(sheet);
-  std::string svg = svgOf(picture);
-  write(name + ".svg", svg);
+  write(name + ".svg", svgOf(picture));
   write(name + ".png", pngOf(picture, kPixelsPerMillimetre));
-  return svg;
+  m_unreadable.insert(picture.unreadable.begin(), picture.unreadable.end());
 }
 
 fs::path ResultFolder::createdPlace(const fs::path& relative) const {
@@ -126,6 +137,7 @@ void ResultFolder::publish() {
     if (problem) throw failureOf(move.to, problem);
   }
   m_isNew = false;
+  tellUnreadable(m_unreadable);
 }
 
 }  // namespace Console

@@ -4,10 +4,11 @@
 #ifndef CALCULATIONS_APPS_COMMON_CONSOLE_RESULT_FOLDER_H
 #define CALCULATIONS_APPS_COMMON_CONSOLE_RESULT_FOLDER_H
 
-#include "common/drawing/Canvas.h"
+#include "common/drawing/Picture.h"
 
 #include <filesystem>
 #include <memory>
+#include <set>
 #include <string>
 
 namespace Console {
@@ -43,9 +44,9 @@ class ResultFolder {
 
   void write(const std::string& name, const std::string& text);
 
-  /// As name + ".svg" and name + ".png".
-  /// @return the text of the SVG
-  std::string writeSheet(const Drawing::Sheet& sheet, const std::string& name);
+  /// As name + ".svg" and name + ".png". Words with letters that no font has are told when the
+  /// results are published.
+  void writePicture(const std::string& name, const Drawing::Picture& picture);
 
   /// Moves every draft to its place. Call it once, last.
   void publish();
@@ -58,6 +59,7 @@ class ResultFolder {
   std::filesystem::path m_drafts;
   bool m_isNew = false;  // the folder, made by this run
   std::unique_ptr<InterruptionGuard> m_guard;
+  std::set<std::string> m_unreadable;  // words in pictures
 };
 
 }  // namespace Console

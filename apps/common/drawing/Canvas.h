@@ -18,6 +18,8 @@ namespace Drawing {
 class Canvas {
  public:
   Canvas(double width, double height);
+  /// To go on drawing.
+  explicit Canvas(Picture picture) : m_picture(std::move(picture)) {}
 
   void line(const Point& from, const Point& to, const Pen& pen);
   void polyline(const std::vector<Point>& points, const Pen& pen);

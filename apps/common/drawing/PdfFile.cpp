@@ -37,20 +37,22 @@ PdfFile::PdfFile(const std::string& title) : m_impl(std::make_unique<Impl>()) {
 
 PdfFile::~PdfFile() = default;
 
-void PdfFile::addPage(const Picture& picture, const std::string& bookmark, int level) {
+void PdfFile::addBookmark(const std::string& name, int level) {
+  const std::string place = "page=" + std::to_string(m_impl->pages + 1);
+  const int parent = level == 0 ? CAIRO_PDF_OUTLINE_ROOT : m_impl->chapter;
+  const int added =
+      cairo_pdf_surface_add_outline(m_impl->surface.get(), parent, printable(name).c_str(),
+                                    place.c_str(), cairo_pdf_outline_flags_t{});
+  if (level == 0) m_impl->chapter = added;
+}
+
+void PdfFile::addPage(const Picture& picture) {
   cairo_surface_t* surface = m_impl->surface.get();
   cairo_pdf_surface_set_size(surface, picture.width * kPointsPerMillimetre,
                              picture.height * kPointsPerMillimetre);
   paint(picture, surface, kPointsPerMillimetre);
-  ++m_impl->pages;
-  if (!bookmark.empty()) {
-    const std::string place = "page=" + std::to_string(m_impl->pages);
-    const int parent = level == 0 ? CAIRO_PDF_OUTLINE_ROOT : m_impl->chapter;
-    const int added = cairo_pdf_surface_add_outline(surface, parent, printable(bookmark).c_str(),
-                                                    place.c_str(), cairo_pdf_outline_flags_t{});
-    if (level == 0) m_impl->chapter = added;
-  }
   cairo_surface_show_page(surface);
+  ++m_impl->pages;
 }
 
 std::string PdfFile::finish() {

@@ -20,10 +20,11 @@ class PdfFile {
   PdfFile(const PdfFile&) = delete;
   PdfFile& operator=(const PdfFile&) = delete;
 
+  /// A name under which a reader finds the page that is added next.
+  /// @param level 0, or 1 for one below the last of level 0
+  void addBookmark(const std::string& name, int level);
   /// A page of the picture's size.
-  /// @param bookmark under which a reader finds it; empty for none
-  /// @param level of the bookmark: 0, or 1 for one below the last of level 0
-  void addPage(const Picture& picture, const std::string& bookmark, int level);
+  void addPage(const Picture& picture);
 
   /// Ends the file and returns its bytes. Throws a std::runtime_error when it could not be made.
   std::string finish();

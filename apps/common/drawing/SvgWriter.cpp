@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 #include <utility>
 
 namespace Drawing {
@@ -19,7 +20,7 @@ namespace {
 constexpr double kUnitsPerMillimetre = 100.0;
 
 /// Points nearer than this (units) to the line between their neighbours are left out.
-constexpr double kStraight = 1.0;
+constexpr double kStraight = 1.5;
 
 constexpr double kDegreesPerRadian = 57.29577951308232;
 constexpr double kHaloWidth = 0.35;  // of the font size
@@ -234,9 +235,9 @@ std::string penAttributes(const Pen& pen) {
   return dashes.empty() ? text : text + attribute("stroke-dasharray", dashes);
 }
 
-/// Without a pen there is no line; a shape that is not filled says so.
+/// Without a pen there is no line; what has no colour inside is not filled.
 std::string paintAttributes(const std::optional<Pen>& pen, const std::optional<Colour>& inside) {
-  return attribute("fill", inside ? hex(*inside) : "none") + (pen ? penAttributes(*pen) : "");
+  return (inside ? attribute("fill", hex(*inside)) : "") + (pen ? penAttributes(*pen) : "");
 }
 
 class SvgText {
@@ -248,14 +249,23 @@ class SvgText {
              attribute("width", shortest(picture.width) + "mm") +
              attribute("height", shortest(picture.height) + "mm") +
              attribute("viewBox", "0 0 " + width + " " + height) +
-             " font-family=\"DejaVu Sans,Verdana,sans-serif\" stroke-linejoin=\"round\">\n"
+             " font-family=\"DejaVu Sans,Verdana,sans-serif\" stroke-linejoin=\"round\""
+             " fill=\"none\">\n"
              "<path fill=\"#fff\" d=\"M0 0h" +
              width + "v" + height + "h-" + width + "z\"/>\n";
   }
 
   void operator()(const PathShape& shape) {
     const std::string path = PathText(shape.path).text();
-    write(paintAttributes(shape.pen, shape.inside), "<path" + attribute("d", path) + "/>\n");
+    const std::string attributes = paintAttributes(shape.pen, shape.inside);
+    // Lines of one pen are one path; areas may overlap, and would leave a hole.
+    const bool isLine = shape.pen && !shape.inside;
+    if (isLine && m_isInPath && attributes == m_attributes) {
+      m_text.insert(m_text.size() - kPathEnd.size(), path);
+    } else {
+      write(attributes, "<path d=\"" + path + std::string(kPathEnd));
+      m_isInPath = isLine;
+    }
   }
 
   void operator()(const EllipseShape& shape) {
@@ -319,6 +329,8 @@ class SvgText {
   }
 
  private:
+  static constexpr std::string_view kPathEnd = "\"/>\n";
+
   static std::string shortest(double millimetres) {
     return millimetres == std::round(millimetres) ? fixed(millimetres, 0) : fixed(millimetres, 2);
   }
@@ -336,6 +348,7 @@ class SvgText {
 
   /// Neighbours that look alike share a group.
   void write(const std::string& attributes, const std::string& element) {
+    m_isInPath = false;
     if (!m_isInGroup || attributes != m_attributes) {
       endGroup();
       m_text += "<g" + attributes + ">\n";
@@ -348,12 +361,14 @@ class SvgText {
   void endGroup() {
     if (m_isInGroup) m_text += "</g>\n";
     m_isInGroup = false;
+    m_isInPath = false;
   }
 
   std::string m_text;
   std::string m_idPrefix;
   std::string m_attributes;  // of the open group
   bool m_isInGroup = false;
+  bool m_isInPath = false;  // which more lines can be added to
   int m_clips = 0;
 };
 
