@@ -112,12 +112,6 @@ TextStyle onLines(TextStyle style) {
   return style;
 }
 
-/// A fit can fail, or go far astray on a few points.
-bool isDrawable(const FittingResult& fit, const Exchange::DesignProfile& design) {
-  const double size = design.circumference();
-  return fit.semiAxisB > 0.0 && fit.semiAxisA < size && fit.center.length() < size;
-}
-
 class CrossSectionDrawing {
  public:
   CrossSectionDrawing(Canvas& canvas, const SectionSurvey& survey, const SectionResult& result,
@@ -520,6 +514,11 @@ double nearest(double wish, double middle, double slack) {
 }
 
 }  // namespace
+
+bool isDrawable(const FittingResult& fit, const Exchange::DesignProfile& design) {
+  const double size = design.circumference();
+  return fit.semiAxisB > 0.0 && fit.semiAxisA < size && fit.center.length() < size;
+}
 
 CrossSectionLayout crossSectionLayout(const SectionSurvey& survey) {
   const Box frame = frameBox(sheetA4());

@@ -415,15 +415,16 @@ class PlanStripDrawing {
   }
 
   void labelElement(const AxisElement& element) {
-    const double middle = (element.from + element.to) / 2.0;
-    const Point at = toPage(m_plan.at(middle));
     TextStyle style =
         Style::text(Style::kSmallTextSize, colourOf(element.kind), Align::Middle, Align::Middle);
-    style.angle = readable(angleOf(forwardAt(middle)));
     style.halo = true;
     std::vector<LabelPlace> places;
     for (const double distance : {3.4, -3.4, 6.4, -6.4}) {
-      places.push_back({at + rightAt(middle) * distance, style});
+      for (const double part : {0.5, 0.3, 0.7, 0.1, 0.9}) {
+        const double station = element.from + part * (element.to - element.from);
+        style.angle = readable(angleOf(forwardAt(station)));
+        places.push_back({toPage(m_plan.at(station)) + rightAt(station) * distance, style});
+      }
     }
     place(labelOf(element), places);
   }

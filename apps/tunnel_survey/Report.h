@@ -8,6 +8,7 @@
 
 #include "common/drawing/Canvas.h"
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,11 +25,15 @@ struct ReportTable {
   std::vector<std::string> figures;  ///< those that the rows lead to, by name; empty for none
 };
 
+/// Writes a file; false when it could not.
+using DxfWriter = std::function<bool(const std::string& path)>;
+
 struct Figure {
   std::string name;  ///< of its files in the folder of results, without ending: "sections/001_Ring_1"
   std::string title;
   std::string caption;  ///< may be empty
   Drawing::Sheet sheet;
+  DxfWriter dxf;  ///< the same for CAD programs; may be empty
 };
 
 struct Chapter {

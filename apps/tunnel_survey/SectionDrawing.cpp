@@ -1,6 +1,6 @@
 #include "tunnel_survey/SectionDrawing.h"
 
-#include "tunnel_survey/StationTable.h"
+#include "tunnel_survey/GradeLine.h"
 
 #include "common/drawing/LabelPlacer.h"
 #include "common/drawing/NumberText.h"
@@ -27,10 +27,6 @@ using Drawing::Sheet;
 using Drawing::stationText;
 using Drawing::TextStyle;
 using Drawing::WorldMapping;
-using Ruv::CVeralElement;
-using Ruv::Calculations::AxisCalculator;
-using Ruv::Calculations::AxisDefinition;
-using Ruv::Calculations::Point2D;
 namespace Style = Drawing::Style;
 
 constexpr int kMostStrips = 2;
@@ -49,55 +45,6 @@ constexpr double kSmallestHeightSpacing = 6.0;
 
 const Colour kTangent = Style::kGrey;
 const Colour kRounding = Style::kClothoid;
-
-/// A point of the vertical alignment with its rounding.
-struct GradePoint {
-  Point at;  // stationing, height
-  double from = 0.0;
-  double to = 0.0;
-  double radius = 0.0;  // 0 for a kink
-
-  bool isRounded() const { return to > from; }
-};
-
-std::vector<GradePoint> gradePointsOf(const AxisDefinition& axis) {
-  constexpr double kCoarsest = 100.0;
-  std::vector<GradePoint> points;
-  for (unsigned i = 0; i < axis.getNumVeralPoints(); ++i) {
-    const auto* element = dynamic_cast<const CVeralElement*>(axis.getVeralPointAt(i));
-    if (element == nullptr) continue;
-    const std::vector<Point2D> rounding = axis.getVeralPointPolylineAt(i, kCoarsest).points();
-    GradePoint point;
-    point.at = {element->getStationing(), element->getHeight()};
-    point.from = rounding.empty() ? point.at.x : rounding.front().x;
-    point.to = rounding.empty() ? point.at.x : rounding.back().x;
-    point.radius = std::abs(element->getRoundingValue());
-    points.push_back(point);
-  }
-  return points;
-}
-
-/// The axis in stationing and height.
-class AxisProfile {
- public:
-  explicit AxisProfile(const boost::shared_ptr<const AxisDefinition>& axis) : m_calculator(axis) {}
-
-  Point at(double station) const {
-    const auto place = placeAt(m_calculator, station);
-    return {station, place ? place->grid.height : 0.0};
-  }
-
-  std::vector<Point> between(const Exchange::StationRange& range, double step) const {
-    std::vector<Point> points;
-    for (const double station : Exchange::evenStations(range, step)) {
-      points.push_back(at(station));
-    }
-    return points;
-  }
-
- private:
-  AxisCalculator m_calculator;
-};
 
 struct SectionStrip {
   Exchange::StationRange range;
@@ -132,7 +79,7 @@ std::optional<SectionStrip> stripInDiagram(const SurveyPicture& picture,
                                            double scale, double exaggeration) {
   constexpr double kSamples = 400.0;
   const std::vector<Point> line =
-      AxisProfile(picture.axis).between(range, range.length() / kSamples);
+      GradeLine(picture.axis).between(range, range.length() / kSamples);
   const auto lower = [](const Point& a, const Point& b) { return a.y < b.y; };
   double lowest = std::min_element(line.begin(), line.end(), lower)->y;
   double highest = std::max_element(line.begin(), line.end(), lower)->y;
@@ -487,7 +434,7 @@ class SectionStripDrawing {
   Canvas& m_canvas;
   const SurveyPicture& m_picture;
   const SectionStrip& m_strip;
-  AxisProfile m_profile;
+  GradeLine m_profile;
   std::vector<GradePoint> m_points;
   double m_metresPerMillimetre;
   LabelPlacer m_labels;

@@ -7,6 +7,7 @@
 #include "tunnel_survey/PdfReport.h"
 #include "tunnel_survey/PointTable.h"
 #include "tunnel_survey/SectionTable.h"
+#include "tunnel_survey/SurveyDxf.h"
 #include "tunnel_survey/SurveyReport.h"
 
 #include <cstddef>
@@ -40,6 +41,14 @@ void writeTables(ResultFolder& folder, const SurveyResults& results) {
   }
 }
 
+void writeDxf(ResultFolder& folder, const std::string& name, const DxfWriter& write) {
+  if (!write) return;
+  const std::string file = name + ".dxf";
+  if (!write(folder.draft(file).string())) {
+    throw Console::Failure(folder.placeOf(file) + ": cannot be written");
+  }
+}
+
 std::size_t figuresOf(const Report& report) {
   std::size_t count = 0;
   for (const Chapter& chapter : report.chapters) {
@@ -61,6 +70,7 @@ void writeReport(ResultFolder& folder, const Report& report, HtmlPictures pictur
     for (const Figure& figure : chapter.figures) {
       const Drawing::Picture picture = pictureOf(figure.sheet);
       folder.writePicture(figure.name, picture);
+      writeDxf(folder, figure.name, figure.dxf);
       html.addFigure(figure, picture);
       pdf.addFigure(figure, picture);
       progress.advance();
@@ -79,12 +89,15 @@ void tellFigures(const ResultFolder& folder, const Report& report) {
       if (figure.name.find('/') != std::string::npos) {
         ++sections;
       } else {
-        std::cout << folder.placeOf(figure.name) << ".svg, .png\n";
+        std::cout << folder.placeOf(figure.name)
+                  << (figure.dxf ? ".svg, .png, .dxf\n" : ".svg, .png\n");
       }
     }
   }
   if (sections > 0) {
-    std::cout << folder.placeOf("sections") << ": " << sections << " drawings as SVG and PNG\n";
+    std::cout << folder.placeOf("sections") << ": " << sections
+              << " drawings as SVG, PNG and DXF\n"
+              << folder.placeOf("sections.dxf") << '\n';
   }
   std::cout << folder.placeOf("report.html") << '\n' << folder.placeOf("report.pdf") << '\n';
 }
@@ -98,6 +111,11 @@ void writeResults(const Options& options, const SurveyResults& results) {
   const Report report = reportOf(options, results);
   writeReport(folder, report,
               options.isSingleFile ? HtmlPictures::Inside : HtmlPictures::Beside);
+  if (results.sections) {
+    writeDxf(folder, "sections", [&results](const std::string& path) {
+      return writeSectionsDxf(path, *results.sections, results.axis ? results.axis->axis : nullptr);
+    });
+  }
   tellFigures(folder, report);
   folder.publish();
 }

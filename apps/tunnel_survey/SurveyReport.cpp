@@ -7,6 +7,7 @@
 #include "tunnel_survey/SectionDrawing.h"
 #include "tunnel_survey/SectionTable.h"
 #include "tunnel_survey/StationTable.h"
+#include "tunnel_survey/SurveyDxf.h"
 #include "tunnel_survey/TransitionDrawing.h"
 
 #include "common/drawing/NumberText.h"
@@ -74,9 +75,13 @@ void addAxis(Report& report, const Options& options, const SurveyResults& result
   }
   const std::string axis = "axis " + picture.name;
   Chapter drawings{"Axis", {}, {}};
-  drawings.figures.push_back({"plan", "Plan of " + axis, "", planSheet(picture)});
-  drawings.figures.push_back({"section", "Longitudinal section of " + axis, "",
-                              sectionSheet(picture, options.exaggeration)});
+  drawings.figures.push_back(
+      {"plan", "Plan of " + axis, "", planSheet(picture),
+       [picture](const std::string& path) { return writePlanDxf(path, picture); }});
+  drawings.figures.push_back(
+      {"section", "Longitudinal section of " + axis, "",
+       sectionSheet(picture, options.exaggeration),
+       [picture](const std::string& path) { return writeLongitudinalDxf(path, picture); }});
   report.chapters.push_back(std::move(drawings));
 
   Chapter tables{"Axis table", {}, {}};
@@ -98,7 +103,7 @@ void addAxis(Report& report, const Options& options, const SurveyResults& result
   report.chapters.push_back(std::move(tables));
 }
 
-void addTransition(Report& report, const Transition& transition) {
+void addTransition(Report& report, const Transition& transition, const AxisPointer& axis) {
   Chapter chapter{"Transition", {}, {}};
   chapter.tables.push_back({"Profiles between " + transition.startSource + " and " +
                                 transition.endSource,
@@ -107,7 +112,10 @@ void addTransition(Report& report, const Transition& transition) {
                             transitionTable(transition),
                             {}});
   chapter.figures.push_back({"transition", "Transition " + rangeText(transition.range()), "",
-                             transitionSheet(transition)});
+                             transitionSheet(transition),
+                             [&transition, axis](const std::string& path) {
+                               return writeTransitionDxf(path, transition, axis);
+                             }});
   report.chapters.push_back(std::move(chapter));
 }
 
@@ -116,7 +124,8 @@ void addSections(Report& report, const SectionSurvey& survey) {
   map.figures.push_back({"developed_map", "Developed map",
                          "Distances of the measured from the design profile over stationing and "
                          "derolment, interpolated between points and sections.",
-                         developedMapSheet(survey)});
+                         developedMapSheet(survey),
+                         {}});
   report.chapters.push_back(std::move(map));
 
   Chapter sections{survey.noun + "s", {}, {}};
@@ -125,15 +134,18 @@ void addSections(Report& report, const SectionSurvey& survey) {
   for (std::size_t i = 0; i < survey.results.size(); ++i) {
     const SectionResult& result = survey.results[i];
     names.push_back(fileNameOf(survey, i));
-    sections.figures.push_back(
-        {names.back(), titleOf(survey, result), "", crossSectionSheet(survey, result, layout)});
+    sections.figures.push_back({names.back(), titleOf(survey, result), "",
+                                crossSectionSheet(survey, result, layout),
+                                [&survey, &result](const std::string& path) {
+                                  return writeCrossSectionDxf(path, survey, result);
+                                }});
   }
   Chapter tables{"Tables", {}, {}};
   tables.tables.push_back(
       {"Areas and largest deviations", kDerolmentNote, areaTable(survey), names});
   tables.tables.push_back({"Best-fit circles and ellipses", kFitNote, fitTable(survey), names});
   if (survey.volumes) {
-    tables.tables.push_back({"Volumes between " + survey.noun + "s",
+    tables.tables.push_back({"Volumes between neighbours",
                              "By mean end areas, over the length along the axis.",
                              volumeTable(survey), names});
   }
@@ -209,7 +221,9 @@ Report reportOf(const Options& options, const SurveyResults& results) {
     report.sources = axisFacts(*results.axis);
     addAxis(report, options, results);
   }
-  if (results.transition) addTransition(report, *results.transition);
+  if (results.transition) {
+    addTransition(report, *results.transition, results.axis ? results.axis->axis : nullptr);
+  }
   if (results.sections) {
     const Facts facts = sectionFacts(*results.sections);
     report.sources.insert(report.sources.end(), facts.begin(), facts.end());

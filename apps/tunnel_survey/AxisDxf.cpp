@@ -1,0 +1,189 @@
+#include "tunnel_survey/GradeLine.h"
+#include "tunnel_survey/StationTable.h"
+#include "tunnel_survey/SurveyDxf.h"
+
+#include "common/drawing/DxfFile.h"
+#include "common/drawing/NumberText.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace TunnelSurvey {
+
+namespace {
+
+using Drawing::DxfFile;
+using Drawing::DxfLayer;
+using Drawing::Point;
+using Drawing::Point3;
+using Ruv::Calculations::AxisCalculator;
+using Ruv::Calculations::AxisPoint;
+using Ruv::Calculations::ENHPoint;
+
+const char* const kStraights = "AXIS_STRAIGHTS";
+const char* const kArcs = "AXIS_ARCS";
+const char* const kClothoids = "AXIS_CLOTHOIDS";
+const char* const kSpaceCurve = "AXIS_IN_SPACE";
+const char* const kStationing = "STATIONING";
+const char* const kPoints = "POINTS";
+const char* const kPointNames = "POINT_NAMES";
+const char* const kGradeLine = "GRADE_LINE";
+const char* const kRoundings = "ROUNDINGS";
+const char* const kTangents = "TANGENTS";
+const char* const kGradePoints = "GRADE_POINTS";
+
+constexpr double kQuarterTurn = 1.5707963267948966;
+/// Between points of a curve (m): chords of a radius of 200 m are then 0.2 mm beside it.
+constexpr double kChord = 0.5;
+constexpr double kStationText = 1.0;  // heights of letters (m)
+constexpr double kNameText = 0.4;
+
+/// The axis in the coordinates of the world.
+class PlanWriter {
+ public:
+  PlanWriter(DxfFile& file, const AxisPointer& axis)
+      : m_file(file), m_axis(*axis), m_calculator(axis) {}
+
+  void writeElements() {
+    for (const AxisElement& element : elementsWithin(m_axis, Exchange::rangeOf(m_axis))) {
+      const std::vector<Point3> curve = curveOf(element);
+      switch (element.kind) {
+        case Exchange::ElementKind::Straight:
+          m_file.line(kStraights, onGround(curve.front()), onGround(curve.back()));
+          break;
+        case Exchange::ElementKind::Arc:
+          writeArc(element);
+          break;
+        case Exchange::ElementKind::Clothoid:
+          writeOnGround(kClothoids, curve);
+          break;
+      }
+      m_file.spacePolyline(kSpaceCurve, curve, false);
+    }
+  }
+
+  /// Ticks to the left with their stationing, square to the axis.
+  void writeStationing(const std::vector<double>& stations) {
+    constexpr double kTick = 1.0;
+    constexpr double kGap = 0.4;
+    for (const double station : stations) {
+      const auto place = placeAt(m_calculator, station);
+      if (!place) continue;
+      const Point3 foot = pointAt(station, 0.0);
+      const Point3 end = pointAt(station, -kTick);
+      m_file.line(kStationing, onGround(foot), onGround(end));
+      const Point3 text = pointAt(station, -kTick - kGap);
+      m_file.text(kStationing, onGround(text), kStationText, Drawing::stationText(station, 3),
+                  std::atan2(end.y - foot.y, end.x - foot.x));
+    }
+  }
+
+ private:
+  static Point3 onGround(const Point3& point) { return {point.x, point.y, 0.0}; }
+
+  Point3 pointAt(double station, double offset) const {
+    ENHPoint grid;
+    m_calculator.axisPointToEnhPointVertical(AxisPoint(station, offset, 0.0), grid);
+    return {grid.east, grid.north, grid.height};
+  }
+
+  /// On the axis, as far as it has heights.
+  std::vector<Point3> curveOf(const AxisElement& element) const {
+    std::vector<Point3> curve;
+    for (const double station : Exchange::evenStations({element.from, element.to}, kChord)) {
+      curve.push_back(pointAt(station, 0.0));
+    }
+    return curve;
+  }
+
+  void writeOnGround(const char* layer, std::vector<Point3> curve) {
+    std::transform(curve.begin(), curve.end(), curve.begin(), onGround);
+    m_file.polyline(layer, curve, false);
+  }
+
+  /// Arcs run anticlockwise: those to the right from their end to their start.
+  void writeArc(const AxisElement& element) {
+    const double radius = 1.0 / element.curvatureFrom;
+    const Point3 centre = onGround(pointAt(element.from, radius));
+    const auto bearing = [&](double station) {
+      const Point3 point = pointAt(station, 0.0);
+      return std::atan2(point.y - centre.y, point.x - centre.x);
+    };
+    const double from = bearing(element.from);
+    const double to = bearing(element.to);
+    const bool isToTheRight = radius > 0.0;
+    m_file.arc(kArcs, centre, std::abs(radius), isToTheRight ? to : from, isToTheRight ? from : to);
+  }
+
+  DxfFile& m_file;
+  const Ruv::Calculations::AxisDefinition& m_axis;
+  AxisCalculator m_calculator;
+};
+
+void writeNamed(DxfFile& file, const Point3& at, const std::string& name) {
+  file.point(kPoints, at);
+  file.text(kPointNames, {at.x + kNameText / 2.0, at.y + kNameText / 2.0, at.z}, kNameText, name);
+}
+
+std::vector<Point3> flat(const std::vector<Point>& line) {
+  std::vector<Point3> points;
+  points.reserve(line.size());
+  for (const Point& p : line) {
+    points.push_back({p.x, p.y, 0.0});
+  }
+  return points;
+}
+
+}  // namespace
+
+bool writePlanDxf(const std::string& path, const SurveyPicture& picture) {
+  DxfFile file(path, {{kStraights, DxfLayer::kInk},
+                      {kArcs, DxfLayer::kRed},
+                      {kClothoids, DxfLayer::kCyan},
+                      {kSpaceCurve, DxfLayer::kViolet},
+                      {kStationing, DxfLayer::kGrey},
+                      {kPoints, DxfLayer::kGreen},
+                      {kPointNames, DxfLayer::kGreen}});
+  PlanWriter writer(file, picture.axis);
+  writer.writeElements();
+  writer.writeStationing(picture.stations);
+  for (const Exchange::ConvertedPoint& point : picture.points) {
+    writeNamed(file, {point.grid.east, point.grid.north, point.grid.height}, point.id);
+  }
+  return file.finish();
+}
+
+bool writeLongitudinalDxf(const std::string& path, const SurveyPicture& picture) {
+  DxfFile file(path, {{kGradeLine, DxfLayer::kInk},
+                      {kRoundings, DxfLayer::kCyan},
+                      {kTangents, DxfLayer::kGrey},
+                      {kGradePoints, DxfLayer::kInk},
+                      {kPoints, DxfLayer::kGreen},
+                      {kPointNames, DxfLayer::kGreen}});
+  const GradeLine line(picture.axis);
+  const Exchange::StationRange all = Exchange::rangeOf(*picture.axis);
+  double from = all.from;  // of the straight after the last rounding
+  std::vector<Point> tangents;
+  for (const GradePoint& point : gradePointsOf(*picture.axis)) {
+    tangents.push_back(point.at);
+    const double start = std::clamp(point.from, from, all.to);
+    const double end = std::clamp(point.to, start, all.to);
+    if (start > from) file.polyline(kGradeLine, flat({line.at(from), line.at(start)}), false);
+    if (end > start) file.polyline(kRoundings, flat(line.between({start, end}, kChord)), false);
+    from = end;
+    const Point3 at{point.at.x, point.at.y, 0.0};
+    file.point(kGradePoints, at);
+    file.text(kGradePoints, at, kStationText,
+              Drawing::stationText(point.at.x, 3) + "  H " + Drawing::fixed(point.at.y, 3),
+              kQuarterTurn);
+  }
+  if (all.to > from) file.polyline(kGradeLine, flat({line.at(from), line.at(all.to)}), false);
+  file.polyline(kTangents, flat(tangents), false);
+  for (const Exchange::ConvertedPoint& point : picture.points) {
+    writeNamed(file, {point.onAxis.stationing, point.grid.height, 0.0}, point.id);
+  }
+  return file.finish();
+}
+
+}  // namespace TunnelSurvey
