@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 namespace TunnelSurvey {
 
@@ -14,7 +15,7 @@ using Ruv::Calculations::ThProfileDefinition;
 
 constexpr double kGridStep = 1e-4;
 
-double onGrid(double coordinate) { return std::ceil(coordinate / kGridStep) * kGridStep; }
+double upToGrid(double coordinate) { return std::ceil(coordinate / kGridStep) * kGridStep; }
 
 /// How far a corner lies from the line between its neighbours. The library drops corners nearer
 /// than 0.1415 mm, and chords of this size lie 0.05 mm inside and outside their arc.
@@ -57,6 +58,43 @@ std::vector<Point2D> cornersOf(const Point2D& start, const Point2D& end, double 
   return corners;
 }
 
+double onGrid(double coordinate) { return std::round(coordinate / kGridStep) * kGridStep; }
+
+/// Of the closed polygon, positive counterclockwise.
+double areaOf(const std::vector<Point2D>& corners) {
+  double area = 0.0;
+  for (std::size_t i = 0; i < corners.size(); ++i) {
+    const Point2D a = corners[i] - corners.front();
+    const Point2D b = corners[(i + 1) % corners.size()] - corners.front();
+    area += (a.x * b.y - b.x * a.y) / 2.0;
+  }
+  return area;
+}
+
+/// Puts the corners on the grid. Rounding changes the area by some 1 cm2; a few corners then move by
+/// one more step each, where that brings it nearer to what it was.
+std::vector<Point2D> cornersOnGrid(const std::vector<Point2D>& corners) {
+  std::vector<Point2D> placed;
+  placed.reserve(corners.size());
+  for (const Point2D& corner : corners) {
+    placed.emplace_back(onGrid(corner.x), onGrid(corner.y));
+  }
+  double missing = areaOf(corners) - areaOf(placed);
+  for (std::size_t i = 0; i < placed.size(); ++i) {
+    const Point2D across =
+        placed[(i + 1) % placed.size()] - placed[(i + placed.size() - 1) % placed.size()];
+    for (const Point2D& step : {Point2D(kGridStep, 0.0), Point2D(-kGridStep, 0.0),
+                                Point2D(0.0, kGridStep), Point2D(0.0, -kGridStep)}) {
+      const double gain = (step.x * across.y - step.y * across.x) / 2.0;
+      if (!(std::abs(missing - gain) < std::abs(missing))) continue;
+      placed[i] = placed[i] + step;
+      missing -= gain;
+      break;
+    }
+  }
+  return placed;
+}
+
 }  // namespace
 
 AreaFrame::AreaFrame(const Exchange::DesignProfile& design, const std::vector<Point2D>& points,
@@ -68,26 +106,25 @@ AreaFrame::AreaFrame(const Exchange::DesignProfile& design, const std::vector<Po
   }
   const Point2D corner = design.lowerLeft();
   const Point2D wish = corner - lowest + Point2D(reach, reach);
-  m_way = Point2D(onGrid(wish.x), onGrid(wish.y)) - corner;
+  m_way = Point2D(upToGrid(wish.x), upToGrid(wish.y)) - corner;
 }
 
 Exchange::DesignProfile::Definition AreaFrame::design() const {
   const ThProfileDefinition& given = *m_design.definition();
-  const auto definition = boost::make_shared<ThProfileDefinition>();
-  const auto addStraight = [&definition](const Point2D& from, const Point2D& to) {
-    definition->addSegmentStraight(from.x, from.y, to.x, to.y);
-  };
+  std::vector<Point2D> corners;
   for (unsigned i = 0; i < given.getNumSegments(); ++i) {
-    Point2D from = moved(given.getSegmentStartAt(i));
-    const Point2D end = moved(given.getSegmentEndAt(i));
+    const Point2D start = moved(given.getSegmentStartAt(i));
     const double radius = given.getSegmentRadiusAt(i);
-    if (radius != 0.0) {
-      for (const Point2D& corner : cornersOf(from, end, radius)) {
-        addStraight(from, corner);
-        from = corner;
-      }
-    }
-    addStraight(from, end);
+    corners.push_back(start);
+    if (radius == 0.0) continue;
+    const std::vector<Point2D> inner = cornersOf(start, moved(given.getSegmentEndAt(i)), radius);
+    corners.insert(corners.end(), inner.begin(), inner.end());
+  }
+  corners = cornersOnGrid(corners);
+  const auto definition = boost::make_shared<ThProfileDefinition>();
+  for (std::size_t i = 0; i < corners.size(); ++i) {
+    const Point2D& end = corners[(i + 1) % corners.size()];
+    definition->addSegmentStraight(corners[i].x, corners[i].y, end.x, end.y);
   }
   return definition;
 }

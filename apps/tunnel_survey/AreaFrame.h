@@ -3,7 +3,8 @@
 ///
 /// For areas the library makes arcs paths of chords, which lie inside, and puts coordinates on a grid
 /// of 0.1 mm, the negative ones too near to zero: a tunnel of 54 m2 about the origin loses 20 cm2. A
-/// polygon of the same area as the profile, to the right of and above the origin, loses 1 cm2 at most.
+/// polygon of the same area as the profile, with its corners on the grid to the right of and above the
+/// origin, keeps it within 0.1 cm2.
 
 #ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_AREA_FRAME_H
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_AREA_FRAME_H
@@ -25,7 +26,7 @@ class AreaFrame {
   AreaFrame(const Exchange::DesignProfile& design, const std::vector<Point2D>& points,
             double reach);
 
-  /// A polygon of the design's area there, at no place more than 0.05 mm beside the design.
+  /// A polygon of the design's area there, at no place more than 0.2 mm beside the design.
   Exchange::DesignProfile::Definition design() const;
 
   Point2D moved(const Point2D& point) const { return point + m_way; }
