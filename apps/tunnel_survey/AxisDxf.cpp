@@ -28,6 +28,7 @@ const char* const kSpaceCurve = "AXIS_IN_SPACE";
 const char* const kStationing = "STATIONING";
 const char* const kPoints = "POINTS";
 const char* const kPointNames = "POINT_NAMES";
+const char* const kSetOut = "SETTING_OUT";
 const char* const kGradeLine = "GRADE_LINE";
 const char* const kRoundings = "ROUNDINGS";
 const char* const kTangents = "TANGENTS";
@@ -39,11 +40,16 @@ constexpr double kChord = 0.5;
 constexpr double kStationText = 1.0;  // heights of letters (m)
 constexpr double kNameText = 0.4;
 
+Point3 inSpace(const ENHPoint& grid) { return {grid.east, grid.north, grid.height}; }
+
 /// The axis in the coordinates of the world.
 class PlanWriter {
  public:
-  PlanWriter(DxfFile& file, const AxisPointer& axis)
-      : m_file(file), m_axis(*axis), m_calculator(axis) {}
+  PlanWriter(DxfFile& file, const SurveyPicture& picture)
+      : m_file(file),
+        m_axis(*picture.axis),
+        m_stationing(picture.stationing),
+        m_calculator(picture.axis) {}
 
   void writeElements() {
     for (const AxisElement& element : elementsWithin(m_axis, Exchange::rangeOf(m_axis))) {
@@ -74,7 +80,7 @@ class PlanWriter {
       const Point3 end = pointAt(station, -kTick);
       m_file.line(kStationing, onGround(foot), onGround(end));
       const Point3 text = pointAt(station, -kTick - kGap);
-      m_file.text(kStationing, onGround(text), kStationText, Drawing::stationText(station, 3),
+      m_file.text(kStationing, onGround(text), kStationText, m_stationing.text(station, 3),
                   std::atan2(end.y - foot.y, end.x - foot.x));
     }
   }
@@ -85,7 +91,7 @@ class PlanWriter {
   Point3 pointAt(double station, double offset) const {
     ENHPoint grid;
     m_calculator.axisPointToEnhPointVertical(AxisPoint(station, offset, 0.0), grid);
-    return {grid.east, grid.north, grid.height};
+    return inSpace(grid);
   }
 
   /// On the axis, as far as it has heights.
@@ -118,12 +124,14 @@ class PlanWriter {
 
   DxfFile& m_file;
   const Ruv::Calculations::AxisDefinition& m_axis;
+  const Exchange::Stationing& m_stationing;
   AxisCalculator m_calculator;
 };
 
-void writeNamed(DxfFile& file, const Point3& at, const std::string& name) {
-  file.point(kPoints, at);
-  file.text(kPointNames, {at.x + kNameText / 2.0, at.y + kNameText / 2.0, at.z}, kNameText, name);
+void writeNamed(DxfFile& file, const char* pointLayer, const char* nameLayer, const Point3& at,
+                const std::string& name) {
+  file.point(pointLayer, at);
+  file.text(nameLayer, {at.x + kNameText / 2.0, at.y + kNameText / 2.0, at.z}, kNameText, name);
 }
 
 std::vector<Point3> flat(const std::vector<Point>& line) {
@@ -144,12 +152,16 @@ bool writePlanDxf(const std::string& path, const SurveyPicture& picture) {
                       {kSpaceCurve, DxfLayer::kViolet},
                       {kStationing, DxfLayer::kGrey},
                       {kPoints, DxfLayer::kGreen},
-                      {kPointNames, DxfLayer::kGreen}});
-  PlanWriter writer(file, picture.axis);
+                      {kPointNames, DxfLayer::kGreen},
+                      {kSetOut, DxfLayer::kOrange}});
+  PlanWriter writer(file, picture);
   writer.writeElements();
   writer.writeStationing(picture.stations);
   for (const Exchange::ConvertedPoint& point : picture.points) {
-    writeNamed(file, {point.grid.east, point.grid.north, point.grid.height}, point.id);
+    writeNamed(file, kPoints, kPointNames, inSpace(point.grid), point.id);
+  }
+  for (const Exchange::ConvertedPoint& point : picture.setOut) {
+    writeNamed(file, kSetOut, kSetOut, inSpace(point.grid), point.id);
   }
   return file.finish();
 }
@@ -160,7 +172,8 @@ bool writeLongitudinalDxf(const std::string& path, const SurveyPicture& picture)
                       {kTangents, DxfLayer::kGrey},
                       {kGradePoints, DxfLayer::kInk},
                       {kPoints, DxfLayer::kGreen},
-                      {kPointNames, DxfLayer::kGreen}});
+                      {kPointNames, DxfLayer::kGreen},
+                      {kSetOut, DxfLayer::kOrange}});
   const GradeLine line(picture.axis);
   const Exchange::StationRange all = Exchange::rangeOf(*picture.axis);
   double from = all.from;  // of the straight after the last rounding
@@ -175,13 +188,17 @@ bool writeLongitudinalDxf(const std::string& path, const SurveyPicture& picture)
     const Point3 at{point.at.x, point.at.y, 0.0};
     file.point(kGradePoints, at);
     file.text(kGradePoints, at, kStationText,
-              Drawing::stationText(point.at.x, 3) + "  H " + Drawing::fixed(point.at.y, 3),
+              picture.stationing.text(point.at.x, 3) + "  H " + Drawing::fixed(point.at.y, 3),
               kQuarterTurn);
   }
   if (all.to > from) file.polyline(kGradeLine, flat({line.at(from), line.at(all.to)}), false);
   file.polyline(kTangents, flat(tangents), false);
   for (const Exchange::ConvertedPoint& point : picture.points) {
-    writeNamed(file, {point.onAxis.stationing, point.grid.height, 0.0}, point.id);
+    writeNamed(file, kPoints, kPointNames, {point.onAxis.stationing, point.grid.height, 0.0},
+               point.id);
+  }
+  for (const Exchange::ConvertedPoint& point : picture.setOut) {
+    writeNamed(file, kSetOut, kSetOut, {point.onAxis.stationing, point.grid.height, 0.0}, point.id);
   }
   return file.finish();
 }

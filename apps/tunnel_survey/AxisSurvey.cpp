@@ -4,6 +4,7 @@
 #include "common/console/Files.h"
 #include "tunnel_survey/CheckReport.h"
 #include "tunnel_survey/PointTable.h"
+#include "tunnel_survey/SetOut.h"
 #include "tunnel_survey/StationTable.h"
 
 #include "common/drawing/NumberText.h"
@@ -40,29 +41,31 @@ void printSummary(const Options& options, const Exchange::Alignment& alignment,
             << " straights, " << countOf(alignment, Exchange::ElementKind::Arc) << " arcs, "
             << countOf(alignment, Exchange::ElementKind::Clothoid) << " clothoids\n"
             << "Profile          " << alignment.profile.size() << " points\n"
-            << "Stationing       " << Drawing::stationText(from, 3) << " to "
-            << Drawing::stationText(to, 3) << ", " << fixed(to - from, 3) << " m\n"
+            << "Stationing       " << built.stationing.text(from, 3) << " to "
+            << built.stationing.text(to, 3) << ", " << fixed(to - from, 3) << " m\n"
             << "Largest misfit   " << Drawing::scientific(built.largestMisfit, 1)
             << " m between the end of an element and its printed end\n"
             << "Largest kink     " << Drawing::scientific(Utilities::rad2gon(built.largestKink), 1)
             << " gon between two elements\n";
 }
 
-void printPoints(const std::vector<Exchange::ConvertedPoint>& points) {
+void printPoints(const std::vector<Exchange::ConvertedPoint>& points,
+                 const SurveyPicture& picture) {
   constexpr std::size_t kMostShown = 15;
   const std::size_t shown = std::min(points.size(), kMostShown);
-  print(std::cout, pointTable({points.begin(), points.begin() + static_cast<long>(shown)}));
+  print(std::cout, pointTable({points.begin(), points.begin() + static_cast<long>(shown)}, picture));
   if (points.size() > shown) std::cout << "  and " << points.size() - shown << " more\n";
 }
 
 std::vector<Exchange::ConvertedPoint> convertPointFile(const Options& options,
-                                                       const AxisCalculator& calculator) {
+                                                       const AxisCalculator& calculator,
+                                                       const SurveyPicture& picture) {
   const auto file =
       Console::readTable(options.points, Exchange::readSurveyedPoints, options.formatOf("points"));
   const Exchange::PointPlacer placer(calculator, options.largestOffset);
   auto converted = Exchange::convertPoints(placer, file.points);
   Console::printHeading("Surveyed points");
-  printPoints(converted.points);
+  printPoints(converted.points, picture);
   std::vector<Exchange::Remark> rejected = file.rejected;
   rejected.insert(rejected.end(), converted.rejected.begin(), converted.rejected.end());
   std::cout << "\nConverted " << converted.points.size() << " points, rejected " << rejected.size()
@@ -78,27 +81,27 @@ std::vector<Exchange::ConvertedPoint> convertPointFile(const Options& options,
   return converted.points;
 }
 
-CheckReport compareWithCheckFile(const Options& options, const AxisCalculator& calculator) {
+CheckReport compareWithCheckFile(const Options& options, const AxisCalculator& calculator,
+                                 const Exchange::Stationing& stationing) {
   const auto file =
       Console::readTable(options.check, Exchange::readCheckPoints, options.formatOf("check"));
-  CheckReport check = compareWith(file.points, calculator);
+  CheckReport check = compareWith(file.points, calculator, stationing);
   check.source = Console::fileName(options.check);
   Console::printHeading("Comparison with " + options.check);
-  print(std::cout, checkTable(check));
+  print(std::cout, checkTable(check, stationing));
   Console::printRemarks(options.check, file.rejected);
   Console::printRemarks(options.check, check.rejected);
   return check;
 }
 
-std::vector<double> tabulatedStations(const Options& options, const AxisDefinition& axis) {
+std::vector<double> tabulatedStations(const Options& options, const SurveyPicture& picture) {
   constexpr double kMostLines = 100000.0;
-  const double lowest = axis.minimumStng2d();
-  const double highest = axis.maximumStng2d();
-  if (!((highest - lowest) / options.step <= kMostLines)) {
+  const Exchange::StationRange range = Exchange::rangeOf(*picture.axis);
+  if (!(range.length() / options.step <= kMostLines)) {
     throw Console::WrongUsage("--step " + fixed(options.step, 2) +
                               " gives more than 100 000 lines");
   }
-  return regularStations(lowest, highest, options.step);
+  return regularStations(picture.stationing, range, options.step);
 }
 
 }  // namespace
@@ -111,15 +114,16 @@ SurveyPicture surveyAxis(const Options& options) {
 
   Console::printHeading("Axis");
   SurveyPicture picture;
-  picture.stations = tabulatedStations(options, *built.axis);
-  print(std::cout, stationTable(calculator, picture.stations));
   picture.axis = built.axis;
   picture.stationing = built.stationing;
   picture.hasHeights = built.hasHeights;
+  picture.stations = tabulatedStations(options, picture);
+  print(std::cout, stationTable(picture));
   picture.name = alignment.name;
   picture.source = Console::fileName(options.landXml);
-  if (!options.points.empty()) picture.points = convertPointFile(options, calculator);
-  if (!options.check.empty()) picture.check = compareWithCheckFile(options, calculator);
+  if (!options.points.empty()) picture.points = convertPointFile(options, calculator, picture);
+  if (!options.setOut.empty()) picture.setOut = setOut(options, calculator, picture);
+  if (!options.check.empty()) picture.check = compareWithCheckFile(options, calculator, picture.stationing);
   return picture;
 }
 

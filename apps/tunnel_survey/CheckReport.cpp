@@ -12,15 +12,17 @@ namespace TunnelSurvey {
 using Drawing::fixed;
 using Drawing::scientific;
 using Ruv::Calculations::AxisCalculator;
+using Ruv::Calculations::AxisPoint;
 using Ruv::Calculations::ENHPoint;
 using Ruv::Calculations::Utilities;
 
 namespace {
 
 std::vector<std::string> rowOf(const std::string& quantity, const DifferenceSummary& summary,
-                               const std::string& unit) {
+                               const std::string& unit,
+                               const Exchange::Stationing& stationing) {
   return {quantity, std::to_string(summary.count), scientific(summary.largest, 1),
-          fixed(summary.stationOfLargest, 3), scientific(summary.rms(), 1), unit};
+          stationing.metresText(summary.stationOfLargest, 3), scientific(summary.rms(), 1), unit};
 }
 
 }  // namespace
@@ -40,15 +42,22 @@ double DifferenceSummary::rms() const {
 }
 
 CheckReport compareWith(const std::vector<Exchange::CheckPoint>& points,
-                        const AxisCalculator& calculator) {
+                        const AxisCalculator& calculator,
+                        const Exchange::Stationing& stationing) {
   CheckReport report;
   for (const Exchange::CheckPoint& point : points) {
-    const double station = point.onAxis.stationing;
+    const auto read = stationing.placeOf(point.onAxis.stationing);
+    if (!read.value) {
+      report.rejected.push_back({point.line, read.error.message});
+      continue;
+    }
+    const double station = *read.value;
     const auto place = placeAt(calculator, station);
+    const AxisPoint onAxis(station, point.onAxis.offset, point.onAxis.height);
     ENHPoint grid;
-    if (!place || !calculator.axisPointToEnhPointVertical(point.onAxis, grid)) {
+    if (!place || !calculator.axisPointToEnhPointVertical(onAxis, grid)) {
       report.rejected.push_back(
-          {point.line, "station " + fixed(station, 3) + " lies outside the axis"});
+          {point.line, "station " + stationing.text(station, 3) + " lies outside the axis"});
       continue;
     }
     const ENHPoint difference = grid - point.grid;
@@ -59,10 +68,10 @@ CheckReport compareWith(const std::vector<Exchange::CheckPoint>& points,
   return report;
 }
 
-ResultTable checkTable(const CheckReport& report) {
+ResultTable checkTable(const CheckReport& report, const Exchange::Stationing& stationing) {
   return {{"difference\n", "points\n", "largest\n", "at stationing\nm", "rms\n", "unit\n"},
-          {rowOf("plan", report.plan, "m"), rowOf("height", report.height, "m"),
-           rowOf("azimuth", report.azimuth, "rad")}};
+          {rowOf("plan", report.plan, "m", stationing), rowOf("height", report.height, "m", stationing),
+           rowOf("azimuth", report.azimuth, "rad", stationing)}};
 }
 
 }  // namespace TunnelSurvey

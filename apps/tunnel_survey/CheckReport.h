@@ -5,6 +5,7 @@
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_CHECK_REPORT_H
 
 #include "common/exchange/PointFile.h"
+#include "common/exchange/Stationing.h"
 #include "tunnel_survey/ResultTable.h"
 
 #include <Calculations/Calculations.h>
@@ -36,9 +37,10 @@ struct CheckReport {
 
 /// Points whose station lies outside the axis are rejected.
 CheckReport compareWith(const std::vector<Exchange::CheckPoint>& points,
-                        const Ruv::Calculations::AxisCalculator& calculator);
+                        const Ruv::Calculations::AxisCalculator& calculator,
+                        const Exchange::Stationing& stationing);
 
-ResultTable checkTable(const CheckReport& report);
+ResultTable checkTable(const CheckReport& report, const Exchange::Stationing& stationing);
 
 }  // namespace TunnelSurvey
 

@@ -4,6 +4,7 @@
 #include "common/exchange/PointCloud.h"
 #include "common/exchange/PointFile.h"
 #include "tunnel_survey/SectionFile.h"
+#include "tunnel_survey/SetOut.h"
 
 #include <algorithm>
 
@@ -21,6 +22,7 @@ std::vector<Console::NamedTable> tablesOf(const Options& options) {
     if (!path.empty()) tables.push_back({name, &schema});
   };
   add("points", options.points, Exchange::surveyedPointColumns());
+  add("setout", options.setOut, setOutColumns());
   add("check", options.check, Exchange::checkPointColumns());
   add("design", options.design, Exchange::designProfileColumns());
   add("transition-to", options.transitionTo, Exchange::designProfileColumns());
@@ -43,6 +45,11 @@ Console::Option addAxisOptions(Console::OptionGroup all, Options& options) {
   group.add("--max-offset", options.largestOffset, "Points farther from the axis are rejected (m)")
       .between(0.0, 1e6)
       .tellDefault();
+  group
+      .add("--setout", options.setOut,
+           "CSV of points whose coordinates are wanted: station, and if given id, offset to the "
+           "right and height_above_axis (m)")
+      .needs(landXml);
   group
       .add("--check", options.check,
            "CSV of coordinates to compare with: station, offset, height_above_axis, east, "
@@ -148,14 +155,16 @@ void addOptions(Console::OptionGroup all, Options& options) {
   addComparisonOptions(sections, options);
   addTransitionOptions(sections, options, design);
   Console::addTableOptions(all, options.tables,
-                           "points, check, design, sections, origins, scan, transition-to");
+                           "points, setout, check, design, sections, origins, scan, transition-to");
   all.addFlag("--accept", options.accept,
               "End with exit code 0 although something is doubtful; it is told all the same");
   auto output = all.add("--output", options.output,
-                        "Directory for the results: the report (HTML and PDF), drawings (SVG and "
-                        "PNG), tables (CSV)");
+                        "Directory for the results: the report (HTML and PDF), drawings (SVG, PNG "
+                        "and DXF), tables (CSV)");
   all.addFlag("--single-file", options.isSingleFile,
               "The HTML report holds its drawings, for mailing")
+      .needs(output);
+  all.addFlag("--json", options.hasJson, "Also all results as results.json, with every digit")
       .needs(output);
 }
 

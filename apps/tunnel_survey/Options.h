@@ -21,6 +21,7 @@ struct Options {
   double step = 100.0;
   std::string points;
   double largestOffset = 100.0;
+  std::string setOut;
   std::string check;
   double exaggeration = 10.0;
 
@@ -47,9 +48,10 @@ struct Options {
 
   std::string output;
   bool isSingleFile = false;
+  bool hasJson = false;
 
-  /// How the table of an option is written: "points", "check", "design", "sections", "origins",
-  /// "scan" or "transition-to".
+  /// How the table of an option is written: "points", "setout", "check", "design", "sections",
+  /// "origins", "scan" or "transition-to".
   Exchange::TableFormat formatOf(const std::string& table) const;
 };
 

@@ -1,5 +1,7 @@
 #include "tunnel_survey/PlanDrawing.h"
 
+#include "tunnel_survey/StationTable.h"
+
 #include "common/console/Progress.h"
 #include "common/drawing/LabelPlacer.h"
 #include "common/drawing/NumberText.h"
@@ -176,6 +178,7 @@ class PlanStripDrawing {
     drawNorth();
     drawCaption();
     labelAxisEnds();
+    labelEquations();
     drawStationing();
     reservePoints();
     labelElements(Exchange::ElementKind::Arc);
@@ -261,7 +264,7 @@ class PlanStripDrawing {
         Style::text(Style::kSmallTextSize, Style::kGrey, Align::Middle, Align::Middle);
     style.angle = readable(angleOf(side));
     const Point beside = at + side * 0.6 + forwardAt(station) * (outward * 3.0);
-    m_labels.place(m_canvas, "match " + stationText(station, 0), {{beside, style}});
+    m_labels.place(m_canvas, "match " + m_picture.stationing.text(station, 0), {{beside, style}});
   }
 
   /// In the first corner of the frame that is free.
@@ -286,8 +289,8 @@ class PlanStripDrawing {
     TextStyle style = Style::text(Style::kTextSize, Style::kInk, Align::Start, Align::Start);
     style.bold = true;
     const Box box = m_strip.frame.inset(3.0);
-    const std::string words = "Stationing " + stationText(m_strip.range.from, 3) + " to " +
-                              stationText(m_strip.range.to, 3);
+    const std::string words = "Stationing " + m_picture.stationing.text(m_strip.range.from, 3) +
+                              " to " + m_picture.stationing.text(m_strip.range.to, 3);
     TextStyle lower = style;
     lower.vertical = Align::End;
     m_labels.place(m_canvas, words,
@@ -303,9 +306,9 @@ class PlanStripDrawing {
       drawTick(station, 1.2);
     }
     for (const double station : multiples(step)) {
-      const bool isBold = std::abs(std::remainder(station, kBoldEvery * step)) < step / 2.0;
+      const bool isBold = std::abs(std::remainder(m_picture.stationing.stationAt(station), kBoldEvery * step)) < step / 2.0;
       drawTick(station, isBold ? 4.0 : 2.6);
-      if (!isAtAxisEnd(station)) labelStation(station, stationText(station, 0), isBold);
+      if (!isAtAxisEnd(station)) labelStation(station, m_picture.stationing.text(station, 0), isBold);
     }
   }
 
@@ -319,12 +322,24 @@ class PlanStripDrawing {
     for (const double end : {m_strip.range.from, m_strip.range.to}) {
       if (!isAtAxisEnd(end)) continue;
       drawTick(end, 4.0);
-      labelStation(end, stationText(end, 3), true);
+      labelStation(end, m_picture.stationing.text(end, 3), true);
+    }
+  }
+
+  /// "0+876.272 = 5+350.000 ahead"
+  void labelEquations() {
+    for (const Exchange::StationEquation& equation : m_picture.stationing.equations()) {
+      if (equation.place < m_strip.range.from || equation.place > m_strip.range.to) continue;
+      drawTick(equation.place, 4.0);
+      labelStation(equation.place,
+                   m_picture.stationing.text(equation.place, 3) + " = " +
+                       stationText(equation.ahead, 3) + " ahead",
+                   true);
     }
   }
 
   std::vector<double> multiples(double step) const {
-    return Drawing::multiplesWithin(m_strip.range.from, m_strip.range.to, step);
+    return roundStations(m_picture.stationing, m_strip.range, step);
   }
 
   void drawTick(double station, double size) {
@@ -354,17 +369,26 @@ class PlanStripDrawing {
   }
 
   void reservePoints() {
-    for (const Exchange::ConvertedPoint& point : m_picture.points) {
-      if (!isVisible(point)) continue;
-      const Point at = toPage(eastNorth(point.grid));
-      m_labels.reserve(Drawing::outlineOfBox(Box{at.x, at.y, at.x, at.y}.inset(-0.8)));
+    for (const auto* points : {&m_picture.points, &m_picture.setOut}) {
+      for (const Exchange::ConvertedPoint& point : *points) {
+        if (!isVisible(point)) continue;
+        const Point at = toPage(eastNorth(point.grid));
+        m_labels.reserve(Drawing::outlineOfBox(Box{at.x, at.y, at.x, at.y}.inset(-0.8)));
+      }
     }
   }
 
   void drawPoints(const std::function<void()>& placed) {
+    for (const Exchange::ConvertedPoint& point : m_picture.setOut) {
+      if (!isVisible(point)) continue;
+      labelPoint(point, Style::kSetOut);
+      Style::setOutPoint(m_canvas, toPage(eastNorth(point.grid)));
+      placed();
+    }
     for (const Exchange::ConvertedPoint& point : m_picture.points) {
       if (!isVisible(point)) continue;
-      drawPoint(point);
+      labelPoint(point, Style::kSurveyed);
+      Style::surveyedPoint(m_canvas, toPage(eastNorth(point.grid)));
       placed();
     }
   }
@@ -375,7 +399,7 @@ class PlanStripDrawing {
            m_strip.frame.contains(toPage(eastNorth(point.grid)));
   }
 
-  void drawPoint(const Exchange::ConvertedPoint& point) {
+  void labelPoint(const Exchange::ConvertedPoint& point, const Drawing::Colour& colour) {
     const Point at = toPage(eastNorth(point.grid));
     const Point right = rightAt(point.onAxis.stationing);
     const Point forward = forwardAt(point.onAxis.stationing);
@@ -384,19 +408,17 @@ class PlanStripDrawing {
       for (const double shift : {0.0, 3.0, -3.0, 6.0, -6.0, 9.0, -9.0, 12.0, -12.0, 15.0, -15.0}) {
         const Point target = at + right * distance + forward * shift;
         const Align vertical = target.y > at.y ? Align::Start : Align::End;
-        TextStyle style =
-            Style::text(Style::kSmallTextSize, Style::kSurveyed, Align::Middle, vertical);
+        TextStyle style = Style::text(Style::kSmallTextSize, colour, Align::Middle, vertical);
         style.halo = true;
         places.push_back({target, style});
       }
     }
     // In a crowd leaders may cross near their points rather than a point lose its label.
     const auto placeBeyond = [&](double clearance) {
-      return m_labels.placeWithLeader(m_canvas, point.id, at, clearance,
-                                      {Style::kSurveyed, 0.15, {}}, places) != nullptr;
+      return m_labels.placeWithLeader(m_canvas, point.id, at, clearance, {colour, 0.15, {}},
+                                      places) != nullptr;
     };
     if (!placeBeyond(2.6) && !placeBeyond(4.0)) ++m_leftOut;
-    Style::surveyedPoint(m_canvas, at);
   }
 
   void labelElements(Exchange::ElementKind kind) {
@@ -453,12 +475,16 @@ std::vector<Drawing::LegendEntry> legend(const SurveyPicture& picture) {
   const auto pointSample = [](Canvas& canvas, const Box& box) {
     Style::surveyedPoint(canvas, box.centre());
   };
+  const auto setOutSample = [](Canvas& canvas, const Box& box) {
+    Style::setOutPoint(canvas, box.centre());
+  };
   std::vector<Drawing::LegendEntry> entries = {
       {lineSample(Style::kStraight), "straight"},
       {lineSample(Style::kArc), "arc, radius R in m"},
       {lineSample(Style::kClothoid), "clothoid, parameter A in m"},
       {endSample, "change of element"}};
   if (!picture.points.empty()) entries.push_back({pointSample, "surveyed point"});
+  if (!picture.setOut.empty()) entries.push_back({setOutSample, "point to be set out"});
   if (picture.sections) {
     entries.push_back({lineSample(Style::kSections, kBandWidth), "compared cross-sections"});
   }
@@ -473,8 +499,8 @@ Sheet planSheet(const SurveyPicture& picture) {
   const PlanLayout layout = largestLayout(picture, plan, Drawing::drawingArea(sheet));
   const Sheet size = sheet;
   sheet.draw = [picture, layout, size](Canvas& canvas) {
-    constexpr std::size_t kManyPoints = 2000;
-    Console::Progress progress("Labelling the plan", picture.points.size(), kManyPoints);
+    Console::Progress progress("Labelling the plan",
+                               picture.points.size() + picture.setOut.size());
     std::size_t leftOut = 0;
     for (const PlanStrip& strip : layout.strips) {
       PlanStripDrawing drawing(canvas, picture, strip, 1.0 / layout.millimetresPerMetre());

@@ -4,15 +4,16 @@
 #ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_POINT_TABLE_H
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_POINT_TABLE_H
 
-#include "common/exchange/PointFile.h"
 #include "tunnel_survey/ResultTable.h"
+#include "tunnel_survey/SurveySheet.h"
 
 #include <vector>
 
 namespace TunnelSurvey {
 
-/// Surveyed points with their places on the axis.
-ResultTable pointTable(const std::vector<Exchange::ConvertedPoint>& points, int decimals = 3);
+/// Points with their places on the axis.
+ResultTable pointTable(const std::vector<Exchange::ConvertedPoint>& points,
+                       const SurveyPicture& picture, int decimals = 3);
 
 }  // namespace TunnelSurvey
 

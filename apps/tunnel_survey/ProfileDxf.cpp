@@ -188,7 +188,7 @@ bool writeTransitionDxf(const std::string& path, const Transition& transition,
     const char* layer = i == 0 ? kStartProfile : isLast ? kEndProfile : kMorphed;
     file.spacePolyline(layer, placer.placed(section.station, section.profile.outline()), true);
     file.text(kTexts, placer.placed(section.station, {section.profile.crown()}).front(),
-              kTextHeight, Drawing::stationText(section.station, 3));
+              kTextHeight, transition.stationing.text(section.station, 3));
   }
   for (double TransitionEdges::*side : {&TransitionEdges::left, &TransitionEdges::right}) {
     std::vector<Point3> edge;

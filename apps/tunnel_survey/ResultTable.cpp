@@ -1,7 +1,7 @@
 #include "tunnel_survey/ResultTable.h"
 
 #include "common/console/TextTable.h"
-#include "common/exchange/CsvTable.h"
+#include "common/exchange/TableCells.h"
 #include "common/exchange/NumberParsing.h"
 
 #include <cstddef>
@@ -20,9 +20,11 @@ std::string plainUnit(std::string unit) {
   return unit;
 }
 
-std::string cellOf(const std::string& text) {
-  if (text == "-") return {};
-  if (!Exchange::parseNumber(text)) return Exchange::csvCell(text);
+/// Numbers stand in columns with a unit: without a plus, and without the dash for none.
+std::string cellOf(const std::string& text, bool isNumber) {
+  if (!isNumber || !Exchange::parseNumber(text)) {
+    return isNumber && text == "-" ? std::string() : Exchange::csvCell(text);
+  }
   return text.front() == '+' ? text.substr(1) : text;
 }
 
@@ -54,7 +56,7 @@ std::string csvOf(const ResultTable& table) {
   for (const std::vector<std::string>& row : table.rows) {
     for (std::size_t i = 0; i < row.size(); ++i) {
       if (i > 0) text += ',';
-      text += cellOf(row[i]);
+      text += cellOf(row[i], !unitIn(table.headings[i]).empty());
     }
     text += '\n';
   }

@@ -10,7 +10,7 @@
 
 namespace TunnelSurvey {
 
-/// Headings are a name and, after a line break, the unit.
+/// Headings are a name and, after a line break, the unit; numbers have one, but for counts.
 struct ResultTable {
   std::vector<std::string> headings;
   std::vector<std::vector<std::string>> rows;
@@ -24,7 +24,7 @@ std::string unitIn(const std::string& heading);
 
 void print(std::ostream& out, const ResultTable& table);
 
-/// With headings as "stationing [m]". Cells with a dash, which stands for no value, are empty.
+/// With headings as "stationing [m]"; where a number is missing the cell is empty.
 std::string csvOf(const ResultTable& table);
 
 }  // namespace TunnelSurvey

@@ -1,6 +1,7 @@
 #include "tunnel_survey/SectionDrawing.h"
 
 #include "tunnel_survey/GradeLine.h"
+#include "tunnel_survey/StationTable.h"
 
 #include "common/drawing/LabelPlacer.h"
 #include "common/drawing/NumberText.h"
@@ -24,7 +25,6 @@ using Drawing::LabelPlacer;
 using Drawing::Pen;
 using Drawing::Point;
 using Drawing::Sheet;
-using Drawing::stationText;
 using Drawing::TextStyle;
 using Drawing::WorldMapping;
 namespace Style = Drawing::Style;
@@ -83,10 +83,12 @@ std::optional<SectionStrip> stripInDiagram(const SurveyPicture& picture,
   const auto lower = [](const Point& a, const Point& b) { return a.y < b.y; };
   double lowest = std::min_element(line.begin(), line.end(), lower)->y;
   double highest = std::max_element(line.begin(), line.end(), lower)->y;
-  for (const Exchange::ConvertedPoint& point : picture.points) {
-    if (point.onAxis.stationing < range.from || point.onAxis.stationing > range.to) continue;
-    lowest = std::min(lowest, point.grid.height);
-    highest = std::max(highest, point.grid.height);
+  for (const auto* points : {&picture.points, &picture.setOut}) {
+    for (const Exchange::ConvertedPoint& point : *points) {
+      if (point.onAxis.stationing < range.from || point.onAxis.stationing > range.to) continue;
+      lowest = std::min(lowest, point.grid.height);
+      highest = std::max(highest, point.grid.height);
+    }
   }
   const double perMetre = 1000.0 / scale;
   const double perHeight = perMetre * exaggeration;
@@ -142,7 +144,8 @@ class SectionStripDrawing {
       drawTangents();
       drawGradeLine();
     });
-    drawSurveyedPoints();
+    drawPoints(m_picture.setOut, Style::setOutPoint);
+    drawPoints(m_picture.points, Style::surveyedPoint);
     drawGradePoints();
     drawGrades();
     m_canvas.rectangle(m_strip.diagram, {Style::kInk, 0.35, {}});
@@ -172,9 +175,8 @@ class SectionStripDrawing {
   }
 
   std::vector<double> labelledStations() const {
-    return Drawing::multiplesWithin(
-        m_strip.range.from, m_strip.range.to,
-        Drawing::niceStep(kSmallestStationSpacing * m_metresPerMillimetre));
+    return roundStations(m_picture.stationing, m_strip.range,
+                         Drawing::niceStep(kSmallestStationSpacing * m_metresPerMillimetre));
   }
 
   void drawGrid() {
@@ -231,17 +233,18 @@ class SectionStripDrawing {
     m_labels.reserve(Drawing::outlineOfLine(at - half, at + half, 0.5));
   }
 
-  void drawSurveyedPoints() {
-    for (const Exchange::ConvertedPoint& point : m_picture.points) {
+  void drawPoints(const std::vector<Exchange::ConvertedPoint>& points,
+                  void (*drawAt)(Canvas& canvas, const Point& at)) {
+    for (const Exchange::ConvertedPoint& point : points) {
       if (!isShown(point.onAxis.stationing)) continue;
       const Point at = toPage({point.onAxis.stationing, point.grid.height});
-      Style::surveyedPoint(m_canvas, at);
+      drawAt(m_canvas, at);
       m_labels.reserve(Drawing::outlineOfBox(Box{at.x, at.y, at.x, at.y}.inset(-1.0)));
     }
   }
 
-  static std::vector<std::string> linesOf(const GradePoint& point) {
-    std::vector<std::string> lines = {stationText(point.at.x, 3), "H " + fixed(point.at.y, 3)};
+  std::vector<std::string> linesOf(const GradePoint& point) const {
+    std::vector<std::string> lines = {m_picture.stationing.text(point.at.x, 3), "H " + fixed(point.at.y, 3)};
     if (!point.isRounded()) return lines;
     lines.push_back("R " + Drawing::grouped(point.radius));
     lines.push_back("L " + fixed(point.to - point.from, 2));
@@ -341,7 +344,7 @@ class SectionStripDrawing {
     for (const double station : labelledStations()) {
       const Point at{pageX(station), box.top};
       m_canvas.line(at, at + Point{0.0, 1.2}, {Style::kInk, 0.2, {}});
-      textInBand(box, at.x, 3.6, stationText(station, 0));
+      textInBand(box, at.x, 3.6, m_picture.stationing.text(station, 0));
     }
   }
 
@@ -441,7 +444,7 @@ class SectionStripDrawing {
   std::size_t m_leftOut = 0;
 };
 
-std::vector<Drawing::LegendEntry> legend(bool withPoints) {
+std::vector<Drawing::LegendEntry> legend(const SurveyPicture& picture) {
   const auto lineSample = [](const Pen& pen) {
     return [pen](Canvas& canvas, const Box& box) {
       canvas.line({box.left, box.centre().y}, {box.right, box.centre().y}, pen);
@@ -460,13 +463,17 @@ std::vector<Drawing::LegendEntry> legend(bool withPoints) {
   const auto pointSample = [](Canvas& canvas, const Box& box) {
     Style::surveyedPoint(canvas, box.centre());
   };
+  const auto setOutSample = [](Canvas& canvas, const Box& box) {
+    Style::setOutPoint(canvas, box.centre());
+  };
   std::vector<Drawing::LegendEntry> entries = {
       {lineSample({Style::kStraight, kGradeLineWidth, {}}), "grade line"},
       {roundingSample, "rounding and its ends"},
       {lineSample({kTangent, 0.2, {1.6, 0.9}}), "tangents"},
       {intersectionSample,
        "point of intersection: height H,\nradius R and length L of its rounding"}};
-  if (withPoints) entries.push_back({pointSample, "surveyed point"});
+  if (!picture.points.empty()) entries.push_back({pointSample, "surveyed point"});
+  if (!picture.setOut.empty()) entries.push_back({setOutSample, "point to be set out"});
   return entries;
 }
 
@@ -490,7 +497,7 @@ Sheet sectionSheet(const SurveyPicture& picture, double exaggeration) {
                                   Drawing::scaleText(layout.scale / layout.exaggeration) +
                                   " on A3: exaggerated " + fixed(layout.exaggeration, 0) + " times",
                               "Source: " + picture.source},
-                             legend(!picture.points.empty()),
+                             legend(picture),
                              layout.millimetresPerMetre(),
                              leftOut});
   };

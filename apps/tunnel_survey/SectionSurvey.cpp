@@ -215,7 +215,7 @@ void printSummary(const Options& options, const SectionSurvey& survey) {
 std::string titleOf(const SectionSurvey& survey, const SectionResult& result) {
   const MeasuredSection& section = result.section;
   const std::string title = survey.noun + " " + section.name;
-  return section.station ? title + " at " + Drawing::stationText(*section.station, 3) : title;
+  return section.station ? title + " at " + survey.stationing.text(*section.station, 3) : title;
 }
 
 SectionSurvey surveySections(const Options& options,

@@ -59,8 +59,8 @@ Columns nameColumns(const SectionSurvey& survey, int decimals) {
   Columns columns = {{lowerCase(survey.noun) + "\n",
                       [](const SectionResult& result) { return result.section.name; }}};
   if (survey.hasStations()) {
-    columns.push_back({"stationing\nm", [decimals](const SectionResult& result) {
-                         return fixed(*result.section.station, decimals);
+    columns.push_back({"stationing\nm", [&survey, decimals](const SectionResult& result) {
+                         return survey.stationing.metresText(*result.section.station, decimals);
                        }});
   }
   return columns;
@@ -202,8 +202,8 @@ ResultTable volumeTable(const SectionSurvey& survey) {
     const MeasuredSection& to = survey.results[i + 1].section;
     std::vector<std::string> row = {from.name,
                                     to.name,
-                                    fixed(*from.station, 3),
-                                    fixed(*to.station, 3),
+                                    survey.stationing.metresText(*from.station, 3),
+                                    survey.stationing.metresText(*to.station, 3),
                                     fixed(part.length, 3),
                                     fixed(part.design, 3),
                                     fixed(part.over, 3),

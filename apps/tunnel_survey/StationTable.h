@@ -4,7 +4,10 @@
 #ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_STATION_TABLE_H
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_STATION_TABLE_H
 
+#include "common/exchange/StationRange.h"
+#include "common/exchange/Stationing.h"
 #include "tunnel_survey/ResultTable.h"
+#include "tunnel_survey/SurveySheet.h"
 
 #include <Calculations/Calculations.h>
 
@@ -28,11 +31,15 @@ std::optional<AxisPlace> placeAt(const Ruv::Calculations::AxisCalculator& calcul
 
 /// Both ends of a range and the multiples of the step between them. A step that gives more than
 /// 100 000 stations gives the ends only.
-std::vector<double> regularStations(double lowest, double highest, double step);
+std::vector<double> regularStations(const Exchange::Stationing& stationing,
+                                    const Exchange::StationRange& range, double step);
 
-/// Leaves out what lies outside the axis.
-ResultTable stationTable(const Ruv::Calculations::AxisCalculator& calculator,
-                         const std::vector<double>& stations);
+/// The places in a range where the station that people read is a multiple of the step.
+std::vector<double> roundStations(const Exchange::Stationing& stationing,
+                                  const Exchange::StationRange& range, double step);
+
+/// The stations of the picture; leaves out what lies outside the axis.
+ResultTable stationTable(const SurveyPicture& picture);
 
 /// The distance of two stationings along the axis in space, or of the stationings where there is
 /// no axis.

@@ -8,6 +8,7 @@
 #include "tunnel_survey/PointTable.h"
 #include "tunnel_survey/SectionTable.h"
 #include "tunnel_survey/SurveyDxf.h"
+#include "tunnel_survey/SurveyJson.h"
 #include "tunnel_survey/SurveyReport.h"
 
 #include <cstddef>
@@ -28,7 +29,10 @@ void writeNamed(ResultFolder& folder, const std::string& name, const std::string
 void writeTables(ResultFolder& folder, const SurveyResults& results) {
   constexpr int kDecimals = 4;
   if (results.axis && !results.axis->points.empty()) {
-    writeNamed(folder, "points_on_axis.csv", csvOf(pointTable(results.axis->points, kDecimals)));
+    writeNamed(folder, "points_on_axis.csv", csvOf(pointTable(results.axis->points, *results.axis, kDecimals)));
+  }
+  if (results.axis && !results.axis->setOut.empty()) {
+    writeNamed(folder, "setting_out.csv", csvOf(pointTable(results.axis->setOut, *results.axis, kDecimals)));
   }
   if (results.transition) {
     writeNamed(folder, "transition.csv", csvOf(transitionTable(*results.transition)));
@@ -59,11 +63,10 @@ std::size_t figuresOf(const Report& report) {
 
 /// Each drawing as files, and into both kinds of report.
 void writeReport(ResultFolder& folder, const Report& report, HtmlPictures pictures) {
-  constexpr std::size_t kManyFigures = 8;
   HtmlReport html(pictures);
   PdfReport pdf(report);
   html.addHead(report);
-  Console::Progress progress("Drawing", figuresOf(report), kManyFigures);
+  Console::Progress progress("Drawing", figuresOf(report));
   for (const Chapter& chapter : report.chapters) {
     html.beginChapter(chapter);
     pdf.beginChapter(chapter);
@@ -108,6 +111,7 @@ void writeResults(const Options& options, const SurveyResults& results) {
   ResultFolder folder(options.output);
   Console::printHeading("Written");
   writeTables(folder, results);
+  if (options.hasJson) writeNamed(folder, "results.json", jsonOf(results).text());
   const Report report = reportOf(options, results);
   writeReport(folder, report,
               options.isSingleFile ? HtmlPictures::Inside : HtmlPictures::Beside);

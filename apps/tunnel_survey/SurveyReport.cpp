@@ -23,8 +23,6 @@ namespace TunnelSurvey {
 namespace {
 
 using Drawing::fixed;
-using Drawing::stationText;
-using Ruv::Calculations::AxisCalculator;
 
 const char* const kDerolmentNote =
     "Derolment: length along the design profile from its crown, positive clockwise looking "
@@ -36,8 +34,9 @@ const char* const kPointNote =
     "Offset: from the axis, positive to the right. Height above axis: from the axis there; height: "
     "of the point.";
 
-std::string rangeText(const Exchange::StationRange& range) {
-  return stationText(range.from, 3) + " to " + stationText(range.to, 3);
+std::string rangeText(const Exchange::Stationing& stationing,
+                      const Exchange::StationRange& range) {
+  return stationing.text(range.from, 3) + " to " + stationing.text(range.to, 3);
 }
 
 /// Long tables are in files of their own anyway.
@@ -78,26 +77,32 @@ void addAxis(Report& report, const Options& options, const SurveyResults& result
   drawings.figures.push_back(
       {"plan", "Plan of " + axis, "", planSheet(picture),
        [picture](const std::string& path) { return writePlanDxf(path, picture); }});
-  drawings.figures.push_back(
-      {"section", "Longitudinal section of " + axis, "",
-       sectionSheet(picture, options.exaggeration),
-       [picture](const std::string& path) { return writeLongitudinalDxf(path, picture); }});
+  if (picture.hasHeights) {
+    drawings.figures.push_back(
+        {"section", "Longitudinal section of " + axis, "",
+         sectionSheet(picture, options.exaggeration),
+         [picture](const std::string& path) { return writeLongitudinalDxf(path, picture); }});
+  }
   report.chapters.push_back(std::move(drawings));
 
   Chapter tables{"Axis table", {}, {}};
   tables.tables.push_back(shortened(
       {"Axis " + picture.name, "Radius: positive for curves to the right. Grade: positive uphill.",
-       stationTable(AxisCalculator(picture.axis), picture.stations), {}},
+       stationTable(picture), {}},
       ""));
   if (!picture.points.empty()) {
     tables.tables.push_back(
-        shortened({"Surveyed points", kPointNote, pointTable(picture.points), {}},
+        shortened({"Surveyed points", kPointNote, pointTable(picture.points, picture), {}},
                   "points_on_axis.csv"));
+  }
+  if (!picture.setOut.empty()) {
+    tables.tables.push_back(shortened({"Setting out", kPointNote, pointTable(picture.setOut, picture), {}},
+                                      "setting_out.csv"));
   }
   if (picture.check) {
     tables.tables.push_back({"Comparison with " + picture.check->source,
                              "Computed here less the coordinates of the file.",
-                             checkTable(*picture.check),
+                             checkTable(*picture.check, picture.stationing),
                              {}});
   }
   report.chapters.push_back(std::move(tables));
@@ -111,7 +116,7 @@ void addTransition(Report& report, const Transition& transition, const AxisPoint
                             "areas, over the length along the axis.",
                             transitionTable(transition),
                             {}});
-  chapter.figures.push_back({"transition", "Transition " + rangeText(transition.range()), "",
+  chapter.figures.push_back({"transition", "Transition " + rangeText(transition.stationing, transition.range()), "",
                              transitionSheet(transition),
                              [&transition, axis](const std::string& path) {
                                return writeTransitionDxf(path, transition, axis);
@@ -163,7 +168,8 @@ std::string geologyText(const GeologyRule& rule) {
 Facts axisFacts(const SurveyPicture& picture) {
   const Exchange::StationRange range = Exchange::rangeOf(*picture.axis);
   Facts facts = {{"Axis", picture.name + ", " + picture.source},
-                 {"Stationing", rangeText(range) + ", " + fixed(range.length(), 3) + " m"}};
+                 {"Stationing", rangeText(picture.stationing, range) + ", " + fixed(range.length(), 3) + " m"}};
+  if (!picture.hasHeights) facts.emplace_back("Heights", "none: the alignment has no profile");
   if (!picture.points.empty()) {
     facts.emplace_back("Points", std::to_string(picture.points.size()) + " surveyed points");
   }
@@ -178,7 +184,7 @@ Facts sectionFacts(const SectionSurvey& survey) {
                  {"Measured", survey.source},
                  {survey.noun + "s", std::to_string(survey.results.size())}};
   if (survey.hasStations()) {
-    facts.emplace_back("From, to", rangeText({*survey.results.front().section.station,
+    facts.emplace_back("From, to", rangeText(survey.stationing, {*survey.results.front().section.station,
                                               *survey.results.back().section.station}));
   }
   facts.emplace_back("Outline", rule.followDesign

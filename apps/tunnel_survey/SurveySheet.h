@@ -33,6 +33,7 @@ struct SurveyPicture {
   boost::shared_ptr<const Ruv::Calculations::AxisDefinition> axis;
   std::vector<double> stations;  ///< those of the table
   std::vector<Exchange::ConvertedPoint> points;
+  std::vector<Exchange::ConvertedPoint> setOut;  ///< computed from their places on the axis
   std::optional<CheckReport> check;
   std::string name;                                ///< of the alignment
   std::string source;                              ///< the file it comes from

@@ -111,7 +111,7 @@ ResultTable transitionTable(const Transition& transition) {
       const TransitionSection& before = transition.sections[i - 1];
       volume += (before.profile.area() + profile.area()) / 2.0 * (length - before.fromStart);
     }
-    table.rows.push_back({fixed(transition.sections[i].station, 3),
+    table.rows.push_back({transition.stationing.metresText(transition.sections[i].station, 3),
                           std::to_string(profile.definition()->getNumSegments()),
                           signedFixed(low.x, 3), signedFixed(high.x, 3), fixed(high.x - low.x, 3),
                           fixed(high.y - low.y, 3), fixed(profile.area(), 3), fixed(length, 3),
@@ -130,7 +130,7 @@ ResultTable elementTable(const Transition& transition) {
     for (unsigned i = 0; i < definition.getNumSegments(); ++i) {
       const Point2D start = definition.getSegmentStartAt(i);
       const Point2D end = definition.getSegmentEndAt(i);
-      std::vector<std::string> row = {fixed(section.station, 3)};
+      std::vector<std::string> row = {transition.stationing.metresText(section.station, 3)};
       for (const double number :
            {start.x, start.y, end.x, end.y, definition.getSegmentRadiusAt(i)}) {
         row.push_back(fixed(number, kDecimals));

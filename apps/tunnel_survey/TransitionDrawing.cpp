@@ -231,7 +231,7 @@ class TransitionDrawing {
     };
     TextStyle title = bold(style(Align::Start));
     title.size = 3.6;
-    m_canvas.text({frame.left + 12.0, y}, Drawing::stationText(station, 3), title);
+    m_canvas.text({frame.left + 12.0, y}, m_transition.stationing.text(station, 3), title);
     const Point right{frame.right - 4.0, y};
     if (isGiven(index)) {
       m_canvas.text(right, index == 0 ? "start profile" : "end profile", bold(style(Align::End)));
@@ -333,7 +333,7 @@ class TransitionDrawing {
       m_canvas.line(left, right, penOf(i));
       labelEdge(labels, left, 1.0, profile.lowerLeft().x);
       labelEdge(labels, right, -1.0, profile.upperRight().x);
-      labels.place(m_canvas, Drawing::stationText(station, 3),
+      labels.place(m_canvas, m_transition.stationing.text(station, 3),
                    {placeAbove({margin.x, left.y}, -1.0), placeAbove({column.x, left.y}, 0.0),
                     placeAbove((left + right) * 0.5, 0.0)});
     }
@@ -408,8 +408,8 @@ Sheet transitionSheet(const Transition& transition) {
     const Exchange::StationRange range = transition.range();
     Drawing::drawTitleBlock(
         canvas, size,
-        {"Transition from " + Drawing::stationText(range.from, 3) + " to " +
-             Drawing::stationText(range.to, 3),
+        {"Transition from " + transition.stationing.text(range.from, 3) + " to " +
+             transition.stationing.text(range.to, 3),
          {"Sections " + Drawing::scaleText(layout.sectionScale) +
               " on A3, looking forward; lengths in m",
           "Start profile: " + transition.startSource + ", end profile: " + transition.endSource},

@@ -88,6 +88,12 @@ void surveyedPoint(Canvas& canvas, const Point& at) {
   canvas.circle(at, 0.65, {kSurveyed, 0.3, {}}, kWhite);
 }
 
+void setOutPoint(Canvas& canvas, const Point& at) {
+  constexpr double kArm = 0.9;
+  canvas.line(at - Point{kArm, 0.0}, at + Point{kArm, 0.0}, {kSetOut, 0.3, {}});
+  canvas.line(at - Point{0.0, kArm}, at + Point{0.0, kArm}, {kSetOut, 0.3, {}});
+}
+
 }  // namespace Style
 
 Box drawingArea(const Sheet& sheet) {

@@ -30,6 +30,7 @@ constexpr Colour kStraight{0.20, 0.24, 0.29};
 constexpr Colour kArc{0.70, 0.27, 0.16};
 constexpr Colour kClothoid{0.10, 0.45, 0.62};
 constexpr Colour kSurveyed{0.16, 0.49, 0.27};
+constexpr Colour kSetOut{0.55, 0.18, 0.52};
 constexpr Colour kSections{1.00, 0.84, 0.45};
 
 constexpr double kTextSize = 2.9;
@@ -37,6 +38,7 @@ constexpr double kSmallTextSize = 2.6;
 
 TextStyle text(double size, const Colour& colour, Align horizontal, Align vertical);
 void surveyedPoint(Canvas& canvas, const Point& at);
+void setOutPoint(Canvas& canvas, const Point& at);
 
 }  // namespace Style
 

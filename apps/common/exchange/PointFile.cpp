@@ -99,17 +99,4 @@ ConvertedPoints convertPoints(const PointPlacer& placer, const std::vector<Surve
   return converted;
 }
 
-std::string convertedPointsAsCsv(const std::vector<ConvertedPoint>& points) {
-  std::string text = "id,station,offset,height_above_axis,east,north,height\n";
-  for (const ConvertedPoint& point : points) {
-    text += csvCell(point.id);
-    for (const double value : {point.onAxis.stationing, point.onAxis.offset, point.onAxis.height,
-                               point.grid.east, point.grid.north, point.grid.height}) {
-      text += ',' + fixed(value, 4);
-    }
-    text += '\n';
-  }
-  return text;
-}
-
 }  // namespace Exchange

@@ -111,9 +111,6 @@ struct ConvertedPoints {
 
 ConvertedPoints convertPoints(const PointPlacer& placer, const std::vector<SurveyedPoint>& points);
 
-/// The converted points as CSV, in metres with four decimals.
-std::string convertedPointsAsCsv(const std::vector<ConvertedPoint>& points);
-
 }  // namespace Exchange
 
 #endif
