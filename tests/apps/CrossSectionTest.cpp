@@ -7,6 +7,7 @@
 #include "tunnel_survey/SectionFile.h"
 #include "tunnel_survey/SectionSurvey.h"
 #include "tunnel_survey/SectionTable.h"
+#include "tunnel_survey/SurveyReport.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -221,7 +222,7 @@ TEST(SectionComparison, PointsThatDetermineNothingAreReportedWithoutNumbers) {
   for (const SectionSurvey& survey :
        {surveyOf({{"1", 0.0, coincident}, {"2", 0.0, coincident}}, {}),
         surveyOf({{"1", 0.0, pointsAround(6.0, 20)}}, everything)}) {
-    const std::string csv = sectionsAsCsv(survey);
+    const std::string csv = csvOf(sectionTable(survey));
     EXPECT_THAT(csv, Not(HasSubstr("nan")));
     EXPECT_THAT(csv, Not(HasSubstr("inf")));
     EXPECT_FALSE(pictureOf(developedMapSheet(survey)).shapes.empty());
@@ -246,18 +247,23 @@ TEST(DevelopedMap, InterpolatesBetweenSectionsButNotAcrossGaps) {
 }
 
 TEST(HtmlReport, NeedsNoOtherFileAndEscapesNames) {
-  const SectionSurvey survey = surveyOf({{"<i>", 1.0, pointsAround(5.1, 20)}}, {});
-  std::ostringstream out;
-  HtmlReport report(out, survey);
-  report.writeHead({{"A & B", {}}});
-  report.writeTables();
-  report.writeSection(survey.results[0], "<svg a=\"#1\">100%</svg>");
-  report.writeEnd();
-  EXPECT_THAT(out.str(),
-              HasSubstr("src=\"data:image/svg+xml,%3Csvg a=%22%231%22%3E100%25%3C/svg%3E\""));
-  EXPECT_THAT(out.str(), HasSubstr("<a href=\"#A &amp; B\">A &amp; B</a>"));
-  for (const char* text : {"<i>", "<b>", "http", "<script", "<link"}) {
-    EXPECT_THAT(out.str(), Not(HasSubstr(text)));
+  SurveyResults results;
+  results.sections = surveyOf({{"<i>", 1.0, pointsAround(5.1, 20)}}, {});
+  const Report report = reportOf({}, results);
+  HtmlReport html(HtmlPictures::Inside);
+  html.addHead(report);
+  for (const Chapter& chapter : report.chapters) {
+    html.beginChapter(chapter);
+    for (const Figure& figure : chapter.figures) {
+      html.addFigure(figure, pictureOf(figure.sheet));
+    }
+    html.endChapter();
+  }
+  const std::string text = html.finish();
+  EXPECT_THAT(text, HasSubstr("Section &lt;i&gt;"));
+  EXPECT_THAT(text, HasSubstr("<svg"));
+  for (const char* unwanted : {"<i>", "<b>", "<script", "<link", "src=\"http", "href=\"http"}) {
+    EXPECT_THAT(text, Not(HasSubstr(unwanted)));
   }
 }
 

@@ -2,6 +2,7 @@
 #include "common/exchange/LandXmlReader.h"
 #include "common/exchange/LandXmlUnits.h"
 #include "common/exchange/PointFile.h"
+#include "tunnel_survey/PointTable.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -260,7 +261,7 @@ TEST(PointFile, IdsOfAnyLettersComeBack) {
   for (const char* id : {"#7", "=1+1", "'@", "say \"7\", please", "back\\slash", "#"}) {
     written.push_back({id, {}, {}});
   }
-  std::istringstream in(Exchange::convertedPointsAsCsv(written));
+  std::istringstream in(TunnelSurvey::csvOf(TunnelSurvey::pointTable(written, {})));
   const auto read = Exchange::readSurveyedPoints(in);
   ASSERT_TRUE(read.value);
   ASSERT_EQ(read.value->points.size(), written.size());
