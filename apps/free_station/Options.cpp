@@ -47,7 +47,7 @@ void addOptions(Console::OptionGroup all, Options& options) {
               "something is doubtful; it is told all the same");
   all.add("--json", options.json, "File for all results as JSON (m, gon)");
   all.add("--output", options.output,
-          "Directory for the drawing (SVG and PNG) and the tables (CSV) of the station, the "
+          "Directory for the drawing (SVG, PNG, PDF) and the tables (CSV) of the station, the "
           "residuals and the other points");
 }
 

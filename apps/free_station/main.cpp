@@ -15,7 +15,6 @@
 
 #include "common/drawing/PdfFile.h"
 
-#include <filesystem>
 #include <iostream>
 
 namespace {
@@ -36,14 +35,6 @@ void writeResults(const std::string& output, const Survey& survey) {
   std::cout << "\nDrawing: " << folder.placeOf("free_station") << ".svg, .png and .pdf\n";
 }
 
-void writeJson(const std::string& file, const Survey& survey) {
-  const std::filesystem::path path(file);
-  const std::string folder = path.parent_path().empty() ? "." : path.parent_path().string();
-  Console::ResultFolder results(folder);
-  results.write(path.filename().string(), asJson(survey));
-  results.publish();
-}
-
 Console::ExitCode run(const Options& options) {
   std::clog.rdbuf(nullptr);  // the resection reports its steps there
   const Survey survey = surveyWith(options);
@@ -54,7 +45,7 @@ Console::ExitCode run(const Options& options) {
     return Console::ExitCode::Doubtful;
   }
   if (!options.output.empty()) writeResults(options.output, survey);
-  if (!options.json.empty()) writeJson(options.json, survey);
+  if (!options.json.empty()) Console::writeResult(options.json, asJson(survey));
   const bool isFine = survey.doubts.empty() || options.accept;
   return isFine ? Console::ExitCode::Fine : Console::ExitCode::Doubtful;
 }

@@ -71,8 +71,8 @@ double areaOf(const std::vector<Point2D>& corners) {
   return area;
 }
 
-/// Puts the corners on the grid. Rounding changes the area by some 1 cm2; a few corners then move by
-/// one more step each, where that brings it nearer to what it was.
+/// Puts the corners on the grid. Rounding changes the area by some 1 cm2; a few corners then move
+/// by one more step each, where that brings it nearer to what it was.
 std::vector<Point2D> cornersOnGrid(const std::vector<Point2D>& corners) {
   std::vector<Point2D> placed;
   placed.reserve(corners.size());

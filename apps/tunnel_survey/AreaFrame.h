@@ -1,10 +1,10 @@
 /// @file
 /// Where areas are computed, so that they are those of true arcs.
 ///
-/// For areas the library makes arcs paths of chords, which lie inside, and puts coordinates on a grid
-/// of 0.1 mm, the negative ones too near to zero: a tunnel of 54 m2 about the origin loses 20 cm2. A
-/// polygon of the same area as the profile, with its corners on the grid to the right of and above the
-/// origin, keeps it within 0.1 cm2.
+/// For areas the library makes arcs paths of chords, which lie inside, and puts coordinates on a
+/// grid of 0.1 mm, the negative ones too near to zero: a tunnel of 54 m2 about the origin loses 20
+/// cm2. A polygon of the same area as the profile, with its corners on the grid to the right of and
+/// above the origin, keeps it within 0.1 cm2.
 
 #ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_AREA_FRAME_H
 #define CALCULATIONS_APPS_TUNNEL_SURVEY_AREA_FRAME_H

@@ -53,7 +53,8 @@ void printPoints(const std::vector<Exchange::ConvertedPoint>& points,
                  const SurveyPicture& picture) {
   constexpr std::size_t kMostShown = 15;
   const std::size_t shown = std::min(points.size(), kMostShown);
-  print(std::cout, pointTable({points.begin(), points.begin() + static_cast<long>(shown)}, picture));
+  print(std::cout,
+        pointTable({points.begin(), points.begin() + static_cast<long>(shown)}, picture));
   if (points.size() > shown) std::cout << "  and " << points.size() - shown << " more\n";
 }
 
@@ -123,7 +124,8 @@ SurveyPicture surveyAxis(const Options& options) {
   picture.source = Console::fileName(options.landXml);
   if (!options.points.empty()) picture.points = convertPointFile(options, calculator, picture);
   if (!options.setOut.empty()) picture.setOut = setOut(options, calculator, picture);
-  if (!options.check.empty()) picture.check = compareWithCheckFile(options, calculator, picture.stationing);
+  if (!options.check.empty())
+    picture.check = compareWithCheckFile(options, calculator, picture.stationing);
   return picture;
 }
 

@@ -19,10 +19,13 @@ using Ruv::Calculations::Utilities;
 namespace {
 
 std::vector<std::string> rowOf(const std::string& quantity, const DifferenceSummary& summary,
-                               const std::string& unit,
-                               const Exchange::Stationing& stationing) {
-  return {quantity, std::to_string(summary.count), scientific(summary.largest, 1),
-          stationing.metresText(summary.stationOfLargest, 3), scientific(summary.rms(), 1), unit};
+                               const std::string& unit, const Exchange::Stationing& stationing) {
+  return {quantity,
+          std::to_string(summary.count),
+          scientific(summary.largest, 1),
+          stationing.metresText(summary.stationOfLargest, 3),
+          scientific(summary.rms(), 1),
+          unit};
 }
 
 }  // namespace
@@ -42,8 +45,7 @@ double DifferenceSummary::rms() const {
 }
 
 CheckReport compareWith(const std::vector<Exchange::CheckPoint>& points,
-                        const AxisCalculator& calculator,
-                        const Exchange::Stationing& stationing) {
+                        const AxisCalculator& calculator, const Exchange::Stationing& stationing) {
   CheckReport report;
   for (const Exchange::CheckPoint& point : points) {
     const auto read = stationing.placeOf(point.onAxis.stationing);
@@ -69,9 +71,10 @@ CheckReport compareWith(const std::vector<Exchange::CheckPoint>& points,
 }
 
 ResultTable checkTable(const CheckReport& report, const Exchange::Stationing& stationing) {
-  return {{"difference\n", "points\n", "largest\n", "at stationing\nm", "rms\n", "unit\n"},
-          {rowOf("plan", report.plan, "m", stationing), rowOf("height", report.height, "m", stationing),
-           rowOf("azimuth", report.azimuth, "rad", stationing)}};
+  return {
+      {"difference\n", "points\n", "largest\n", "at stationing\nm", "rms\n", "unit\n"},
+      {rowOf("plan", report.plan, "m", stationing), rowOf("height", report.height, "m", stationing),
+       rowOf("azimuth", report.azimuth, "rad", stationing)}};
 }
 
 }  // namespace TunnelSurvey

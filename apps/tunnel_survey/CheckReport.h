@@ -28,7 +28,7 @@ struct DifferenceSummary {
 };
 
 struct CheckReport {
-  std::string source;        ///< the file of the coordinates
+  std::string source;         ///< the file of the coordinates
   DifferenceSummary plan;     ///< distance in east and north (m)
   DifferenceSummary height;   ///< m
   DifferenceSummary azimuth;  ///< rad

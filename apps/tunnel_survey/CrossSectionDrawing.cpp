@@ -526,8 +526,8 @@ CrossSectionLayout crossSectionLayout(const SectionSurvey& survey) {
   const double height = frame.height() - kTopRoom - kFootRoom;
   const Box extent = extentOfProfiles(survey);
   const Point wish = extentOfFits(survey, extent).centre();
-  const double scale = Drawing::largestUsualScale(
-      std::min(width / extent.width(), height / extent.height()));
+  const double scale =
+      Drawing::largestUsualScale(std::min(width / extent.width(), height / extent.height()));
   const double metres = scale / 1000.0;
   return {scale,
           {nearest(wish.x, extent.centre().x, width * metres - extent.width()),

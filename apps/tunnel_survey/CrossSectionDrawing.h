@@ -14,8 +14,7 @@
 namespace TunnelSurvey {
 
 /// A fit can fail, or go far astray on a few points.
-bool isDrawable(const Ruv::Calculations::FittingResult& fit,
-                const Exchange::DesignProfile& design);
+bool isDrawable(const Ruv::Calculations::FittingResult& fit, const Exchange::DesignProfile& design);
 
 /// One scale and one place on the sheet for all sections of a survey, so that sheets laid upon each
 /// other fit.

@@ -1,6 +1,6 @@
 #include "tunnel_survey/DevelopedMap.h"
-#include "tunnel_survey/StationTable.h"
 #include "tunnel_survey/SectionTable.h"
+#include "tunnel_survey/StationTable.h"
 #include "tunnel_survey/SurveySheet.h"
 
 #include "common/drawing/Furniture.h"
@@ -242,8 +242,8 @@ class DevelopedMapDrawing {
     const double perMetre = 1000.0 / m_layout.stationScale;
     const double step = Drawing::niceStep(kSmallestSpacing / perMetre);
     const TextStyle style = Style::text(Style::kTextSize, Style::kInk, Align::Middle, Align::Start);
-    for (const double station :
-         roundStations(m_survey.stationing, {m_map.positions().front(), m_map.positions().back()}, step)) {
+    for (const double station : roundStations(
+             m_survey.stationing, {m_map.positions().front(), m_map.positions().back()}, step)) {
       const double x = toPage(station, 0.0).x;
       m_canvas.line({x, m_frame.bottom}, {x, m_frame.bottom + 1.4}, {Style::kInk, 0.2, {}});
       m_canvas.text({x, m_frame.bottom + 2.4}, m_survey.stationing.text(station, 0), style);

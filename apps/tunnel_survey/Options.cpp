@@ -164,8 +164,7 @@ void addOptions(Console::OptionGroup all, Options& options) {
   all.addFlag("--single-file", options.isSingleFile,
               "The HTML report holds its drawings, for mailing")
       .needs(output);
-  all.addFlag("--json", options.hasJson, "Also all results as results.json, with every digit")
-      .needs(output);
+  all.add("--json", options.json, "File for all results as JSON (m, gon, %)");
 }
 
 Exchange::TableFormat Options::formatOf(const std::string& table) const {

@@ -48,7 +48,7 @@ struct Options {
 
   std::string output;
   bool isSingleFile = false;
-  bool hasJson = false;
+  std::string json;
 
   /// How the table of an option is written: "points", "setout", "check", "design", "sections",
   /// "origins", "scan" or "transition-to".

@@ -130,10 +130,10 @@ Drawing::Picture titlePage(const Report& report) {
   drawFacts(canvas, {kContent.left, top, middle - kGap / 2.0, kContent.bottom}, report.sources);
   drawFacts(canvas, {middle + kGap / 2.0, top, kContent.right, kContent.bottom}, report.summary);
   constexpr double kContentsHeight = 62.0;
-  drawContents(canvas,
-               {kContent.left, kContent.bottom - kContentsHeight, kContent.left + 90.0,
-                kContent.bottom},
-               report);
+  drawContents(
+      canvas,
+      {kContent.left, kContent.bottom - kContentsHeight, kContent.left + 90.0, kContent.bottom},
+      report);
   canvas.text({kContent.left, kContent.bottom}, report.note, grey(plain(Align::Start)));
   return canvas.picture();
 }

@@ -306,9 +306,11 @@ class PlanStripDrawing {
       drawTick(station, 1.2);
     }
     for (const double station : multiples(step)) {
-      const bool isBold = std::abs(std::remainder(m_picture.stationing.stationAt(station), kBoldEvery * step)) < step / 2.0;
+      const bool isBold = std::abs(std::remainder(m_picture.stationing.stationAt(station),
+                                                  kBoldEvery * step)) < step / 2.0;
       drawTick(station, isBold ? 4.0 : 2.6);
-      if (!isAtAxisEnd(station)) labelStation(station, m_picture.stationing.text(station, 0), isBold);
+      if (!isAtAxisEnd(station))
+        labelStation(station, m_picture.stationing.text(station, 0), isBold);
     }
   }
 
@@ -499,8 +501,7 @@ Sheet planSheet(const SurveyPicture& picture) {
   const PlanLayout layout = largestLayout(picture, plan, Drawing::drawingArea(sheet));
   const Sheet size = sheet;
   sheet.draw = [picture, layout, size](Canvas& canvas) {
-    Console::Progress progress("Labelling the plan",
-                               picture.points.size() + picture.setOut.size());
+    Console::Progress progress("Labelling the plan", picture.points.size() + picture.setOut.size());
     std::size_t leftOut = 0;
     for (const PlanStrip& strip : layout.strips) {
       PlanStripDrawing drawing(canvas, picture, strip, 1.0 / layout.millimetresPerMetre());

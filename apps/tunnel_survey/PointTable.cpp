@@ -13,7 +13,8 @@ ResultTable pointTable(const std::vector<Exchange::ConvertedPoint>& points,
                      "north\nm", "height\nm"},
                     {}};
   for (const Exchange::ConvertedPoint& point : points) {
-    table.rows.push_back({point.id, picture.stationing.metresText(point.onAxis.stationing, decimals),
+    table.rows.push_back({point.id,
+                          picture.stationing.metresText(point.onAxis.stationing, decimals),
                           signedFixed(point.onAxis.offset, decimals),
                           picture.hasHeights ? signedFixed(point.onAxis.height, decimals) : "-",
                           fixed(point.grid.east, decimals), fixed(point.grid.north, decimals),

@@ -29,7 +29,8 @@ struct ReportTable {
 using DxfWriter = std::function<bool(const std::string& path)>;
 
 struct Figure {
-  std::string name;  ///< of its files in the folder of results, without ending: "sections/001_Ring_1"
+  std::string
+      name;  ///< of its files in the folder of results, without ending: "sections/001_Ring_1"
   std::string title;
   std::string caption;  ///< may be empty
   Drawing::Sheet sheet;

@@ -1,8 +1,8 @@
 #include "tunnel_survey/ResultTable.h"
 
 #include "common/console/TextTable.h"
-#include "common/exchange/TableCells.h"
 #include "common/exchange/NumberParsing.h"
+#include "common/exchange/TableCells.h"
 
 #include <cstddef>
 #include <utility>

@@ -167,8 +167,9 @@ std::optional<Volumes> volumesOf(const std::vector<SectionResult>& sections,
     volumes.parts.push_back({length, between(&SectionResult::designArea),
                              between(&SectionResult::overArea), between(&SectionResult::underArea),
                              between(&SectionResult::geologicalArea)});
-    for (double VolumePart::*quantity : {&VolumePart::length, &VolumePart::design, &VolumePart::over,
-                                         &VolumePart::under, &VolumePart::geological}) {
+    for (double VolumePart::*quantity :
+         {&VolumePart::length, &VolumePart::design, &VolumePart::over, &VolumePart::under,
+          &VolumePart::geological}) {
       volumes.total.*quantity += volumes.parts.back().*quantity;
     }
   }

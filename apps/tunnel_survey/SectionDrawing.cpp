@@ -78,8 +78,7 @@ std::optional<SectionStrip> stripInDiagram(const SurveyPicture& picture,
                                            const Exchange::StationRange& range, const Box& diagram,
                                            double scale, double exaggeration) {
   constexpr double kSamples = 400.0;
-  const std::vector<Point> line =
-      GradeLine(picture.axis).between(range, range.length() / kSamples);
+  const std::vector<Point> line = GradeLine(picture.axis).between(range, range.length() / kSamples);
   const auto lower = [](const Point& a, const Point& b) { return a.y < b.y; };
   double lowest = std::min_element(line.begin(), line.end(), lower)->y;
   double highest = std::max_element(line.begin(), line.end(), lower)->y;
@@ -244,7 +243,8 @@ class SectionStripDrawing {
   }
 
   std::vector<std::string> linesOf(const GradePoint& point) const {
-    std::vector<std::string> lines = {m_picture.stationing.text(point.at.x, 3), "H " + fixed(point.at.y, 3)};
+    std::vector<std::string> lines = {m_picture.stationing.text(point.at.x, 3),
+                                      "H " + fixed(point.at.y, 3)};
     if (!point.isRounded()) return lines;
     lines.push_back("R " + Drawing::grouped(point.radius));
     lines.push_back("L " + fixed(point.to - point.from, 2));

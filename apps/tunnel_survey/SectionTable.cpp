@@ -129,9 +129,8 @@ Columns centreColumns(const std::string& name, Fit fit, int decimals) {
 
 Columns fitColumns(int decimals, int rotationDecimals) {
   const auto length = [decimals](const std::string& name, Fit fit, double FittingResult::*size) {
-    return Column{name + "\nm", [=](const SectionResult& r) {
-                    return fixedOrDash((r.*fit).*size, decimals);
-                  }};
+    return Column{name + "\nm",
+                  [=](const SectionResult& r) { return fixedOrDash((r.*fit).*size, decimals); }};
   };
   Columns columns = centreColumns("circle", &SectionResult::circle, decimals);
   columns.push_back(length("circle radius", &SectionResult::circle, &FittingResult::radius));
@@ -236,7 +235,8 @@ Facts summaryOf(const SectionSurvey& survey) {
   Facts lines;
   if (survey.volumes) {
     const Volumes& volumes = *survey.volumes;
-    lines.emplace_back("Length", fixed(volumes.total.length, 3) + " m between the first and the last");
+    lines.emplace_back("Length",
+                       fixed(volumes.total.length, 3) + " m between the first and the last");
     lines.emplace_back("Over profile", volumeText(volumes.total.over, volumes));
     if (survey.rule.geology) {
       lines.emplace_back("Geological", volumeText(volumes.total.geological, volumes));

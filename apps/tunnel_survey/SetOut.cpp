@@ -29,13 +29,12 @@ Outcome<SetOutPoint> setOutPointOf(const Exchange::TableRow& row) {
 }  // namespace
 
 const Exchange::TableSchema& setOutColumns() {
-  static const Exchange::TableSchema schema = {
-      {{"id", Quantity::Text, false},
-       {"station", Quantity::Station},
-       {"offset", Quantity::Length, false},
-       {"height_above_axis", Quantity::Length, false},
-       {"height", Quantity::Length, false}},
-      {"id", "station", "offset", "height_above_axis"}};
+  static const Exchange::TableSchema schema = {{{"id", Quantity::Text, false},
+                                                {"station", Quantity::Station},
+                                                {"offset", Quantity::Length, false},
+                                                {"height_above_axis", Quantity::Length, false},
+                                                {"height", Quantity::Length, false}},
+                                               {"id", "station", "offset", "height_above_axis"}};
   return schema;
 }
 

@@ -30,8 +30,8 @@ const Exchange::TableSchema& setOutColumns();
 Exchange::Outcome<Exchange::PointFile<SetOutPoint>> readSetOutPoints(
     std::istream& in, const Exchange::TableFormat& format = {});
 
-/// Reads points beside the axis of the picture and prints their coordinates. Throws a Failure for a file that cannot be used,
-/// and when no point lies beside the axis.
+/// Reads points beside the axis of the picture and prints their coordinates. Throws a Failure for a
+/// file that cannot be used, and when no point lies beside the axis.
 std::vector<Exchange::ConvertedPoint> setOut(const Options& options,
                                              const Ruv::Calculations::AxisCalculator& calculator,
                                              const SurveyPicture& picture);

@@ -39,8 +39,7 @@ std::vector<double> regularStations(const Exchange::Stationing& stationing,
                                     const Exchange::StationRange& range, double step) {
   std::vector<double> stations = {range.from};
   for (const double station : roundStations(stationing, range, step)) {
-    const bool isAtEnd =
-        station - range.from < kSameStation || range.to - station < kSameStation;
+    const bool isAtEnd = station - range.from < kSameStation || range.to - station < kSameStation;
     if (!isAtEnd) stations.push_back(station);
   }
   stations.push_back(range.to);
@@ -80,8 +79,9 @@ ResultTable stationTable(const SurveyPicture& picture) {
   for (const double station : picture.stations) {
     const auto place = placeAt(calculator, station);
     if (!place) continue;
-    table.rows.push_back({picture.stationing.metresText(place->station, 3), fixed(place->tunnelMeter, 3),
-                          fixed(place->grid.east, 3), fixed(place->grid.north, 3),
+    table.rows.push_back({picture.stationing.metresText(place->station, 3),
+                          fixed(place->tunnelMeter, 3), fixed(place->grid.east, 3),
+                          fixed(place->grid.north, 3),
                           picture.hasHeights ? fixed(place->grid.height, 3) : "-",
                           fixed(Utilities::rad2gon(place->azimuth), 4),
                           place->radius == 0.0 ? "straight" : signedFixed(place->radius, 2),

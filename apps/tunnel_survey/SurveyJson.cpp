@@ -27,7 +27,7 @@ Json& setPlace(Json& json, double place, const Stationing& stationing) {
 Json jsonOf(const AxisPlace& place, const SurveyPicture& picture) {
   Json json = Json::object();
   setPlace(json, place.station, picture.stationing)
-      .set("tunnelMeter", place.tunnelMeter)
+      .set("tunnel_meter", place.tunnelMeter)
       .set("east", place.grid.east)
       .set("north", place.grid.north)
       .set("height", picture.hasHeights ? Json(place.grid.height) : Json())
@@ -53,15 +53,14 @@ Json axisJson(const SurveyPicture& picture) {
   return json;
 }
 
-Json pointsJson(const std::vector<Exchange::ConvertedPoint>& points,
-                const SurveyPicture& picture) {
+Json pointsJson(const std::vector<Exchange::ConvertedPoint>& points, const SurveyPicture& picture) {
   Json list = Json::list();
   for (const Exchange::ConvertedPoint& point : points) {
     Json json = Json::object();
     json.set("id", point.id);
     setPlace(json, point.onAxis.stationing, picture.stationing)
         .set("offset", point.onAxis.offset)
-        .set("heightAboveAxis", picture.hasHeights ? Json(point.onAxis.height) : Json())
+        .set("height_above_axis", picture.hasHeights ? Json(point.onAxis.height) : Json())
         .set("east", point.grid.east)
         .set("north", point.grid.north)
         .set("height", point.grid.height);
@@ -74,7 +73,7 @@ Json differenceJson(const DifferenceSummary& summary, double unit) {
   Json json = Json::object();
   json.set("points", summary.count)
       .set("largest", summary.largest * unit)
-      .set("atStationing", summary.stationOfLargest)
+      .set("at_stationing", summary.stationOfLargest)
       .set("rms", summary.rms() * unit);
   return json;
 }
@@ -102,16 +101,16 @@ Json transitionJson(const Transition& transition) {
     }
     Json json = Json::object();
     setPlace(json, section.station, transition.stationing)
-        .set("fromStart", section.fromStart)
-        .set("lowerLeft", jsonOf(section.profile.lowerLeft()))
-        .set("upperRight", jsonOf(section.profile.upperRight()))
+        .set("from_start", section.fromStart)
+        .set("lower_left", jsonOf(section.profile.lowerLeft()))
+        .set("upper_right", jsonOf(section.profile.upperRight()))
         .set("area", section.profile.area())
         .set("elements", elements);
     sections.add(json);
   }
   Json json = Json::object();
-  json.set("startProfile", transition.startSource)
-      .set("endProfile", transition.endSource)
+  json.set("start_profile", transition.startSource)
+      .set("end_profile", transition.endSource)
       .set("sections", sections);
   return json;
 }
@@ -134,7 +133,7 @@ Json circleJson(const FittingResult& fit) {
 Json ellipseJson(const FittingResult& fit) {
   Json json = Json::object();
   json.set("centre", jsonOf(fit.center))
-      .set("semiAxes", std::vector<double>{fit.semiAxisA, fit.semiAxisB})
+      .set("semi_axes", std::vector<double>{fit.semiAxisA, fit.semiAxisB})
       .set("rotation", Utilities::rad2gon(fit.rotation));
   return json;
 }
@@ -144,14 +143,14 @@ Json jsonOf(const SectionResult& result, const SectionSurvey& survey) {
   json.set("name", result.section.name);
   if (result.section.station) setPlace(json, *result.section.station, survey.stationing);
   json.set("points", result.section.points.size())
-      .set("pointsCompared", result.deviations.size())
-      .set("designArea", result.designArea)
-      .set("measuredArea", result.measuredArea)
-      .set("overArea", result.overArea)
-      .set("underArea", result.underArea);
-  if (survey.rule.geology) json.set("geologicalArea", result.geologicalArea);
-  json.set("largestOver", extremeJson(result.largestOver))
-      .set("largestUnder", extremeJson(result.largestUnder))
+      .set("points_compared", result.deviations.size())
+      .set("design_area", result.designArea)
+      .set("measured_area", result.measuredArea)
+      .set("over_area", result.overArea)
+      .set("under_area", result.underArea);
+  if (survey.rule.geology) json.set("geological_area", result.geologicalArea);
+  json.set("largest_over", extremeJson(result.largestOver))
+      .set("largest_under", extremeJson(result.largestUnder))
       .set("circle", circleJson(result.circle))
       .set("ellipse", ellipseJson(result.ellipse));
   return json;
@@ -176,14 +175,14 @@ Json sectionsJson(const SectionSurvey& survey) {
   Json json = Json::object();
   json.set("source", survey.source)
       .set("design", survey.designSource)
-      .set("designArea", survey.design.area())
+      .set("design_area", survey.design.area())
       .set("results", results);
   if (!survey.volumes) return json;
   Json parts = Json::list();
   for (const VolumePart& part : survey.volumes->parts) {
     parts.add(jsonOf(part, hasGeology));
   }
-  json.set("volumesBetween", parts).set("volumes", jsonOf(survey.volumes->total, hasGeology));
+  json.set("volumes_between", parts).set("volumes", jsonOf(survey.volumes->total, hasGeology));
   return json;
 }
 
@@ -198,7 +197,7 @@ Json jsonOf(const SurveyResults& results) {
     const SurveyPicture& axis = *results.axis;
     json.set("axis", axisJson(axis));
     if (!axis.points.empty()) json.set("points", pointsJson(axis.points, axis));
-    if (!axis.setOut.empty()) json.set("settingOut", pointsJson(axis.setOut, axis));
+    if (!axis.setOut.empty()) json.set("setting_out", pointsJson(axis.setOut, axis));
     if (axis.check) json.set("check", checkJson(*axis.check));
   }
   if (results.transition) json.set("transition", transitionJson(*results.transition));

@@ -9,9 +9,10 @@
 
 namespace TunnelSurvey {
 
-/// Members axis, points, settingOut, check, transition and sections, as far as there are results.
-/// Metres, square and cubic metres, gon, percent; numbers have all their digits. Stationings count on
-/// along the axis; where there are station equations, the station that people read is beside them.
+/// Members axis, points, setting_out, check, transition and sections, as far as there are results.
+/// Metres, square and cubic metres, gon, percent; numbers have all their digits. Stationings count
+/// on along the axis; where there are station equations, the station that people read is beside
+/// them.
 Exchange::Json jsonOf(const SurveyResults& results);
 
 }  // namespace TunnelSurvey

@@ -8,7 +8,6 @@
 #include "tunnel_survey/PointTable.h"
 #include "tunnel_survey/SectionTable.h"
 #include "tunnel_survey/SurveyDxf.h"
-#include "tunnel_survey/SurveyJson.h"
 #include "tunnel_survey/SurveyReport.h"
 
 #include <cstddef>
@@ -29,10 +28,12 @@ void writeNamed(ResultFolder& folder, const std::string& name, const std::string
 void writeTables(ResultFolder& folder, const SurveyResults& results) {
   constexpr int kDecimals = 4;
   if (results.axis && !results.axis->points.empty()) {
-    writeNamed(folder, "points_on_axis.csv", csvOf(pointTable(results.axis->points, *results.axis, kDecimals)));
+    writeNamed(folder, "points_on_axis.csv",
+               csvOf(pointTable(results.axis->points, *results.axis, kDecimals)));
   }
   if (results.axis && !results.axis->setOut.empty()) {
-    writeNamed(folder, "setting_out.csv", csvOf(pointTable(results.axis->setOut, *results.axis, kDecimals)));
+    writeNamed(folder, "setting_out.csv",
+               csvOf(pointTable(results.axis->setOut, *results.axis, kDecimals)));
   }
   if (results.transition) {
     writeNamed(folder, "transition.csv", csvOf(transitionTable(*results.transition)));
@@ -98,8 +99,7 @@ void tellFigures(const ResultFolder& folder, const Report& report) {
     }
   }
   if (sections > 0) {
-    std::cout << folder.placeOf("sections") << ": " << sections
-              << " drawings as SVG, PNG and DXF\n"
+    std::cout << folder.placeOf("sections") << ": " << sections << " drawings as SVG, PNG and DXF\n"
               << folder.placeOf("sections.dxf") << '\n';
   }
   std::cout << folder.placeOf("report.html") << '\n' << folder.placeOf("report.pdf") << '\n';
@@ -111,10 +111,8 @@ void writeResults(const Options& options, const SurveyResults& results) {
   ResultFolder folder(options.output);
   Console::printHeading("Written");
   writeTables(folder, results);
-  if (options.hasJson) writeNamed(folder, "results.json", jsonOf(results).text());
   const Report report = reportOf(options, results);
-  writeReport(folder, report,
-              options.isSingleFile ? HtmlPictures::Inside : HtmlPictures::Beside);
+  writeReport(folder, report, options.isSingleFile ? HtmlPictures::Inside : HtmlPictures::Beside);
   if (results.sections) {
     writeDxf(folder, "sections", [&results](const std::string& path) {
       return writeSectionsDxf(path, *results.sections, results.axis ? results.axis->axis : nullptr);

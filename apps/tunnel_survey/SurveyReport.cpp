@@ -34,8 +34,7 @@ const char* const kPointNote =
     "Offset: from the axis, positive to the right. Height above axis: from the axis there; height: "
     "of the point.";
 
-std::string rangeText(const Exchange::Stationing& stationing,
-                      const Exchange::StationRange& range) {
+std::string rangeText(const Exchange::Stationing& stationing, const Exchange::StationRange& range) {
   return stationing.text(range.from, 3) + " to " + stationing.text(range.to, 3);
 }
 
@@ -86,18 +85,20 @@ void addAxis(Report& report, const Options& options, const SurveyResults& result
   report.chapters.push_back(std::move(drawings));
 
   Chapter tables{"Axis table", {}, {}};
-  tables.tables.push_back(shortened(
-      {"Axis " + picture.name, "Radius: positive for curves to the right. Grade: positive uphill.",
-       stationTable(picture), {}},
-      ""));
+  tables.tables.push_back(
+      shortened({"Axis " + picture.name,
+                 "Radius: positive for curves to the right. Grade: positive uphill.",
+                 stationTable(picture),
+                 {}},
+                ""));
   if (!picture.points.empty()) {
     tables.tables.push_back(
         shortened({"Surveyed points", kPointNote, pointTable(picture.points, picture), {}},
                   "points_on_axis.csv"));
   }
   if (!picture.setOut.empty()) {
-    tables.tables.push_back(shortened({"Setting out", kPointNote, pointTable(picture.setOut, picture), {}},
-                                      "setting_out.csv"));
+    tables.tables.push_back(shortened(
+        {"Setting out", kPointNote, pointTable(picture.setOut, picture), {}}, "setting_out.csv"));
   }
   if (picture.check) {
     tables.tables.push_back({"Comparison with " + picture.check->source,
@@ -110,23 +111,24 @@ void addAxis(Report& report, const Options& options, const SurveyResults& result
 
 void addTransition(Report& report, const Transition& transition, const AxisPointer& axis) {
   Chapter chapter{"Transition", {}, {}};
-  chapter.tables.push_back({"Profiles between " + transition.startSource + " and " +
-                                transition.endSource,
-                            "Left and right of the axis, looking forward. Volumes by mean end "
-                            "areas, over the length along the axis.",
-                            transitionTable(transition),
-                            {}});
-  chapter.figures.push_back({"transition", "Transition " + rangeText(transition.stationing, transition.range()), "",
-                             transitionSheet(transition),
-                             [&transition, axis](const std::string& path) {
-                               return writeTransitionDxf(path, transition, axis);
-                             }});
+  chapter.tables.push_back(
+      {"Profiles between " + transition.startSource + " and " + transition.endSource,
+       "Left and right of the axis, looking forward. Volumes by mean end "
+       "areas, over the length along the axis.",
+       transitionTable(transition),
+       {}});
+  chapter.figures.push_back(
+      {"transition", "Transition " + rangeText(transition.stationing, transition.range()), "",
+       transitionSheet(transition), [&transition, axis](const std::string& path) {
+         return writeTransitionDxf(path, transition, axis);
+       }});
   report.chapters.push_back(std::move(chapter));
 }
 
 void addSections(Report& report, const SectionSurvey& survey) {
   Chapter map{"Map", {}, {}};
-  map.figures.push_back({"developed_map", "Developed map",
+  map.figures.push_back({"developed_map",
+                         "Developed map",
                          "Distances of the measured from the design profile over stationing and "
                          "derolment, interpolated between points and sections.",
                          developedMapSheet(survey),
@@ -168,7 +170,8 @@ std::string geologyText(const GeologyRule& rule) {
 Facts axisFacts(const SurveyPicture& picture) {
   const Exchange::StationRange range = Exchange::rangeOf(*picture.axis);
   Facts facts = {{"Axis", picture.name + ", " + picture.source},
-                 {"Stationing", rangeText(picture.stationing, range) + ", " + fixed(range.length(), 3) + " m"}};
+                 {"Stationing",
+                  rangeText(picture.stationing, range) + ", " + fixed(range.length(), 3) + " m"}};
   if (!picture.hasHeights) facts.emplace_back("Heights", "none: the alignment has no profile");
   if (!picture.points.empty()) {
     facts.emplace_back("Points", std::to_string(picture.points.size()) + " surveyed points");
@@ -184,8 +187,9 @@ Facts sectionFacts(const SectionSurvey& survey) {
                  {"Measured", survey.source},
                  {survey.noun + "s", std::to_string(survey.results.size())}};
   if (survey.hasStations()) {
-    facts.emplace_back("From, to", rangeText(survey.stationing, {*survey.results.front().section.station,
-                                              *survey.results.back().section.station}));
+    facts.emplace_back("From, to",
+                       rangeText(survey.stationing, {*survey.results.front().section.station,
+                                                     *survey.results.back().section.station}));
   }
   facts.emplace_back("Outline", rule.followDesign
                                     ? "between measured points along the design, distances "

@@ -97,9 +97,8 @@ std::optional<Transition> surveyTransition(
 }
 
 ResultTable transitionTable(const Transition& transition) {
-  ResultTable table{{"stationing\nm", "elements\n", "left\nm", "right\nm", "width\nm",
-                     "height\nm", "area\nm\u00b2", "from the start\nm",
-                     "volume from the start\nm\u00b3"},
+  ResultTable table{{"stationing\nm", "elements\n", "left\nm", "right\nm", "width\nm", "height\nm",
+                     "area\nm\u00b2", "from the start\nm", "volume from the start\nm\u00b3"},
                     {}};
   double volume = 0.0;
   for (std::size_t i = 0; i < transition.sections.size(); ++i) {
@@ -122,9 +121,8 @@ ResultTable transitionTable(const Transition& transition) {
 
 ResultTable elementTable(const Transition& transition) {
   constexpr int kDecimals = 6;
-  ResultTable table{{"stationing\nm", "start x\nm", "start y\nm", "end x\nm", "end y\nm",
-                     "radius\nm"},
-                    {}};
+  ResultTable table{
+      {"stationing\nm", "start x\nm", "start y\nm", "end x\nm", "end y\nm", "radius\nm"}, {}};
   for (const TransitionSection& section : transition.sections) {
     const ThProfileDefinition& definition = *section.profile.definition();
     for (unsigned i = 0; i < definition.getNumSegments(); ++i) {

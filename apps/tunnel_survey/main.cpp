@@ -5,9 +5,11 @@
 
 #include "common/console/CommandLine.h"
 #include "common/console/Files.h"
+#include "common/console/ResultFolder.h"
 #include "tunnel_survey/AxisSurvey.h"
 #include "tunnel_survey/Options.h"
 #include "tunnel_survey/SectionSurvey.h"
+#include "tunnel_survey/SurveyJson.h"
 #include "tunnel_survey/SurveyOutput.h"
 #include "tunnel_survey/Transition.h"
 
@@ -55,6 +57,7 @@ Console::ExitCode run(const Options& options) {
   }
   if (hasMeasurements(options)) results.sections = surveySections(options, axis, stationing);
   if (!options.output.empty()) writeResults(options, results);
+  if (!options.json.empty()) Console::writeResult(options.json, jsonOf(results).text());
   const bool isDoubtful = isTransitionDoubtful(options, results) ||
                           (results.sections && !results.sections->doubts.empty());
   return isDoubtful && !options.accept ? Console::ExitCode::Doubtful : Console::ExitCode::Fine;

@@ -24,10 +24,8 @@ TEST(StationTable, RoundStationsAreThoseThatPeopleRead) {
     double step;
     std::vector<double> places;
   } cases[] = {
-      {{}, {-20, 101}, 50, {0, 50, 100}},
-      {jumps, {0, 260}, 50, {0, 50, 100, 160, 250}},
-      {jumps, {120, 190}, 30, {120, 150, 180}},
-      {jumps, {205, 300}, 100, {300}},
+      {{}, {-20, 101}, 50, {0, 50, 100}},       {jumps, {0, 260}, 50, {0, 50, 100, 160, 250}},
+      {jumps, {120, 190}, 30, {120, 150, 180}}, {jumps, {205, 300}, 100, {300}},
       {jumps, {0, 110}, 110, {0, 110}},
   };
   for (const auto& c : cases) {

@@ -62,9 +62,10 @@ class Results(unittest.TestCase):
     def setUpClass(cls):
         cls.folder = tempfile.TemporaryDirectory()
         root = pathlib.Path(cls.folder.name)
-        cls.axis = run(root / "axis", AXIS, "--points", DATA / "surveyed_points.csv", "--json",
+        cls.axis = run(root / "axis", AXIS, "--points", DATA / "surveyed_points.csv",
+                       "--json", root / "axis.json",
                        "--check", DATA / "metro_th_3122m_source_points.csv")
-        cls.road = run(root / "road", AXIS, "--json", "--design", DATA / "road_t9p5_design.csv",
+        cls.road = run(root / "road", AXIS, "--json", root / "road.json", "--design", DATA / "road_t9p5_design.csv",
                        "--scan", DATA / "road_scan.csv", "--stations", "7310,7+330",
                        "--transition-to", DATA / "road_layby_design.csv", "--transition-stations", "7370,7400",
                        "--setout", cls.axis / "points_on_axis.csv", "--single-file")
@@ -74,7 +75,7 @@ class Results(unittest.TestCase):
         cls.folder.cleanup()
 
     def json_of(self, folder):
-        return json.loads((folder / "results.json").read_text())
+        return json.loads((folder.parent / f"{folder.name}.json").read_text())
 
     def test_every_dxf_can_be_read(self):
         paths = [*self.axis.rglob("*.dxf"), *self.road.rglob("*.dxf")]
@@ -136,20 +137,20 @@ class Results(unittest.TestCase):
 
     def test_one_design_has_one_area(self):
         results = self.json_of(self.road)
-        area = results["sections"]["designArea"]
-        for other in (results["transition"]["sections"][0]["area"], results["sections"]["results"][0]["designArea"]):
+        area = results["sections"]["design_area"]
+        for other in (results["transition"]["sections"][0]["area"], results["sections"]["results"][0]["design_area"]):
             self.assertAlmostEqual(other, area, delta=1e-4)
         for section in results["sections"]["results"]:
-            self.assertAlmostEqual(section["designArea"] + section["overArea"] - section["underArea"],
-                                   section["measuredArea"], delta=1e-4)
+            self.assertAlmostEqual(section["design_area"] + section["over_area"] - section["under_area"],
+                                   section["measured_area"], delta=1e-4)
 
     def test_json_and_tables_say_the_same_and_headings_have_units(self):
         results = self.json_of(self.road)
         table = rows_of(self.road / "sections.csv")
         self.assertEqual(len(table), 2)
         for row, result in zip(table, results["sections"]["results"]):
-            for column, value in (("stationing", result["stationing"]), ("over area", result["overArea"]),
-                                  ("largest over", result["largestOver"]["distance"]),
+            for column, value in (("stationing", result["stationing"]), ("over area", result["over_area"]),
+                                  ("largest over", result["largest_over"]["distance"]),
                                   ("ellipse rotation", result["ellipse"]["rotation"])):
                 self.assertAlmostEqual(float(row[column]), value, delta=5.1e-5)
         volume = rows_of(self.road / "volumes.csv")[0]

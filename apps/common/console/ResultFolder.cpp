@@ -140,4 +140,11 @@ void ResultFolder::publish() {
   tellUnreadable(m_unreadable);
 }
 
+void writeResult(const std::string& path, const std::string& text) {
+  const std::filesystem::path file(path);
+  ResultFolder folder(file.has_parent_path() ? file.parent_path().string() : ".");
+  folder.write(file.filename().string(), text);
+  folder.publish();
+}
+
 }  // namespace Console

@@ -62,6 +62,9 @@ class ResultFolder {
   std::set<std::string> m_unreadable;  // words in pictures
 };
 
+/// A single file, in the same way.
+void writeResult(const std::string& path, const std::string& text);
+
 }  // namespace Console
 
 #endif

@@ -154,10 +154,10 @@ void DxfFile::line(const std::string& layer, const Point3& from, const Point3& t
 
 void DxfFile::arc(const std::string& layer, const Point3& centre, double radius, double startAngle,
                   double endAngle) {
-  m_impl->dxf.writeArc(m_impl->out,
-                       DL_ArcData(centre.x, centre.y, centre.z, radius, degrees(startAngle),
-                                  degrees(endAngle)),
-                       attributesOf(layer));
+  m_impl->dxf.writeArc(
+      m_impl->out,
+      DL_ArcData(centre.x, centre.y, centre.z, radius, degrees(startAngle), degrees(endAngle)),
+      attributesOf(layer));
 }
 
 void DxfFile::circle(const std::string& layer, const Point3& centre, double radius) {

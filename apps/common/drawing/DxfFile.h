@@ -34,8 +34,8 @@ struct DxfLayer {
   int colour = kInk;
 };
 
-/// Writes a DXF file (of release 2000, lengths in metres) entity by entity. Lines and arcs are such;
-/// every entity has the colour of its layer. Angles are radians, anticlockwise from x.
+/// Writes a DXF file (of release 2000, lengths in metres) entity by entity. Lines and arcs are
+/// such; every entity has the colour of its layer. Angles are radians, anticlockwise from x.
 class DxfFile {
  public:
   /// @param path of the file; finish() tells whether it could be written

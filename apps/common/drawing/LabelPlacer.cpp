@@ -14,8 +14,8 @@ constexpr double kCellSize = 4.0;  // mm; about that of a label
 Box boxAround(const Outline& outline) {
   Box box{outline[0].x, outline[0].y, outline[0].x, outline[0].y};
   for (const Point& corner : outline) {
-    box = {std::min(box.left, corner.x), std::min(box.top, corner.y),
-           std::max(box.right, corner.x), std::max(box.bottom, corner.y)};
+    box = {std::min(box.left, corner.x), std::min(box.top, corner.y), std::max(box.right, corner.x),
+           std::max(box.bottom, corner.y)};
   }
   return box;
 }

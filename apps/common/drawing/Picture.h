@@ -100,7 +100,7 @@ using Shape = std::variant<PathShape, EllipseShape, TextShape, RasterShape, Clip
 struct Picture {
   double width = 0.0;  ///< mm
   double height = 0.0;
-  std::vector<Shape> shapes;          ///< in the order in which they cover each other
+  std::vector<Shape> shapes;         ///< in the order in which they cover each other
   std::set<std::string> unreadable;  ///< texts with letters that no installed font has
 };
 

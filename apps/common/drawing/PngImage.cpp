@@ -69,9 +69,8 @@ std::string pngOf(const Picture& picture, double pixelsPerMillimetre) {
                                                    pixels(picture.height)));
   paint(picture, surface.get(), pixelsPerMillimetre);
   cairo_surface_flush(surface.get());
-  png_image image =
-      imageOf(static_cast<std::size_t>(pixels(picture.width)),
-              static_cast<std::size_t>(pixels(picture.height)), PNG_FORMAT_RGB);
+  png_image image = imageOf(static_cast<std::size_t>(pixels(picture.width)),
+                            static_cast<std::size_t>(pixels(picture.height)), PNG_FORMAT_RGB);
   // Without the filters that cairo's own writer tries: on line drawings they cost three quarters
   // of the time and save nothing.
   image.flags = PNG_IMAGE_FLAG_FAST;
@@ -86,8 +85,9 @@ std::string pngOf(const Raster& raster) {
   std::vector<png_byte> pixels;
   pixels.reserve(raster.cells.size());
   for (const std::optional<Colour>& cell : raster.cells) {
-    const Level level = cell ? Level(levelOf(cell->red), levelOf(cell->green), levelOf(cell->blue), 255)
-                             : Level(0, 0, 0, 0);
+    const Level level =
+        cell ? Level(levelOf(cell->red), levelOf(cell->green), levelOf(cell->blue), 255)
+             : Level(0, 0, 0, 0);
     const auto [place, isNew] = places.emplace(level, static_cast<png_byte>(places.size()));
     if (isNew) {
       const auto& [red, green, blue, alpha] = level;
@@ -97,8 +97,7 @@ std::string pngOf(const Raster& raster) {
   }
   if (places.size() > kMostColours) throw std::runtime_error("a map of more than 256 colours");
   const auto columns = static_cast<std::size_t>(raster.columns);
-  png_image image =
-      imageOf(columns, raster.cells.size() / columns, PNG_FORMAT_RGBA_COLORMAP);
+  png_image image = imageOf(columns, raster.cells.size() / columns, PNG_FORMAT_RGBA_COLORMAP);
   image.colormap_entries = static_cast<png_uint_32>(places.size());
   return written(image, pixels, palette.data());
 }

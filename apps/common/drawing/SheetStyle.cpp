@@ -18,7 +18,9 @@ Box titleBox(const Sheet& sheet) {
 }
 
 void dropLastLetter(std::string& words) {
-  const auto continues = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
+  const auto continues = [](char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+  };
   while (!words.empty() && continues(words.back())) {
     words.pop_back();
   }
@@ -33,7 +35,8 @@ void writeWithin(Canvas& canvas, const Point& at, double room, const std::string
   const double width = canvas.textWidth(words, style);
   if (width > room) style.size *= std::max(room / width, kSmallest);
   std::string shown = words;
-  for (std::string kept = words; width * kSmallest > room && canvas.textWidth(shown, style) > room;) {
+  for (std::string kept = words;
+       width * kSmallest > room && canvas.textWidth(shown, style) > room;) {
     dropLastLetter(kept);
     shown = kept + "\u2026";
     if (kept.empty()) break;

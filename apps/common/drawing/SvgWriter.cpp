@@ -43,11 +43,11 @@ std::string hex(const Colour& colour) {
   constexpr const char* kDigits = "0123456789abcdef";
   std::string digits;
   for (const double component : {colour.red, colour.green, colour.blue}) {
-    const auto level = static_cast<unsigned>(std::lround(std::clamp(255.0 * component, 0.0, 255.0)));
+    const auto level =
+        static_cast<unsigned>(std::lround(std::clamp(255.0 * component, 0.0, 255.0)));
     digits += {kDigits[level >> 4U], kDigits[level & 15U]};
   }
-  const bool isShort =
-      digits[0] == digits[1] && digits[2] == digits[3] && digits[4] == digits[5];
+  const bool isShort = digits[0] == digits[1] && digits[2] == digits[3] && digits[4] == digits[5];
   if (isShort) digits = {digits[0], digits[2], digits[4]};
   return "#" + digits;
 }
@@ -226,8 +226,8 @@ std::string withFirmBlanks(const std::string& words) {
 }
 
 std::string penAttributes(const Pen& pen) {
-  std::string text = attribute("stroke", hex(pen.colour)) +
-                     attribute("stroke-width", number(pen.width));
+  std::string text =
+      attribute("stroke", hex(pen.colour)) + attribute("stroke-width", number(pen.width));
   std::string dashes;
   for (const double dash : pen.dashes) {
     dashes += (dashes.empty() ? "" : " ") + number(dash);

@@ -50,8 +50,7 @@ TextLayouts::Layout TextLayouts::layoutOf(const std::string& words, const TextSt
   return layout;
 }
 
-const TextLayouts::Extent& TextLayouts::extentOf(const std::string& words,
-                                                 const TextStyle& style) {
+const TextLayouts::Extent& TextLayouts::extentOf(const std::string& words, const TextStyle& style) {
   const std::string key = (style.bold ? "b" : "r") + std::to_string(style.size) + words;
   const auto [found, isNew] = m_extents.try_emplace(key);
   if (isNew) {

@@ -8,9 +8,9 @@
 #include <string>
 #include <unordered_map>
 
-using cairo_t = struct _cairo;             // NOLINT(bugprone-reserved-identifier): cairo's name
-using PangoLayout = struct _PangoLayout;   // NOLINT(bugprone-reserved-identifier): Pango's name
-using PangoContext = struct _PangoContext; // NOLINT(bugprone-reserved-identifier): Pango's name
+using cairo_t = struct _cairo;              // NOLINT(bugprone-reserved-identifier): cairo's name
+using PangoLayout = struct _PangoLayout;    // NOLINT(bugprone-reserved-identifier): Pango's name
+using PangoContext = struct _PangoContext;  // NOLINT(bugprone-reserved-identifier): Pango's name
 
 namespace Drawing {
 
@@ -27,7 +27,7 @@ class TextLayouts {
   TextLayouts();
 
   struct Extent {
-    double width = 0.0;       ///< mm
+    double width = 0.0;      ///< mm
     bool isReadable = true;  ///< false when a letter is in no installed font
   };
   /// Remembered, as finding a place for a label asks for it again and again.
