@@ -2,11 +2,11 @@
 // measurements that are no fix points.
 
 #include "SpeedGoals.h"
-#include "support/FixPointWorkload.h"
 #include "support/PeakMemory.h"
-#include "support/PlainSearch.h"
 #include "support/Rounds.h"
 #include "support/SearchCounts.h"
+#include "testing/FixPoints.h"
+#include "testing/PlainSearch.h"
 
 #include <benchmark/benchmark.h>
 

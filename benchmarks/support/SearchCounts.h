@@ -5,7 +5,7 @@
 #ifndef CALCULATIONS_BENCHMARKS_SEARCH_COUNTS_H
 #define CALCULATIONS_BENCHMARKS_SEARCH_COUNTS_H
 
-#include "support/FixPointWorkload.h"
+#include "testing/FixPoints.h"
 
 #include <cstddef>
 

@@ -5,7 +5,7 @@
 #define CALCULATIONS_BENCHMARKS_SPLIT_MIX64_H
 
 #include "support/Angles.h"
-#include "support/Random.h"
+#include "testing/Random.h"
 
 #include <cmath>
 

@@ -1,5 +1,5 @@
-#include "support/Axes.h"
-#include "support/Random.h"
+#include "testing/Axes.h"
+#include "testing/Random.h"
 
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/Utilities.h>

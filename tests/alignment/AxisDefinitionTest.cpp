@@ -1,4 +1,4 @@
-#include "support/Axes.h"
+#include "testing/Axes.h"
 
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/AxisDefinition.h>

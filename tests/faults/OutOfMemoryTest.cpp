@@ -3,8 +3,8 @@
 
 #include "faults/FailingMemory.h"
 #include "faults/Scenes.h"
-#include "support/Axes.h"
-#include "support/Profiles.h"
+#include "testing/Axes.h"
+#include "testing/Profiles.h"
 
 #include <gtest/gtest.h>
 

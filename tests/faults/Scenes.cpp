@@ -1,8 +1,8 @@
 #include "faults/Scenes.h"
 
-#include "support/Axes.h"
-#include "support/Profiles.h"
-#include "support/Random.h"
+#include "testing/Axes.h"
+#include "testing/Profiles.h"
+#include "testing/Random.h"
 
 #include <Calculations/Calculations.h>
 

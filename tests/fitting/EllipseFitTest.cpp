@@ -1,5 +1,5 @@
 #include "fitting/Conic.h"
-#include "fitting/FitPoints.h"
+#include "testing/FitPoints.h"
 
 #include <Calculations/FittingHelper.h>
 

@@ -1,6 +1,6 @@
 #include <Calculations/Utilities.h>
 
-#include "support/Random.h"
+#include "testing/Random.h"
 
 #include <gtest/gtest.h>
 

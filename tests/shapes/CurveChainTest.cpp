@@ -1,6 +1,6 @@
 #include "shapes/ChainIntersections.h"
 #include "shapes/CurveChain.h"
-#include "support/Random.h"
+#include "testing/Random.h"
 
 #include <gtest/gtest.h>
 

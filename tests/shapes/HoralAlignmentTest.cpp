@@ -1,6 +1,6 @@
 #include "shapes/HoralAlignment.h"
 
-#include "support/Random.h"
+#include "testing/Random.h"
 
 #include <Calculations/ShapeElements.h>
 

@@ -1,8 +1,8 @@
 #include "shapes/PlaneCurve.h"
 
 #include "shapes/FootSearch.h"
-#include "support/Axes.h"
-#include "support/Random.h"
+#include "testing/Axes.h"
+#include "testing/Random.h"
 
 #include <Calculations/TransitionCurves.h>
 

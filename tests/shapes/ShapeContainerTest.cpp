@@ -1,6 +1,6 @@
 #include "shapes/ShapeContainer.h"
 
-#include "support/Random.h"
+#include "testing/Random.h"
 
 #include <gtest/gtest.h>
 

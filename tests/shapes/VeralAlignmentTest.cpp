@@ -1,7 +1,7 @@
 #include "shapes/VeralAlignment.h"
 
 #include "shapes/TransSlopes.h"
-#include "support/Random.h"
+#include "testing/Random.h"
 
 #include <Calculations/ShapeElements.h>
 

@@ -6,7 +6,7 @@
 #include <Calculations/Utilities.h>
 
 #include "stations/FixPointMatcher.h"
-#include "support/Random.h"
+#include "testing/Random.h"
 
 #include <gtest/gtest.h>
 

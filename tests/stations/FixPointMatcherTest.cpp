@@ -6,7 +6,7 @@
 #include "stations/RigidPlacement.h"
 #include "stations/RobustDetermination.h"
 #include "stations/SolutionSignificance.h"
-#include "support/Random.h"
+#include "testing/Random.h"
 
 #include <gtest/gtest.h>
 #include <Eigen/Dense>

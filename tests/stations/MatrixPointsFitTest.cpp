@@ -1,6 +1,6 @@
 #include "stations/MatrixPointsFit.h"
 
-#include "support/Random.h"
+#include "testing/Random.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include <Calculations/PointDetermination.h>
 #include <Calculations/Utilities.h>
 
-#include "support/Random.h"
+#include "testing/Random.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

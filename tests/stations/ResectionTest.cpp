@@ -3,8 +3,8 @@
 
 #include "stations/SpatialNormals.h"
 #include "stations/SpatialRotation.h"
-#include "support/Csv.h"
-#include "support/Random.h"
+#include "testing/Csv.h"
+#include "testing/Random.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

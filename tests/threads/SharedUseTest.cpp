@@ -1,8 +1,8 @@
 // Many threads on shared definitions and calculators. Run under the thread sanitizer as well.
 
-#include "support/Axes.h"
-#include "support/Profiles.h"
-#include "support/Random.h"
+#include "testing/Axes.h"
+#include "testing/Profiles.h"
+#include "testing/Random.h"
 
 #include <Calculations/AxisMapper.h>
 #include <Calculations/BlockAxisDefinition.h>

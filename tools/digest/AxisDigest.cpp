@@ -1,5 +1,5 @@
 #include "Digest.h"
-#include "support/Axes.h"
+#include "testing/Axes.h"
 
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/AxisMapper.h>

@@ -1,6 +1,6 @@
 #include "Digest.h"
-#include "support/Profiles.h"
-#include "support/Random.h"
+#include "testing/Profiles.h"
+#include "testing/Random.h"
 
 #include <Calculations/MeasuredProfileCalculator.h>
 #include <Calculations/Paths.h>

@@ -1,6 +1,6 @@
 #include "Digest.h"
-#include "TransformationCase.h"
-#include "support/Random.h"
+#include "testing/Random.h"
+#include "testing/TransformationCase.h"
 
 #include <Calculations/FittingHelper.h>
 #include <Calculations/PointDetermination.h>

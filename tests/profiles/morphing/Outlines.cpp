@@ -1,7 +1,7 @@
 #include "profiles/morphing/Outlines.h"
 
 #include "shapes/ChainSegment.h"
-#include "support/Csv.h"
+#include "testing/Csv.h"
 
 #include <Calculations/ThProfileCalculator.h>
 

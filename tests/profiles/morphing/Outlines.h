@@ -5,8 +5,8 @@
 #define CALCULATIONS_TESTS_PROFILES_MORPHING_OUTLINES_H
 
 #include "profiles/ProfileOutline.h"
-#include "support/Profiles.h"
-#include "support/Random.h"
+#include "testing/Profiles.h"
+#include "testing/Random.h"
 
 #include <Calculations/ThProfileMorpher.h>
 

@@ -1,5 +1,5 @@
-#include "support/Csv.h"
-#include "support/Profiles.h"
+#include "testing/Csv.h"
+#include "testing/Profiles.h"
 
 #include <Calculations/ThProfileCalculator.h>
 

@@ -1,6 +1,6 @@
-#include "support/Profiles.h"
+#include "testing/Profiles.h"
 
-#include "support/Csv.h"
+#include "testing/Csv.h"
 
 #include <gtest/gtest.h>
 

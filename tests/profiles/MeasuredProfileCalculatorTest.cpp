@@ -1,6 +1,6 @@
-#include "support/Csv.h"
-#include "support/Profiles.h"
-#include "support/Random.h"
+#include "testing/Csv.h"
+#include "testing/Profiles.h"
+#include "testing/Random.h"
 
 #include <Calculations/FittingHelper.h>
 #include <Calculations/MeasuredProfileCalculator.h>

@@ -4,8 +4,8 @@
 #ifndef CALCULATIONS_TESTS_FITTING_FIT_POINTS_H
 #define CALCULATIONS_TESTS_FITTING_FIT_POINTS_H
 
-#include "support/Csv.h"
-#include "support/Random.h"
+#include "testing/Csv.h"
+#include "testing/Random.h"
 
 #include <Calculations/Points.h>
 

@@ -1,4 +1,4 @@
-#include "support/PlainSearch.h"
+#include "testing/PlainSearch.h"
 
 #include <Eigen/Core>
 #include <Eigen/LU>

@@ -1,6 +1,6 @@
-#include "support/Axes.h"
+#include "testing/Axes.h"
 
-#include "support/Csv.h"
+#include "testing/Csv.h"
 
 #include <Calculations/ShapeElements.h>
 

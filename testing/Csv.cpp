@@ -1,4 +1,4 @@
-#include "support/Csv.h"
+#include "testing/Csv.h"
 
 #include <cstddef>
 #include <fstream>

@@ -1,6 +1,6 @@
 // Values that no caller should hand over: nothing may hang, crash or leave a cast undefined.
 
-#include "support/Axes.h"
+#include "testing/Axes.h"
 
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/AxisMapper.h>

@@ -1,4 +1,4 @@
-#include "support/FixPointWorkload.h"
+#include "testing/FixPoints.h"
 
 #include "support/SplitMix64.h"
 

@@ -4,7 +4,7 @@
 #ifndef CALCULATIONS_TESTS_SUPPORT_AXES_H
 #define CALCULATIONS_TESTS_SUPPORT_AXES_H
 
-#include "support/Random.h"
+#include "testing/Random.h"
 
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/AxisDefinition.h>

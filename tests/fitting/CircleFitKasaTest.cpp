@@ -1,5 +1,5 @@
-#include "fitting/FitPoints.h"
 #include "fitting/PointFrame.h"
+#include "testing/FitPoints.h"
 
 #include <Calculations/FittingHelper.h>
 

@@ -1,5 +1,5 @@
-#include "support/Axes.h"
-#include "support/Csv.h"
+#include "testing/Axes.h"
+#include "testing/Csv.h"
 
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/Utilities.h>

@@ -4,7 +4,7 @@
 #ifndef CALCULATIONS_TOOLS_DIGEST_TRANSFORMATION_CASE_H
 #define CALCULATIONS_TOOLS_DIGEST_TRANSFORMATION_CASE_H
 
-#include "support/Csv.h"
+#include "testing/Csv.h"
 
 #include <Calculations/Points.h>
 

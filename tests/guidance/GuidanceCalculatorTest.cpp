@@ -1,6 +1,6 @@
-#include "support/Axes.h"
-#include "support/Profiles.h"
-#include "support/Random.h"
+#include "testing/Axes.h"
+#include "testing/Profiles.h"
+#include "testing/Random.h"
 
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/GuidanceCalculator.h>

@@ -1,5 +1,5 @@
-#include "support/Profiles.h"
-#include "support/Random.h"
+#include "testing/Profiles.h"
+#include "testing/Random.h"
 
 #include <Calculations/PathHelper.h>
 #include <Calculations/Paths.h>
