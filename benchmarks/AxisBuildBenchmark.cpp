@@ -96,7 +96,7 @@ void judgeAgainstTree(const AxisWorkload& workload, const BuildTimes& times, con
   const std::vector<Point2D> vertices = workload.polyline(kPolylineStep);
   const std::vector<double> best =
       bestOfRounds(effort.rounds, {making(enterAndProjectOnce, workload), buildingATree(vertices)});
-  table.add({"W0 enter an axis and project once", n, std::min(best[0], times.answered),
+  table.add({"enter an axis and project once", n, std::min(best[0], times.answered),
              "Boost R-tree, bulk build", best[1], atLeast(std::nullopt)});
 }
 
@@ -108,15 +108,15 @@ void judgeBuild(const std::map<std::size_t, BuildTimes>& times, GoalTable& table
   };
   for (const auto& [n, time] : times) {
     const Goal goal = n == kLarge ? atMost(0.5) : atMost(std::nullopt);
-    table.add({"W0 enter an axis, per element", n, perElement(n), "1 us", kMicrosecond, goal});
+    table.add({"enter an axis, per element", n, perElement(n), "1 us", kMicrosecond, goal});
   }
   for (const auto& [n, time] : times) {
-    table.add({"W0 same with first projection, per element", n,
-               time.answered / static_cast<double>(n), "1 us", kMicrosecond, atMost(std::nullopt)});
+    table.add({"same with first projection, per element", n, time.answered / static_cast<double>(n),
+               "1 us", kMicrosecond, atMost(std::nullopt)});
   }
-  table.add({"W0 growth of the cost per element", kLarge, perElement(kLarge), "n = 100",
+  table.add({"growth of the cost per element", kLarge, perElement(kLarge), "n = 100",
              perElement(kSmall), atMost(2.0)});
-  table.add({"W0 enter an axis and project once, in all", kLarge, times.at(kLarge).answered, "1 ms",
+  table.add({"enter an axis and project once, in all", kLarge, times.at(kLarge).answered, "1 ms",
              kMillisecond, atMost(std::nullopt, 10.0)});
 }
 

@@ -130,15 +130,15 @@ const std::map<std::size_t, PublishedCost>& publishedCosts() {
 void judge(std::size_t n, const EvaluationTimes& times, GoalTable& table) {
   constexpr double kTimesFasterThanClothoids = 12.0;
   const PublishedCost& published = publishedCosts().at(n);
-  const char* work = "W1 global point of a random stationing";
+  const char* work = "global point of a random stationing";
   table.add({work, n, times.random, "1 sc", times.sc, published.scGoal});
   table.add({work, n, times.random, "libOpenDRIVE (published)", published.openDrive * times.sc,
              published.openDriveGoal});
   table.add({work, n, times.random, "Clothoids (published)", published.clothoids * times.sc,
              atLeast(kTimesFasterThanClothoids)});
-  table.add({"W1 global point of the next stationing", n, times.inOrder, "1 sc", times.sc,
+  table.add({"global point of the next stationing", n, times.inOrder, "1 sc", times.sc,
              atMost(std::nullopt)});
-  table.add({"W1 direction at a random stationing", n, times.direction, "1 sc", times.sc,
+  table.add({"direction at a random stationing", n, times.direction, "1 sc", times.sc,
              atMost(std::nullopt)});
 }
 
@@ -171,9 +171,9 @@ void check(const AxisWorkload& workload, const AxisCalculator& calculator,
     inAzimuth = worse(inAzimuth, angleBetween(direction.azimuth, truth.azimuth));
   }
   const std::size_t n = exact.plan().size();
-  table.add({"W1 position", n, places.size(), inPlan, "m", 1e-9});
-  table.add({"W1 height", n, places.size(), inHeight, "m", 1e-9});
-  table.add({"W1 azimuth", n, places.size(), inAzimuth, "rad", 1e-12});
+  table.add({"position", n, places.size(), inPlan, "m", 1e-9});
+  table.add({"height", n, places.size(), inHeight, "m", 1e-9});
+  table.add({"azimuth", n, places.size(), inAzimuth, "rad", 1e-12});
 }
 
 }  // namespace
@@ -188,7 +188,7 @@ void measureAxisToGlobal(const Effort& effort, GoalTable& table) {
     judge(n, times[n], table);
     check(workload, calculator, places, table);
   }
-  table.add({"W1 growth", kAxisSizes.back(), times[kAxisSizes.back()].random, "n = 10",
+  table.add({"growth", kAxisSizes.back(), times[kAxisSizes.back()].random, "n = 10",
              times[kAxisSizes.front()].random, atMost(2.5, 1.5)});
 }
 

@@ -104,12 +104,12 @@ void judgeCircles(std::size_t n, int rounds, GoalTable& table) {
        fitting(points, [](const Points& p) { return kasaByQr<double, Eigen::HouseholderQR>(p); }),
        fitting(points,
                [](const Points& p) { return kasaByQr<double, Eigen::FullPivHouseholderQR>(p); })});
-  table.add({"W6 circle by Landau, per point", n, times[0], "1 ns", kNanosecond,
+  table.add({"circle by Landau, per point", n, times[0], "1 ns", kNanosecond,
              n < kManyPoints ? atMost(std::nullopt) : atMost(2.0, 1.0)});
   const bool isStretch = n == kLargestIteratedFit;
-  table.add({"W6 circle by Kasa, per point", n, times[1], "Eigen QR, no pivoting", times[2],
+  table.add({"circle by Kasa, per point", n, times[1], "Eigen QR, no pivoting", times[2],
              isStretch ? atLeast(1.0, 3.0) : atLeast(1.0)});
-  table.add({"W6 circle by Kasa, per point", n, times[1], "Eigen QR, full pivoting", times[3],
+  table.add({"circle by Kasa, per point", n, times[1], "Eigen QR, full pivoting", times[3],
              isStretch ? atLeast(1.0, 3.0) : atLeast(1.0)});
 }
 
@@ -119,10 +119,10 @@ void judgeLegacyCircles(std::size_t n, int rounds, GoalTable& table) {
       timesPerPoint(rounds, points,
                     {fitting(points, FittingHelper::circleFitRuvLegacy),
                      fitting(points, legacyByStoredJacobian), fitting(points, legacyByMatrices)});
-  table.add({"W6 circle by the legacy fit, per point", n, times[0], "stored Jacobian, plain sums",
+  table.add({"circle by the legacy fit, per point", n, times[0], "stored Jacobian, plain sums",
              times[1], atLeast(2.0)});
-  table.add({"W6 circle by the legacy fit, per point", n, times[0],
-             "stored Jacobian, Eigen products", times[2], atLeast(2.0)});
+  table.add({"circle by the legacy fit, per point", n, times[0], "stored Jacobian, Eigen products",
+             times[2], atLeast(2.0)});
 }
 
 Goal ellipseGoal(std::size_t n) {
@@ -137,7 +137,7 @@ void judgeEllipses(std::size_t n, int rounds, GoalTable& table) {
   const std::vector<double> times = timesPerPoint(
       rounds, points,
       {fitting(points, ellipseThrough), fitting(points, ellipseByDesignMatrices<double>)});
-  const char* work = "W6 ellipse, one round, per point";
+  const char* work = "ellipse, one round, per point";
   table.add({work, n, times[0], "Eigen, design matrices", times[1], ellipseGoal(n)});
   table.add({work, n, times[0], "1 ns", kNanosecond,
              n < kManyPoints ? atMost(std::nullopt) : atMost(std::nullopt, 6.5)});
@@ -155,18 +155,17 @@ void judgeMemory(GoalTable& table) {
   const Goal noGrowth = atMost(1.0);
   const Points circle = circlePoints(kLargestFit);
   judgeMemoryOf(
-      "W6 extra memory, Landau", [&] { FittingHelper::circleFitLandau(circle); }, noGrowth, table);
+      "extra memory, Landau", [&] { FittingHelper::circleFitLandau(circle); }, noGrowth, table);
   judgeMemoryOf(
-      "W6 extra memory, Kasa", [&] { FittingHelper::circleFitKasa(circle); }, noGrowth, table);
+      "extra memory, Kasa", [&] { FittingHelper::circleFitKasa(circle); }, noGrowth, table);
   judgeMemoryOf(
       "extra memory, Kasa by Eigen QR", [&] { kasaByQr<double, Eigen::HouseholderQR>(circle); },
       Goal(), table);
   judgeMemoryOf(
-      "W6 extra memory, legacy", [&] { FittingHelper::circleFitRuvLegacy(circle); }, noGrowth,
-      table);
+      "extra memory, legacy", [&] { FittingHelper::circleFitRuvLegacy(circle); }, noGrowth, table);
   const Points ellipse = ellipsePoints(kLargestFit);
   judgeMemoryOf(
-      "W6 extra memory, ellipse", [&] { ellipseThrough(ellipse); }, atMost(16.0), table);
+      "extra memory, ellipse", [&] { ellipseThrough(ellipse); }, atMost(16.0), table);
   judgeMemoryOf(
       "extra memory, ellipse by Eigen design matrices",
       [&] { ellipseByDesignMatrices<double>(ellipse); }, Goal(), table);
@@ -206,22 +205,22 @@ void checkKasa(std::size_t largest, const Point2D& shift, const char* where, Goa
     ours = worse(ours, distanceFrom(exact, FittingHelper::circleFitKasa(points)));
     whole = worse(whole, distanceFrom(exact, qr.x, qr.y, qr.radius));
   }
-  table.add({std::string("W6 Kasa against Eigen QR, ") + where, largest, count, ours, "m", whole});
+  table.add({std::string("Kasa against Eigen QR, ") + where, largest, count, ours, "m", whole});
 }
 
 void checkCircles(std::size_t n, GoalTable& table) {
   const Points points = circlePoints(n);
   const ExactCircle exact = kasaByQr<long double, Eigen::HouseholderQR>(points, centroidOf(points));
   table.add(
-      {"W6 Landau", n, 1, distanceFrom(exact, FittingHelper::circleFitLandau(points)), "m", 1e-9});
+      {"Landau", n, 1, distanceFrom(exact, FittingHelper::circleFitLandau(points)), "m", 1e-9});
   if (n > kLargestIteratedFit) return;
   const FittingResult legacy = FittingHelper::circleFitRuvLegacy(points);
   const FittedCircle<double> plain = legacyByStoredJacobian(points);
-  table.add({"W6 legacy", n, 1, distanceFrom(exact, legacy), "m", 1e-5});
+  table.add({"legacy", n, 1, distanceFrom(exact, legacy), "m", 1e-5});
   const double difference =
       std::max({std::abs(legacy.center.x - plain.x), std::abs(legacy.center.y - plain.y),
                 std::abs(legacy.radius - plain.radius)});
-  table.add({"W6 legacy against plain sums", n, 1, difference, "m", 0.0});
+  table.add({"legacy against plain sums", n, 1, difference, "m", 0.0});
 }
 
 void checkEllipse(std::size_t n, GoalTable& table) {
@@ -233,10 +232,10 @@ void checkEllipse(std::size_t n, GoalTable& table) {
       std::max({std::hypot(result.center.x - exact.x, result.center.y - exact.y),
                 std::abs(result.semiAxisA - exact.semiAxisA),
                 std::abs(result.semiAxisB - exact.semiAxisB)}));
-  table.add({"W6 ellipse", n, 1, inLength, "m", 1e-9});
-  table.add({"W6 ellipse, rotation", n, 1,
+  table.add({"ellipse", n, 1, inLength, "m", 1e-9});
+  table.add({"ellipse, rotation", n, 1,
              static_cast<double>(std::abs(result.rotation - exact.rotation)), "rad", 1e-9});
-  table.add({"W6 ellipse, rejected points", n, n, used == exact.used ? 0.0 : 1.0, "", 0.0});
+  table.add({"ellipse, rejected points", n, n, used == exact.used ? 0.0 : 1.0, "", 0.0});
 }
 
 }  // namespace

@@ -88,7 +88,7 @@ const std::map<std::size_t, ProjectionGoal>& projectionGoals() {
   return kGoals;
 }
 
-constexpr const char* kWork = "W2 axis point of every point of a scan";
+constexpr const char* kWork = "axis point of every point of a scan";
 
 std::vector<ENHPoint> firstOf(const std::vector<ENHPoint>& points, std::size_t count) {
   const auto end = static_cast<std::ptrdiff_t>(std::min(count, points.size()));
@@ -184,9 +184,9 @@ class ProjectionContest {
       inHeight = worse(inHeight, std::abs(place.height - truth.height));
     }
     const std::size_t count = m_scan.points.size();
-    table.add({"W2 stationing", m_size, count, inStationing, "m", 1e-8});
-    table.add({"W2 offset", m_size, count, inOffset, "m", 1e-8});
-    table.add({"W2 height", m_size, count, inHeight, "m", 1e-8});
+    table.add({"stationing", m_size, count, inStationing, "m", 1e-8});
+    table.add({"offset", m_size, count, inOffset, "m", 1e-8});
+    table.add({"height", m_size, count, inHeight, "m", 1e-8});
   }
 
   void checkTree(GoalTable& table) const {
@@ -232,7 +232,7 @@ void measureGlobalToAxis(const Effort& effort, GoalTable& table) {
     times[n] = contest.judge(effort.rounds, table);
     contest.check(table);
   }
-  table.add({"W2 growth", kAxisSizes.back(), times[kAxisSizes.back()], "n = 10",
+  table.add({"growth", kAxisSizes.back(), times[kAxisSizes.back()], "n = 10",
              times[kAxisSizes.front()], atMost(4.0)});
 }
 

@@ -34,7 +34,7 @@ MeasuredProfileCalculator calculatorOn(const SharedProfile& reference) {
 
 void movementOfASectionSinceAnEarlierScan(benchmark::State& state) {
   const auto n = static_cast<std::size_t>(state.range(0));
-  const SharedProfile reference = measuredProfileThrough(measuredSection(n, kReferenceSeed));
+  const SharedProfile reference = measuredThrough(measuredSection(n, kReferenceSeed));
   const std::vector<Point2D> points = measuredSection(n, kQuerySeed);
   for (auto _ : state) {  // NOLINT(clang-analyzer-deadcode.DeadStores): the framework's own loop
     auto results = calculatorOn(reference).calculateProfilePoints(points);
@@ -45,7 +45,7 @@ void movementOfASectionSinceAnEarlierScan(benchmark::State& state) {
 
 void movementOfOnePointSinceAnEarlierScan(benchmark::State& state) {
   const auto n = static_cast<std::size_t>(state.range(0));
-  const SharedProfile reference = measuredProfileThrough(measuredSection(n, kReferenceSeed));
+  const SharedProfile reference = measuredThrough(measuredSection(n, kReferenceSeed));
   const Point2D point = measuredSection(n, kQuerySeed).front();
   for (auto _ : state) {  // NOLINT(clang-analyzer-deadcode.DeadStores): the framework's own loop
     ProfilePointResult result = calculatorOn(reference).calculateProfilePoint(point);
@@ -118,7 +118,7 @@ class ScanContest {
       : m_size(numPoints),
         m_ring(closed(measuredSection(numPoints, kReferenceSeed))),
         m_points(measuredSection(numPoints, kQuerySeed)),
-        m_reference(measuredProfileThrough(measuredSection(numPoints, kReferenceSeed))),
+        m_reference(measuredThrough(measuredSection(numPoints, kReferenceSeed))),
         m_keptCalculator(m_reference, SharedProfile()),
         m_keptTree(m_ring) {}
 
@@ -154,8 +154,8 @@ class ScanContest {
       const double along = results[i].derolment + origin - nearest.station;
       inDerolment = worse(inDerolment, std::abs(std::remainder(along, circumference)));
     }
-    table.add({"W5 distance", m_size, count, inDistance, "m", 1e-9});
-    table.add({"W5 derolment", m_size, count, inDerolment, "m", 1e-9});
+    table.add({"distance", m_size, count, inDistance, "m", 1e-9});
+    table.add({"derolment", m_size, count, inDerolment, "m", 1e-9});
   }
 
  private:
@@ -191,20 +191,20 @@ void judge(const std::map<std::size_t, ScanTimes>& times, GoalTable& table) {
   constexpr std::size_t kLarge = 20000;
   constexpr double kMillisecond = 1e6;
   for (const auto& [n, t] : times) {
-    table.add({"W5 section against an earlier one, per point", n, t.rebuilt,
+    table.add({"section against an earlier one, per point", n, t.rebuilt,
                "Boost R-tree, build and query", t.tree,
                n < kMedium ? atLeast(std::nullopt, 2.0) : atLeast(1.0, 2.0)});
   }
   for (const auto& [n, t] : times) {
-    table.add({"W5 same with the calculator kept, per point", n, t.kept, "Boost R-tree, query",
+    table.add({"same with the calculator kept, per point", n, t.kept, "Boost R-tree, query",
                t.query, n == kLarge ? atLeast(2.0) : atLeast(2.0, 4.0)});
   }
-  table.add({"W5 growth per point", kLarge, times.at(kLarge).rebuilt, "n = 2000",
+  table.add({"growth per point", kLarge, times.at(kLarge).rebuilt, "n = 2000",
              times.at(kMedium).rebuilt, atMost(6.0)});
-  table.add({"W5 one point against an earlier section", kLarge, times.at(kLarge).single, "1 ms",
+  table.add({"one point against an earlier section", kLarge, times.at(kLarge).single, "1 ms",
              kMillisecond, atMost(15.0)});
   // O(n log n) is 13, quadratic would be 100. In between, for memory that is farther away.
-  table.add({"W5 growth of one point", kLarge, times.at(kLarge).single, "n = 2000",
+  table.add({"growth of one point", kLarge, times.at(kLarge).single, "n = 2000",
              times.at(kMedium).single, atMost(40.0)});
 }
 

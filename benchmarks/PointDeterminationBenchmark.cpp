@@ -20,6 +20,8 @@ namespace Benchmarks {
 
 namespace {
 
+using TestSupport::PlainSearch;
+
 constexpr std::uint64_t kStrictSeed = 1000;  // and those after it
 constexpr std::uint64_t kRobustSeed = 2000;
 constexpr std::size_t kMostRobustSeeds = 3;
@@ -139,9 +141,10 @@ struct StrictResults {
 void judgeOnce(const FixPointWorkload& workload, int rounds, StrictResults& results) {
   constexpr std::size_t kCalls = 5;
   const std::vector<double> best = bestOfRounds(
-      rounds, {determining(workload, kCalls, &PointDetermination::determineMeasuredPointsStrict),
-               searchingPlainly(workload, [](PlainSearch& plain) { return plain.strict(); }),
-               fittingOnce(workload)});
+      rounds,
+      {determining(workload, kCalls, &PointDetermination::determineMeasuredPointsStrict),
+       searchingPlainly(workload, [](PlainSearch& plain) { return !plain.strict().empty(); }),
+       fittingOnce(workload)});
   results.ours.push_back(best[0]);
   results.plain.push_back(best[1]);
   PlainSearch plain(workload.fixPoints, workload.measured);
@@ -162,7 +165,7 @@ void judgeStrict(const FieldSize& size, const Effort& effort, GoalTable& table) 
               results);
   }
   const std::string measured = ", " + std::to_string(size.measured) + " measured";
-  const std::string work = "W8 which fix points" + measured;
+  const std::string work = "which fix points" + measured;
   const double ours = medianOf(results.ours);
   table.add(
       {work, size.fixPoints, ours, "plain search", medianOf(results.plain), size.plainSearch});
@@ -172,8 +175,8 @@ void judgeStrict(const FieldSize& size, const Effort& effort, GoalTable& table) 
     table.add({work, size.fixPoints, ours, "1 ms", kMillisecond, atMost(18.0)});
   }
   table.add(
-      {"W8 rigid fits" + measured, size.fixPoints, medianOf(results.fits), "(median)", size.fits});
-  table.add({"W8 wrong ids" + measured, size.fixPoints, size.measured * effort.seeds,
+      {"rigid fits" + measured, size.fixPoints, medianOf(results.fits), "(median)", size.fits});
+  table.add({"wrong ids" + measured, size.fixPoints, size.measured * effort.seeds,
              static_cast<double>(results.numWrong), "", 0.0});
 }
 
@@ -198,9 +201,9 @@ void judgeMemoryAndCounts(const FixPointWorkload& workload, std::size_t numStray
   PointDetermination determination = workload.enter();
   const auto bytes = extraMemoryOf([&] { determination.determineMeasuredPointsRobust(); });
   if (bytes) {
-    table.add({"W8 extra memory" + what, kFieldWithStray, *bytes / kMegabyte, "MB", atMost(1.0)});
+    table.add({"extra memory" + what, kFieldWithStray, *bytes / kMegabyte, "MB", atMost(1.0)});
   }
-  table.add({"W8 searched subsets" + what, kFieldWithStray,
+  table.add({"searched subsets" + what, kFieldWithStray,
              static_cast<double>(numSearchedSubsets(workload)), "",
              atMost(numSubsets(kMeasuredWithStray, numStray))});
 }
@@ -212,7 +215,7 @@ void judgeRobust(std::size_t numStray, std::uint64_t seed, const Effort& effort,
   const std::vector<double> best = bestOfRounds(
       effort.rounds,
       {determining(workload, kCalls, &PointDetermination::determineMeasuredPointsRobust),
-       searchingPlainly(workload, [](PlainSearch& plain) { return plain.robust(); })});
+       searchingPlainly(workload, [](PlainSearch& plain) { return !plain.robust().empty(); })});
   PlainSearch plain(workload.fixPoints, workload.measured);
   plain.robust();
   // Without remembering, subsets are searched as often as there are orders of leaving out.
@@ -220,7 +223,7 @@ void judgeRobust(std::size_t numStray, std::uint64_t seed, const Effort& effort,
       best[1] * plain.numRepeatedSubsets() / static_cast<double>(plain.searchedSubsets());
   const std::string what =
       ", 12 measured, " + std::to_string(numStray) + " stray, seed " + std::to_string(seed);
-  const std::string work = "W8 which fix points" + what;
+  const std::string work = "which fix points" + what;
   const bool hasGoals = numStray == kManyStray;
   table.add({work, kFieldWithStray, best[0], "plain search, subsets remembered", best[1],
              hasGoals ? atLeast(50.0) : atLeast(std::nullopt)});
@@ -231,7 +234,7 @@ void judgeRobust(std::size_t numStray, std::uint64_t seed, const Effort& effort,
   judgeMemoryAndCounts(workload, numStray, what, table);
   PointDetermination determination = workload.enter();
   determination.determineMeasuredPointsRobust();
-  table.add({"W8 wrong ids" + what, kFieldWithStray, kMeasuredWithStray,
+  table.add({"wrong ids" + what, kFieldWithStray, kMeasuredWithStray,
              static_cast<double>(workload.numWrong(determination)), "", 0.0});
 }
 
@@ -247,7 +250,7 @@ void judgeChance(std::size_t numFixPoints, const Effort& effort, GoalTable& tabl
                                                     benchmark::DoNotOptimize(expected);
                                                   });
                                                 }});
-  table.add({"W8 expected by chance, 12 measured", numFixPoints, best[0], "1 ms", kMillisecond,
+  table.add({"expected by chance, 12 measured", numFixPoints, best[0], "1 ms", kMillisecond,
              atMost(std::nullopt)});
 }
 
@@ -283,9 +286,9 @@ void checkChance(const Effort& effort, GoalTable& table) {
                   [](double expected) { return !(expected < 0.001); });
     }
   }
-  table.add({"W8 strays of which fewer than 0.01 are expected", 300, strays.found, strays.share(),
+  table.add({"strays of which fewer than 0.01 are expected", 300, strays.found, strays.share(),
              "of those found", 0.02});
-  table.add({"W8 figures of which 0.001 or more are expected", 300, figures.found, figures.share(),
+  table.add({"figures of which 0.001 or more are expected", 300, figures.found, figures.share(),
              "of those found", 0.01});
 }
 

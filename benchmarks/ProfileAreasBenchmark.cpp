@@ -44,7 +44,7 @@ void areasOfASection(benchmark::State& state) {
   const auto numPoints = static_cast<std::size_t>(state.range(0));
   const boost::shared_ptr<const ThProfileDefinition> design = enterTunnelProfile();
   const boost::shared_ptr<const MeasuredProfile> section =
-      measuredProfileThrough(measuredSection(numPoints, kSectionSeed));
+      measuredThrough(measuredSection(numPoints, kSectionSeed));
   for (auto _ : state) {  // NOLINT(clang-analyzer-deadcode.DeadStores): the framework's own loop
     OverAndUnder areas = overAndUnder(MeasuredProfileCalculator(design, section));
     benchmark::DoNotOptimize(areas);
@@ -82,8 +82,8 @@ class AreaContest {
         m_reference(m_isDesign ? coarseOutline() : fineOutline()),
         m_section(measuredSection(numPoints, kSectionSeed)),
         m_design(enterTunnelProfile()),
-        m_enteredReference(measuredProfileThrough(m_reference)),
-        m_excavation(measuredProfileThrough(m_section)) {}
+        m_enteredReference(measuredThrough(m_reference)),
+        m_excavation(measuredThrough(m_section)) {}
 
   void judge(int rounds, GoalTable& table) const {
     constexpr std::size_t kSmall = 200;
@@ -97,7 +97,7 @@ class AreaContest {
          repeating(m_size, [this] {
            return clipGeologicalArea(m_reference, m_section, kGeologicalDistance);
          })});
-    const std::string areas = "W4 over and under" + suffix();
+    const std::string areas = "over and under" + suffix();
     table.add({areas, m_size, best[0], "Clipper, two differences", best[1],
                atMost(m_size <= kSmall ? 1.4 : 1.15, 1.05)});
     if (m_size <= kMedium) {
@@ -105,7 +105,7 @@ class AreaContest {
           {areas, m_size, best[0], "Clipper, to be beaten", best[1], atMost(std::nullopt, 1.0)});
     }
     table.add({areas, m_size, best[0], "GEOS, two differences", best[2], atMost(1.0)});
-    table.add({"W4 geological area" + suffix(), m_size, best[3], "Clipper, the same chain", best[4],
+    table.add({"geological area" + suffix(), m_size, best[3], "Clipper, the same chain", best[4],
                atMost(1.2, 1.1)});
   }
 
@@ -121,8 +121,8 @@ class AreaContest {
         worse(std::abs(ours.over - clipped.over), std::abs(ours.under - clipped.under));
     const double byGeos =
         worse(std::abs(ours.over - exact.over), std::abs(ours.under - exact.under));
-    table.add({"W4 areas against Clipper" + suffix(), m_size, 2, byGrid, "m2", kSameGrid});
-    table.add({"W4 areas against GEOS" + suffix(), m_size, 2, byGeos, "m2", slack});
+    table.add({"areas against Clipper" + suffix(), m_size, 2, byGrid, "m2", kSameGrid});
+    table.add({"areas against GEOS" + suffix(), m_size, 2, byGeos, "m2", slack});
     checkGeology(slack, table);
   }
 
@@ -141,12 +141,12 @@ class AreaContest {
   void checkGeology(double slack, GoalTable& table) const {
     const double area = geologicalArea(newCalculator());
     const double chain = clipGeologicalArea(m_reference, m_section, kGeologicalDistance);
-    table.add({"W4 geological area against Clipper" + suffix(), m_size, 1, std::abs(area - chain),
+    table.add({"geological area against Clipper" + suffix(), m_size, 1, std::abs(area - chain),
                "m2", kSameGrid});
     const double beyond = newCalculator().geologicalOverProfileArea(
         GeologicalOverProfileMethod::GeologicalBeyondLimitOnly, kGeologicalDistance, 0.0);
     const double exact = geosAreaBeyond(m_geos, m_reference, m_section, kGeologicalDistance);
-    table.add({"W4 area beyond 8 cm against GEOS" + suffix(), m_size, 1, std::abs(beyond - exact),
+    table.add({"area beyond 8 cm against GEOS" + suffix(), m_size, 1, std::abs(beyond - exact),
                "m2", slack});
   }
 
@@ -177,7 +177,7 @@ void judgeOffsets(int rounds, GoalTable& table) {
                              [&] { return Path::expand(pathThrough(outline), distance).area(); }),
                    repeating(outline.size(), [&] { return offsetOutline(outline, distance); })});
       const std::string millimetres = std::to_string(std::lround(1000.0 * distance));
-      table.add({"W4 outline offset by " + millimetres + " mm", outline.size(), best[0], "Clipper",
+      table.add({"outline offset by " + millimetres + " mm", outline.size(), best[0], "Clipper",
                  best[1], atMost(std::nullopt)});
     }
   }

@@ -76,7 +76,7 @@ class ProfileContest {
         m_pointsOfLine(firstPoints(kPointsOfLinearSearch)) {}
 
   void judge(int rounds, GoalTable& table) const {
-    const char* work = "W3 position of every point of a section";
+    const char* work = "position of every point of a section";
     const std::size_t n = tunnelProfile().nodes().size() - 1;
     const std::vector<double> best =
         bestOfRounds(rounds, {ours(), tree(), line(), sineAndCosine()});
@@ -149,9 +149,9 @@ class ProfileContest {
       inDerolment = worse(inDerolment, static_cast<double>(fromPlace));
     }
     const std::size_t n = profile.nodes().size() - 1;
-    table.add({"W3 distance", n, results.size(), inDistance, "m", 1e-9});
-    table.add({"W3 nearest point", n, results.size(), inFoot, "m", 1e-9});
-    table.add({"W3 derolment", n, results.size(), inDerolment, "m", kCrownAccuracy});
+    table.add({"distance", n, results.size(), inDistance, "m", 1e-9});
+    table.add({"nearest point", n, results.size(), inFoot, "m", 1e-9});
+    table.add({"derolment", n, results.size(), inDerolment, "m", kCrownAccuracy});
   }
 
   void checkTree(GoalTable& table) const {

@@ -125,15 +125,15 @@ class ResectionContest {
          placingTargets()});
     // A peer starts from coordinates. What they cost is added.
     const double sc = best[4] * static_cast<double>(m_size);
-    table.add({"W7 levelled instrument", m_size, best[0], "umeyama + 5 sc per pair",
+    table.add({"levelled instrument", m_size, best[0], "umeyama + 5 sc per pair",
                best[1] + 5.0 * sc, atMost(1.5)});
-    table.add({"W7 levelled instrument", m_size, best[0], "umeyama alone", best[1],
+    table.add({"levelled instrument", m_size, best[0], "umeyama alone", best[1],
                m_size <= kFewPairs ? atMost(std::nullopt, 1.0) : atMost(std::nullopt)});
-    table.add({"W7 tilted instrument", m_size, best[2], "dense Gauss-Newton + 3 sc per pair",
+    table.add({"tilted instrument", m_size, best[2], "dense Gauss-Newton + 3 sc per pair",
                best[3] + 3.0 * sc, atLeast(1.0, 1.5)});
-    table.add({"W7 placement with residuals", m_size, best[5], "the setup alone", best[2],
+    table.add({"placement with residuals", m_size, best[5], "the setup alone", best[2],
                atMost(std::nullopt)});
-    table.add({"W7 target placed", m_size, best[6], "1 sc", best[4], atMost(std::nullopt)});
+    table.add({"target placed", m_size, best[6], "1 sc", best[4], atMost(std::nullopt)});
   }
 
   /// Against the same least squares with wider numbers.
@@ -142,13 +142,13 @@ class ResectionContest {
     constexpr double kNegligibleWide = 1e-12;
     const Columns<Wide> local = m_local.cast<Wide>();
     const Columns<Wide> global = m_global.cast<Wide>();
-    check("W7 levelled instrument", inPlan(m_resection),
+    check("levelled instrument", inPlan(m_resection),
           planeSimilarity<Wide>(local.topRows<2>(), global.topRows<2>()), table);
     const Similarity<Wide> exact = DenseGaussNewton<Wide>(local, global).solve(kNegligibleWide);
     const SetUp found = inSpace(m_resection);
-    check("W7 tilted instrument", found, exact, table);
+    check("tilted instrument", found, exact, table);
     const double inHeight = error(found.isFound, found.station.height, exact.station(2));
-    table.add({"W7 tilted instrument, height", m_size, 1, inHeight, "m", 1e-9});
+    table.add({"tilted instrument, height", m_size, 1, inHeight, "m", 1e-9});
     const std::array<double, 5> stdDevs = {found.stationStdDev.east, found.stationStdDev.north,
                                            found.stationStdDev.height, found.orientationStdDev,
                                            found.scaleStdDev};
@@ -158,7 +158,7 @@ class ResectionContest {
       const Wide relative = stdDevs[i] / exact.stdDevs(kParameters[i]);
       inStdDevs = worse(inStdDevs, error(found.isFound, static_cast<double>(relative), 1.0L));
     }
-    table.add({"W7 tilted instrument, standard deviations", m_size, stdDevs.size(), inStdDevs,
+    table.add({"tilted instrument, standard deviations", m_size, stdDevs.size(), inStdDevs,
                "relative", 1e-6});
   }
 

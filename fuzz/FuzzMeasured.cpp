@@ -2,9 +2,10 @@
 
 #include "FuzzOutlines.h"
 
-#include <Calculations/Calculations.h>
+#include "testing/Polygons.h"
+#include "testing/Profiles.h"
 
-#include <boost/make_shared.hpp>
+#include <Calculations/Calculations.h>
 
 #include <cmath>
 
@@ -14,19 +15,13 @@ using namespace Ruv::Calculations;
 using Fuzz::Input;
 using Fuzz::require;
 using Fuzz::requireNear;
+using TestSupport::areaOf;
+using TestSupport::measuredThrough;
 
 /// Half a step of the clipping grid for every metre of outline, several times.
 constexpr double kAreaTolerance = 0.02;
 /// Pieces of results below this are left out.
 constexpr double kSmallestPiece = 0.0001;
-
-boost::shared_ptr<MeasuredProfile> measuredThrough(const std::vector<Point2D>& points) {
-  auto measured = boost::make_shared<MeasuredProfile>();
-  for (const Point2D& p : points) {
-    measured->addPoint(p);
-  }
-  return measured;
-}
 
 bool setFilters(Input& input, MeasuredProfileCalculator& comparison) {
   const int which = input.count(255);
@@ -42,19 +37,6 @@ bool setFilters(Input& input, MeasuredProfileCalculator& comparison) {
   return (which & 15) != 0 || (which >> 4) > 12;
 }
 
-double areaOf(const std::vector<Polygon>& polygons) {
-  double sum = 0.0;
-  for (const Polygon& polygon : polygons) {
-    const auto& points = polygon.points();
-    for (std::size_t i = 0; i < points.size(); ++i) {
-      const Point2D& a = points[i];
-      const Point2D& b = points[(i + 1) % points.size()];
-      sum += (a.x * b.y - a.y * b.x) / 2.0;
-    }
-  }
-  return std::abs(sum);
-}
-
 void checkAreas(const MeasuredProfileCalculator& comparison) {
   const double over = comparison.overProfileArea();
   const double under = comparison.underProfileArea();
@@ -62,7 +44,7 @@ void checkAreas(const MeasuredProfileCalculator& comparison) {
   requireNear(over - under, comparison.comparisonArea() - comparison.referenceArea(),
               kAreaTolerance, "over profile less under profile is the difference of the areas");
   const auto pieces = comparison.overProfileAreaPathes();
-  requireNear(areaOf(pieces), over, 1e-6 + 100 * kSmallestPiece, "pieces add up");
+  requireNear(std::abs(areaOf(pieces)), over, 1e-6 + 100 * kSmallestPiece, "pieces add up");
 }
 
 /// Of one calculation, a sum of the two parts can only exceed the over profile by what the band
@@ -75,7 +57,7 @@ void divide(Input& input, const MeasuredProfileCalculator& comparison, bool chec
   const double area = comparison.geologicalOverProfileArea(method, a, b);
   if (!check) return;
   require(area >= 0.0, "the geological area is not negative");
-  require(areaOf(rest) <= comparison.overProfileArea() + kAreaTolerance,
+  require(std::abs(areaOf(rest)) <= comparison.overProfileArea() + kAreaTolerance,
           "the rest is part of the over profile");
 }
 

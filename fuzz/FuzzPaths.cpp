@@ -2,6 +2,8 @@
 
 #include "FuzzOutlines.h"
 
+#include "testing/Polygons.h"
+
 #include <Calculations/Calculations.h>
 
 #include <algorithm>
@@ -13,6 +15,7 @@ using namespace Ruv::Calculations;
 using Fuzz::Input;
 using Fuzz::require;
 using Fuzz::requireNear;
+using TestSupport::distanceToEdge;
 
 constexpr double kGrid = 1e-4;
 
@@ -48,14 +51,6 @@ Path outline(Input& input) {
 /// Crossings are rounded to the grid, which moves the edges that meet there by up to a step.
 double areaTolerance(const Path& a, const Path& b) {
   return 4.0 * kGrid * (a.lineLength() + b.lineLength() + 1.0);
-}
-
-double distanceToEdge(const Point2D& p, const Point2D& a, const Point2D& b) {
-  const Point2D d = b - a;
-  const double square = d.x * d.x + d.y * d.y;
-  const double t = square > 0.0 ? ((p.x - a.x) * d.x + (p.y - a.y) * d.y) / square : 0.0;
-  const double onEdge = std::min(std::max(t, 0.0), 1.0);
-  return std::hypot(p.x - a.x - onEdge * d.x, p.y - a.y - onEdge * d.y);
 }
 
 constexpr double kNear = 5.0 * kGrid;

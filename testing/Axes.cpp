@@ -4,8 +4,6 @@
 
 #include <Calculations/ShapeElements.h>
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <utility>
 
@@ -74,20 +72,6 @@ AxisPtr goldenAxis(const std::string& name) {
   return axis;
 }
 
-ENHPoint gridPoint(const AxisCalculator& calculator, const AxisPoint& point, bool inSpace,
-                   bool withTransSlope) {
-  ENHPoint result;
-  EXPECT_TRUE(calculator.axisPointToEnhPoint(point, result, inSpace, withTransSlope));
-  return result;
-}
-
-AxisPoint axisPoint(const AxisCalculator& calculator, const ENHPoint& point, bool inSpace,
-                    bool withTransSlope) {
-  AxisPoint result;
-  EXPECT_TRUE(calculator.enhPointToAxisPoint(point, result, inSpace, withTransSlope));
-  return result;
-}
-
 ChainBuilder::ChainBuilder(AxisPtr axis, double stationing, double east, double north,
                            double azimuth)
     : m_axis(std::move(axis)),
@@ -148,8 +132,8 @@ AxisPtr randomSmoothAxis(Random& random, double printingError) {
   if (printingError > 0.0) chain.printedTo(printingError, random);
   const double start = chain.stationing();
   for (int i = 0; i < 4; ++i) {
-    const double radius = random.uniform(300.0, 900.0) * (random.index(2) == 0 ? 1.0 : -1.0);
-    const double other = random.uniform(300.0, 900.0) * (random.index(2) == 0 ? 1.0 : -1.0);
+    const double radius = random.uniform(300.0, 900.0) * random.sign();
+    const double other = random.uniform(300.0, 900.0) * random.sign();
     chain.straight(random.uniform(1.0, 80.0)).clothoid(0.0, radius, random.uniform(30.0, 80.0));
     chain.arc(radius, random.uniform(5.0, 100.0));
     chain.clothoid(radius, other, random.uniform(30.0, 80.0));

@@ -1,8 +1,8 @@
 /// @file
 /// Axes to test with.
 
-#ifndef CALCULATIONS_TESTS_SUPPORT_AXES_H
-#define CALCULATIONS_TESTS_SUPPORT_AXES_H
+#ifndef CALCULATIONS_TESTING_AXES_H
+#define CALCULATIONS_TESTING_AXES_H
 
 #include "testing/Random.h"
 
@@ -36,14 +36,6 @@ struct AxisProperties {
 
 /// An axis of tests/golden/alignments.
 AxisPtr goldenAxis(const std::string& name);
-
-/// Conversions that have to succeed.
-Ruv::Calculations::ENHPoint gridPoint(const Ruv::Calculations::AxisCalculator& calculator,
-                                      const Ruv::Calculations::AxisPoint& point,
-                                      bool inSpace = false, bool withTransSlope = true);
-Ruv::Calculations::AxisPoint axisPoint(const Ruv::Calculations::AxisCalculator& calculator,
-                                       const Ruv::Calculations::ENHPoint& point,
-                                       bool inSpace = false, bool withTransSlope = true);
 
 /// Adds segments one behind the other. Headings are exact sums; end points are the library's own.
 class ChainBuilder {

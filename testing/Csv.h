@@ -1,8 +1,8 @@
 /// @file
 /// Reads the golden files: one header line, then rows of numbers and words.
 
-#ifndef CALCULATIONS_TESTS_SUPPORT_CSV_H
-#define CALCULATIONS_TESTS_SUPPORT_CSV_H
+#ifndef CALCULATIONS_TESTING_CSV_H
+#define CALCULATIONS_TESTING_CSV_H
 
 #include <map>
 #include <string>

@@ -1,24 +1,22 @@
 /// @file
 /// Points to fit curves to.
 
-#ifndef CALCULATIONS_TESTS_FITTING_FIT_POINTS_H
-#define CALCULATIONS_TESTS_FITTING_FIT_POINTS_H
+#ifndef CALCULATIONS_TESTING_FIT_POINTS_H
+#define CALCULATIONS_TESTING_FIT_POINTS_H
 
 #include "testing/Csv.h"
+#include "testing/Numbers.h"
 #include "testing/Random.h"
 
 #include <Calculations/Points.h>
 
 #include <cmath>
-#include <limits>
 #include <vector>
 
 namespace TestSupport {
 
 using Ruv::Calculations::Point2D;
 using Points = std::vector<Point2D>;
-
-constexpr double kPi = 3.141592653589793;
 
 inline Points goldenPoints(const CsvRow& row) {
   Points points;
@@ -61,8 +59,7 @@ inline std::vector<Points> pointsOfNoCurve() {
       }
     }
   }
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
-  for (const double value : {kInfinity, -kInfinity, kInfinity - kInfinity, 1e300}) {
+  for (const double value : {kInfinity, -kInfinity, kNaN, 1e300}) {
     for (const std::size_t index : {0u, 7u}) {
       cases.push_back(ellipsePoints(Point2D(1, 2), 5, 4, 0, 20));
       cases.back()[index].y = value;

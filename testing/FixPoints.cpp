@@ -1,12 +1,12 @@
 #include "testing/FixPoints.h"
 
-#include "support/SplitMix64.h"
+#include "testing/Numbers.h"
 
 #include <cmath>
 #include <numeric>
 #include <utility>
 
-namespace Benchmarks {
+namespace TestSupport {
 
 namespace {
 
@@ -19,14 +19,7 @@ constexpr double kNoise = 0.001;
 
 const ENHPoint kInstrument(0.7, 100.0, 498.5);
 
-ENHPoint pointOnTheWall(SplitMix64& random) {
-  const double north = kTunnelLength * random.uniform();
-  const double bearing = kFullTurn * random.uniform();
-  const double distance = 5.0 + 0.5 * (2.0 * random.uniform() - 1.0);
-  return ENHPoint(distance * std::sin(bearing), north, kAxisHeight + distance * std::cos(bearing));
-}
-
-ENHPoint seenFromTheInstrument(const ENHPoint& point, SplitMix64& random) {
+ENHPoint seenFromTheInstrument(const ENHPoint& point, Random& random) {
   ENHPoint seen = Utilities::rotateAroundHeightZaxis(point - kInstrument, kTurn);
   for (double* coordinate : {&seen.east, &seen.north, &seen.height}) {
     *coordinate += kNoise * random.normal();
@@ -39,9 +32,16 @@ std::wstring measurementId(std::size_t index) { return L"M" + std::to_wstring(in
 
 }  // namespace
 
+ENHPoint pointOnTheWall(Random& random) {
+  const double north = kTunnelLength * random.uniform();
+  const double bearing = 2.0 * kPi * random.uniform();
+  const double distance = 5.0 + 0.5 * (2.0 * random.uniform() - 1.0);
+  return ENHPoint(distance * std::sin(bearing), north, kAxisHeight + distance * std::cos(bearing));
+}
+
 FixPointWorkload::FixPointWorkload(std::size_t numFixPoints, std::size_t numMeasured,
                                    std::size_t numStray, std::uint64_t seed) {
-  SplitMix64 random(seed);
+  Random random(seed);
   for (std::size_t i = 0; i < numFixPoints; ++i) {
     fixPoints.push_back(pointOnTheWall(random));
   }
@@ -86,4 +86,4 @@ std::size_t FixPointWorkload::numWrong(const PointDetermination& determination) 
   return wrong;
 }
 
-}  // namespace Benchmarks
+}  // namespace TestSupport

@@ -1,8 +1,10 @@
 /// @file
 /// Fix points on the wall of a tunnel, and measurements of some of them without their ids.
 
-#ifndef CALCULATIONS_BENCHMARKS_FIX_POINT_WORKLOAD_H
-#define CALCULATIONS_BENCHMARKS_FIX_POINT_WORKLOAD_H
+#ifndef CALCULATIONS_TESTING_FIX_POINTS_H
+#define CALCULATIONS_TESTING_FIX_POINTS_H
+
+#include "testing/Random.h"
 
 #include <Calculations/Calculations.h>
 
@@ -12,10 +14,13 @@
 #include <string>
 #include <vector>
 
-namespace Benchmarks {
+namespace TestSupport {
 
 using Ruv::Calculations::ENHPoint;
 using Ruv::Calculations::PointDetermination;
+
+/// All round the wall of 200 m of tunnel that runs north.
+ENHPoint pointOnTheWall(Random& random);
 
 /// 200 m of tunnel with fix points all round the wall. An instrument stands in the middle, turned
 /// somehow, and measures some of them with noise of 1 mm, and places that are no fix points.
@@ -36,6 +41,6 @@ struct FixPointWorkload {
   std::size_t numWrong(const PointDetermination& determination) const;
 };
 
-}  // namespace Benchmarks
+}  // namespace TestSupport
 
 #endif

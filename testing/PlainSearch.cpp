@@ -9,8 +9,9 @@
 #include <deque>
 #include <numeric>
 #include <set>
+#include <utility>
 
-namespace Benchmarks {
+namespace TestSupport {
 
 namespace {
 
@@ -73,38 +74,70 @@ double placeInRepeatingQueue(const std::vector<std::size_t>& subset, std::size_t
   return before + place + 1.0;
 }
 
+/// Moves the measured points onto their fix points; none beyond the tolerances.
+std::optional<double> fitWithinTolerances(const Eigen::Matrix3Xd& measured,
+                                          const Eigen::Matrix3Xd& fixPoints) {
+  const Eigen::Matrix3Xd from = measured.colwise() - Eigen::Vector3d(measured.rowwise().mean());
+  const Eigen::Matrix3Xd to = fixPoints.colwise() - Eigen::Vector3d(fixPoints.rowwise().mean());
+  const Eigen::Matrix3d rotation = bestRotation(from, to);
+  const Eigen::Matrix3Xd deviations = rotation * from - to;
+  const bool fits = (deviations.topRows<2>().array().abs() < kTolerance).all() &&
+                    (deviations.row(2).array().abs() < kHeightTolerance).all() &&
+                    rotation(2, 2) >= kCosineOfTilt;
+  return fits ? std::optional<double>(deviations.squaredNorm()) : std::nullopt;
+}
+
 }  // namespace
+
+PlainSearch::PlainSearch(const std::vector<ENHPoint>& fixPoints,
+                         const std::vector<ENHPoint>& measured)
+    : PlainSearch(fixPoints, measured, kTolerance, kFewestMeasured, fitWithinTolerances) {
+  m_endsBranches = true;
+}
+
+PlainSearch::PlainSearch(const std::vector<ENHPoint>& fixPoints,
+                         const std::vector<ENHPoint>& measured, double distanceTolerance,
+                         std::size_t fewest, Fit fit)
+    : m_fixPoints(fixPoints),
+      m_measured(measured),
+      m_tolerance(distanceTolerance),
+      m_fewest(fewest),
+      m_endsBranches(false),
+      m_fit(std::move(fit)) {}
 
 double PlainSearch::measuredDistance(std::size_t a, std::size_t b) const {
   return (m_measured[a] - m_measured[b]).length();
 }
 
-bool PlainSearch::strict() { return search(firstNumbers(m_measured.size())); }
-
-bool PlainSearch::robust() {
-  std::set<Indices> searched;
-  std::deque<Indices> queue = {firstNumbers(m_measured.size())};
-  while (!queue.empty()) {
-    const Indices subset = queue.front();
-    queue.pop_front();
-    if (!searched.insert(subset).second) continue;
-    m_searchedSubsets = searched.size();
-    if (search(subset)) {
-      m_numRepeatedSubsets = placeInRepeatingQueue(subset, m_measured.size());
-      return true;
-    }
-    if (subset.size() <= kFewestMeasured) continue;
-    for (std::size_t k = 0; k < subset.size(); ++k) {
-      Indices smaller = subset;
-      smaller.erase(smaller.begin() + static_cast<std::ptrdiff_t>(k));
-      queue.push_back(smaller);
-    }
-  }
-  return false;
+std::vector<PlainSearch::Solution> PlainSearch::strict() {
+  return search(firstNumbers(m_measured.size()));
 }
 
-bool PlainSearch::search(const Indices& subset) {
+std::vector<PlainSearch::Solution> PlainSearch::robust() {
+  std::set<Indices> searched;
+  std::deque<Indices> queue = {firstNumbers(m_measured.size())};
+  for (; !queue.empty(); queue.pop_front()) {
+    const Indices subset = queue.front();
+    if (!searched.insert(subset).second) continue;
+    m_searchedSubsets = searched.size();
+    std::vector<Solution> solutions = search(subset);
+    if (!solutions.empty()) {
+      m_numRepeatedSubsets = placeInRepeatingQueue(subset, m_measured.size());
+      return solutions;
+    }
+    if (subset.size() <= m_fewest) continue;
+    for (std::size_t k = 0; k < subset.size(); ++k) {
+      queue.push_back(subset);
+      queue.back().erase(queue.back().begin() + static_cast<std::ptrdiff_t>(k));
+    }
+  }
+  return {};
+}
+
+std::vector<PlainSearch::Solution> PlainSearch::search(const Indices& subset) {
   m_numCombinations = 0.0;
+  std::vector<Solution> solutions;
+  if (m_fixPoints.size() < m_fewest || subset.size() < m_fewest) return solutions;
   double farthest = 0.0;
   for (const std::size_t i : subset) {
     farthest = std::max(farthest, measuredDistance(subset.front(), i));
@@ -112,9 +145,8 @@ bool PlainSearch::search(const Indices& subset) {
   std::vector<std::vector<Neighbour>> neighbours;
   neighbours.reserve(m_fixPoints.size());
   for (std::size_t f = 0; f < m_fixPoints.size(); ++f) {
-    neighbours.push_back(neighboursOf(f, farthest + 2.0 * kTolerance));
+    neighbours.push_back(neighboursOf(f, farthest + 2.0 * m_tolerance));
   }
-  bool found = false;
   for (std::size_t f = 0; f < m_fixPoints.size(); ++f) {
     if (neighbours[f].size() + 2 < subset.size()) continue;
     const std::vector<Indices> partners = partnersOf(neighbours[f], subset);
@@ -125,9 +157,11 @@ bool PlainSearch::search(const Indices& subset) {
     }
     m_numCombinations += combinations;
     Indices assigned = {f};
-    if (place(subset, partners, assigned)) found = true;
+    place(subset, partners, assigned, solutions);
   }
-  return found;
+  std::stable_sort(solutions.begin(), solutions.end(),
+                   [](const Solution& a, const Solution& b) { return a.score < b.score; });
+  return solutions;
 }
 
 std::vector<PlainSearch::Neighbour> PlainSearch::neighboursOf(std::size_t fixPoint,
@@ -149,7 +183,7 @@ std::vector<PlainSearch::Indices> PlainSearch::partnersOf(const std::vector<Neig
     const double distance = measuredDistance(subset.front(), subset[k]);
     Indices atDistance;
     for (const Neighbour& neighbour : neighbours) {
-      if (std::abs(neighbour.distance - distance) < kTolerance) {
+      if (std::abs(neighbour.distance - distance) < m_tolerance) {
         atDistance.push_back(neighbour.index);
       }
     }
@@ -160,18 +194,23 @@ std::vector<PlainSearch::Indices> PlainSearch::partnersOf(const std::vector<Neig
 }
 
 /// Goes through all combinations that begin with those assigned.
-/// @return whether one of them fits
-bool PlainSearch::place(const Indices& subset, const std::vector<Indices>& partners,
-                        Indices& assigned) const {
-  if (assigned.size() == subset.size()) return fits(subset, assigned);
-  bool found = false;
+void PlainSearch::place(const Indices& subset, const std::vector<Indices>& partners,
+                        Indices& assigned, std::vector<Solution>& solutions) const {
+  if (assigned.size() == subset.size()) {
+    const auto score = m_fit(columnsOf(m_measured, subset), columnsOf(m_fixPoints, assigned));
+    if (!score) return;
+    solutions.push_back({Indices(m_measured.size(), kLeftOut), *score});
+    for (std::size_t i = 0; i < subset.size(); ++i) {
+      solutions.back().fixPoints[subset[i]] = assigned[i];
+    }
+    return;
+  }
   for (const std::size_t next : partners[assigned.size() - 1]) {
-    if (!keepsDistances(subset, assigned, next)) continue;
+    if (m_endsBranches && !keepsDistances(subset, assigned, next)) continue;
     assigned.push_back(next);
-    if (place(subset, partners, assigned)) found = true;
+    place(subset, partners, assigned, solutions);
     assigned.pop_back();
   }
-  return found;
 }
 
 bool PlainSearch::keepsDistances(const Indices& subset, const Indices& assigned,
@@ -186,20 +225,9 @@ bool PlainSearch::keepsDistances(const Indices& subset, const Indices& assigned,
   return true;
 }
 
-bool PlainSearch::fits(const Indices& subset, const Indices& assigned) const {
-  Eigen::Matrix3Xd measured = columnsOf(m_measured, subset);
-  Eigen::Matrix3Xd fixPoints = columnsOf(m_fixPoints, assigned);
-  measured.colwise() -= Eigen::Vector3d(measured.rowwise().mean());
-  fixPoints.colwise() -= Eigen::Vector3d(fixPoints.rowwise().mean());
-  const Eigen::Matrix3d rotation = bestRotation(measured, fixPoints);
-  const Eigen::Matrix3Xd deviations = rotation * measured - fixPoints;
-  return (deviations.topRows<2>().array().abs() < kTolerance).all() &&
-         (deviations.row(2).array().abs() < kHeightTolerance).all() &&
-         rotation(2, 2) >= kCosineOfTilt;
+bool PlainSearch::fit(const Indices& fixPoints) const {
+  const Indices all = firstNumbers(m_measured.size());
+  return m_fit(columnsOf(m_measured, all), columnsOf(m_fixPoints, fixPoints)).has_value();
 }
 
-bool PlainSearch::fit(const std::vector<std::size_t>& fixPoints) const {
-  return fits(firstNumbers(m_measured.size()), fixPoints);
-}
-
-}  // namespace Benchmarks
+}  // namespace TestSupport

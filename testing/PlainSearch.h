@@ -1,34 +1,52 @@
 /// @file
 /// The search for measured fix points as one would write it down.
 
-#ifndef CALCULATIONS_BENCHMARKS_PLAIN_SEARCH_H
-#define CALCULATIONS_BENCHMARKS_PLAIN_SEARCH_H
+#ifndef CALCULATIONS_TESTING_PLAIN_SEARCH_H
+#define CALCULATIONS_TESTING_PLAIN_SEARCH_H
 
 #include <Calculations/Points.h>
 
+#include <Eigen/Core>
+
 #include <cstddef>
+#include <functional>
+#include <limits>
+#include <optional>
 #include <vector>
 
-namespace Benchmarks {
+namespace TestSupport {
 
 using Ruv::Calculations::ENHPoint;
 
-/// Measures all distances between fix points, takes each fix point in turn for the first measured
-/// one, lists for each other one the fix points at its distance, and goes through the combinations
-/// depth first. A branch ends where two fix points differ too much in their distance from the
-/// measured points. Complete combinations are fitted and tested.
+/// Takes each fix point in turn for the first measured one, lists for each other one the fix points
+/// at its distance, and goes through the combinations depth first. Complete ones are fitted and
+/// tested.
 class PlainSearch {
  public:
-  PlainSearch(const std::vector<ENHPoint>& fixPoints, const std::vector<ENHPoint>& measured)
-      : m_fixPoints(fixPoints), m_measured(measured) {}
+  using Indices = std::vector<std::size_t>;
+  /// The score of measured points that are assigned to fix points, none when they do not fit.
+  using Fit = std::function<std::optional<double>(const Eigen::Matrix3Xd& measured,
+                                                  const Eigen::Matrix3Xd& fixPoints)>;
 
-  /// All measured points.
-  /// @return whether there is a solution
-  bool strict();
+  static constexpr std::size_t kLeftOut = std::numeric_limits<std::size_t>::max();
+  struct Solution {
+    Indices fixPoints;  ///< for each measured point, or kLeftOut
+    double score;
+  };
 
-  /// As many as possible: leaves out none, then one, two and so on. Subsets that were searched are
-  /// remembered.
-  bool robust();
+  /// Takes the tolerances that a determination of points begins with, and ends a branch where two
+  /// fix points differ too much in their distance from the measured points.
+  PlainSearch(const std::vector<ENHPoint>& fixPoints, const std::vector<ENHPoint>& measured);
+  /// Fits every combination.
+  PlainSearch(const std::vector<ENHPoint>& fixPoints, const std::vector<ENHPoint>& measured,
+              double distanceTolerance, std::size_t fewest, Fit fit);
+
+  /// Of all measured points, best first.
+  std::vector<Solution> strict();
+
+  /// Of as many as possible: leaves out none, then one, two and so on, from a queue. Subsets that
+  /// were searched are remembered.
+  std::vector<Solution> robust();
 
   /// How many combinations the last strict search would have had to fit without ending branches.
   double numCombinations() const { return m_numCombinations; }
@@ -40,32 +58,34 @@ class PlainSearch {
   double numRepeatedSubsets() const { return m_numRepeatedSubsets; }
 
   /// One fit and test of all measured points, for its cost.
-  bool fit(const std::vector<std::size_t>& fixPoints) const;
+  bool fit(const Indices& fixPoints) const;
 
  private:
-  using Indices = std::vector<std::size_t>;
-
   struct Neighbour {
     std::size_t index = 0;
     double distance = 0.0;
   };
 
-  bool search(const Indices& subset);
+  std::vector<Solution> search(const Indices& subset);
   std::vector<Neighbour> neighboursOf(std::size_t fixPoint, double radius) const;
   std::vector<Indices> partnersOf(const std::vector<Neighbour>& neighbours,
                                   const Indices& subset) const;
-  bool place(const Indices& subset, const std::vector<Indices>& partners, Indices& assigned) const;
+  void place(const Indices& subset, const std::vector<Indices>& partners, Indices& assigned,
+             std::vector<Solution>& solutions) const;
   bool keepsDistances(const Indices& subset, const Indices& assigned, std::size_t next) const;
-  bool fits(const Indices& subset, const Indices& assigned) const;
   double measuredDistance(std::size_t a, std::size_t b) const;
 
   std::vector<ENHPoint> m_fixPoints;
   std::vector<ENHPoint> m_measured;
+  double m_tolerance;
+  std::size_t m_fewest;
+  bool m_endsBranches;
+  Fit m_fit;
   double m_numCombinations = 0.0;
   std::size_t m_searchedSubsets = 0;
   double m_numRepeatedSubsets = 0.0;
 };
 
-}  // namespace Benchmarks
+}  // namespace TestSupport
 
 #endif

@@ -1,19 +1,13 @@
 #include "testing/Profiles.h"
 
 #include "testing/Csv.h"
-
-#include <gtest/gtest.h>
+#include "testing/Numbers.h"
 
 #include <cmath>
 
 namespace TestSupport {
 
 using namespace Ruv::Calculations;
-
-void expectPoint(const Point2D& actual, const Point2D& expected, double tolerance) {
-  EXPECT_NEAR(actual.x, expected.x, tolerance);
-  EXPECT_NEAR(actual.y, expected.y, tolerance);
-}
 
 namespace {
 
@@ -83,7 +77,7 @@ MeasuredPtr measuredThrough(const std::vector<Point2D>& points) {
 MeasuredPtr measuredCircle(double radius, int count, double x, double y) {
   MeasuredPtr profile(new MeasuredProfile);
   for (int i = 0; i < count; ++i) {
-    const double angle = 2 * 3.141592653589793 * i / count;
+    const double angle = 2 * kPi * i / count;
     profile->addPoint(Point2D(x + radius * std::cos(angle), y + radius * std::sin(angle)));
   }
   return profile;

@@ -1,8 +1,8 @@
 /// @file
 /// Profiles to test with.
 
-#ifndef CALCULATIONS_TESTS_SUPPORT_PROFILES_H
-#define CALCULATIONS_TESTS_SUPPORT_PROFILES_H
+#ifndef CALCULATIONS_TESTING_PROFILES_H
+#define CALCULATIONS_TESTING_PROFILES_H
 
 #include <Calculations/MeasuredProfile.h>
 #include <Calculations/ThProfileDefinition.h>
@@ -23,9 +23,6 @@ struct ProfileNode {
   double y;
   double radius;
 };
-
-void expectPoint(const Ruv::Calculations::Point2D& actual,
-                 const Ruv::Calculations::Point2D& expected, double tolerance);
 
 /// Through the nodes in order, or backwards with the radii negated.
 ProfilePtr profileThrough(const std::vector<ProfileNode>& nodes, bool backwards = false);

@@ -1,8 +1,8 @@
 /// @file
 /// Golden transformations: points in a local and a global system, with expected results.
 
-#ifndef CALCULATIONS_TOOLS_DIGEST_TRANSFORMATION_CASE_H
-#define CALCULATIONS_TOOLS_DIGEST_TRANSFORMATION_CASE_H
+#ifndef CALCULATIONS_TESTING_TRANSFORMATION_CASE_H
+#define CALCULATIONS_TESTING_TRANSFORMATION_CASE_H
 
 #include "testing/Csv.h"
 

@@ -1,6 +1,6 @@
 #include "support/AxisWorkload.h"
 
-#include "support/SplitMix64.h"
+#include "testing/Random.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,6 +8,8 @@
 namespace Benchmarks {
 
 namespace {
+
+using TestSupport::Random;
 
 constexpr ExactPlace kStart = {600000.0L, 200000.0L, 0.3L};
 constexpr double kStartStationing = 1000.0;
@@ -39,7 +41,7 @@ PlanElement elementOf(std::size_t placeInGroup, double radius) {
 
 std::vector<PlanElement> planOf(std::size_t numElements) {
   constexpr std::size_t kGroup = 4;
-  SplitMix64 random(kRadiusSeed);
+  Random random(kRadiusSeed);
   double radius = 0.0;
   double stationing = kStartStationing;
   std::vector<PlanElement> plan;
@@ -59,7 +61,7 @@ std::vector<GradePoint> profileAlong(const std::vector<PlanElement>& plan) {
   const double end = plan.back().stationing + plan.back().length;
   const auto numIntervals =
       static_cast<int>(std::max(1.0, std::floor((end - kStartStationing) / kGradeInterval)));
-  SplitMix64 random(kGradeSeed);
+  Random random(kGradeSeed);
   std::vector<GradePoint> profile = {{kStartStationing, kStartHeight}};
   for (int i = 1; i <= numIntervals; ++i) {
     const GradePoint& before = profile.back();
@@ -122,7 +124,7 @@ void AxisWorkload::addSegment(AxisDefinition& axis, std::size_t index) const {
 }
 
 std::vector<AxisPoint> AxisWorkload::randomPlaces(std::size_t count) const {
-  SplitMix64 random(kPlaceSeed);
+  Random random(kPlaceSeed);
   std::vector<AxisPoint> places;
   places.reserve(count);
   for (std::size_t i = 0; i < count; ++i) {
@@ -144,7 +146,7 @@ std::vector<Point2D> AxisWorkload::polyline(double step) const {
 }
 
 Scan scanAround(const ExactAxis& axis, std::size_t count) {
-  SplitMix64 random(kScanSeed);
+  Random random(kScanSeed);
   Scan scan;
   scan.points.reserve(count);
   scan.truth.reserve(count);

@@ -4,6 +4,8 @@
 #ifndef CALCULATIONS_BENCHMARKS_EXACT_PROFILE_H
 #define CALCULATIONS_BENCHMARKS_EXACT_PROFILE_H
 
+#include "testing/Profiles.h"
+
 #include <Calculations/Points.h>
 
 #include <cstddef>
@@ -12,13 +14,7 @@
 namespace Benchmarks {
 
 using Ruv::Calculations::Point2D;
-
-/// A corner of a profile.
-struct ProfileNode {
-  double x = 0.0;
-  double y = 0.0;
-  double radius = 0.0;  ///< of the segment that ends here, 0 for a straight
-};
+using TestSupport::ProfileNode;
 
 /// Wider than a double, so that the error of a comparison with doubles is theirs alone.
 struct LongPoint {

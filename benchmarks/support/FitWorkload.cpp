@@ -1,12 +1,15 @@
 #include "support/FitWorkload.h"
 
-#include "support/SplitMix64.h"
+#include "support/Angles.h"
+#include "testing/Random.h"
 
 #include <cmath>
 
 namespace Benchmarks {
 
 namespace {
+
+using TestSupport::Random;
 
 constexpr std::uint64_t kCircleSeed = 6;
 constexpr std::uint64_t kEllipseSeed = 7;
@@ -16,7 +19,7 @@ constexpr double kNoise = 0.005;
 
 std::vector<Point2D> circlePoints(std::size_t count, const Point2D& shift) {
   const Point2D centre = Point2D(3.0, -2.0) + shift;
-  SplitMix64 random(kCircleSeed);
+  Random random(kCircleSeed);
   std::vector<Point2D> points;
   points.reserve(count);
   for (std::size_t i = 0; i < count; ++i) {
@@ -30,7 +33,7 @@ std::vector<Point2D> circlePoints(std::size_t count, const Point2D& shift) {
 std::vector<Point2D> ellipsePoints(std::size_t count) {
   constexpr double kRotation = 0.3;
   const Point2D centre(2.0, 1.0);
-  SplitMix64 random(kEllipseSeed);
+  Random random(kEllipseSeed);
   std::vector<Point2D> points;
   points.reserve(count);
   for (std::size_t i = 0; i < count; ++i) {

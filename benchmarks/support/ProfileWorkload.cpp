@@ -1,12 +1,15 @@
 #include "support/ProfileWorkload.h"
 
-#include "support/SplitMix64.h"
+#include "support/Angles.h"
+#include "testing/Random.h"
 
 #include <cmath>
 
 namespace Benchmarks {
 
 namespace {
+
+using TestSupport::Random;
 
 constexpr std::size_t kMostPiecesOfAnArc = 100;
 
@@ -16,14 +19,6 @@ constexpr double kReach = 0.5;  // of the points around, to either side
 constexpr LongPoint kMiddle = {0.0L, 4.0L};
 constexpr double kNoise = 0.005;
 
-std::vector<ProfileNode> tunnelNodes() {
-  const double q = 5.5 * std::sqrt(0.5);
-  return {{-4.8, 0.0, 0.0}, {-5.5, 3.0, 9.0},  {-5.5, 4.0, 0.0},  {-q, 4.0 + q, 5.5},
-          {0.0, 9.5, 5.5},  {q, 4.0 + q, 5.5}, {5.5, 4.0, 5.5},   {5.5, 3.0, 0.0},
-          {4.8, 0.0, 9.0},  {4.0, -0.8, 0.0},  {0.0, -1.5, 12.0}, {-4.0, -0.8, 12.0},
-          {-4.8, 0.0, 0.0}};
-}
-
 /// How far the excavation reaches beyond the profile.
 double overbreak(double bearing) {
   return 0.08 * std::sin(5.0 * bearing) + 0.04 * std::sin(17.0 * bearing + 1.0);
@@ -32,7 +27,7 @@ double overbreak(double bearing) {
 }  // namespace
 
 const ExactProfile& tunnelProfile() {
-  static const ExactProfile kProfile(tunnelNodes());
+  static const ExactProfile kProfile(TestSupport::roadTunnelNodes());
   return kProfile;
 }
 
@@ -43,31 +38,11 @@ std::vector<Point2D> coarseOutline() {
 std::vector<Point2D> fineOutline() { return tunnelProfile().outlineOfPiecesBelow(kOutlinePiece); }
 
 boost::shared_ptr<const ThProfileDefinition> enterTunnelProfile() {
-  const boost::shared_ptr<ThProfileDefinition> profile(new ThProfileDefinition);
-  const std::vector<ProfileNode>& nodes = tunnelProfile().nodes();
-  for (std::size_t i = 1; i < nodes.size(); ++i) {
-    const ProfileNode& from = nodes[i - 1];
-    const ProfileNode& to = nodes[i];
-    if (to.radius == 0.0) {
-      profile->addSegmentStraight(from.x, from.y, to.x, to.y);
-    } else {
-      profile->addSegmentArc(from.x, from.y, to.x, to.y, to.radius);
-    }
-  }
-  return profile;
-}
-
-boost::shared_ptr<const MeasuredProfile> measuredProfileThrough(
-    const std::vector<Point2D>& points) {
-  const boost::shared_ptr<MeasuredProfile> profile(new MeasuredProfile);
-  for (const Point2D& point : points) {
-    profile->addPoint(point);
-  }
-  return profile;
+  return TestSupport::profileThrough(tunnelProfile().nodes());
 }
 
 PointsAround pointsAround(const ExactProfile& profile, std::size_t count) {
-  SplitMix64 random(kPointsSeed);
+  Random random(kPointsSeed);
   const auto circumference = static_cast<double>(profile.circumference());
   PointsAround around;
   for (std::size_t i = 0; i < count; ++i) {
@@ -83,7 +58,7 @@ PointsAround pointsAround(const ExactProfile& profile, std::size_t count) {
 }
 
 std::vector<Point2D> measuredSection(std::size_t numPoints, std::uint64_t seed) {
-  SplitMix64 random(seed);
+  Random random(seed);
   std::vector<Point2D> points;
   points.reserve(numPoints);
   for (std::size_t i = 0; i < numPoints; ++i) {

@@ -5,6 +5,7 @@
 #define CALCULATIONS_BENCHMARKS_PROFILE_WORKLOAD_H
 
 #include "support/ExactProfile.h"
+#include "testing/Profiles.h"
 
 #include <Calculations/Calculations.h>
 
@@ -16,6 +17,7 @@ namespace Benchmarks {
 
 using Ruv::Calculations::MeasuredProfile;
 using Ruv::Calculations::ThProfileDefinition;
+using TestSupport::measuredThrough;
 
 /// Walls, a vault, benches and an invert in twelve segments, symmetric, 36 m round.
 const ExactProfile& tunnelProfile();
@@ -33,8 +35,6 @@ std::vector<Point2D> fineOutline();
 
 /// tunnelProfile() entered through the public interface.
 boost::shared_ptr<const ThProfileDefinition> enterTunnelProfile();
-
-boost::shared_ptr<const MeasuredProfile> measuredProfileThrough(const std::vector<Point2D>& points);
 
 /// Points within 0.5 m of the profile and the places and offsets that they were made from. The
 /// profile is convex: outside, the nearest place is that place; inside, near a corner, another one

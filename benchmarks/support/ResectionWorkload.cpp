@@ -1,12 +1,14 @@
 #include "support/ResectionWorkload.h"
 
-#include "support/SplitMix64.h"
+#include "testing/Random.h"
 
 #include <string>
 
 namespace Benchmarks {
 
 namespace {
+
+using TestSupport::Random;
 
 using Ruv::Calculations::Utilities;
 
@@ -32,7 +34,7 @@ std::wstring idOf(std::size_t index) { return L"P" + std::to_wstring(index); }
 }  // namespace
 
 ResectionWorkload::ResectionWorkload(std::size_t numPairs) {
-  SplitMix64 random(kPairSeed);
+  Random random(kPairSeed);
   const auto draw = [&random](double from, double to) {
     return from + (to - from) * random.uniform();
   };

@@ -11,6 +11,8 @@
 
 namespace Benchmarks {
 
+using TestSupport::FixPointWorkload;
+
 /// Assignments of all measured points that were fitted.
 std::size_t numRigidFits(const FixPointWorkload& workload);
 

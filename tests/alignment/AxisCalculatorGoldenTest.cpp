@@ -1,5 +1,6 @@
 #include "testing/Axes.h"
 #include "testing/Csv.h"
+#include "testing/Expectations.h"
 
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/Utilities.h>

@@ -1,4 +1,6 @@
 #include "testing/Axes.h"
+#include "testing/Expectations.h"
+#include "testing/Numbers.h"
 #include "testing/Random.h"
 
 #include <Calculations/AxisCalculator.h>
@@ -14,8 +16,6 @@ namespace {
 
 using namespace Ruv::Calculations;
 using namespace TestSupport;
-
-constexpr double kPi = 3.141592653589793;
 
 /// The rounding of coordinates of 600 km is 1e-10; the conversions add little to it.
 constexpr double kRoundTrip = 1e-9;

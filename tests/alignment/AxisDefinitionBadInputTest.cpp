@@ -1,6 +1,7 @@
 // Values that no caller should hand over: nothing may hang, crash or leave a cast undefined.
 
 #include "testing/Axes.h"
+#include "testing/Numbers.h"
 
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/AxisMapper.h>
@@ -15,8 +16,6 @@ namespace {
 
 using namespace Ruv::Calculations;
 using namespace TestSupport;
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 const double kBadValues[] = {std::nan(""), kInfinity, -kInfinity, 1e300,  -1e300, 0.0,
                              -0.0,         -1.0,      1e-300,     5e-324, 1e-8,   1e17};

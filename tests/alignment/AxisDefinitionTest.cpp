@@ -1,4 +1,6 @@
 #include "testing/Axes.h"
+#include "testing/Expectations.h"
+#include "testing/Numbers.h"
 
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/AxisDefinition.h>
@@ -15,8 +17,6 @@ namespace {
 using namespace Ruv;
 using namespace Ruv::Calculations;
 using namespace TestSupport;
-
-constexpr double kPi = 3.141592653589793;
 
 const CHoralElement& segmentOf(const AxisPtr& axis, unsigned index) {
   return dynamic_cast<const CHoralElement&>(*axis->getHoralSegmentAt(index));

@@ -1,4 +1,5 @@
 #include "testing/Axes.h"
+#include "testing/Expectations.h"
 #include "testing/Random.h"
 
 #include <Calculations/AxisCalculator.h>

@@ -1,6 +1,7 @@
 #include "faults/Scenes.h"
 
 #include "testing/Axes.h"
+#include "testing/Numbers.h"
 #include "testing/Profiles.h"
 #include "testing/Random.h"
 
@@ -19,8 +20,6 @@ using namespace Ruv::Calculations;
 std::ostream& operator<<(std::ostream& out, const Scene& scene) { return out << scene.name; }
 
 namespace {
-
-constexpr double kPi = 3.141592653589793;
 
 /// What scenes are made of: objects, a call, and questions that tell the objects' state.
 template <class Object>

@@ -6,6 +6,8 @@
 #include <Calculations/Points.h>
 #include <Calculations/ThProfileCalculator.h>
 
+#include "testing/Numbers.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -15,8 +17,7 @@
 namespace {
 
 using namespace Ruv::Calculations;
-
-constexpr double kPi = 3.141592653589793;
+using TestSupport::kPi;
 
 TEST(ENHPoint, ArithmeticIsComponentWise) {
   const ENHPoint a(1.0, 2.0, 4.0);

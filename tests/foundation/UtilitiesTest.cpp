@@ -1,5 +1,6 @@
 #include <Calculations/Utilities.h>
 
+#include "testing/Numbers.h"
 #include "testing/Random.h"
 
 #include <gtest/gtest.h>
@@ -25,9 +26,6 @@ namespace {
 
 using namespace Ruv::Calculations;
 using namespace TestSupport;
-
-constexpr double kPi = 3.141592653589793;
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 void expectNear(const ENHPoint& actual, const ENHPoint& expected, double tolerance) {
   EXPECT_NEAR(actual.east, expected.east, tolerance);

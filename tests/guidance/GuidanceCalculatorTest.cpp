@@ -1,4 +1,6 @@
 #include "testing/Axes.h"
+#include "testing/Expectations.h"
+#include "testing/Numbers.h"
 #include "testing/Profiles.h"
 #include "testing/Random.h"
 
@@ -20,8 +22,6 @@ using namespace TestSupport;
 using Factory = GuidanceVectorFactory;
 using VectorPtr = boost::shared_ptr<GuidanceVectorDefinition>;
 using BlockPtr = boost::shared_ptr<const BlockAxisDefinition>;
-
-constexpr double kPi = 3.141592653589793;
 
 void expectOffsets(const GuidanceOffsets& actual, double forward, double horizontal,
                    double vertical, double tolerance) {

@@ -1,4 +1,6 @@
 #include "testing/Csv.h"
+#include "testing/Expectations.h"
+#include "testing/Numbers.h"
 #include "testing/Profiles.h"
 #include "testing/Random.h"
 
@@ -21,7 +23,6 @@ namespace {
 using namespace Ruv::Calculations;
 using namespace TestSupport;
 
-constexpr double kPi = 3.141592653589793;
 constexpr double kNone = 3.4028234663852886e38;
 using Method = GeologicalOverProfileMethod;
 

@@ -1,4 +1,6 @@
 #include "testing/Csv.h"
+#include "testing/Expectations.h"
+#include "testing/Numbers.h"
 #include "testing/Profiles.h"
 
 #include <Calculations/ThProfileCalculator.h>
@@ -16,8 +18,6 @@ namespace {
 
 using namespace Ruv::Calculations;
 using namespace TestSupport;
-
-constexpr double kPi = 3.141592653589793;
 
 /// The same outline entered from another of its corners.
 std::vector<ProfileNode> fromNode(std::vector<ProfileNode> corners, std::size_t start) {

@@ -1,5 +1,6 @@
 #include "shapes/HoralAlignment.h"
 
+#include "testing/Numbers.h"
 #include "testing/Random.h"
 
 #include <Calculations/ShapeElements.h>
@@ -17,7 +18,6 @@ namespace {
 using namespace Ruv;
 using namespace TestSupport;
 
-constexpr double kPi = 3.141592653589793;
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 
 /// Appends a segment that continues the chain; the azimuth is its true start azimuth, and its

@@ -2,6 +2,7 @@
 
 #include "shapes/FootSearch.h"
 #include "testing/Axes.h"
+#include "testing/Numbers.h"
 #include "testing/Random.h"
 
 #include <Calculations/TransitionCurves.h>
@@ -21,8 +22,6 @@ using Ruv::CFootReport;
 using Ruv::CPlaneCurve;
 using Ruv::Calculations::Point2D;
 using namespace TestSupport;
-
-constexpr double kPi = 3.141592653589793;
 
 double curvatureOf(double radius) { return radius == 0.0 ? 0.0 : 1.0 / radius; }
 

@@ -6,7 +6,7 @@
 #include <Calculations/Utilities.h>
 
 #include "stations/FixPointMatcher.h"
-#include "testing/Random.h"
+#include "testing/FixPoints.h"
 
 #include <gtest/gtest.h>
 
@@ -31,15 +31,6 @@ Place boxOf(double east, double north, double height) {
   return [=](Random& r) {
     return ENHPoint{r.uniform(0.0, east), r.uniform(0.0, north), r.uniform(0.0, height)};
   };
-}
-
-/// The wall of a tunnel that runs northeast.
-ENHPoint onTheWall(Random& random) {
-  const double along = random.uniform(0.0, 200.0);
-  const double angle = random.uniform(0.0, 6.2831853);
-  const double radius = random.uniform(4.5, 5.5);
-  return Utilities::rotateAroundHeightZaxis(
-      ENHPoint(radius * std::sin(angle), along, radius * std::cos(angle)), 0.8);
 }
 
 /// A tunnel that turns by a right angle.
@@ -163,7 +154,7 @@ struct Answers {
 };
 
 TEST(ExpectedChanceSolutions, TellChanceFromEvidence) {
-  const Place layouts[] = {boxOf(10, 200, 10), onTheWall, inACurve};
+  const Place layouts[] = {boxOf(10, 200, 10), pointOnTheWall, inACurve};
   Answers strays;
   Answers figures;
   Random random(17);

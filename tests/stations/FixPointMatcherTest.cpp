@@ -6,6 +6,7 @@
 #include "stations/RigidPlacement.h"
 #include "stations/RobustDetermination.h"
 #include "stations/SolutionSignificance.h"
+#include "testing/PlainSearch.h"
 #include "testing/Random.h"
 
 #include <gtest/gtest.h>
@@ -13,9 +14,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <deque>
-#include <functional>
-#include <numeric>
 #include <optional>
 #include <set>
 #include <vector>
@@ -23,21 +21,13 @@
 namespace {
 
 using namespace Ruv::Calculations;
-using namespace TestSupport;
+using TestSupport::PlainSearch;
+using TestSupport::Random;
 
 using Indices = std::vector<std::size_t>;
 using Points = std::vector<ENHPoint>;
 
-double distance(const ENHPoint& a, const ENHPoint& b) { return (a - b).length(); }
-
-Eigen::Matrix3Xd columnsOf(const Points& points, const Indices& chosen) {
-  Eigen::Matrix3Xd columns(3, static_cast<Eigen::Index>(chosen.size()));
-  Eigen::Index column = 0;
-  for (const std::size_t i : chosen) {
-    columns.col(column++) << points[i].east, points[i].north, points[i].height;
-  }
-  return columns;
-}
+static_assert(PlainSearch::kLeftOut == kNotAssigned);
 
 struct MatchCase {
   MatchSettings settings;
@@ -76,67 +66,12 @@ std::optional<double> plainScore(const Eigen::Matrix3Xd& m, const Eigen::Matrix3
   return rotation(2, 2) >= cosTilt ? score : std::nullopt;
 }
 
-/// The search in its plainest form: every combination of partners is fitted and tested.
-std::vector<MatchedSolution> plainMatch(const MatchCase& c, const Indices& subset) {
-  std::vector<MatchedSolution> solutions;
-  const auto required =
-      static_cast<std::size_t>(c.settings.minNumberOfFixPointMeasurementsRequired);
-  if (c.fixPoints.size() < required || subset.size() < required) return solutions;
-  const auto seen = [&](std::size_t k) {
-    return distance(c.measured[subset[0]], c.measured[subset[k]]);
-  };
-  const double t = c.settings.toleranceDistanceDifference;
-  double radius = 0.0;
-  for (std::size_t k = 1; k < subset.size(); ++k) {
-    radius = std::max(radius, seen(k) + 2.0 * t);
-  }
-  for (std::size_t f = 0; f < c.fixPoints.size(); ++f) {
-    Indices around;
-    for (std::size_t g = 0; g < c.fixPoints.size(); ++g) {
-      if (g != f && distance(c.fixPoints[f], c.fixPoints[g]) < radius) around.push_back(g);
-    }
-    if (around.size() + 1 < subset.size() - 1) continue;
-    Indices assigned = {f};
-    const std::function<void()> enumerate = [&] {
-      if (assigned.size() == subset.size()) {
-        const auto score =
-            plainScore(columnsOf(c.measured, subset), columnsOf(c.fixPoints, assigned), c.settings);
-        if (!score) return;
-        solutions.push_back({Indices(c.measured.size(), kNotAssigned), *score});
-        for (std::size_t i = 0; i < subset.size(); ++i) {
-          solutions.back().fixPoints[subset[i]] = assigned[i];
-        }
-        return;
-      }
-      for (const std::size_t g : around) {
-        const double known = distance(c.fixPoints[f], c.fixPoints[g]);
-        if (!(std::abs(known - seen(assigned.size())) < t)) continue;
-        assigned.push_back(g);
-        enumerate();
-        assigned.pop_back();
-      }
-    };
-    enumerate();
-  }
-  std::stable_sort(solutions.begin(), solutions.end(),
-                   [](const auto& a, const auto& b) { return a.score < b.score; });
-  return solutions;
-}
-
-/// Tries subsets from a first-in first-out queue that does not remember what it has tried.
-std::vector<MatchedSolution> plainRobustMatch(const MatchCase& c, const Indices& all) {
-  std::deque<Indices> queue = {all};
-  for (; !queue.empty(); queue.pop_front()) {
-    std::vector<MatchedSolution> solutions = plainMatch(c, queue[0]);
-    if (!solutions.empty()) return solutions;
-    const int count = static_cast<int>(queue[0].size());
-    if (count <= c.settings.minNumberOfFixPointMeasurementsRequired) continue;
-    for (int k = 0; k < count; ++k) {
-      queue.push_back(queue[0]);
-      queue.back().erase(queue.back().begin() + k);
-    }
-  }
-  return {};
+PlainSearch plainSearchOf(const MatchCase& c) {
+  const auto fewest = static_cast<std::size_t>(c.settings.minNumberOfFixPointMeasurementsRequired);
+  return {c.fixPoints, c.measured, c.settings.toleranceDistanceDifference, fewest,
+          [&c](const Eigen::Matrix3Xd& m, const Eigen::Matrix3Xd& f) {
+            return plainScore(m, f, c.settings);
+          }};
 }
 
 /// Small cases rich in ambiguity: points of a coarse lattice, flat and steep figures, wide
@@ -170,7 +105,7 @@ MatchCase randomCase(Random& random, std::size_t strays) {
 }
 
 void expectSameSolutions(const std::vector<MatchedSolution>& found,
-                         const std::vector<MatchedSolution>& expected) {
+                         const std::vector<PlainSearch::Solution>& expected) {
   ASSERT_EQ(found.size(), expected.size());
   std::multiset<Indices> assignmentsFound;
   std::multiset<Indices> assignmentsExpected;
@@ -191,14 +126,13 @@ TEST(FixPointMatcher, FindsWhatEnumerationAndQueueFind) {
   for (std::size_t i = 0; i < 1200; ++i) {
     SCOPED_TRACE(testing::Message() << "case " << i);
     const MatchCase c = randomCase(random, i % 4);
-    Indices all(c.measured.size());
-    std::iota(all.begin(), all.end(), std::size_t{0});
+    PlainSearch plain = plainSearchOf(c);
     FixPointMatcher matcher(c.settings, c.fixPoints, c.measured);
-    auto expected = plainMatch(c, all);
+    auto expected = plain.strict();
     EXPECT_EQ(matcher.matchAll(), !expected.empty());
     ASSERT_NO_FATAL_FAILURE(expectSameSolutions(matcher.solutions(), expected));
     if (expected.empty()) {
-      expected = plainRobustMatch(c, all);
+      expected = plain.robust();
       EXPECT_EQ(RobustDetermination(matcher).run(), !expected.empty());
       ASSERT_NO_FATAL_FAILURE(expectSameSolutions(matcher.solutions(), expected));
       if (!expected.empty()) ++reduced;

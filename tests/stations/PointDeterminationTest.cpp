@@ -1,6 +1,7 @@
 #include <Calculations/PointDetermination.h>
 #include <Calculations/Utilities.h>
 
+#include "testing/Numbers.h"
 #include "testing/Random.h"
 
 #include <gmock/gmock.h>
@@ -19,8 +20,6 @@ using testing::Each;
 using testing::ElementsAre;
 using namespace TestSupport;
 
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kDegree = 3.141592653589793 / 180.0;
 
 std::wstring numbered(const wchar_t* name, std::size_t i) { return name + std::to_wstring(i); }

@@ -4,6 +4,7 @@
 #include "stations/SpatialNormals.h"
 #include "stations/SpatialRotation.h"
 #include "testing/Csv.h"
+#include "testing/Numbers.h"
 #include "testing/Random.h"
 
 #include <gmock/gmock.h>
@@ -24,9 +25,6 @@ namespace {
 
 using namespace Ruv::Calculations;
 using namespace TestSupport;
-
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 /// Station, orientation, scale and the standard deviations of these, in the order of the outputs.
 /// They start with values that no calculation gives.

@@ -1,3 +1,4 @@
+#include "testing/Numbers.h"
 #include "testing/Profiles.h"
 #include "testing/Random.h"
 
@@ -16,8 +17,6 @@ namespace {
 using namespace Ruv::Calculations;
 using ClipperLib::IntPoint;
 using namespace TestSupport;
-
-constexpr double kPi = 3.141592653589793;
 
 Path lineThrough(const std::vector<Point2D>& corners) {
   Path path;
