@@ -21,34 +21,62 @@ namespace {
 using Benchmarks::Effort;
 using Benchmarks::GoalTable;
 
-constexpr int kRounds = 7;
-
 /// Two to three minutes.
-constexpr Effort kFull = {kRounds, 1000000, 100000, 5, 10000, 100000, 1000000, 7};
+Effort fullEffort() {
+  Effort effort;
+  effort.rounds = 7;
+  effort.points = 1000000;
+  effort.pointsOfTrees = 100000;
+  effort.pointsOfLinearSearches = 5;
+  effort.longestAxisOfTrees = 10000;
+  effort.largestSection = 100000;
+  effort.largestFit = 1000000;
+  effort.seeds = 7;
+  return effort;
+}
+
 /// About half a minute: fewer and smaller workloads, and no peer on the longest axis.
-constexpr Effort kQuick = {kRounds, 50000, 10000, 1, 1000, 2000, 10000, 1};
+Effort quickEffort() {
+  Effort effort = fullEffort();
+  effort.points = 50000;
+  effort.pointsOfTrees = 10000;
+  effort.pointsOfLinearSearches = 1;
+  effort.longestAxisOfTrees = 1000;
+  effort.largestSection = 2000;
+  effort.largestFit = 10000;
+  effort.seeds = 1;
+  return effort;
+}
 
 constexpr const char* kHelp =
     "--speed_goals         compare with other libraries and judge the ratios\n"
     "    --quick           the same with fewer points\n"
     "    --gate            fail when a ratio misses what it must keep\n"
-    "    W4 ...            these workloads alone\n"
+    "    areas ...         these workloads alone; --list names all\n"
     "Wrong results always fail. Without --speed_goals:\n";
 
 struct Workload {
   std::string name;
+  std::string question;
   void (*measure)(const Effort&, GoalTable&);
 };
 
-const std::array<Workload, 9> kWorkloads = {{{"W0", Benchmarks::measureAxisBuild},
-                                             {"W1", Benchmarks::measureAxisToGlobal},
-                                             {"W2", Benchmarks::measureGlobalToAxis},
-                                             {"W3", Benchmarks::measureProfilePoints},
-                                             {"W4", Benchmarks::measureProfileAreas},
-                                             {"W5", Benchmarks::measureMeasuredReference},
-                                             {"W6", Benchmarks::measureFitting},
-                                             {"W7", Benchmarks::measureResection},
-                                             {"W8", Benchmarks::measurePointDetermination}}};
+const std::array<Workload, 9> kWorkloads = {
+    {{"entering", "How long does it take to enter an axis?", Benchmarks::measureAxisBuild},
+     {"placing", "Where is this stationing?", Benchmarks::measureAxisToGlobal},
+     {"locating", "Where along the axis and how far beside it is this point?",
+      Benchmarks::measureGlobalToAxis},
+     {"profile", "How far beside the profile is this point, and where along it?",
+      Benchmarks::measureProfilePoints},
+     {"areas", "How much was excavated beyond the profile, and how much is missing?",
+      Benchmarks::measureProfileAreas},
+     {"movement", "How far has the section moved since an earlier scan?",
+      Benchmarks::measureMeasuredReference},
+     {"fitting", "Which circle or ellipse fits these points best?", Benchmarks::measureFitting},
+     {"setup", "Where does the instrument stand and how is it turned?",
+      Benchmarks::measureResection},
+     {"identifying", "Which fix points were measured? Could chance have found them?",
+      Benchmarks::measurePointDetermination}}};
 
 /// What the command line asks for.
 struct Request {
@@ -56,6 +84,7 @@ struct Request {
   bool isQuick = false;
   bool isGate = false;
   std::set<std::string> chosen;  // workloads; none for all
+  bool isListing = false;
   bool isUnknown = false;
 
   bool wants(const std::string& workload) const {
@@ -77,6 +106,8 @@ Request requestOf(const std::vector<std::string>& arguments) {
       request.isQuick = true;
     } else if (argument == "--gate") {
       request.isGate = true;
+    } else if (argument == "--list") {
+      request.isListing = true;
     } else if (isWorkload(argument)) {
       request.chosen.insert(argument);
     } else {
@@ -87,13 +118,13 @@ Request requestOf(const std::vector<std::string>& arguments) {
 }
 
 int judgeSpeed(const Request& request) {
-  const Effort& effort = request.isQuick ? kQuick : kFull;
+  const Effort effort = request.isQuick ? quickEffort() : fullEffort();
   bool isAccepted = true;
   for (const Workload& workload : kWorkloads) {
     if (!request.wants(workload.name)) continue;
     GoalTable table;
     workload.measure(effort, table);
-    std::cout << "## " << workload.name << "\n\n";
+    std::cout << "## " << workload.question << "\n\n";
     table.print(std::cout);
     isAccepted =
         isAccepted && table.isEverythingCorrect() && (table.isEveryMustMet() || !request.isGate);
@@ -126,6 +157,12 @@ int main(int argc, char** argv) {
   const Request request = requestOf(arguments);
   const bool isHelpAsked = std::count(arguments.begin(), arguments.end(), "--help") > 0;
   if (isHelpAsked) std::cout << kHelp;
+  if (request.isListing) {
+    for (const Workload& workload : kWorkloads) {
+      std::cout << workload.name << "\n";
+    }
+    return 0;
+  }
   if (!request.isAboutGoals) return runBenchmarks(argc, argv);
   if (request.isUnknown) {
     std::cerr << kHelp;
