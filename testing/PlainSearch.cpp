@@ -1,9 +1,5 @@
 #include "testing/PlainSearch.h"
 
-#include <Eigen/Core>
-#include <Eigen/LU>
-#include <Eigen/SVD>
-
 #include <algorithm>
 #include <cmath>
 #include <deque>
@@ -15,18 +11,6 @@ namespace TestSupport {
 
 namespace {
 
-constexpr double kTolerance = 0.05;
-constexpr double kHeightTolerance = 0.02;
-constexpr double kCosineOfTilt = 0.17364817766693041;  // 80 degrees
-constexpr std::size_t kFewestMeasured = 3;
-
-/// What both ends of a distance may deviate by, with room for rounding.
-double largestChange() {
-  constexpr double kRounding = 1e-6;
-  return 2.0 * std::sqrt(2.0 * kTolerance * kTolerance + kHeightTolerance * kHeightTolerance) +
-         kRounding;
-}
-
 Eigen::Matrix3Xd columnsOf(const std::vector<ENHPoint>& points,
                            const std::vector<std::size_t>& which) {
   Eigen::Matrix3Xd columns(3, static_cast<Eigen::Index>(which.size()));
@@ -37,72 +21,22 @@ Eigen::Matrix3Xd columnsOf(const std::vector<ENHPoint>& points,
   return columns;
 }
 
-/// Of columns about their centroids, by Kabsch (Acta Cryst. A32, 1976).
-Eigen::Matrix3d bestRotation(const Eigen::Matrix3Xd& from, const Eigen::Matrix3Xd& to) {
-  const Eigen::JacobiSVD<Eigen::Matrix3d> svd(from * to.transpose(),
-                                              Eigen::ComputeFullU | Eigen::ComputeFullV);
-  Eigen::Matrix3d v = svd.matrixV();
-  if ((v * svd.matrixU().transpose()).determinant() < 0.0) v.col(2) *= -1.0;
-  return v * svd.matrixU().transpose();
-}
-
 std::vector<std::size_t> firstNumbers(std::size_t count) {
   std::vector<std::size_t> numbers(count);
   std::iota(numbers.begin(), numbers.end(), std::size_t{0});
   return numbers;
 }
 
-/// The place of a subset in the queue that holds each subset once for each order in which its
-/// missing members can be left out.
-double placeInRepeatingQueue(const std::vector<std::size_t>& subset, std::size_t count) {
-  const std::size_t removed = count - subset.size();
-  double before = 0.0;
-  double sequences = 1.0;  // of so many removals
-  for (std::size_t i = 0; i < removed; ++i) {
-    before += sequences;
-    sequences *= static_cast<double>(count - i);
-  }
-  // Among those with as many removals: the first sequence leaves out the missing ones in order.
-  double place = 0.0;
-  std::size_t gone = 0;
-  for (std::size_t i = 0; i < count; ++i) {
-    if (std::find(subset.begin(), subset.end(), i) != subset.end()) continue;
-    sequences /= static_cast<double>(count - gone);
-    place += sequences * static_cast<double>(i - gone);
-    ++gone;
-  }
-  return before + place + 1.0;
-}
-
-/// Moves the measured points onto their fix points; none beyond the tolerances.
-std::optional<double> fitWithinTolerances(const Eigen::Matrix3Xd& measured,
-                                          const Eigen::Matrix3Xd& fixPoints) {
-  const Eigen::Matrix3Xd from = measured.colwise() - Eigen::Vector3d(measured.rowwise().mean());
-  const Eigen::Matrix3Xd to = fixPoints.colwise() - Eigen::Vector3d(fixPoints.rowwise().mean());
-  const Eigen::Matrix3d rotation = bestRotation(from, to);
-  const Eigen::Matrix3Xd deviations = rotation * from - to;
-  const bool fits = (deviations.topRows<2>().array().abs() < kTolerance).all() &&
-                    (deviations.row(2).array().abs() < kHeightTolerance).all() &&
-                    rotation(2, 2) >= kCosineOfTilt;
-  return fits ? std::optional<double>(deviations.squaredNorm()) : std::nullopt;
-}
-
 }  // namespace
 
 PlainSearch::PlainSearch(const std::vector<ENHPoint>& fixPoints,
-                         const std::vector<ENHPoint>& measured)
-    : PlainSearch(fixPoints, measured, kTolerance, kFewestMeasured, fitWithinTolerances) {
-  m_endsBranches = true;
-}
-
-PlainSearch::PlainSearch(const std::vector<ENHPoint>& fixPoints,
-                         const std::vector<ENHPoint>& measured, double distanceTolerance,
-                         std::size_t fewest, Fit fit)
+                         const std::vector<ENHPoint>& measured, double tolerance,
+                         std::size_t fewest, Fit fit, double largestChange)
     : m_fixPoints(fixPoints),
       m_measured(measured),
-      m_tolerance(distanceTolerance),
+      m_tolerance(tolerance),
+      m_largestChange(largestChange),
       m_fewest(fewest),
-      m_endsBranches(false),
       m_fit(std::move(fit)) {}
 
 double PlainSearch::measuredDistance(std::size_t a, std::size_t b) const {
@@ -121,10 +55,7 @@ std::vector<PlainSearch::Solution> PlainSearch::robust() {
     if (!searched.insert(subset).second) continue;
     m_searchedSubsets = searched.size();
     std::vector<Solution> solutions = search(subset);
-    if (!solutions.empty()) {
-      m_numRepeatedSubsets = placeInRepeatingQueue(subset, m_measured.size());
-      return solutions;
-    }
+    if (!solutions.empty()) return solutions;
     if (subset.size() <= m_fewest) continue;
     for (std::size_t k = 0; k < subset.size(); ++k) {
       queue.push_back(subset);
@@ -206,7 +137,7 @@ void PlainSearch::place(const Indices& subset, const std::vector<Indices>& partn
     return;
   }
   for (const std::size_t next : partners[assigned.size() - 1]) {
-    if (m_endsBranches && !keepsDistances(subset, assigned, next)) continue;
+    if (!keepsDistances(subset, assigned, next)) continue;
     assigned.push_back(next);
     place(subset, partners, assigned, solutions);
     assigned.pop_back();
@@ -215,12 +146,12 @@ void PlainSearch::place(const Indices& subset, const std::vector<Indices>& partn
 
 bool PlainSearch::keepsDistances(const Indices& subset, const Indices& assigned,
                                  std::size_t next) const {
-  static const double kLargestChange = largestChange();
+  if (std::isinf(m_largestChange)) return true;
   const std::size_t place = assigned.size();
   for (std::size_t i = 0; i < place; ++i) {
     const double known = (m_fixPoints[assigned[i]] - m_fixPoints[next]).length();
     const double seen = measuredDistance(subset[i], subset[place]);
-    if (!(std::abs(known - seen) < kLargestChange)) return false;
+    if (!(std::abs(known - seen) < m_largestChange)) return false;
   }
   return true;
 }

@@ -34,12 +34,12 @@ class PlainSearch {
     double score;
   };
 
-  /// Takes the tolerances that a determination of points begins with, and ends a branch where two
-  /// fix points differ too much in their distance from the measured points.
-  PlainSearch(const std::vector<ENHPoint>& fixPoints, const std::vector<ENHPoint>& measured);
-  /// Fits every combination.
+  /// @param largestChange of the distance between two assigned points; a branch that exceeds it
+  /// ends.
+  ///     By default every combination is fitted.
   PlainSearch(const std::vector<ENHPoint>& fixPoints, const std::vector<ENHPoint>& measured,
-              double distanceTolerance, std::size_t fewest, Fit fit);
+              double tolerance, std::size_t fewest, Fit fit,
+              double largestChange = std::numeric_limits<double>::infinity());
 
   /// Of all measured points, best first.
   std::vector<Solution> strict();
@@ -53,9 +53,6 @@ class PlainSearch {
 
   /// How many subsets the last robust search searched.
   std::size_t searchedSubsets() const { return m_searchedSubsets; }
-
-  /// How many it would have searched without remembering them.
-  double numRepeatedSubsets() const { return m_numRepeatedSubsets; }
 
   /// One fit and test of all measured points, for its cost.
   bool fit(const Indices& fixPoints) const;
@@ -78,12 +75,11 @@ class PlainSearch {
   std::vector<ENHPoint> m_fixPoints;
   std::vector<ENHPoint> m_measured;
   double m_tolerance;
+  double m_largestChange;
   std::size_t m_fewest;
-  bool m_endsBranches;
   Fit m_fit;
   double m_numCombinations = 0.0;
   std::size_t m_searchedSubsets = 0;
-  double m_numRepeatedSubsets = 0.0;
 };
 
 }  // namespace TestSupport

@@ -3,7 +3,9 @@
 #include "testing/Csv.h"
 #include "testing/Numbers.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 namespace TestSupport {
 
@@ -39,6 +41,12 @@ std::vector<ProfileNode> roadTunnelNodes() {
   return {{-4.8, 0, 0},    {-5.5, 3, 9},     {-5.5, 4, 0}, {-q, 4 + q, 5.5}, {0, 9.5, 5.5},
           {q, 4 + q, 5.5}, {5.5, 4, 5.5},    {5.5, 3, 0},  {4.8, 0, 9},      {4.0, -0.8, 0},
           {0, -1.5, 12},   {-4.0, -0.8, 12}, {-4.8, 0, 0}};
+}
+
+std::vector<ProfileNode> fromNode(std::vector<ProfileNode> corners, std::size_t start) {
+  std::rotate(corners.begin(), corners.begin() + static_cast<std::ptrdiff_t>(start), corners.end());
+  corners.push_back(corners.front());
+  return corners;
 }
 
 ProfilePtr circleProfile(double radius, double x, double y) {

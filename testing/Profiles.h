@@ -9,6 +9,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,9 @@ ProfilePtr profileThrough(const std::vector<ProfileNode>& nodes, bool backwards 
 /// A road tunnel with tangent and kinked joints, curved invert and benches, clockwise from the
 /// left foot of the wall.
 std::vector<ProfileNode> roadTunnelNodes();
+
+/// A closed outline without its last node, entered from another one.
+std::vector<ProfileNode> fromNode(std::vector<ProfileNode> corners, std::size_t start);
 
 /// Four quarter arcs, clockwise from the left.
 ProfilePtr circleProfile(double radius, double x = 0.0, double y = 0.0);

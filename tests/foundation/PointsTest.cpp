@@ -57,13 +57,6 @@ TEST(XYZPoint, ComparesExactly) {
   EXPECT_TRUE(XYZPoint(1, 2, 3) != XYZPoint(1, 2, 3 + 1e-15));
 }
 
-TEST(FittingResult, HoldsNothingAtFirst) {
-  const FittingResult result;
-  EXPECT_EQ(result.method, 0);
-  EXPECT_EQ(result.center.length() + result.radius + result.rotation, 0.0);
-  EXPECT_EQ(result.semiAxisA + result.semiAxisB, 0.0);
-}
-
 template <class From, class To>
 constexpr bool kConverts = std::is_convertible_v<From, To>;
 template <class T>

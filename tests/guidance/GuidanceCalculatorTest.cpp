@@ -1,3 +1,4 @@
+#include "guidance/Guidance.h"
 #include "testing/Axes.h"
 #include "testing/Expectations.h"
 #include "testing/Numbers.h"
@@ -7,7 +8,6 @@
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/GuidanceCalculator.h>
 #include <Calculations/GuidanceVectorDefinition.h>
-#include <Calculations/ThProfileCalculator.h>
 
 #include <gtest/gtest.h>
 
@@ -19,87 +19,7 @@ namespace {
 using namespace Ruv::Calculations;
 using namespace TestSupport;
 
-using Factory = GuidanceVectorFactory;
-using VectorPtr = boost::shared_ptr<GuidanceVectorDefinition>;
 using BlockPtr = boost::shared_ptr<const BlockAxisDefinition>;
-
-void expectOffsets(const GuidanceOffsets& actual, double forward, double horizontal,
-                   double vertical, double tolerance) {
-  EXPECT_NEAR(actual.forward, forward, tolerance);
-  EXPECT_NEAR(actual.horizontal, horizontal, tolerance);
-  EXPECT_NEAR(actual.vertical, vertical, tolerance);
-}
-
-void expectGrid(const ENHPoint& actual, const ENHPoint& expected, double tolerance) {
-  EXPECT_LT((actual - expected).length(), tolerance);
-}
-
-/// Heading east from (0, 0), 200 m, rising by a grade from height 50, stationing from 100.
-AxisPtr risingAxis(double grade) { return straightAxis(kPi / 2, 100, 200, 50, 50 + 200 * grade); }
-
-TEST(GuidanceVectorDefinition, KeepsWhatItIsGiven) {
-  GuidanceVectorDefinition vector;
-  EXPECT_TRUE(vector.isVectorDirectionAxisParallel());
-  const GuidanceOffsets d(2, -3, 6);
-  vector.setVectorDirectionAsStraight(d);
-  EXPECT_FALSE(vector.isVectorDirectionAxisParallel());
-  const double front = vector.getGuidanceAngleProjectedInFrontViewPlane();
-  const double top = vector.getGuidanceAngleProjectedInTopViewPlane();
-  const double side = vector.getGuidanceAngleProjectedInSideViewPlane();
-  EXPECT_DOUBLE_EQ(side, std::atan2(6, 2));
-  vector.setVectorOriginPoint(AxisPoint(7, 8, 9));
-  EXPECT_EQ(vector.getVectorOriginPoint().height, 9.0);
-  vector.setVectorDirectionAsAxisParallel();
-  expectOffsets(vector.getVectorDirection(), 0, 0, 0, 0);
-  vector.setVectorDirectionFromProjectedAnglesFrontAndTopViewPlane(front, top, 7);
-  expectOffsets(vector.getVectorDirection(), 2, -3, 6, 1e-12);
-  vector.setVectorDirectionFromProjectedAnglesTopAndSideViewPlane(top, side, 14);
-  expectOffsets(vector.getVectorDirection(), 4, -6, 12, 1e-12);
-  vector.setVectorDirectionFromProjectedAnglesFrontAndSideViewPlane(front, side, 7);
-  expectOffsets(vector.getVectorDirection(), 2, -3, 6, 1e-12);
-  EXPECT_TRUE(vector.isVectorDirectionAxisParallel());  // angles do not change that
-}
-
-TEST(GuidanceVectorDefinition, MovesWhenCopied) {
-  GuidanceVectorDefinition source;
-  source.setVectorDirectionAsStraight(GuidanceOffsets(1, 2, 3));
-  GuidanceVectorDefinition copy(source);
-  EXPECT_TRUE(source.isVectorDirectionAxisParallel());  // empty
-  GuidanceVectorDefinition target;
-  target = copy;
-  GuidanceVectorDefinition& same = target;
-  target = same;
-  expectOffsets(target.getVectorDirection(), 1, 2, 3, 0);
-  target = source;  // empty from empty
-  EXPECT_TRUE(target.isVectorDirectionAxisParallel());
-  source.setVectorOriginPoint(AxisPoint(1, 1, 1));
-  EXPECT_EQ(source.getVectorOriginPoint().offset, 1.0);
-}
-
-TEST(GuidanceVectorFactory, NormalisesStraightDirections) {
-  const AxisPoint origin(10, 1, 2);
-  const VectorPtr parallel(Factory::createAsAxisParallelFromAxisCoordinate(origin));
-  EXPECT_TRUE(parallel->isVectorDirectionAxisParallel());
-  EXPECT_EQ(parallel->getVectorOriginPoint().stationing, 10.0);
-  const VectorPtr given(Factory::createAsStraightFromAxisCoordinateAndVectorComponents(
-      origin, GuidanceOffsets(3, 0, 4)));
-  expectOffsets(given->getVectorDirection(), 0.6, 0, 0.8, 1e-15);
-  EXPECT_FALSE(given->isVectorDirectionAxisParallel());
-  const VectorPtr right(Factory::createAsStraightInProfilePlaneWithVerticalAngle(origin, 0.3));
-  expectOffsets(right->getVectorDirection(), 0, std::sin(0.3), std::cos(0.3), 1e-15);
-}
-
-TEST(GuidanceVectorFactory, PointsRadialVectorsOutwardsFromAnywhere) {
-  for (const bool backwards : {false, true}) {
-    const ProfilePtr profile = profileThrough({{-5, 0, 0}, {5, 0, 5}, {-5, 0, 5}}, backwards);
-    // Inside, on it, outside by less than, exactly and more than the unit of the offset.
-    for (const double radius : {1.0, 4.9, 5.0, 5.5, 6.0, 9.0}) {
-      const VectorPtr vector(Factory::createAsStraightRadialFromAxisCoordinateAndProfile(
-          profile, AxisPoint(10, radius * 0.6, radius * 0.8)));
-      expectOffsets(vector->getVectorDirection(), 0, 0.6, 0.8, 1e-12);
-    }
-  }
-}
 
 TEST(GuidanceCalculator, MeasuresFromAxisParallelVectors) {
   const AxisPtr axis = risingAxis(0.75);  // 1.25 m of tunnel to each metre in plan
@@ -118,57 +38,6 @@ TEST(GuidanceCalculator, MeasuresFromAxisParallelVectors) {
              gridPoint(onAxis, AxisPoint(118, 0.5, 1), true), 1e-9);
   expectOffsets(inPlan.calculateOffsets(ENHPoint(-1, 0, 50)), 0, 0, 0, 0);
   EXPECT_EQ(inPlan.absolutePointAtForwardValue(191), ENHPoint());
-}
-
-TEST(GuidanceCalculator, ContinuesTheTunnelMeterBeyondTheAxis) {
-  // From 1000 at stationing 100 to 1250 at 300; by one metre per metre outside.
-  const AxisPtr axis = risingAxis(0.75);
-  axis->setStationingMappingValues(100, 1000);
-  const ENHPoint place = gridPoint(AxisCalculator(axis), AxisPoint(120, 0.5, 1), true);
-  const struct {
-    double origin, tunnelmeter;
-  } cases[] = {{90, 990}, {110, 1012.5}, {300, 1250}, {350, 1300}, {1e6, 1250 + 1e6 - 300}};
-  for (const auto& c : cases) {
-    const VectorPtr vector(
-        Factory::createAsAxisParallelFromAxisCoordinate(AxisPoint(c.origin, 0.5, 1)));
-    const GuidanceCalculator guidance(vector, axis, true);
-    expectOffsets(guidance.calculateOffsets(place), 1025 - c.tunnelmeter, 0, 0, 1e-9);
-    expectGrid(guidance.absolutePointAtForwardValue(1025 - c.tunnelmeter), place, 1e-9);
-    for (const double outside : {995.0, 1251.0, 1e9}) {  // of the axis, so there is no point
-      EXPECT_EQ(guidance.absolutePointAtForwardValue(outside - c.tunnelmeter), ENHPoint());
-    }
-  }
-  // Values of the tunnel meter that are stationings of the axis as well, which once mixed them up.
-  const AxisPtr level = straightAxis(0, 0, 200, 0, 0);
-  level->setStationingMappingValues(0, -100);
-  const VectorPtr from150(Factory::createAsAxisParallelFromAxisCoordinate(AxisPoint(150, 0, 0)));
-  const VectorPtr from250(Factory::createAsAxisParallelFromAxisCoordinate(AxisPoint(250, 0, 0)));
-  for (const double beyond : {100.0, 140.0}) {
-    EXPECT_EQ(GuidanceCalculator(from150, level, true).absolutePointAtForwardValue(beyond),
-              ENHPoint());
-  }
-  expectOffsets(GuidanceCalculator(from250, level, true).calculateOffsets(ENHPoint(0, 180, 0)), -70,
-                0, 0, 1e-12);
-  // A shaft goes straight on.
-  const AxisPtr shaft(AxisDefinitionFactory::createShaftAxis(7, 8, 700, 500, 0));
-  expectGrid(GuidanceCalculator(from150, shaft, true).absolutePointAtForwardValue(60),
-             ENHPoint(7, 8, 490), 1e-12);
-  EXPECT_EQ(GuidanceCalculator(from250, shaft, true).calculateOffsets(ENHPoint(7, 8, 690)).forward,
-            -240.0);
-}
-
-TEST(GuidanceCalculator, HasNoForwardValueWhereTheTunnelMeterEndsOnTheAxis) {
-  const AxisPtr axis = straightAxis(0, 0, 100, 0, 0);
-  axis->addVeralPointKink(40, 0);
-  axis->addVeralPointArc(60, 1, 50);  // cannot be computed
-  axis->addVeralPointKink(60, 5);
-  for (const double origin : {50.0, 150.0}) {
-    const VectorPtr vector(
-        Factory::createAsAxisParallelFromAxisCoordinate(AxisPoint(origin, 0, 0)));
-    const GuidanceCalculator guidance(vector, axis, true);
-    EXPECT_TRUE(std::isnan(guidance.calculateOffsets(ENHPoint(0, 0, 0)).forward));
-    EXPECT_EQ(guidance.absolutePointAtForwardValue(10 - origin), ENHPoint());
-  }
 }
 
 TEST(GuidanceCalculator, MeasuresFromStraightVectors) {
@@ -260,24 +129,6 @@ TEST(GuidanceCalculator, PassesThroughBothPointsOfAPair) {
     const ENHPoint aside = calculator.absolutePointAtForwardValue(offsets.forward);
     EXPECT_NEAR(std::hypot(offsets.horizontal, offsets.vertical), (p - aside).length(), 1e-9);
   }
-}
-
-/// Components are in the section turned by the transverse slope, whether or not the points are.
-TEST(GuidanceVectorFactory, TurnsAPairWithTheTransverseSlope) {
-  const AxisPtr level = risingAxis(0.1);
-  const AxisPtr sloped = risingAxis(0.1);
-  sloped->addTransSlopeSegmentConstant(100, 300, 8);
-  const auto direction = [](const AxisPtr& axis, bool withTransSlope) {
-    return VectorPtr(Factory::createAsStraightFromPairOfAxisCoordinates(
-                         axis, AxisPoint(110, -3, 1), AxisPoint(120, 4, 2), true, withTransSlope))
-        ->getVectorDirection();
-  };
-  const GuidanceOffsets d = direction(level, true);
-  expectOffsets(direction(sloped, true), d.forward, d.horizontal, d.vertical, 1e-12);
-  const double c = std::cos(std::atan(0.08));
-  const double s = std::sin(std::atan(0.08));
-  expectOffsets(direction(sloped, false), d.forward, d.horizontal * c - d.vertical * s,
-                d.vertical * c + d.horizontal * s, 1e-12);
 }
 
 TEST(GuidanceCalculator, WorksOnBlocksAndShafts) {

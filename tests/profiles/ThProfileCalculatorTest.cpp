@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <limits>
@@ -18,105 +17,6 @@ namespace {
 
 using namespace Ruv::Calculations;
 using namespace TestSupport;
-
-/// The same outline entered from another of its corners.
-std::vector<ProfileNode> fromNode(std::vector<ProfileNode> corners, std::size_t start) {
-  std::rotate(corners.begin(), corners.begin() + static_cast<std::ptrdiff_t>(start), corners.end());
-  corners.push_back(corners.front());
-  return corners;
-}
-
-TEST(ThProfileDefinition, ReadsAsAdded) {
-  ThProfileDefinition profile;
-  EXPECT_EQ(profile.getCircumference(), 0.0);
-  EXPECT_FALSE(profile.isDefinedClockwise());
-  EXPECT_TRUE(profile.addSegmentStraight(1, 2, 4, 6));
-  EXPECT_EQ(profile.getCircumference(), 0.0);              // not before the second segment
-  EXPECT_TRUE(profile.addSegmentArc(99, 99, 4, 8, -1.5));  // its start counts for no node
-  expectPoint(profile.getSegmentStartAt(1), Point2D(4, 6), 0);
-  expectPoint(profile.getSegmentEndAt(1), Point2D(4, 8), 0);
-  EXPECT_EQ(profile.getSegmentRadiusAt(1), -1.5);
-  EXPECT_DOUBLE_EQ(profile.getCircumference(), 5.0 + 3.0 * std::asin(1 / 1.5));
-  for (const unsigned int beyond : {2u, 0xFFFFFFFFu}) {
-    expectPoint(profile.getSegmentStartAt(beyond), Point2D(), 0);
-    expectPoint(profile.getSegmentEndAt(beyond), Point2D(), 0);
-    EXPECT_EQ(profile.getSegmentRadiusAt(beyond), 0.0);
-  }
-  profile.resetThProfile();
-  profile.addSegmentStraight(7, 7, 8, 8);
-  EXPECT_EQ(profile.getNumSegments(), 1u);
-  expectPoint(profile.getSegmentStartAt(0), Point2D(7, 7), 0);
-}
-
-TEST(ThProfileDefinition, MeasuresArcs) {
-  const auto lengthOf = [](const Point2D& from, const Point2D& to, double radius) {
-    ThProfileDefinition profile;
-    profile.addSegmentArc(from.x, from.y, to.x, to.y, radius);
-    profile.addSegmentStraight(to.x, to.y, to.x, to.y);
-    return profile.getCircumference();
-  };
-  EXPECT_DOUBLE_EQ(lengthOf({-1, 0}, {1, 0}, 2), 2 * kPi / 3);
-  EXPECT_DOUBLE_EQ(lengthOf({-1, 0}, {1, 0}, -2), 2 * kPi / 3);
-  EXPECT_DOUBLE_EQ(lengthOf({-1, 0}, {1, 0}, 1), kPi);
-  EXPECT_DOUBLE_EQ(lengthOf({-1, 0}, {1, 0}, 1e9), 2.0);
-  EXPECT_EQ(lengthOf({5, 5}, {5, 5}, 3), 0.0);
-  EXPECT_EQ(lengthOf({5, 5}, {5, 5 + 1e-7}, 3), 0.0);
-  EXPECT_TRUE(std::isnan(lengthOf({-1, 0}, {1, 0}, 0.99)));
-  // A half circle turned by any angle stays one, although rounding makes its chord too long.
-  for (double angle = 0.1; angle < 6; angle += 0.1) {
-    const Point2D half(std::cos(angle) * 2.3, std::sin(angle) * 2.3);
-    EXPECT_NEAR(lengthOf(Point2D(0.7, 0.4) - half, Point2D(0.7, 0.4) + half, 2.3), kPi * 2.3, 1e-6);
-  }
-}
-
-TEST(ThProfileDefinition, TellsItsSenseFromItsCorners) {
-  const std::vector<ProfileNode> square = {{0, 0, 0}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0}, {0, 0, 0}};
-  EXPECT_TRUE(profileThrough(square)->isDefinedClockwise());
-  EXPECT_FALSE(profileThrough(square, true)->isDefinedClockwise());
-  // A star, from each of its nodes, of which every other turns the other way.
-  std::vector<ProfileNode> star;
-  for (int i = 0; i < 14; ++i) {
-    const double radius = i % 2 == 0 ? 4.0 : 1.0;
-    star.push_back({radius * std::sin(kPi * i / 7 + 0.1), radius * std::cos(kPi * i / 7 + 0.1), 0});
-  }
-  for (std::size_t start = 0; start < star.size(); ++start) {
-    const std::vector<ProfileNode> nodes = fromNode(star, start);
-    EXPECT_TRUE(profileThrough(nodes)->isDefinedClockwise()) << start;
-    EXPECT_FALSE(profileThrough(nodes, true)->isDefinedClockwise()) << start;
-  }
-  // An open chain goes on from its last point to its second one: 3.0 rad to the left, 3.28 to the
-  // right.
-  for (const double side : {1.0, -1.0}) {
-    const std::vector<ProfileNode> open = {{0, 0, 0}, {0, 9, 0}, {-side, 2, 0}, {-2 * side, 2, 0}};
-    EXPECT_EQ(profileThrough(open)->isDefinedClockwise(), side > 0.0);
-  }
-  // Two half circles: a reversal counts as half a turn to the right, whatever their sense.
-  for (double angle = 0; angle < 6; angle += 0.1) {
-    const double x = std::cos(angle);
-    const double y = std::sin(angle);
-    for (const double r : {1.0, -1.0}) {
-      EXPECT_TRUE(profileThrough({{x, y, 0}, {-x, -y, r}, {x, y, r}})->isDefinedClockwise());
-    }
-  }
-  // A node that repeats the one before turns nothing.
-  for (double angle = 0; angle < 6; angle += 0.1) {
-    const double x = std::cos(angle);
-    const double y = std::sin(angle);
-    const std::vector<ProfileNode> turned = {{x, y, 0},   {x, y, 0},  {y, -x, 0}, {y, -x, 0},
-                                             {-x, -y, 0}, {-y, x, 0}, {x, y, 0}};
-    EXPECT_TRUE(profileThrough(turned)->isDefinedClockwise()) << angle;
-    EXPECT_FALSE(profileThrough(turned, true)->isDefinedClockwise()) << angle;
-  }
-  // After a reset the sense stays until there are three nodes.
-  const ProfilePtr profile = profileThrough(square);
-  profile->resetThProfile();
-  EXPECT_TRUE(profile->isDefinedClockwise());
-  profile->addSegmentStraight(0, 0, 1, 0);
-  EXPECT_TRUE(profile->isDefinedClockwise());
-  profile->addSegmentStraight(1, 0, 1, 1);
-  profile->addSegmentStraight(1, 1, 0, 0);
-  EXPECT_FALSE(profile->isDefinedClockwise());
-}
 
 TEST(ThProfileCalculator, GoldenNearestPoints) {
   std::string name;

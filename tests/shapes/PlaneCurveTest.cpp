@@ -1,18 +1,13 @@
 #include "shapes/PlaneCurve.h"
 
-#include "shapes/FootSearch.h"
 #include "testing/Axes.h"
 #include "testing/Numbers.h"
 #include "testing/Random.h"
-
-#include <Calculations/TransitionCurves.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
-#include <string>
 
 namespace {
 
@@ -136,28 +131,6 @@ TEST_P(PlaneCurve, FindsTheNearestFoot) {
 
 INSTANTIATE_TEST_SUITE_P(Curves, PlaneCurve, testing::ValuesIn(kCurves));
 
-TEST(PlaneCurveFoot, OnArcsCountsOnlyTheNearSide) {
-  const CPlaneCurve arc = CPlaneCurve::arc(100.0, 150.0);
-  EXPECT_EQ(arc.footOf(Point2D(100, 0)).length, 0.0);  // the centre
-  EXPECT_EQ(arc.footOf(Point2D(100, 0)).lateral, 100.0);
-  EXPECT_EQ(arc.footOf(Point2D(5, -1)).report, CFootReport::BeforeStart);
-  EXPECT_EQ(arc.footOf(Point2D(200, -60)).report, CFootReport::BeyondEnd);
-  // On the far side the gap between the ends is halved.
-  const double opposite = 0.75 + kPi;
-  const auto around = [](double turning) {
-    return Point2D(100 - 90 * std::cos(turning), 90 * std::sin(turning));
-  };
-  EXPECT_EQ(arc.footOf(around(opposite - 0.01)).report, CFootReport::BeyondEnd);
-  EXPECT_EQ(arc.footOf(around(opposite + 0.01)).report, CFootReport::BeforeStart);
-  const CPlaneCurve circle = CPlaneCurve::arc(-15.0, 2 * kPi * 15.0);
-  for (double bearing = 0.05; bearing < 6.3; bearing += 0.1) {
-    const Point2D p(-15 + 17 * std::cos(bearing), 17 * std::sin(bearing));
-    const CCurveFoot foot = circle.footOf(p);
-    EXPECT_NEAR(foot.length, 15 * bearing, 1e-12);
-    EXPECT_NEAR(foot.lateral, 2.0, 1e-13);
-  }
-}
-
 TEST(PlaneCurveFoot, AtTheStartOfAClothoidIsSeenWhenTheEndIsNearer) {
   const CCurveFoot foot = CPlaneCurve::clothoid(-40, -20, 40).footOf(Point2D(-30, -1e-15));
   EXPECT_EQ(foot.report, CFootReport::BeforeStart);
@@ -200,24 +173,6 @@ TEST(PlaneCurveFoot, OfAnArcThatGoesRoundAgainLiesOnTheFirstRound) {
   EXPECT_FALSE(CPlaneCurve::clothoid(10, 10.001, 1001).isDefined());
 }
 
-TEST(PlaneCurveFoot, OnAStraightThatDriftsBackIsNone) {
-  const CPlaneCurve curve = CPlaneCurve::straight(0.001).drifting(Point2D(0.0, -3.0));
-  for (const double ahead : {-0.01, -0.001, 0.0, 0.0005, 0.01}) {
-    const CFootReport report = curve.footOf(Point2D(5.0, ahead)).report;
-    EXPECT_EQ(report, ahead < 0.0 ? CFootReport::BeforeStart : CFootReport::BeyondEnd);
-  }
-  EXPECT_EQ(CPlaneCurve::straight(1.0).drifting({0.0, -1.0}).footOf({5.0, 0.0}).length, 0.0);
-}
-
-TEST(FootSearch, StaysBetweenItsEndsWhenDistancesOverflow) {
-  const double infinity = std::numeric_limits<double>::infinity();
-  const auto forwardAt = [&](double place) {
-    EXPECT_TRUE(place >= 3.0 && place <= 5.0);
-    return Ruv::CForwardDistance{place < 4.0 ? infinity : -infinity, -1.0};
-  };
-  EXPECT_NEAR(Ruv::footBetween(forwardAt, {3.0, forwardAt(3.0)}, {5.0, forwardAt(5.0)}), 4.0, 1e-9);
-}
-
 TEST(PlaneCurve, RefusesWhatHasNoShape) {
   const double nan = std::nan("");
   EXPECT_FALSE(CPlaneCurve().isDefined());
@@ -230,79 +185,6 @@ TEST(PlaneCurve, RefusesWhatHasNoShape) {
   EXPECT_FALSE(CPlaneCurve::clothoid(0.0, 1e-6, 1e3).isDefined());
   EXPECT_FALSE(CPlaneCurve::clothoid(0.0, 100.0, 0.0).isDefined());
   EXPECT_FALSE(CPlaneCurve::clothoid(nan, 100.0, 10.0).isDefined());
-}
-
-/// A kind that only has a name.
-class NamedCurve : public Ruv::CTransitionCurve {
- public:
-  const std::string& name() const override { return m_name; }
-
- private:
-  std::string m_name = "named";
-};
-
-TEST(TransitionCurve, HasNoShapeOfItsOwn) {
-  const NamedCurve curve;
-  EXPECT_EQ(curve.numberOfTerms(), 12);
-  using Operation = bool (Ruv::CTransitionCurve::*)(double, double, double, double&) const;
-  const Operation operations[] = {&Ruv::CTransitionCurve::curvature,
-                                  &Ruv::CTransitionCurve::tangentAngle,
-                                  &Ruv::CTransitionCurve::localX, &Ruv::CTransitionCurve::localY};
-  for (const Operation operation : operations) {
-    double out = 7.0;
-    EXPECT_FALSE((curve.*operation)(50, 400, 100, out));
-    EXPECT_EQ(out, 0.0);
-  }
-}
-
-/// A curve with another number of series terms.
-class ClothoidWithTerms : public Ruv::CClothoidCurve {
- public:
-  explicit ClothoidWithTerms(int lastTerm) : m_lastTerm(lastTerm) {}
-  int numberOfTerms() const override { return m_lastTerm; }
-
- private:
-  int m_lastTerm;
-};
-
-TEST(ClothoidCurve, EvaluatesMagnitudesInItsOwnFrame) {
-  const Ruv::CClothoidCurve curve;
-  EXPECT_EQ(curve.name(), "clothoid");
-  EXPECT_EQ(curve.numberOfTerms(), 12);
-  double out = -1.0;
-  EXPECT_TRUE(curve.tangentAngle(100, 400, 100, out));
-  EXPECT_DOUBLE_EQ(out, 0.125);
-  EXPECT_TRUE(curve.curvature(-50, 400, 100, out));
-  EXPECT_DOUBLE_EQ(out, 0.00125);
-  // Signs are the caller's.
-  for (const double l : {250.0, -250.0}) {
-    const Point2D expected = referencePoint(0.0, 1 / 90.0, 250.0, 250.0);
-    EXPECT_TRUE(curve.localX(l, -90, 250, out));
-    EXPECT_NEAR(out, expected.y, 1e-10);
-    EXPECT_TRUE(curve.localY(l, -90, 250, out));
-    EXPECT_NEAR(out, expected.x, 1e-10);
-  }
-}
-
-TEST(ClothoidCurve, FlagsZeroProductsAndGrowingTerms) {
-  const Ruv::CClothoidCurve curve;
-  double out = -1.0;
-  EXPECT_FALSE(curve.curvature(50, 0, 100, out));
-  EXPECT_EQ(out, 0.0);
-  EXPECT_FALSE(curve.curvature(50, -std::numeric_limits<double>::min(), 1, out));
-  EXPECT_TRUE(curve.tangentAngle(50, 0, 100, out) && out == 0.0);
-  EXPECT_TRUE(curve.localX(50, 0, 100, out) && out == 0.0);
-  // Tangent angle 5: the last terms shrink, so the sum passes for converged. At 60 it does not.
-  EXPECT_TRUE(curve.localX(1000, 1000, 100, out));
-  EXPECT_FALSE(curve.localX(3500, 1000, 100, out));
-  EXPECT_GT(std::abs(out), 1e3);
-  EXPECT_FALSE(ClothoidWithTerms(-1).localX(100, 400, 100, out));
-  EXPECT_EQ(out, 0.0);
-  EXPECT_FALSE(ClothoidWithTerms(0).localX(100, 400, 100, out));
-  EXPECT_EQ(out, 100.0);
-  // More terms than a double holds factorials for, after a shorter sum.
-  EXPECT_TRUE(ClothoidWithTerms(2000).localY(200, 400, 100, out));
-  EXPECT_NEAR(out, 0.1637140474 * 200, 1e-8);
 }
 
 }  // namespace

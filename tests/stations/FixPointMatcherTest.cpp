@@ -3,9 +3,7 @@
 #include <Calculations/Utilities.h>
 
 #include "stations/MatrixPointsFit.h"
-#include "stations/RigidPlacement.h"
 #include "stations/RobustDetermination.h"
-#include "stations/SolutionSignificance.h"
 #include "testing/PlainSearch.h"
 #include "testing/Random.h"
 
@@ -145,37 +143,6 @@ TEST(FixPointMatcher, FindsWhatEnumerationAndQueueFind) {
   }
   // The cases are of use only while they reach these.
   EXPECT_GT(std::min({reduced, ambiguous, shared}), 100) << reduced << ambiguous << shared;
-}
-
-TEST(RigidPlacement, ComparesStrictlyWithTheTolerances) {
-  // A saddle: its best fit is the unturned square below it.
-  Eigen::Matrix3Xd measured(3, 4);
-  measured << 4, -4, -4, 4, 4, 4, -4, -4, 0, 0, 0, 0;
-  Eigen::Matrix3Xd fixPoints = measured;
-  fixPoints.row(2) << 0.25, -0.25, 0.25, -0.25;
-  MatchSettings settings;
-  settings.toleranceHeightDifference = 0.25;
-  EXPECT_FALSE(RigidPlacement(settings).score(measured, fixPoints));
-  settings.toleranceHeightDifference = std::nextafter(0.25, 1.0);
-  ASSERT_TRUE(RigidPlacement(settings).score(measured, fixPoints));
-  EXPECT_NEAR(*RigidPlacement(settings).score(measured, fixPoints), 8.0 * 0.0625, 1e-14);
-}
-
-TEST(SolutionSignificance, AsksForADistanceInScoreOrTheSamePlaces) {
-  const Points fixPoints = {{0, 0, 0}, {9, 0, 0}, {9, 0, 0.001}, {9, 0, 0.0011}};
-  const auto isSignificant = [&fixPoints](const std::vector<MatchedSolution>& solutions) {
-    return isFirstSolutionSignificant(solutions, fixPoints);
-  };
-  const MatchedSolution best{{0, 1}, 0.004};
-  EXPECT_FALSE(isSignificant({}));
-  EXPECT_TRUE(isSignificant({best}));
-  EXPECT_TRUE(isSignificant({best, {{1, 0}, 0.0141}}));
-  EXPECT_FALSE(isSignificant({best, {{1, 0}, 0.0139}}));
-  EXPECT_TRUE(isSignificant({best, {{0, 2}, 0.013}}));
-  EXPECT_FALSE(isSignificant({best, {{0, 3}, 0.013}})) << "1.1 mm apart";
-  EXPECT_FALSE(isSignificant({best, {{0, 2}, 0.013}, {{1, 0}, 0.9}})) << "all others count";
-  EXPECT_FALSE(isSignificant({best, {{0, kNotAssigned}, 0.005}}));
-  EXPECT_FALSE(isSignificant({best, {{0, 1, 1}, 0.005}})) << "one measurement more";
 }
 
 }  // namespace

@@ -1,0 +1,19 @@
+#include "shapes/FootSearch.h"
+
+#include "testing/Numbers.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using TestSupport::kInfinity;
+
+TEST(FootSearch, StaysBetweenItsEndsWhenDistancesOverflow) {
+  const auto forwardAt = [&](double place) {
+    EXPECT_TRUE(place >= 3.0 && place <= 5.0);
+    return Ruv::CForwardDistance{place < 4.0 ? kInfinity : -kInfinity, -1.0};
+  };
+  EXPECT_NEAR(Ruv::footBetween(forwardAt, {3.0, forwardAt(3.0)}, {5.0, forwardAt(5.0)}), 4.0, 1e-9);
+}
+
+}  // namespace

@@ -1,0 +1,30 @@
+#include "stations/SpatialNormals.h"
+
+#include "stations/Setups.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+namespace {
+
+using namespace Ruv::Calculations;
+using namespace TestSupport;
+
+TEST(SpatialNormals, RefusesAngleThatAnotherOneUndoes) {
+  // Instrument tilted by a right angle about north: omega and kappa turn about one axis.
+  PointPairs pairs;
+  for (const Pair& pair : kSquare) {
+    pairs.local.push_back(pair.local);
+    pairs.global.push_back(pair.global);
+  }
+  const ReducedPairs reduced(pairs);
+  const auto at = [&](double phi) {
+    return SpatialNormals(reduced, {{0, 0, 0}, {0.3, phi, 0.5}, 1.0}).cofactors();
+  };
+  EXPECT_FALSE(at(std::acos(0.0) + 1e-9));
+  EXPECT_TRUE(at(std::acos(0.0) - 1e-5));
+}
+
+}  // namespace
