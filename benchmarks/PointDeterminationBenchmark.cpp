@@ -3,10 +3,9 @@
 
 #include "SpeedGoals.h"
 #include "support/PeakMemory.h"
+#include "support/PlainPeers.h"
 #include "support/Rounds.h"
 #include "support/SearchCounts.h"
-#include "testing/FixPoints.h"
-#include "testing/PlainSearch.h"
 
 #include <benchmark/benchmark.h>
 
@@ -19,8 +18,6 @@
 namespace Benchmarks {
 
 namespace {
-
-using TestSupport::PlainSearch;
 
 constexpr std::uint64_t kStrictSeed = 1000;  // and those after it
 constexpr std::uint64_t kRobustSeed = 2000;
@@ -106,7 +103,7 @@ template <class Search>
 Contender searchingPlainly(const FixPointWorkload& workload, const Search& search) {
   return [&workload, search] {
     return timesPerCall(1, 1, [&] {
-      PlainSearch plain(workload.fixPoints, workload.measured);
+      PlainSearch plain = plainSearchOf(workload);
       bool ok = search(plain);
       benchmark::DoNotOptimize(ok);
     });
@@ -117,7 +114,7 @@ Contender searchingPlainly(const FixPointWorkload& workload, const Search& searc
 Contender fittingOnce(const FixPointWorkload& workload) {
   constexpr std::size_t kFits = 1000;
   return [&workload] {
-    const PlainSearch plain(workload.fixPoints, workload.measured);
+    const PlainSearch plain = plainSearchOf(workload);
     std::vector<std::size_t> fixPoints;
     for (const auto& fixPoint : workload.truth) {
       fixPoints.push_back(fixPoint.value_or(0));
@@ -147,7 +144,7 @@ void judgeOnce(const FixPointWorkload& workload, int rounds, StrictResults& resu
        fittingOnce(workload)});
   results.ours.push_back(best[0]);
   results.plain.push_back(best[1]);
-  PlainSearch plain(workload.fixPoints, workload.measured);
+  PlainSearch plain = plainSearchOf(workload);
   plain.strict();
   results.enumeration.push_back(plain.numCombinations() * best[2]);
   results.fits.push_back(static_cast<double>(numRigidFits(workload)));
@@ -216,11 +213,11 @@ void judgeRobust(std::size_t numStray, std::uint64_t seed, const Effort& effort,
       effort.rounds,
       {determining(workload, kCalls, &PointDetermination::determineMeasuredPointsRobust),
        searchingPlainly(workload, [](PlainSearch& plain) { return !plain.robust().empty(); })});
-  PlainSearch plain(workload.fixPoints, workload.measured);
-  plain.robust();
+  PlainSearch plain = plainSearchOf(workload);
+  const std::vector<PlainSearch::Solution> solutions = plain.robust();
   // Without remembering, subsets are searched as often as there are orders of leaving out.
   const double repeated =
-      best[1] * plain.numRepeatedSubsets() / static_cast<double>(plain.searchedSubsets());
+      best[1] * numRepeatedSubsets(solutions.at(0)) / static_cast<double>(plain.searchedSubsets());
   const std::string what =
       ", 12 measured, " + std::to_string(numStray) + " stray, seed " + std::to_string(seed);
   const std::string work = "which fix points" + what;
