@@ -2,6 +2,7 @@
 
 #include "testing/Axes.h"
 #include "testing/Numbers.h"
+#include "testing/Paths.h"
 #include "testing/Profiles.h"
 #include "testing/Random.h"
 
@@ -12,6 +13,7 @@
 #include <initializer_list>
 #include <iostream>
 #include <streambuf>
+#include <type_traits>
 
 namespace TestSupport {
 
@@ -31,10 +33,18 @@ class SceneOf {
   SceneOf(std::vector<Scene>& scenes, std::string prefix, Make make, Call state)
       : m_scenes(scenes), m_prefix(std::move(prefix)), m_make(make), m_state(state) {}
 
-  SceneOf& add(const std::string& name, Call call) {
-    const Make make = m_make;
-    const Call state = m_state;
-    m_scenes.push_back({m_prefix + name, [make, state, call] {
+  /// @param act on the object, with or without an answer
+  template <class Act>
+  SceneOf& add(const std::string& name, const Act& act) {
+    const auto call = [act](Object& object) {
+      if constexpr (std::is_void_v<decltype(act(object))>) {
+        act(object);
+        return Numbers();
+      } else {
+        return Numbers(act(object));
+      }
+    };
+    m_scenes.push_back({m_prefix + name, [make = m_make, state = m_state, call] {
                           const std::shared_ptr<Object> object = make();
                           return Play{[object, call] { return call(*object); },
                                       [object, state] { return state(*object); }};
@@ -181,19 +191,10 @@ void addAxes(std::vector<Scene>& scenes) {
         return numbers;
       })
       .add("TakesAStraight",
-           [](AxisPtr& axis) {
-             axis->addHoralSegmentStraight(100, 600000, 200000, 0.3, 50);
-             return Numbers();
-           })
-      .add("TakesAPoint",
-           [](AxisPtr& axis) {
-             axis->addVeralPointKink(100, 400);
-             return Numbers();
-           })
-      .add("TakesATransSlope", [](AxisPtr& axis) {
-        axis->addTransSlopeSegmentLinear(150, 190, 0, 4);
-        return Numbers();
-      });
+           [](AxisPtr& axis) { axis->addHoralSegmentStraight(100, 600000, 200000, 0.3, 50); })
+      .add("TakesAPoint", [](AxisPtr& axis) { axis->addVeralPointKink(100, 400); })
+      .add("TakesATransSlope",
+           [](AxisPtr& axis) { axis->addTransSlopeSegmentLinear(150, 190, 0, 4); });
   SceneOf<AxisPtr>(
       scenes, "Axis", [] { return std::make_shared<AxisPtr>(smallAxis()); },
       [](AxisPtr& axis) {
@@ -202,25 +203,14 @@ void addAxes(std::vector<Scene>& scenes) {
         return numbers;
       })
       .add("TakesAnArc",
-           [](AxisPtr& axis) {
-             axis->addHoralSegmentArc(340, 600150, 200150, 1.1, -200, 50);
-             return Numbers();
-           })
+           [](AxisPtr& axis) { axis->addHoralSegmentArc(340, 600150, 200150, 1.1, -200, 50); })
       .add("TakesAClothoid",
            [](AxisPtr& axis) {
              axis->addHoralSegmentClothoid(340, 600150, 200150, 1.1, 0, -200, 50);
-             return Numbers();
            })
-      .add("TakesAPointBetween",
-           [](AxisPtr& axis) {
-             axis->addVeralPointArc(240, 401, 500);
-             return Numbers();
-           })
+      .add("TakesAPointBetween", [](AxisPtr& axis) { axis->addVeralPointArc(240, 401, 500); })
       .add("TakesATransSlopeBetween",
-           [](AxisPtr& axis) {
-             axis->addTransSlopeSegmentConstant(120, 130, 1);
-             return Numbers();
-           })
+           [](AxisPtr& axis) { axis->addTransSlopeSegmentConstant(120, 130, 1); })
       .add("GivesPolylines",
            [](AxisPtr& axis) {
              return numbersOf(axis->getHoralSegmentPolylineAt(1, 10),
@@ -314,24 +304,13 @@ void addProfiles(std::vector<Scene>& scenes) {
   SceneOf<ProfilePtr>(
       scenes, "NewProfile", [] { return std::make_shared<ProfilePtr>(profileThrough({})); },
       [](ProfilePtr& profile) { return numbersOf(*profile); })
-      .add("TakesAStraight",
-           [](ProfilePtr& profile) {
-             profile->addSegmentStraight(0, 0, 0, 3);
-             return Numbers();
-           })
-      .add("TakesAnArc", [](ProfilePtr& profile) {
-        profile->addSegmentArc(0, 0, 0, 3, 2);
-        return Numbers();
-      });
+      .add("TakesAStraight", [](ProfilePtr& profile) { profile->addSegmentStraight(0, 0, 0, 3); })
+      .add("TakesAnArc", [](ProfilePtr& profile) { profile->addSegmentArc(0, 0, 0, 3, 2); });
   SceneOf<ProfilePtr>(
       scenes, "Profile",
       [] { return std::make_shared<ProfilePtr>(profileThrough(roadTunnelNodes(), true)); },
       [](ProfilePtr& profile) { return numbersOf(*profile); })
-      .add("TakesAnother",
-           [](ProfilePtr& profile) {
-             profile->addSegmentArc(-4.8, 0, 1, 1, 7);
-             return Numbers();
-           })
+      .add("TakesAnother", [](ProfilePtr& profile) { profile->addSegmentArc(-4.8, 0, 1, 1, 7); })
       .add("AnswersQuestions",
            [](ProfilePtr& profile) {
              const ThProfileCalculator calculator{
@@ -357,26 +336,14 @@ void addProfiles(std::vector<Scene>& scenes) {
 
 // --- Outlines
 
-Path box(double left, double bottom, double right, double top) {
-  Path path;
-  for (const Point2D& corner :
-       {Point2D(left, bottom), Point2D(left, top), Point2D(right, top), Point2D(right, bottom)}) {
-    path.addSegment(PathSegment(corner.x, corner.y));
-  }
-  path.close(true);
-  return path;
-}
-
 /// A star with twelve points, turned so that two of them cross everywhere.
 Path star(double turned) {
-  Path path;
+  std::vector<Point2D> corners;
   for (int i = 0; i < 24; ++i) {
     const double angle = turned + 2 * kPi * i / 24;
-    const double radius = i % 2 == 0 ? 2.0 : 3.0;
-    path.addSegment(PathSegment(radius * std::cos(angle), radius * std::sin(angle)));
+    corners.push_back(Point2D(std::cos(angle), std::sin(angle)) * (2.0 + i % 2));
   }
-  path.close(true);
-  return path;
+  return ring(corners);
 }
 
 struct Outlines {
@@ -384,14 +351,11 @@ struct Outlines {
   Path second = star(0.1);
   Pathes several{box(-3, -3, 3, 3)};
   Pathes holes{box(-2, -2, -1, 2)};
-  Path line;
+  Path line = lineThrough({{-4, 1}, {0, 1}, {1, -3}, {4, -3}});
 
   Outlines() {
     several.addPath(box(3, 1, 5, 2.5));  // they share an edge
     holes.addPath(box(0.5, -1, 1, 1));
-    for (const Point2D& p : {Point2D(-4, 1), Point2D(0, 1), Point2D(1, -3), Point2D(4, -3)}) {
-      line.addSegment(PathSegment(p.x, p.y));
-    }
   }
 };
 
@@ -409,35 +373,12 @@ void addOutlines(std::vector<Scene>& scenes) {
              path.addSegment(PathSegment(1, 1));
              return numbersOf(path);
            })
-      .add("TakesAnArc",
-           [](Outlines& o) {
-             o.line.addSegment(PathSegment(5, 1, 3));
-             return Numbers();
-           })
-      .add("IsClosed",
-           [](Outlines& o) {
-             o.line.close(true);
-             return Numbers();
-           })
-      .add("IsAssigned",
-           [](Outlines& o) {
-             o.line = o.first;
-             return Numbers();
-           })
-      .add("ListTakesOne",
-           [](Outlines& o) {
-             o.several.addPath(o.first);
-             return Numbers();
-           })
-      .add("ListTakesItself",
-           [](Outlines& o) {
-             o.several.addPaths(o.several);
-             return Numbers();
-           })
-      .add("ListIsAssigned", [](Outlines& o) {
-        o.several = o.holes;
-        return Numbers();
-      });
+      .add("TakesAnArc", [](Outlines& o) { o.line.addSegment(PathSegment(5, 1, 3)); })
+      .add("IsClosed", [](Outlines& o) { o.line.close(true); })
+      .add("IsAssigned", [](Outlines& o) { o.line = o.first; })
+      .add("ListTakesOne", [](Outlines& o) { o.several.addPath(o.first); })
+      .add("ListTakesItself", [](Outlines& o) { o.several.addPaths(o.several); })
+      .add("ListIsAssigned", [](Outlines& o) { o.several = o.holes; });
   scene.add("Within", [](Outlines& o) { return numbersOf(Path::within(o.first, o.second)); })
       .add("Without", [](Outlines& o) { return numbersOf(Path::without(o.first, o.second)); })
       .add("ListWithin", [](Outlines& o) { return numbersOf(Pathes::within(o.several, o.first)); })
@@ -492,11 +433,10 @@ std::shared_ptr<Comparison> changedComparison() {
   stateOf(*changed);
   changed->scan->addPoint(Point2D(-3.5, 1));
   changed->design->resetThProfile();
-  for (const auto& [a, b] : {std::pair(Point2D(-2, 0), Point2D(-2, 3)),
-                             {{-2, 3}, {2, 3}},
-                             {{2, 3}, {2, 0}},
-                             {{2, 0}, {-2, 0}}}) {
-    changed->design->addSegmentStraight(a.x, a.y, b.x, b.y);
+  const Point2D corners[] = {{-2, 0}, {-2, 3}, {2, 3}, {2, 0}, {-2, 0}};
+  for (std::size_t i = 1; i < 5; ++i) {
+    changed->design->addSegmentStraight(corners[i - 1].x, corners[i - 1].y, corners[i].x,
+                                        corners[i].y);
   }
   return changed;
 }
@@ -505,21 +445,10 @@ void addMeasured(std::vector<Scene>& scenes) {
   using Method = GeologicalOverProfileMethod;
   const auto fresh = [] { return std::make_shared<Comparison>(); };
   SceneOf<Comparison>(scenes, "Measured", fresh, stateOf)
-      .add("TakesAPoint",
-           [](Comparison& c) {
-             c.scan->addPoint(Point2D(-3.5, 1));
-             return Numbers();
-           })
-      .add("TakesALineFilter",
-           [](Comparison& c) {
-             c.calculator.setFilterExcludeAbove(2.5);
-             return Numbers();
-           })
+      .add("TakesAPoint", [](Comparison& c) { c.scan->addPoint(Point2D(-3.5, 1)); })
+      .add("TakesALineFilter", [](Comparison& c) { c.calculator.setFilterExcludeAbove(2.5); })
       .add("TakesAnAngleFilter",
-           [](Comparison& c) {
-             c.calculator.setFilterExcludeBetweenAngles(1, 2, Point2D(0, 1));
-             return Numbers();
-           })
+           [](Comparison& c) { c.calculator.setFilterExcludeBetweenAngles(1, 2, Point2D(0, 1)); })
       .add("IsFitted",
            [](Comparison& c) {
              Numbers numbers;
@@ -562,16 +491,8 @@ void addMeasured(std::vector<Scene>& scenes) {
     return scene;
   };
   SceneOf<Comparison>(scenes, "Filtered", filtered, stateOf)
-      .add("IsUnfiltered",
-           [](Comparison& c) {
-             c.calculator.resetAllFilters();
-             return Numbers();
-           })
-      .add("TakesAnother",
-           [](Comparison& c) {
-             c.calculator.setFilterExcludeLeftOf(-2);
-             return Numbers();
-           })
+      .add("IsUnfiltered", [](Comparison& c) { c.calculator.resetAllFilters(); })
+      .add("TakesAnother", [](Comparison& c) { c.calculator.setFilterExcludeLeftOf(-2); })
       .add("IsDivided", [](Comparison& c) {
         return numbersOf(c.calculator.geologicalOverProfileAreaPathes(
             Method::GeologicalBeyondLimitOnly, 0.02, 0));
@@ -677,19 +598,14 @@ void addStations(std::vector<Scene>& scenes) {
                          identitiesOf(s.determination));
       })
       .add("TakesAFixPoint",
-           [](Station& s) {
-             s.resection.addFixPointU(u"new", ENHPoint(600001, 200001, 401));
-             return Numbers();
-           })
+           [](Station& s) { s.resection.addFixPointU(u"new", ENHPoint(600001, 200001, 401)); })
       .add("TakesAMeasurement",
            [](Station& s) {
              s.resection.addMeasurement(L"a new point with a long name", PolarPoint(1, 1.5, 8));
-             return Numbers();
            })
       .add("TakesAMeasurementAgain",
            [](Station& s) {
              s.resection.addMeasurement(L"a fix point with a long name 1", PolarPoint(1, 1.5, 8));
-             return Numbers();
            })
       .add("IsPlaced",
            [](Station& s) {
@@ -698,22 +614,13 @@ void addStations(std::vector<Scene>& scenes) {
       .add("TakesAPointToIdentify",
            [](Station& s) {
              s.determination.addPoint(L"a new point with a long name", ENHPoint(600009, 200001, 3));
-             return Numbers();
            })
       .add("TakesASightToIdentify",
            [](Station& s) {
              s.determination.addMeasurement(L"sight 7, with a long name", PolarPoint(1, 1.5, 8));
-             return Numbers();
            })
-      .add("IdentifiesAll",
-           [](Station& s) {
-             s.determination.determineMeasuredPointsStrict();
-             return Numbers();
-           })
-      .add("IdentifiesSome", [](Station& s) {
-        s.determination.determineMeasuredPointsRobust();
-        return Numbers();
-      });
+      .add("IdentifiesAll", [](Station& s) { s.determination.determineMeasuredPointsStrict(); })
+      .add("IdentifiesSome", [](Station& s) { s.determination.determineMeasuredPointsRobust(); });
 }
 
 /// A question without objects of its own.
@@ -821,23 +728,12 @@ std::vector<Scene> realScenes() {
   scenes.push_back(question("RepeatedPoints", [] {
     return compared(circleProfile(5), measuredThrough({{5, 0}, {5, 0}, {0, 5}, {-5, 0}, {-5, 0}}));
   }));
-  for (const std::vector<Point2D>& points : {std::vector<Point2D>(),
-                                             {{1, 2}},
-                                             {{1, 2}, {3, 4}},
-                                             std::vector<Point2D>(20, {1, 2}),
-                                             {{0, 0},
-                                              {1, 1},
-                                              {2, 2},
-                                              {3, 3},
-                                              {4, 4},
-                                              {5, 5},
-                                              {6, 6},
-                                              {7, 7},
-                                              {8, 8},
-                                              {9, 9},
-                                              {10, 10},
-                                              {11, 11},
-                                              {12, 12}}}) {
+  std::vector<Point2D> line;
+  for (int i = 0; i < 13; ++i) {
+    line.emplace_back(i, i);
+  }
+  for (const std::vector<Point2D>& points : std::vector<std::vector<Point2D>>{
+           {}, {{1, 2}}, {{1, 2}, {3, 4}}, std::vector<Point2D>(20, {1, 2}), line}) {
     scenes.push_back(question("NoCurveThrough" + std::to_string(points.size()), [points] {
       std::vector<bool> used;
       return numbersOf(FittingHelper::circleFitKasa(points), FittingHelper::circleFitLandau(points),
