@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ostream>
 
 namespace {
 
@@ -23,6 +24,10 @@ double curvatureOf(double radius) { return radius == 0.0 ? 0.0 : 1.0 / radius; }
 struct CurveCase {
   double radiusStart, radiusEnd, length;
 };
+
+std::ostream& operator<<(std::ostream& out, const CurveCase& c) {
+  return out << "radius " << c.radiusStart << " to " << c.radiusEnd << " over " << c.length;
+}
 
 /// Straights and arcs, also nearly a full circle; into, out of and between curves; curves of both
 /// senses; nearly equal radii; almost 2 rad from a straight; many turns, of one radius too;

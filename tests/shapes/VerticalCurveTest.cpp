@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <string>
 
 namespace {
 
@@ -51,7 +52,13 @@ TEST_P(Rounding, MeetsBothGradeLinesWithHeightAndGrade) {
 
 INSTANTIATE_TEST_SUITE_P(Kinds, Rounding,
                          testing::Values(CShapeType::VerticalArc, CShapeType::VerticalParabola,
-                                         CShapeType::VerticalParabolaVariant));
+                                         CShapeType::VerticalParabolaVariant),
+                         [](const auto& test) {
+                           return std::string(test.param == CShapeType::VerticalArc ? "Arc"
+                                              : test.param == CShapeType::VerticalParabola
+                                                  ? "Parabola"
+                                                  : "ParabolaVariant");
+                         });
 
 TEST(VerticalCurve, IsNoneAtKinksBetweenEqualGradesOrOfRadiusZero) {
   EXPECT_FALSE(hasRoundingType({CShapeType::VerticalKink, 10, 1, 500}));
