@@ -4,6 +4,7 @@
 #include "support/AxisWorkload.h"
 #include "support/QuestionLoop.h"
 #include "support/Rounds.h"
+#include "testing/Promises.h"
 
 #include <benchmark/benchmark.h>
 
@@ -171,9 +172,9 @@ void check(const AxisWorkload& workload, const AxisCalculator& calculator,
     inAzimuth = worse(inAzimuth, angleBetween(direction.azimuth, truth.azimuth));
   }
   const std::size_t n = exact.plan().size();
-  table.add({"position", n, places.size(), inPlan, "m", 1e-9});
-  table.add({"height", n, places.size(), inHeight, "m", 1e-9});
-  table.add({"azimuth", n, places.size(), inAzimuth, "rad", 1e-12});
+  table.add({"position", n, places.size(), inPlan, "m", Promise::kGridPoint});
+  table.add({"height", n, places.size(), inHeight, "m", Promise::kGridPoint});
+  table.add({"azimuth", n, places.size(), inAzimuth, "rad", Promise::kAzimuth});
 }
 
 }  // namespace

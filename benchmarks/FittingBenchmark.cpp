@@ -5,6 +5,7 @@
 #include "support/FitWorkload.h"
 #include "support/PeakMemory.h"
 #include "support/Rounds.h"
+#include "testing/Promises.h"
 
 #include <Calculations/Calculations.h>
 
@@ -216,7 +217,7 @@ void checkCircles(std::size_t n, GoalTable& table) {
   if (n > kLargestIteratedFit) return;
   const FittingResult legacy = FittingHelper::circleFitRuvLegacy(points);
   const FittedCircle<double> plain = legacyByStoredJacobian(points);
-  table.add({"legacy", n, 1, distanceFrom(exact, legacy), "m", 1e-5});
+  table.add({"legacy", n, 1, distanceFrom(exact, legacy), "m", Promise::kLegacyCircle});
   const double difference =
       std::max({std::abs(legacy.center.x - plain.x), std::abs(legacy.center.y - plain.y),
                 std::abs(legacy.radius - plain.radius)});

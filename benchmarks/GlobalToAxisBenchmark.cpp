@@ -5,6 +5,7 @@
 #include "support/PolylinePeers.h"
 #include "support/QuestionLoop.h"
 #include "support/Rounds.h"
+#include "testing/Promises.h"
 
 #include <benchmark/benchmark.h>
 
@@ -184,9 +185,9 @@ class ProjectionContest {
       inHeight = worse(inHeight, std::abs(place.height - truth.height));
     }
     const std::size_t count = m_scan.points.size();
-    table.add({"stationing", m_size, count, inStationing, "m", 1e-8});
-    table.add({"offset", m_size, count, inOffset, "m", 1e-8});
-    table.add({"height", m_size, count, inHeight, "m", 1e-8});
+    table.add({"stationing", m_size, count, inStationing, "m", Promise::kAxisPoint});
+    table.add({"offset", m_size, count, inOffset, "m", Promise::kAxisPoint});
+    table.add({"height", m_size, count, inHeight, "m", Promise::kAxisPoint});
   }
 
   void checkTree(GoalTable& table) const {

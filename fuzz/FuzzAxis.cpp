@@ -2,6 +2,8 @@
 
 #include "FuzzAxes.h"
 
+#include "testing/Promises.h"
+
 #include <Calculations/Calculations.h>
 
 #include <algorithm>
@@ -17,8 +19,8 @@ using Fuzz::require;
 using Fuzz::requireNear;
 
 constexpr double kFullTurn = 6.283185307179586;
-/// The promised 1e-9 m and the rounding of grid coordinates of 400 km, several times.
-constexpr double kTolerance = 5e-9;
+/// What is promised and the rounding of grid coordinates of 400 km, several times.
+constexpr double kTolerance = 5 * Promise::kGridPoint;
 
 bool isFinite(const ENHPoint& p) {
   return std::isfinite(p.east) && std::isfinite(p.north) && std::isfinite(p.height);

@@ -2,6 +2,8 @@
 
 #include "FuzzInput.h"
 
+#include "testing/Promises.h"
+
 #include <Calculations/Calculations.h>
 
 #include <algorithm>
@@ -34,7 +36,9 @@ struct Ellipse {
   }
 
   /// The promised part of the size, and what the coordinates leave open.
-  double tolerance() const { return 1e-10 * a + 1e-14 * std::hypot(centre.x, centre.y) * a / b; }
+  double tolerance() const {
+    return Promise::kFit * a + 1e-14 * std::hypot(centre.x, centre.y) * a / b;
+  }
 };
 
 void requireFound(const FittingResult& fit, const Ellipse& shape, const char* what) {

@@ -3,6 +3,7 @@
 #include "FuzzOutlines.h"
 
 #include "testing/Polygons.h"
+#include "testing/Promises.h"
 
 #include <Calculations/Calculations.h>
 
@@ -17,7 +18,7 @@ using Fuzz::require;
 using Fuzz::requireNear;
 using TestSupport::distanceToEdge;
 
-constexpr double kGrid = 1e-4;
+constexpr double kGrid = Promise::kClippingGrid;
 
 Path line(Input& input, int most) {
   Path path;

@@ -1,6 +1,7 @@
 #include "testing/Axes.h"
 #include "testing/Expectations.h"
 #include "testing/Numbers.h"
+#include "testing/Promises.h"
 #include "testing/Random.h"
 
 #include <Calculations/AxisCalculator.h>
@@ -17,9 +18,6 @@ namespace {
 using namespace Ruv::Calculations;
 using namespace TestSupport;
 
-/// The rounding of coordinates of 600 km is 1e-10; the conversions add little to it.
-constexpr double kRoundTrip = 1e-9;
-
 double difference(const AxisPoint& a, const AxisPoint& b) {
   return std::max({std::abs(a.stationing - b.stationing), std::abs(a.offset - b.offset),
                    std::abs(a.height - b.height)});
@@ -29,7 +27,8 @@ void expectReturn(const AxisCalculator& calculator, const AxisPoint& in, bool in
                   bool withTransSlope) {
   SCOPED_TRACE(testing::Message() << in.stationing << " " << in.offset << " " << in.height);
   const ENHPoint point = gridPoint(calculator, in, inSpace, withTransSlope);
-  EXPECT_LT(difference(in, axisPoint(calculator, point, inSpace, withTransSlope)), kRoundTrip);
+  EXPECT_LT(difference(in, axisPoint(calculator, point, inSpace, withTransSlope)),
+            Promise::kGridPoint);
 }
 
 TEST(AxisCalculator, ReturnsEveryPoint) {
@@ -158,15 +157,15 @@ TEST(AxisCalculator, EndsAtItsLimits) {
   ENHPoint point(1, 2, 3);
   AxisPoint place(4, 5, 6);
   for (const bool inSpace : {false, true}) {
-    for (const double outside : {-1e-9, 100.0000001}) {
+    for (const double outside : {-1e-9, 100.0 + Promise::kLimitRoom}) {
       EXPECT_FALSE(calculator.axisPointToEnhPoint(AxisPoint(outside, 0, 0), point, inSpace, true));
     }
     EXPECT_EQ(point, ENHPoint(1, 2, 3));
-    const ENHPoint before(600000, 200000 - 1.2e-7, 500);
+    const ENHPoint before(600000, 200000 - 1.2 * Promise::kLimitRoom, 500);
     EXPECT_FALSE(calculator.enhPointToAxisPoint(before, place, inSpace, true));
     EXPECT_EQ(place.offset, 5.0);
     // What rounding puts outside lies at the limit.
-    const ENHPoint rounded(600001, 200000 - 0.9e-7, 500);
+    const ENHPoint rounded(600001, 200000 - 0.9 * Promise::kLimitRoom, 500);
     EXPECT_EQ(axisPoint(calculator, rounded, inSpace).stationing, 0.0);
   }
   // The foot in space of a point beyond the end of a rising axis, and the other way round.
@@ -360,7 +359,9 @@ TEST(AxisCalculator, EndsWithTheProfile) {
     for (const double outside : {19.0, 19.9999, 80.0001, 81.0}) {
       EXPECT_FALSE(calculator.enhPointToAxisPoint(ENHPoint(1, outside, 5), place, inSpace, true));
     }
-    EXPECT_EQ(axisPoint(calculator, ENHPoint(1, 80 + 9e-8, 5), inSpace).stationing, 80.0);
+    EXPECT_EQ(
+        axisPoint(calculator, ENHPoint(1, 80 + 0.9 * Promise::kLimitRoom, 5), inSpace).stationing,
+        80.0);
   }
 }
 

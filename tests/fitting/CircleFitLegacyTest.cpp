@@ -70,7 +70,7 @@ TEST(CircleFitLegacy, HasTheIteratesOfThePlainIteration) {
 TEST(CircleFitLegacy, ConvergesFromTwelvePointsOn) {
   Points points = circlePoints(Point2D(3, -2), 5, 12);
   const FittingResult circle = FittingHelper::circleFitRuvLegacy(points);
-  expectCircle(circle, FittingMethod::CircleLegacy, Point2D(3, -2), 5, 1e-5);
+  expectCircle(circle, FittingMethod::CircleLegacy, Point2D(3, -2), 5, Promise::kLegacyCircle);
   const Point2D centroid = (Point2D(3, -2) * 12.0 - points.back()) / 11.0;
   points.pop_back();
   const FittingResult tooFew = FittingHelper::circleFitRuvLegacy(points);

@@ -5,6 +5,7 @@
 #define CALCULATIONS_TESTS_FITTING_CIRCLES_H
 
 #include "testing/FitPoints.h"
+#include "testing/Promises.h"
 
 #include <Calculations/FittingHelper.h>
 
@@ -43,7 +44,7 @@ struct DirectFit {
     for (const CsvRow& row : rowsOf("fits/circles_expected.csv")) {
       SCOPED_TRACE(row.text("case"));
       expectFinds(goldenPoints(row), Point2D(row.number("center_x"), row.number("center_y")),
-                  row.number("radius_rms"), kGoldenCircles);
+                  row.number("radius_rms"), Promise::kFit);
     }
   }
   /// Of any size, also far from the origin.
@@ -56,7 +57,7 @@ struct DirectFit {
                          << count << ", " << turns << ", " << offset << ", " << scale);
             const Point2D center = Point2D(3 + offset, -2 - offset) * scale;
             expectFinds(circlePoints(center, 5 * scale, count, turns), center, 5 * scale,
-                        kOfSize * 5 * scale);
+                        Promise::kFit * 5 * scale);
           }
         }
       }
@@ -77,9 +78,6 @@ struct DirectFit {
       EXPECT_FALSE(std::isfinite(fit(points).radius)) << points.size();
     }
   }
-
-  static constexpr double kGoldenCircles = 1e-10;
-  static constexpr double kOfSize = 1e-10;  ///< promised part of the radius
 };
 
 }  // namespace TestSupport

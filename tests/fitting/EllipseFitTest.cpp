@@ -1,5 +1,6 @@
 #include "fitting/Conic.h"
 #include "testing/FitPoints.h"
+#include "testing/Promises.h"
 
 #include <Calculations/FittingHelper.h>
 
@@ -83,7 +84,7 @@ TEST(EllipseFit, ReproducesExactEllipsesOfAnySizeAlsoFarFromTheOrigin) {
           std::vector<bool> used;
           const FittingResult result = FittingHelper::ellipseFitFitzgibbon(
               ellipsePoints(center, a, b, rotation, count), used, 10);
-          expectEllipse(result, ellipse(center, a, b, rotation), 1e-10 * a);
+          expectEllipse(result, ellipse(center, a, b, rotation), Promise::kFit * a);
           // The residuals are rounding noise, of which a part exceeds three times the mean.
           EXPECT_EQ(used, usedBut("", used.size()));
         }

@@ -1,6 +1,7 @@
 #include "shapes/HoralAlignment.h"
 
 #include "shapes/HoralChain.h"
+#include "shapes/ShapeTolerances.h"
 #include "testing/Numbers.h"
 #include "testing/Random.h"
 
@@ -23,9 +24,12 @@ Point2D randomPoint(Random& random, double reach) {
 
 /// None, that of printed azimuths, one on either side of the limit of a smooth joint, a corner.
 double randomBreak(Random& random) {
-  const double limits[] = {0.0, 0.0, 3e-5, 1.1e-3, 1.0, 1.0};
-  const double limit = limits[random.index(6)];
-  return limit == 1.1e-3 ? random.uniform(0.9e-3, limit) : random.uniform(-limit, limit);
+  constexpr double kPrintedAzimuth = 3e-5;
+  constexpr double kCorner = 1.0;
+  const double limits[] = {0.0, 0.0, kPrintedAzimuth, kCorner, kCorner};
+  const std::size_t kind = random.index(6);
+  if (kind == 5) return random.uniform(0.9, 1.1) * kSmoothBreak;
+  return random.uniform(-limits[kind], limits[kind]);
 }
 
 /// A chain with printing errors, corners, gaps and elements without geometry.
@@ -36,11 +40,12 @@ std::vector<CHoralSegmentData> randomChain(Random& random) {
     const double radius = random.uniform(15.0, 300.0) * (random.index(2) == 0 ? 1 : -1);
     const double other = random.uniform(15.0, 300.0) * (random.index(2) == 0 ? 1 : -1);
     const double length = random.uniform(1.0, 40.0);
+    constexpr std::int32_t kNoType = 5;
     const std::int32_t types[] = {CShapeType::Straight, CShapeType::Arc, CShapeType::Clothoid,
-                                  CShapeType::Clothoid, CShapeType::Gap, 5};
+                                  CShapeType::Clothoid, CShapeType::Gap, kNoType};
     const std::int32_t type = types[random.index(20) < 18 ? random.index(4) : random.index(6)];
     append(chain, type, radius, type == CShapeType::Arc ? radius : other, length, azimuth, true,
-           randomPoint(random, random.index(2) == 0 ? 0.003 : 0.0));
+           randomPoint(random, random.index(2) == 0 ? 0.6 * kPrintingError : 0.0));
     const CPlaneCurve curve = curveOfType(type, radius, other, length);
     if (curve.isDefined()) azimuth += curve.end().heading;
     azimuth += randomBreak(random);
@@ -56,7 +61,8 @@ bool isInSlit(const CHoralSegment& before, const CHoralSegment& after, const Poi
   const CCurvePoint start = after.path.at(0.0);
   const double turning = std::abs(std::remainder(start.heading - end.heading, 2 * kPi));
   const double lateral = rightComponent(p - end.position, end.tangent);
-  return turning > 1e-12 && turning < 1e-3 &&
+  constexpr double kRounding = 1e-12;
+  return turning > kRounding && turning < kSmoothBreak &&
          forwardComponent(p - end.position, end.tangent) > 0.0 &&
          forwardComponent(p - start.position, start.tangent) < 0.0 &&
          (lateral * end.curvature < 1.0 || lateral * start.curvature < 1.0);
@@ -70,7 +76,7 @@ struct WalkCounts {
 /// The projection as a plain walk over all segments.
 std::optional<CAlignmentFoot> walk(const std::vector<CHoralSegment>& segments, const Point2D& p,
                                    WalkCounts& counts) {
-  double best = 3.4028234663852886e+38;
+  double best = kFarthestDistance;
   std::optional<CAlignmentFoot> result;
   bool isAtJoint = false;
   for (std::size_t i = 0; i < segments.size(); ++i) {
@@ -92,12 +98,16 @@ std::optional<CAlignmentFoot> walk(const std::vector<CHoralSegment>& segments, c
   }
   if (isAtJoint) ++counts.slits;
   if (result) return result;
-  int previous = 3;
+  CFootReport previous = CFootReport::Unknown;
   for (const CHoralSegment& segment : segments) {
     if (segment.isGap) continue;
-    const int now = segment.isEvaluable ? static_cast<int>(segment.path.footOf(p).report) : 3;
+    const CFootReport now =
+        segment.isEvaluable ? segment.path.footOf(p).report : CFootReport::Unknown;
     const double distance = (p - segment.start).length();
-    if (((previous == 2 && now == 1) || (previous == 1 && now == 2)) && distance < best) {
+    // Beyond the one and before the other, or between the two.
+    const bool isCorner = (previous == CFootReport::BeyondEnd && now == CFootReport::BeforeStart) ||
+                          (previous == CFootReport::BeforeStart && now == CFootReport::BeyondEnd);
+    if (isCorner && distance < best) {
       best = distance;
       result = CAlignmentFoot{segment.stationingStart, distance};
     }

@@ -2,6 +2,7 @@
 
 #include "shapes/HoralAlignment.h"
 #include "shapes/HoralChain.h"
+#include "shapes/ShapeTolerances.h"
 #include "testing/Random.h"
 
 #include <gtest/gtest.h>
@@ -64,7 +65,7 @@ TEST(HoralSegment, SpreadsAPrintingErrorAndKeepsTheAzimuth) {
       SCOPED_TRACE(testing::Message() << c.radiusStart << " m over " << c.length << ", " << i);
       const double azimuth = random.uniform(-3.0, 3.0);
       const Point2D miss = turnedTo(directionOfBearing(random.uniform(0.0, 6.3)),
-                                    Point2D(0.0, i % 2 == 0 ? 4.999e-3 : 1e-6));
+                                    Point2D(0.0, i % 2 == 0 ? 0.9998 * kPrintingError : 1e-6));
       std::vector<CHoralSegmentData> chain;
       append(chain, c.typeId, c.radiusStart, c.radiusEnd, c.length, azimuth, true);
       const CPlacedCurve rigid = placedSegments(chain)[0].path;
@@ -92,10 +93,10 @@ TEST(HoralSegment, SpreadsAPrintingErrorAndKeepsTheAzimuth) {
 }
 
 TEST(HoralSegment, TurnsAndScalesASegmentBeyondAPrintingError) {
-  for (const double miss : {0.005, 0.00501}) {
+  for (const double miss : {kPrintingError, 1.002 * kPrintingError}) {
     std::vector<CHoralSegmentData> chain;
     append(chain, CShapeType::Straight, 0, 0, 0.2, kPi / 2, true, {0.0, miss});
-    const bool isPrinted = miss == 0.005;
+    const bool isPrinted = miss == kPrintingError;
     const CAlignmentPosition place = *CHoralAlignment(1000.0, chain).positionAt(1000.1);
     EXPECT_NEAR(place.azimuth, kPi / 2 - (isPrinted ? 0.0 : std::atan(miss / 0.2)), 1e-9);
   }

@@ -1,6 +1,7 @@
 #include "shapes/SmoothWedge.h"
 
 #include "shapes/HoralChain.h"
+#include "shapes/ShapeTolerances.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +23,7 @@ TEST(SmoothWedge, OpensBetweenTouchingSegmentsOnTheNearSideOfTheirCentres) {
     const std::vector<CHoralSegment> segments = placedSegments(chain);
     return smoothWedgeBetween(segments[0], segments[1]);
   };
-  const auto wedge = wedgeAfter(-9.99e-4, 0.0);
+  const auto wedge = wedgeAfter(-0.999 * kSmoothBreak, 0.0);
   ASSERT_TRUE(wedge);
   const auto abeam = [&](double offset) {
     return wedge->tip + rightNormal(directionOfBearing(1.0 - 5e-4)) * offset;
@@ -33,9 +34,9 @@ TEST(SmoothWedge, OpensBetweenTouchingSegmentsOnTheNearSideOfTheirCentres) {
   EXPECT_FALSE(wedge->holds(abeam(31.0)));
   EXPECT_FALSE(wedge->holds(abeam(-1.0)));
   EXPECT_FALSE(wedge->holds(abeam(19.0) + Point2D(0.02, 0.02)));
-  EXPECT_TRUE(wedgeAfter(9.99e-4, 0.004));
-  EXPECT_FALSE(wedgeAfter(9.99e-4, 0.006));
-  EXPECT_FALSE(wedgeAfter(-1.001e-3, 0.0));
+  EXPECT_TRUE(wedgeAfter(0.999 * kSmoothBreak, 0.8 * kPrintingError));
+  EXPECT_FALSE(wedgeAfter(0.999 * kSmoothBreak, 1.2 * kPrintingError));
+  EXPECT_FALSE(wedgeAfter(-1.001 * kSmoothBreak, 0.0));
   EXPECT_FALSE(wedgeAfter(1e-13, 0.0));  // rounding
   EXPECT_TRUE(wedgeAfter(0.0, 0.004)->holds(wedge->tip + Point2D(0.002, 0.0)));
 }

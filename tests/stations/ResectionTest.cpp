@@ -3,6 +3,7 @@
 
 #include "stations/Setups.h"
 #include "testing/Numbers.h"
+#include "testing/Promises.h"
 #include "testing/Random.h"
 #include "testing/TransformationCase.h"
 
@@ -28,7 +29,9 @@ void expectGolden(const Result& r, const TransformationCase& golden, const std::
   quantities.insert(quantities.end(), {"orientation_std", "scale_std"});
   for (std::size_t i = 0; i < quantities.size(); ++i) {
     const double expected = golden.expected.at(group + quantities[i]);
-    const double within = i < 3 ? 1e-9 : i < 5 ? tolerance : 1e-6 * expected;
+    const double within = i < 3   ? Promise::kStation
+                          : i < 5 ? tolerance
+                                  : Promise::kStdDev * expected;
     EXPECT_NEAR(r.values(static_cast<Eigen::Index>(i)), expected, within) << quantities[i];
   }
 }
@@ -36,8 +39,8 @@ void expectGolden(const Result& r, const TransformationCase& golden, const std::
 TEST(Resection, AgreesWithFiftyDigitAdjustments) {
   // The northings of the last, 2e6 m, come in steps of 2e-10 m on a figure of 6 m.
   for (const auto& [name, tolerance] :
-       {std::pair("plane_geoeasy6", 1e-12), std::pair("space_ghilani4", 1e-12),
-        std::pair("space_dewitt4", 1e-12), std::pair("space_tbm17", 1e-11)}) {
+       {std::pair("plane_geoeasy6", Promise::kScale), std::pair("space_ghilani4", Promise::kScale),
+        std::pair("space_dewitt4", Promise::kScale), std::pair("space_tbm17", 1e-11)}) {
     SCOPED_TRACE(name);
     const TransformationCase golden(name);
     Resection resection;
