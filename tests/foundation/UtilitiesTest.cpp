@@ -222,9 +222,7 @@ TEST(AxisDirections, HaveTheirComponentsWhereTheyBelong) {
 TEST(GuidanceAngles, RebuildTheDirectionFromAnyTwoViews) {
   Random random(13);
   for (int i = 0; i < 500; ++i) {
-    const auto draw = [&] {
-      return random.uniform(0.1, 1.0) * (random.index(2) == 0 ? 1.0 : -1.0);
-    };
+    const auto draw = [&] { return random.uniform(0.1, 1.0) * random.sign(); };
     const AxisPoint v(draw(), draw(), draw());
     const double length = ENHPoint(v.stationing, v.offset, v.height).length();
     const double front = Utilities::getGuidanceAngleInFrontView(v);

@@ -37,8 +37,8 @@ std::vector<CHoralSegmentData> randomChain(Random& random) {
   std::vector<CHoralSegmentData> chain;
   double azimuth = random.uniform(0.0, 6.0);
   for (int i = 0; i < 40; ++i) {
-    const double radius = random.uniform(15.0, 300.0) * (random.index(2) == 0 ? 1 : -1);
-    const double other = random.uniform(15.0, 300.0) * (random.index(2) == 0 ? 1 : -1);
+    const double radius = random.uniform(15.0, 300.0) * random.sign();
+    const double other = random.uniform(15.0, 300.0) * random.sign();
     const double length = random.uniform(1.0, 40.0);
     constexpr std::int32_t kNoType = 5;
     const std::int32_t types[] = {CShapeType::Straight, CShapeType::Arc, CShapeType::Clothoid,

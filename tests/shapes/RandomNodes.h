@@ -25,7 +25,7 @@ inline std::vector<CChainNode> randomNodes(Random& random, int count) {
     double radius = 0.0;
     if (i > 0 && random.index(2) == 0) {
       const double chord = (point - nodes.back().point).length();
-      radius = random.uniform(0.5, 3.0) * chord * (random.index(2) == 0 ? 1 : -1);
+      radius = random.uniform(0.5, 3.0) * chord * random.sign();
     }
     double station = 0.0;
     if (i > 0) {
