@@ -2,7 +2,7 @@
 #include <Calculations/Utilities.h>
 
 #include "alignment/AxisDefinitionImpl.h"
-#include "alignment/ShaftConversion.h"
+#include "alignment/Shaft.h"
 #include "foundation/MathConstants.h"
 #include "shapes/AxisConversion.h"
 

@@ -1,8 +1,8 @@
 /// @file
 /// Conversions on a vertical shaft.
 
-#ifndef CALCULATIONS_ALIGNMENT_SHAFT_CONVERSION_H
-#define CALCULATIONS_ALIGNMENT_SHAFT_CONVERSION_H
+#ifndef CALCULATIONS_ALIGNMENT_SHAFT_H
+#define CALCULATIONS_ALIGNMENT_SHAFT_H
 
 #include "alignment/AxisDefinitionImpl.h"
 

@@ -1,4 +1,4 @@
-#include "alignment/ShaftConversion.h"
+#include "alignment/Shaft.h"
 
 namespace Ruv {
 namespace Calculations {
