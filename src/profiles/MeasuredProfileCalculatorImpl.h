@@ -4,7 +4,7 @@
 #ifndef CALCULATIONS_PROFILES_MEASURED_PROFILE_CALCULATOR_IMPL_H
 #define CALCULATIONS_PROFILES_MEASURED_PROFILE_CALCULATOR_IMPL_H
 
-#include "profiles/GeologicalOverProfile.h"
+#include "profiles/GeologicalDivision.h"
 #include "profiles/ProfileFilters.h"
 #include "profiles/ProfileOutline.h"
 #include "profiles/ReferenceCalculator.h"

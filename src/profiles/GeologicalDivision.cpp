@@ -1,4 +1,4 @@
-#include "profiles/GeologicalOverProfile.h"
+#include "profiles/GeologicalDivision.h"
 
 #include "profiles/paths/Bands.h"
 

@@ -1,8 +1,8 @@
 /// @file
 /// Divides the over profile into a geological part and the rest.
 
-#ifndef CALCULATIONS_PROFILES_GEOLOGICAL_OVER_PROFILE_H
-#define CALCULATIONS_PROFILES_GEOLOGICAL_OVER_PROFILE_H
+#ifndef CALCULATIONS_PROFILES_GEOLOGICAL_DIVISION_H
+#define CALCULATIONS_PROFILES_GEOLOGICAL_DIVISION_H
 
 #include <Calculations/GeologicalOverProfileMethod.h>
 #include <Calculations/Paths.h>
