@@ -85,7 +85,7 @@ double sharpestTurningBetween(const CView& first, const CView& last) {
 /// In how many pieces a stretch is searched. Only a rounding that all but stands upright would have
 /// more than the limit.
 int numPieces(double turning) {
-  constexpr double kMostPieces = 300.0;  // what a clothoid of kLargestTurning has
+  constexpr double kMostPieces = 300.0;  // what a clothoid of kLargestCurveTurning has
   return static_cast<int>(
       std::min(std::max(1.0, std::ceil(turning / kLargestSearchedTurning)), kMostPieces));
 }

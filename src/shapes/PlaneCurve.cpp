@@ -98,7 +98,7 @@ CPlaneCurve CPlaneCurve::drifting(const Point2D& drift) const {
 bool CPlaneCurve::turnsTooMuch() const {
   const double sharpest =
       std::max(std::abs(m_curvatureStart), std::abs(m_curvatureStart + m_curvatureChange));
-  return !(sharpest * std::abs(m_length) <= kLargestTurning);
+  return !(sharpest * std::abs(m_length) <= kLargestCurveTurning);
 }
 
 void CPlaneCurve::prepare() {

@@ -12,7 +12,7 @@ struct CForwardDistance;
 
 /// No clothoid of an alignment turns more than some sixteen full circles (rad); the time of an
 /// evaluation grows with the turning.
-constexpr double kLargestTurning = 100.0;
+constexpr double kLargestCurveTurning = 100.0;
 
 /// A curve that starts at the origin in direction +y and whose curvature changes linearly:
 /// curvature(l) = k0 + (k1 - k0) l / L, heading(l) = k0 l + (k1 - k0) l^2 / (2 L).
@@ -45,8 +45,8 @@ class CPlaneCurve {
   const Point2D& drift() const { return m_drift; }
 
   /// False for a curve that cannot be evaluated: an arc of radius 0 or of more than a full circle,
-  /// a clothoid that would turn more than kLargestTurning at its sharper curvature, or data that
-  /// are not finite. A negative length is defined and runs backwards.
+  /// a clothoid that would turn more than kLargestCurveTurning at its sharper curvature, or data
+  /// that are not finite. A negative length is defined and runs backwards.
   bool isDefined() const { return m_isDefined; }
 
   CCurvePoint at(double l) const;
