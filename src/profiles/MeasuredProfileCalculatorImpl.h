@@ -5,6 +5,7 @@
 #define CALCULATIONS_PROFILES_MEASURED_PROFILE_CALCULATOR_IMPL_H
 
 #include "profiles/GeologicalDivision.h"
+#include "profiles/KeptOfProfile.h"
 #include "profiles/ProfileFilters.h"
 #include "profiles/ProfileOutline.h"
 #include "profiles/ReferenceCalculator.h"

@@ -4,7 +4,7 @@
 #ifndef CALCULATIONS_PROFILES_REFERENCE_CALCULATOR_H
 #define CALCULATIONS_PROFILES_REFERENCE_CALCULATOR_H
 
-#include "profiles/ProfileOutline.h"
+#include "profiles/ProfileCopy.h"
 
 #include <Calculations/ThProfileCalculator.h>
 

@@ -1,6 +1,6 @@
 #include <Calculations/ThProfileMorpher.h>
 
-#include "profiles/ProfileOutline.h"
+#include "profiles/ProfileSegments.h"
 #include "profiles/morphing/ProfileMorphEngine.h"
 
 #include <stdexcept>

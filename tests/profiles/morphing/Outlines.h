@@ -4,7 +4,7 @@
 #ifndef CALCULATIONS_TESTS_PROFILES_MORPHING_OUTLINES_H
 #define CALCULATIONS_TESTS_PROFILES_MORPHING_OUTLINES_H
 
-#include "profiles/ProfileOutline.h"
+#include "profiles/ProfileSegments.h"
 #include "testing/Profiles.h"
 #include "testing/Random.h"
 

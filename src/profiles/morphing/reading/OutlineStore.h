@@ -4,7 +4,7 @@
 #ifndef CALCULATIONS_PROFILES_MORPHING_READING_OUTLINE_STORE_H
 #define CALCULATIONS_PROFILES_MORPHING_READING_OUTLINE_STORE_H
 
-#include "profiles/ProfileOutline.h"
+#include "profiles/ProfileSegments.h"
 #include "profiles/morphing/reading/TurningChord.h"
 
 #include <cstdint>

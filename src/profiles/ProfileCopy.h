@@ -1,0 +1,40 @@
+/// @file
+/// A copy of a profile, by which a change of it is noticed.
+
+#ifndef CALCULATIONS_PROFILES_PROFILE_COPY_H
+#define CALCULATIONS_PROFILES_PROFILE_COPY_H
+
+#include <Calculations/Points.h>
+#include <Calculations/ThProfileDefinition.h>
+
+#include <vector>
+
+namespace Ruv {
+namespace Calculations {
+
+/// A profile as read, to tell whether it has changed since. Comparing takes a small part of what is
+/// prepared from it.
+class ProfileCopy {
+ public:
+  /// The first point, or the end of a segment.
+  struct Node {
+    Point2D point;
+    double radius = 0.0;  ///< of the segment that ends here
+  };
+
+  explicit ProfileCopy(const IProfileSegmentProvider& profile);
+
+  bool isCopyOf(const IProfileSegmentProvider& profile) const;
+
+  /// Without points that are not finite, whose neighbours are joined by a straight. One more than
+  /// segments; none without segments.
+  std::vector<Node> soundNodes() const;
+
+ private:
+  std::vector<Node> m_nodes;
+};
+
+}  // namespace Calculations
+}  // namespace Ruv
+
+#endif

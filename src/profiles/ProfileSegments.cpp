@@ -1,0 +1,18 @@
+#include "profiles/ProfileSegments.h"
+
+namespace Ruv {
+namespace Calculations {
+
+std::vector<ProfileSegment> segmentsOf(const IProfileSegmentProvider& profile) {
+  const unsigned int count = profile.getNumSegments();
+  std::vector<ProfileSegment> segments;
+  segments.reserve(count);
+  for (unsigned int i = 0; i < count; ++i) {
+    segments.push_back(
+        {profile.getSegmentStartAt(i), profile.getSegmentEndAt(i), profile.getSegmentRadiusAt(i)});
+  }
+  return segments;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv
