@@ -1,7 +1,9 @@
 #include "profiles/ThProfileCalculatorImpl.h"
 
 #include "profiles/ProfileReach.h"
+#include "profiles/RepeatedNodes.h"
 #include "profiles/ThProfileDefinitionImpl.h"
+#include "shapes/AreaCentroid.h"
 #include "shapes/ChainIntersections.h"
 
 #include <Calculations/Utilities.h>
@@ -9,8 +11,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <cstdint>
-#include <cstring>
 #include <limits>
 #include <utility>
 
@@ -34,67 +34,6 @@ constexpr double kCrownInterval = 0.1;
 
 /// A point of the profile this near (m) to the foot is the foot, not the other end of a diameter.
 constexpr double kSmallestDiameter = 0.001;
-
-/// Centroid of the area of a polygon by the shoelace formula; nothing without area.
-std::optional<Point2D> areaCentroid(const std::vector<Point2D>& polygon) {
-  // Reduced coordinates: the products would cost digits far from the origin.
-  const Point2D reference = polygon.front();
-  double doubledArea = 0.0;
-  Point2D moment;
-  for (std::size_t i = 0; i < polygon.size(); ++i) {
-    const Point2D a = polygon[i] - reference;
-    const Point2D b = polygon[i + 1 < polygon.size() ? i + 1 : 0] - reference;
-    const double cross = a.x * b.y - b.x * a.y;
-    doubledArea += cross;
-    moment = moment + (a + b) * cross;
-  }
-  if (doubledArea == 0.0) return std::nullopt;
-  return reference + moment / (3.0 * doubledArea);
-}
-
-bool isNumber(const Point2D& p) { return !std::isnan(p.x) && !std::isnan(p.y); }
-
-/// Mixes the bits of both coordinates; 0 and -0 are equal. Source of the constants: Steele, Lea and
-/// Flood, Fast splittable pseudorandom number generators (2014).
-std::uint64_t hashOf(const Point2D& p) {
-  std::uint64_t hash = 0;
-  for (const double coordinate : {p.x + 0.0, p.y + 0.0}) {
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &coordinate, sizeof bits);
-    hash ^= bits;
-    hash = (hash ^ (hash >> 30U)) * 0xBF58476D1CE4E5B9U;
-    hash = (hash ^ (hash >> 27U)) * 0x94D049BB133111EBU;
-    hash ^= hash >> 31U;
-  }
-  return hash;
-}
-
-/// For each node whether an earlier node has the same coordinates. By a hash table, half full at
-/// most: sorting the nodes would take a third of a calculator's preparation.
-std::vector<bool> repeatsEarlierNode(const std::vector<CChainNode>& nodes) {
-  std::size_t numSlots = 1;
-  while (numSlots < 2 * nodes.size()) {
-    numSlots *= 2;
-  }
-  const std::size_t mask = numSlots - 1;  // of a power of two
-  const std::size_t free = nodes.size();
-  std::vector<std::size_t> nodeInSlot(numSlots, free);
-  std::vector<bool> repeats(nodes.size(), false);
-  for (std::size_t i = 0; i < nodes.size(); ++i) {
-    const Point2D& p = nodes[i].point;
-    if (!isNumber(p)) continue;
-    const auto isOther = [&](std::size_t node) {
-      return node != free && !(nodes[node].point.x == p.x && nodes[node].point.y == p.y);
-    };
-    std::size_t slot = static_cast<std::size_t>(hashOf(p)) & mask;
-    while (isOther(nodeInSlot[slot])) {
-      slot = (slot + 1) & mask;
-    }
-    repeats[i] = nodeInSlot[slot] != free;
-    if (!repeats[i]) nodeInSlot[slot] = i;
-  }
-  return repeats;
-}
 
 }  // namespace
 

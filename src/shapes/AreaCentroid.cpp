@@ -1,0 +1,23 @@
+#include "shapes/AreaCentroid.h"
+
+#include <cstddef>
+
+namespace Ruv {
+
+std::optional<Point2D> areaCentroid(const std::vector<Point2D>& polygon) {
+  // Reduced coordinates: the products would cost digits far from the origin.
+  const Point2D reference = polygon.front();
+  double doubledArea = 0.0;
+  Point2D moment;
+  for (std::size_t i = 0; i < polygon.size(); ++i) {
+    const Point2D a = polygon[i] - reference;
+    const Point2D b = polygon[i + 1 < polygon.size() ? i + 1 : 0] - reference;
+    const double cross = a.x * b.y - b.x * a.y;
+    doubledArea += cross;
+    moment = moment + (a + b) * cross;
+  }
+  if (doubledArea == 0.0) return std::nullopt;
+  return reference + moment / (3.0 * doubledArea);
+}
+
+}  // namespace Ruv
