@@ -5,8 +5,6 @@
 #include "profiles/paths/RingCutting.h"
 #include "profiles/paths/Union.h"
 
-#include <Calculations/PathHelper.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -72,11 +70,11 @@ ClipperLib::Paths bandsAround(const PathViews& lines, ClipperLib::cInt distance)
 }
 
 ClipperLib::Paths bandsWithHoles(const PathViews& lines, ClipperLib::cInt distance) {
-  return PathHelper::simplyfyLines(grownLines(lines, distance), kCleaningDistanceUnits);
+  return simplified(grownLines(lines, distance), kCleaningDistanceUnits);
 }
 
 ClipperLib::Paths simplePieces(ClipperLib::Paths bands) {
-  return PathHelper::simplyfyLines(withoutHoles(std::move(bands)), kCleaningDistanceUnits);
+  return simplified(withoutHoles(std::move(bands)), kCleaningDistanceUnits);
 }
 
 ClipperLib::Paths offsetOutlines(const PathViews& outlines, ClipperLib::cInt distance) {

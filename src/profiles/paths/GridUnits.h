@@ -26,6 +26,20 @@ inline ClipperLib::cInt gridUnits(double metres) {
   return static_cast<ClipperLib::cInt>(std::max(-kMostUnits, std::min(units, kMostUnits)));
 }
 
+inline ClipperLib::IntPoint onGrid(const Point2D& p) {
+  return ClipperLib::IntPoint(gridUnits(p.x), gridUnits(p.y));
+}
+
+inline double metresOf(ClipperLib::cInt units) {
+  return static_cast<double>(units) / kUnitsPerMetre;
+}
+
+inline Point2D fromGrid(const ClipperLib::IntPoint& p) { return {metresOf(p.X), metresOf(p.Y)}; }
+
+inline double squareMetresOf(double squareUnits) {
+  return squareUnits / (kUnitsPerMetre * kUnitsPerMetre);
+}
+
 inline void appendOnGrid(ClipperLib::Path& points, const Point2D& p) {
   points.emplace_back(gridUnits(p.x), gridUnits(p.y));
 }

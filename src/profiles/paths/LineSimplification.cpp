@@ -64,5 +64,14 @@ ClipperLib::Path simplified(const ClipperLib::Path& line, double tolerance) {
   return kept;
 }
 
+ClipperLib::Paths simplified(const ClipperLib::Paths& lines, double tolerance) {
+  ClipperLib::Paths kept;
+  kept.reserve(lines.size());
+  for (const ClipperLib::Path& line : lines) {
+    kept.push_back(simplified(line, tolerance));
+  }
+  return kept;
+}
+
 }  // namespace Calculations
 }  // namespace Ruv

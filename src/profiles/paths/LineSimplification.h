@@ -16,6 +16,8 @@ double unitsBetween(const ClipperLib::IntPoint& a, const ClipperLib::IntPoint& b
 /// to both sides, along the direction from the last kept point to the point after it. Kept is the
 /// last point that still lay in the strip, so corners stay corners.
 ClipperLib::Path simplified(const ClipperLib::Path& line, double tolerance);
+/// The same for each line.
+ClipperLib::Paths simplified(const ClipperLib::Paths& lines, double tolerance);
 
 }  // namespace Calculations
 }  // namespace Ruv

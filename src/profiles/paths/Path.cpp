@@ -1,4 +1,3 @@
-#include <Calculations/PathHelper.h>
 #include <Calculations/Paths.h>
 
 #include "foundation/MakeRoom.h"
@@ -77,7 +76,7 @@ void appendArcTo(ClipperLib::Path& points, const Point2D& start, const Point2D& 
 
 void PathImpl::set(ClipperLib::Path clipped) {
   points = std::move(clipped);
-  if (!points.empty()) lastExactPoint = PathHelper::fromClipperLibPoint(points.back());
+  if (!points.empty()) lastExactPoint = fromGrid(points.back());
 }
 
 Path PathImpl::pathOf(ClipperLib::Path points) {
@@ -120,17 +119,13 @@ void Path::close(bool clean) {
   m_impl->set(std::move(ring));
 }
 
-double Path::area() const {
-  return PathHelper::fromClipperLibArea(ClipperLib::Area(m_impl->points));
-}
+double Path::area() const { return squareMetresOf(ClipperLib::Area(m_impl->points)); }
 
 double Path::lineLength() const {
   const ClipperLib::Path& points = m_impl->points;
   double length = 0.0;
   for (std::size_t i = 1; i < points.size(); ++i) {
-    length += (PathHelper::fromClipperLibPoint(points[i]) -
-               PathHelper::fromClipperLibPoint(points[i - 1]))
-                  .length();
+    length += (fromGrid(points[i]) - fromGrid(points[i - 1])).length();
   }
   return length;
 }
@@ -141,11 +136,11 @@ unsigned int Path::numDiscretePathPoints() const {
 
 Point2D Path::discretePathPointAt(unsigned int index) const {
   if (index >= m_impl->points.size()) return Point2D();
-  return PathHelper::fromClipperLibPoint(m_impl->points[index]);
+  return fromGrid(m_impl->points[index]);
 }
 
 bool Path::pointWithin(const Point2D& p) const {
-  return isFinite(p) && PathHelper::pointInPath(m_impl->points, PathHelper::asClipperLibPoint(p));
+  return isFinite(p) && ClipperLib::PointInPolygon(onGrid(p), m_impl->points) == 1;
 }
 
 bool Path::firstIntersectionWithLine(const Point2D& a, const Point2D& b, Point2D& hit) const {

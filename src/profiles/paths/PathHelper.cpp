@@ -16,7 +16,7 @@ std::vector<Point2D> pointsOf(const Path& path) {
   std::vector<Point2D> points;
   points.reserve(path.getImpl().points.size());
   for (const ClipperLib::IntPoint& p : path.getImpl().points) {
-    points.push_back(PathHelper::fromClipperLibPoint(p));
+    points.push_back(fromGrid(p));
   }
   return points;
 }
@@ -25,19 +25,13 @@ std::vector<Point2D> pointsOf(const Path& path) {
 
 ClipperLib::cInt PathHelper::asClipperLibUnits(double v) { return gridUnits(v); }
 
-double PathHelper::fromClipperLibUnits(ClipperLib::cInt v) {
-  return static_cast<double>(v) / kUnitsPerMetre;
-}
+double PathHelper::fromClipperLibUnits(ClipperLib::cInt v) { return metresOf(v); }
 
-double PathHelper::fromClipperLibArea(double a) { return a / (kUnitsPerMetre * kUnitsPerMetre); }
+double PathHelper::fromClipperLibArea(double a) { return squareMetresOf(a); }
 
-ClipperLib::IntPoint PathHelper::asClipperLibPoint(const Point2D& p) {
-  return ClipperLib::IntPoint(gridUnits(p.x), gridUnits(p.y));
-}
+ClipperLib::IntPoint PathHelper::asClipperLibPoint(const Point2D& p) { return onGrid(p); }
 
-Point2D PathHelper::fromClipperLibPoint(ClipperLib::IntPoint p) {
-  return Point2D(fromClipperLibUnits(p.X), fromClipperLibUnits(p.Y));
-}
+Point2D PathHelper::fromClipperLibPoint(ClipperLib::IntPoint p) { return fromGrid(p); }
 
 bool PathHelper::pointInPath(const ClipperLib::Path& path, ClipperLib::IntPoint p) {
   return ClipperLib::PointInPolygon(p, path) == 1;
@@ -93,12 +87,7 @@ ClipperLib::Path PathHelper::simplyfyLine(const ClipperLib::Path& line, double t
 }
 
 ClipperLib::Paths PathHelper::simplyfyLines(const ClipperLib::Paths& lines, double tolerance) {
-  ClipperLib::Paths kept;
-  kept.reserve(lines.size());
-  for (const ClipperLib::Path& line : lines) {
-    kept.push_back(simplified(line, tolerance));
-  }
-  return kept;
+  return simplified(lines, tolerance);
 }
 
 ClipperLib::Paths PathHelper::convertRingToSimplePaths(const ClipperLib::Paths& paths) {

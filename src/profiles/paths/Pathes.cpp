@@ -1,9 +1,9 @@
-#include <Calculations/PathHelper.h>
 #include <Calculations/Paths.h>
 
 #include "profiles/paths/Bands.h"
 #include "profiles/paths/Clipping.h"
 #include "profiles/paths/LineClipping.h"
+#include "profiles/paths/LineSimplification.h"
 #include "profiles/paths/Offsetting.h"
 #include "profiles/paths/PathImpl.h"
 
@@ -112,7 +112,7 @@ Pathes simplePieces(const Pathes& bands) {
 Pathes Pathes::linesWithin(const Pathes& lines, const Pathes& area, bool clean) {
   return clippedBy([&] {
     ClipperLib::Paths inside = linesInside(viewsOf(lines), viewsOf(area));
-    return clean ? PathHelper::simplyfyLines(inside, kCleaningDistanceUnits) : inside;
+    return clean ? simplified(inside, kCleaningDistanceUnits) : inside;
   });
 }
 
