@@ -1,9 +1,9 @@
 #include <Calculations/FittingHelper.h>
 #include <Calculations/MeasuredProfileCalculator.h>
-#include <Calculations/PathHelper.h>
 
 #include "profiles/LineCuts.h"
 #include "profiles/MeasuredProfileCalculatorImpl.h"
+#include "profiles/paths/PathPoints.h"
 
 #include <stdexcept>
 
@@ -46,9 +46,7 @@ FittingResult centredAt(FittingMethod::Method method, const Point2D& centre) {
   return result;
 }
 
-std::vector<Polygon> polygonsOf(const Pathes& area) {
-  return PathHelper::profileAreasFromPathes(area, kSmallestArea);
-}
+std::vector<Polygon> polygonsOf(const Pathes& area) { return polygonsOf(area, kSmallestArea); }
 
 template <class Profile>
 boost::shared_ptr<const Profile> orEmpty(const boost::shared_ptr<const Profile>& profile) {

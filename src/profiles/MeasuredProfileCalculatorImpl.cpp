@@ -2,9 +2,8 @@
 
 #include "profiles/LineCuts.h"
 #include "profiles/ProfileReach.h"
+#include "profiles/paths/PathPoints.h"
 #include "shapes/PlaneGeometry.h"
-
-#include <Calculations/PathHelper.h>
 
 namespace Ruv {
 namespace Calculations {
@@ -42,11 +41,10 @@ std::vector<Polyline> MeasuredProfileCalculatorImpl::linesOf(const IProfileSegme
                                                              bool clean) const {
   const Path outline = outlineOf(profile, clean);
   if (filters.areSet()) {
-    return PathHelper::profileLinesFromPathes(
-        Pathes::linesWithin(Pathes(outline), filters.allowedArea(), clean));
+    return polylinesOf(Pathes::linesWithin(Pathes(outline), filters.allowedArea(), clean));
   }
   if (profile.getNumSegments() == 0) return {};
-  return {Polyline(PathHelper::profileAreaFromPath(outline).points())};
+  return {polylineOf(outline)};
 }
 
 double MeasuredProfileCalculatorImpl::areaOf(const Path& outline) const {

@@ -4,7 +4,8 @@
 #ifndef CALCULATIONS_PROFILES_PROFILE_COPY_H
 #define CALCULATIONS_PROFILES_PROFILE_COPY_H
 
-#include <Calculations/Points.h>
+#include "profiles/paths/Ring.h"
+
 #include <Calculations/ThProfileDefinition.h>
 
 #include <vector>
@@ -17,10 +18,7 @@ namespace Calculations {
 class ProfileCopy {
  public:
   /// The first point, or the end of a segment.
-  struct Node {
-    Point2D point;
-    double radius = 0.0;  ///< of the segment that ends here
-  };
+  using Node = RingNode;
 
   explicit ProfileCopy(const IProfileSegmentProvider& profile);
 

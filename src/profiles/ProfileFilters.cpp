@@ -1,32 +1,16 @@
 #include "profiles/ProfileFilters.h"
 
 #include "profiles/ProfileReach.h"
-#include "profiles/paths/GridUnits.h"
-#include "profiles/paths/PathImpl.h"
 #include "profiles/paths/PointPlace.h"
+#include "profiles/paths/Ring.h"
 #include "shapes/PlaneGeometry.h"
 
 #include <algorithm>
 #include <cmath>
-#include <initializer_list>
 #include <utility>
 
 namespace Ruv {
 namespace Calculations {
-
-namespace {
-
-/// Limits that are infinite end where the grid does.
-Path ringThrough(std::initializer_list<Point2D> corners) {
-  ClipperLib::Path ring;
-  for (const Point2D& corner : corners) {
-    appendOnGrid(ring, corner);
-  }
-  closeRing(ring, true);
-  return PathImpl::pathOf(std::move(ring));
-}
-
-}  // namespace
 
 ProfileFilters::Set::Set(Limits limitsSet, Angles anglesSet)
     : limits(std::move(limitsSet)),
@@ -77,8 +61,11 @@ Path ProfileFilters::rectangleOf(const Limits& limits) {
   const double bottom = limitOf(LineFilter::ExcludeBelow, -kReach);
   const double left = limitOf(LineFilter::ExcludeLeftOf, -kReach);
   const double right = limitOf(LineFilter::ExcludeRightOf, kReach);
-  return ringThrough(
-      {Point2D(left, bottom), Point2D(left, top), Point2D(right, top), Point2D(right, bottom)});
+  return ringThrough({{Point2D(left, bottom)},
+                      {Point2D(left, top)},
+                      {Point2D(right, top)},
+                      {Point2D(right, bottom)}},
+                     true);
 }
 
 /// A triangle, not a sector.
@@ -86,7 +73,8 @@ Path ProfileFilters::wedgeOf(const AngleFilter& filter) {
   const auto corner = [&](double bearing) {
     return filter.centre + Point2D(std::sin(bearing), std::cos(bearing)) * kReach;
   };
-  return ringThrough({filter.centre, corner(filter.startAngle), corner(filter.endAngle)});
+  return ringThrough({{filter.centre}, {corner(filter.startAngle)}, {corner(filter.endAngle)}},
+                     true);
 }
 
 Pathes ProfileFilters::wedgesWithin(const Path& rectangle, const Angles& angles) {

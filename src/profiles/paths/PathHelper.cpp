@@ -3,25 +3,11 @@
 #include "profiles/paths/GridUnits.h"
 #include "profiles/paths/LineSimplification.h"
 #include "profiles/paths/PathImpl.h"
+#include "profiles/paths/PathPoints.h"
 #include "profiles/paths/RingCutting.h"
-
-#include <cmath>
 
 namespace Ruv {
 namespace Calculations {
-
-namespace {
-
-std::vector<Point2D> pointsOf(const Path& path) {
-  std::vector<Point2D> points;
-  points.reserve(path.getImpl().points.size());
-  for (const ClipperLib::IntPoint& p : path.getImpl().points) {
-    points.push_back(fromGrid(p));
-  }
-  return points;
-}
-
-}  // namespace
 
 ClipperLib::cInt PathHelper::asClipperLibUnits(double v) { return gridUnits(v); }
 
@@ -62,24 +48,16 @@ Pathes PathHelper::pathesFromClipperLibPaths(const ClipperLib::Paths& paths) {
   return PathImpl::pathesOf(paths);
 }
 
-Polygon PathHelper::profileAreaFromPath(const Path& path) { return Polygon(pointsOf(path)); }
+Polygon PathHelper::profileAreaFromPath(const Path& path) { return polygonOf(path); }
 
-Polyline PathHelper::profileLineFromPath(const Path& path) { return Polyline(pointsOf(path)); }
+Polyline PathHelper::profileLineFromPath(const Path& path) { return polylineOf(path); }
 
 std::vector<Polygon> PathHelper::profileAreasFromPathes(const Pathes& paths, double minArea) {
-  std::vector<Polygon> areas;
-  for (const Path& path : paths.paths()) {
-    if (!(std::abs(path.area()) < minArea)) areas.push_back(profileAreaFromPath(path));
-  }
-  return areas;
+  return polygonsOf(paths, minArea);
 }
 
 std::vector<Polyline> PathHelper::profileLinesFromPathes(const Pathes& paths) {
-  std::vector<Polyline> lines;
-  for (const Path& path : paths.paths()) {
-    lines.push_back(profileLineFromPath(path));
-  }
-  return lines;
+  return polylinesOf(paths);
 }
 
 ClipperLib::Path PathHelper::simplyfyLine(const ClipperLib::Path& line, double tolerance) {

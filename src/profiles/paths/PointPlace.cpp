@@ -1,0 +1,14 @@
+#include "profiles/paths/PointPlace.h"
+
+#include "profiles/paths/GridUnits.h"
+#include "profiles/paths/PathImpl.h"
+
+namespace Ruv {
+namespace Calculations {
+
+bool isInsideOrOn(const Path& outline, const Point2D& p) {
+  return ClipperLib::PointInPolygon(onGrid(p), outline.getImpl().points) != 0;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv
