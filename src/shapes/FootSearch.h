@@ -25,6 +25,10 @@ struct CSearchNode {
 /// most one extremum in it.
 constexpr double kLargestSearchedTurning = 0.39269908169872414;  // pi / 8
 
+/// A stretch is searched in no more pieces than this. A clothoid that turns by kLargestCurveTurning
+/// has 255; only a rounding of the profile that all but stands upright would have more.
+constexpr double kMostSearchedPieces = 300.0;
+
 /// Newton's method converges in three or four steps; bisection alone would need sixty.
 constexpr int kMostSearchSteps = 100;
 
@@ -86,6 +90,31 @@ void findFeet(const ForwardAt& forwardAt, const CSearchNode& a, const CSearchNod
     const CSearchNode highest = extremumBetween(forwardAt, a, b);
     if (highest.forward.value >= 0.0) found(footBetween(forwardAt, highest, b));
   }
+}
+
+/// In how many equal pieces a stretch is searched that turns by an angle (rad) in all.
+inline int numSearchedPieces(double turning) {
+  return static_cast<int>(
+      std::min(std::max(1.0, std::ceil(turning / kLargestSearchedTurning)), kMostSearchedPieces));
+}
+
+/// Reports every foot from a node on up to an end, piece by piece.
+/// @param sharpest the largest angle (rad) by which the stretch turns on a metre
+/// @param nodeAt gives the node at a place; the ends of the curve are mostly known beforehand
+/// @return the node at the end
+template <class ForwardAt, class NodeAt, class Found>
+CSearchNode findFeetUpTo(double end, double sharpest, const CSearchNode& start,
+                         const ForwardAt& forwardAt, const NodeAt& nodeAt, const Found& found) {
+  const double begin = start.place;
+  const int pieces = numSearchedPieces(sharpest * (end - begin));
+  CSearchNode node = start;
+  for (int piece = 1; piece <= pieces; ++piece) {
+    const double place = piece == pieces ? end : begin + (end - begin) * piece / pieces;
+    const CSearchNode next = nodeAt(place);
+    findFeet(forwardAt, node, next, found);
+    node = next;
+  }
+  return node;
 }
 
 }  // namespace Ruv

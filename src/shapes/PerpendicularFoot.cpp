@@ -82,14 +82,6 @@ double sharpestTurningBetween(const CView& first, const CView& last) {
          std::max(std::abs(first.profile.gradeChange), std::abs(last.profile.gradeChange));
 }
 
-/// In how many pieces a stretch is searched. Only a rounding that all but stands upright would have
-/// more than the limit.
-int numPieces(double turning) {
-  constexpr double kMostPieces = 300.0;  // what a clothoid of kLargestCurveTurning has
-  return static_cast<int>(
-      std::min(std::max(1.0, std::ceil(turning / kLargestSearchedTurning)), kMostPieces));
-}
-
 class CPerpendicularSearch {
  public:
   CPerpendicularSearch(const CAxisGeometry& axis, const Calculations::ENHPoint& point)
@@ -164,23 +156,17 @@ class CPerpendicularSearch {
       const double stationing = std::min(stretch.segment->stationingStart + length, toStationing);
       m_nearest.regular.offer(seen->distance(), stationing, squareFoot(stationing, *seen));
     };
+    const auto nodeAt = [&](double place) {
+      return place == to ? CSearchNode{to, last->forward} : CSearchNode{place, forwardAt(place)};
+    };
     const double sharpest = sharpestTurningBetween(*first, *last);
     CSearchNode node{from, first->forward};
-    const auto searchTo = [&](double end) {
-      const double begin = node.place;
-      const int parts = numPieces(sharpest * (end - begin));
-      for (int part = 1; part <= parts; ++part) {
-        const double place = part == parts ? end : begin + (end - begin) * part / parts;
-        const CSearchNode next =
-            place == to ? CSearchNode{to, last->forward} : CSearchNode{place, forwardAt(place)};
-        findFeet(forwardAt, node, next, found);
-        node = next;
-      }
-    };
     // At its vertex a parabola turns the sharpest, and there may be an extremum on either side.
     const double vertex = from + (to - from) * shareToVertex(first->profile, last->profile);
-    if (vertex > from && vertex < to) searchTo(vertex);
-    searchTo(to);
+    if (vertex > from && vertex < to) {
+      node = findFeetUpTo(vertex, sharpest, node, forwardAt, nodeAt, found);
+    }
+    findFeetUpTo(to, sharpest, node, forwardAt, nodeAt, found);
   }
 
   void offerJustOutside(double stationing, const CView& view) {

@@ -232,18 +232,13 @@ CCurveFoot CPlaneCurve::footBySearch(const Point2D& p) const {
   startPoint.curvature = m_curvatureStart;
   const CSearchNode start{0.0, forwardFrom(startPoint)};
   const CSearchNode end{m_length, forwardFrom(m_end)};
+  const auto nodeAt = [&](double place) {
+    return place == m_length ? end : CSearchNode{place, forwardAt(place)};
+  };
   CSearchNode from = start;
   const auto searchTo = [&](double to) {
     const double sharpest = std::max(std::abs(curvatureAt(from.place)), std::abs(curvatureAt(to)));
-    const double begin = from.place;
-    const int pieces =
-        std::max(1, static_cast<int>(std::ceil(sharpest * (to - begin) / kLargestSearchedTurning)));
-    for (int piece = 1; piece <= pieces; ++piece) {
-      const double place = piece == pieces ? to : begin + (to - begin) * piece / pieces;
-      const CSearchNode next = place == m_length ? end : CSearchNode{place, forwardAt(place)};
-      findFeet(forwardAt, from, next, keepNearest);
-      from = next;
-    }
+    from = findFeetUpTo(to, sharpest, from, forwardAt, nodeAt, keepNearest);
   };
   const double inflection = placeOfInflection();
   if (inflection > 0.0 && inflection < m_length) searchTo(inflection);
