@@ -174,7 +174,9 @@ class CALCULATIONS_EXPORT AxisDefinition {
   double getStationingMappingValue3dAtOrigin() const;
   /// @}
 
-  /// For the library's own calculators.
+  /// What the library's calculators, which are no friends of the axis, work on. The type is the
+  /// library's own: callers can do nothing with it. It is public because it belongs to the
+  /// interface that programs are linked with.
   AxisDefinitionImpl* getImpl() const;
 
  private:

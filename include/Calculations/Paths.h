@@ -106,9 +106,6 @@ class CALCULATIONS_EXPORT Path {
   static Pathes linesWithin(const Path& a, const Path& b);
   /// @}
 
-  /// For the library's own clipping.
-  const PathImpl& getImpl() const;
-
  private:
   friend class PathImpl;
 

@@ -91,10 +91,9 @@ class CALCULATIONS_EXPORT ThProfileDefinition : public IProfileSegmentProvider {
   /// Length of all segments; 0 for fewer than two segments. O(n).
   double getCircumference() const override;
 
-  /// For the library's own calculators.
-  const ThProfileDefinitionImpl* getImpl() const;
-
  private:
+  friend class ThProfileDefinitionImpl;
+
   std::unique_ptr<ThProfileDefinitionImpl> m_impl;
 };
 

@@ -40,7 +40,7 @@ constexpr double kSmallestDiameter = 0.001;
 ThProfileCalculatorImpl::ThProfileCalculatorImpl(
     boost::shared_ptr<const ThProfileDefinition> profile)
     : m_profile(std::move(profile)),
-      m_chain(m_profile->getImpl()->nodes),
+      m_chain(ThProfileDefinitionImpl::of(*m_profile).nodes),
       m_circumference(m_profile->getCircumference()),
       m_isClockwise(m_profile->isDefinedClockwise()) {
   m_crown = rawDerolmentOfCrown();

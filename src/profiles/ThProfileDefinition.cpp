@@ -34,8 +34,6 @@ ThProfileDefinition::ThProfileDefinition() : m_impl(new ThProfileDefinitionImpl)
 
 ThProfileDefinition::~ThProfileDefinition() = default;
 
-const ThProfileDefinitionImpl* ThProfileDefinition::getImpl() const { return m_impl.get(); }
-
 void ThProfileDefinition::resetThProfile() { m_impl->reset(); }
 
 bool ThProfileDefinition::addSegmentStraight(double startX, double startY, double endX,

@@ -7,6 +7,8 @@
 #include "profiles/TurningSense.h"
 #include "shapes/CurveChain.h"
 
+#include <Calculations/ThProfileDefinition.h>
+
 #include <vector>
 
 namespace Ruv {
@@ -14,6 +16,11 @@ namespace Calculations {
 
 class ThProfileDefinitionImpl {
  public:
+  /// What a profile holds.
+  static const ThProfileDefinitionImpl& of(const ThProfileDefinition& profile) {
+    return *profile.m_impl;
+  }
+
   std::vector<CChainNode> nodes;
   TurningSense sense;
 

@@ -94,8 +94,6 @@ Path& Path::operator=(const Path& other) {
   return *this;
 }
 
-const PathImpl& Path::getImpl() const { return *m_impl; }
-
 void Path::addSegment(const PathSegment& segment) {
   if (!isFinite(segment.point())) return;
   if (m_impl->points.empty() || !segment.isArc()) {
@@ -184,7 +182,7 @@ Pathes Path::linesWithin(const Path& a, const Path& b) {
   return Pathes::linesWithin(Pathes(a), Pathes(b), true);
 }
 
-PathViews viewOf(const Path& path) { return {&path.getImpl().points}; }
+PathViews viewOf(const Path& path) { return {&PathImpl::pointsOf(path)}; }
 
 }  // namespace Calculations
 }  // namespace Ruv

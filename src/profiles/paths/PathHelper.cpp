@@ -28,7 +28,7 @@ double PathHelper::distanceBetween(const ClipperLib::IntPoint& a, const ClipperL
 }
 
 ClipperLib::Path PathHelper::clipperLibPathFromPath(const Path& path) {
-  return path.getImpl().points;
+  return PathImpl::pointsOf(path);
 }
 
 Path PathHelper::pathFromClipperLibPath(const ClipperLib::Path& path) {
@@ -39,7 +39,7 @@ ClipperLib::Paths PathHelper::clipperLibPathsFromPathes(const Pathes& paths) {
   ClipperLib::Paths converted;
   converted.reserve(paths.paths().size());
   for (const Path& path : paths.paths()) {
-    converted.push_back(path.getImpl().points);
+    converted.push_back(PathImpl::pointsOf(path));
   }
   return converted;
 }

@@ -27,6 +27,8 @@ class PathImpl {
   /// Takes points that came out of the clipper.
   void set(ClipperLib::Path clipped);
 
+  /// The points of a path.
+  static const ClipperLib::Path& pointsOf(const Path& path) { return path.m_impl->points; }
   /// A path around points that came out of the clipper.
   static Path pathOf(ClipperLib::Path points);
   static Pathes pathesOf(ClipperLib::Paths paths);

@@ -12,8 +12,8 @@ namespace {
 
 std::vector<Point2D> pointsOf(const Path& path) {
   std::vector<Point2D> points;
-  points.reserve(path.getImpl().points.size());
-  for (const ClipperLib::IntPoint& p : path.getImpl().points) {
+  points.reserve(PathImpl::pointsOf(path).size());
+  for (const ClipperLib::IntPoint& p : PathImpl::pointsOf(path)) {
     points.push_back(fromGrid(p));
   }
   return points;

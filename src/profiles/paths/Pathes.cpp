@@ -121,7 +121,7 @@ PathViews viewsOf(const Pathes& paths) {
   PathViews views;
   views.reserve(paths.paths().size());
   for (const Path& path : paths.paths()) {
-    views.push_back(&path.getImpl().points);
+    views.push_back(&PathImpl::pointsOf(path));
   }
   return views;
 }

@@ -7,7 +7,7 @@ namespace Ruv {
 namespace Calculations {
 
 bool isInsideOrOn(const Path& outline, const Point2D& p) {
-  return ClipperLib::PointInPolygon(onGrid(p), outline.getImpl().points) != 0;
+  return ClipperLib::PointInPolygon(onGrid(p), PathImpl::pointsOf(outline)) != 0;
 }
 
 }  // namespace Calculations
