@@ -5,7 +5,7 @@
 
 #include "profiles/paths/FailsafeClipper.h"
 
-#include "profiles/paths/OpenedClipper.h"
+#include "foundation/Opened.h"
 
 #include <cstddef>
 #include <new>

@@ -3,7 +3,7 @@
 
 #include "profiles/paths/Offsetting.h"
 
-#include "profiles/paths/OpenedClipper.h"
+#include "foundation/Opened.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 /// @file
 /// Reaches private members of the clipping library.
 
-#ifndef CALCULATIONS_PROFILES_PATHS_OPENED_CLIPPER_H
-#define CALCULATIONS_PROFILES_PATHS_OPENED_CLIPPER_H
+#ifndef CALCULATIONS_FOUNDATION_OPENED_H
+#define CALCULATIONS_FOUNDATION_OPENED_H
 
 namespace Ruv {
 namespace Calculations {
