@@ -80,6 +80,8 @@ class CALCULATIONS_EXPORT PathHelper {
   static ClipperLib::Paths convertRingToSimplePaths(const ClipperLib::Paths& paths);
 
  private:
+  /// Distance in units, as simplyfyLine measures it. Nothing calls it any more; it stays because
+  /// exported names only leave with a new version of the interface.
   static double distanceBetween(const ClipperLib::IntPoint& a, const ClipperLib::IntPoint& b);
 };
 

@@ -166,8 +166,6 @@ class CALCULATIONS_EXPORT Utilities {
   /// @}
 
  private:
-  friend struct UtilitiesTestAccess;
-
   static bool angleIsZero(double angle);
   static bool angleIsZeroOrMultipleOfPi(double angle);
   static bool angleIsPlusOrMinusPi(double angle);

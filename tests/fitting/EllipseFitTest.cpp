@@ -1,4 +1,5 @@
 #include "fitting/Conic.h"
+#include "foundation/Opened.h"
 #include "testing/FitPoints.h"
 #include "testing/Promises.h"
 
@@ -14,9 +15,12 @@
 namespace Ruv {
 namespace Calculations {
 
-struct FittingHelperTestAccess {
-  static constexpr auto kFitOnce = &FittingHelper::ellipseFitFitzgibbonInternal;
+struct FitOnce {
+  using Member = bool (*)(const std::vector<Point2D>&, std::vector<bool>, FittingResult&,
+                          std::vector<double>&);
+  friend Member memberOf(FitOnce name);
 };
+template struct Opened<FitOnce, &FittingHelper::ellipseFitFitzgibbonInternal>;
 
 }  // namespace Calculations
 }  // namespace Ruv
@@ -126,7 +130,7 @@ TEST(EllipseFit, DropsOutliersInTheNextRound) {
   EXPECT_GT(std::abs(once.semiAxisB - 3), 0.1);  // still bent by it
   FittingResult inner = ellipse(Point2D(), 0, 0, 0);
   std::vector<double> residuals;
-  EXPECT_TRUE(FittingHelperTestAccess::kFitOnce(points, usedBut("", 40), inner, residuals));
+  EXPECT_TRUE(memberOf(FitOnce())(points, usedBut("", 40), inner, residuals));
   expectEllipse(inner, once, 0.0);
   EXPECT_GT(residuals.at(11), 3.0 * std::accumulate(residuals.begin(), residuals.end(), 0.0) / 40);
   const FittingResult iterated = FittingHelper::ellipseFitFitzgibbon(points, used, 10);
@@ -152,7 +156,7 @@ TEST(EllipseFit, RoundsRejectByTheMeanOfAllPoints) {
       FittingResult expected = ellipse(Point2D(), 0, 0, 0);
       std::vector<double> residuals;
       for (int round = 0; round < rounds; ++round) {
-        ASSERT_TRUE(FittingHelperTestAccess::kFitOnce(points, expectedUsed, expected, residuals));
+        ASSERT_TRUE(memberOf(FitOnce())(points, expectedUsed, expected, residuals));
         const double sum = std::accumulate(residuals.begin(), residuals.end(), 0.0);
         for (std::size_t i = 0; i < count; ++i) {
           if (residuals[i] > 3.0 * sum / static_cast<double>(count)) expectedUsed[i] = false;

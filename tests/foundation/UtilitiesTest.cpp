@@ -1,5 +1,6 @@
 #include <Calculations/Utilities.h>
 
+#include "foundation/Opened.h"
 #include "testing/Numbers.h"
 #include "testing/Random.h"
 
@@ -12,12 +13,36 @@ namespace Ruv {
 namespace Calculations {
 
 /// Opens the private angle tests.
-struct UtilitiesTestAccess {
-  static bool isZeroOrMultipleOfPi(double a) { return Utilities::angleIsZeroOrMultipleOfPi(a); }
-  static bool isPlusOrMinusPi(double a) { return Utilities::angleIsPlusOrMinusPi(a); }
-  static bool hasNegativeCosine(double a) { return Utilities::angleInThirdOrFourthQuadrant(a); }
-  static bool hasNegativeSine(double a) { return Utilities::angleInSecondOrThirdQuadrant(a); }
+struct AngleTests {
+  using Test = bool (*)(double);
+
+  struct ZeroOrMultipleOfPi {
+    using Member = Test;
+    friend Member memberOf(ZeroOrMultipleOfPi name);
+  };
+  struct PlusOrMinusPi {
+    using Member = Test;
+    friend Member memberOf(PlusOrMinusPi name);
+  };
+  struct NegativeCosine {
+    using Member = Test;
+    friend Member memberOf(NegativeCosine name);
+  };
+  struct NegativeSine {
+    using Member = Test;
+    friend Member memberOf(NegativeSine name);
+  };
+
+  static bool isZeroOrMultipleOfPi(double a) { return memberOf(ZeroOrMultipleOfPi())(a); }
+  static bool isPlusOrMinusPi(double a) { return memberOf(PlusOrMinusPi())(a); }
+  static bool hasNegativeCosine(double a) { return memberOf(NegativeCosine())(a); }
+  static bool hasNegativeSine(double a) { return memberOf(NegativeSine())(a); }
 };
+
+template struct Opened<AngleTests::ZeroOrMultipleOfPi, &Utilities::angleIsZeroOrMultipleOfPi>;
+template struct Opened<AngleTests::PlusOrMinusPi, &Utilities::angleIsPlusOrMinusPi>;
+template struct Opened<AngleTests::NegativeCosine, &Utilities::angleInThirdOrFourthQuadrant>;
+template struct Opened<AngleTests::NegativeSine, &Utilities::angleInSecondOrThirdQuadrant>;
 
 }  // namespace Calculations
 }  // namespace Ruv
@@ -68,7 +93,7 @@ TEST(AngleNormalisation, EndsForEveryNumber) {
 }
 
 TEST(AngleTests, FollowTheirFormulas) {
-  using Access = UtilitiesTestAccess;
+  using Access = AngleTests;
   for (const double a : {0.9e-10, -0.9e-10, kPi - 0.9e-10, -kPi + 0.9e-10}) {
     EXPECT_TRUE(Access::isZeroOrMultipleOfPi(a)) << a;
   }
