@@ -21,6 +21,12 @@ enum class CProfilePlane {
 /// Which transverse slope turns offset and height about the axis.
 enum class CTransSlopeMode { OfAxis = 0, Ignored = 1, Given = 2 };
 
+/// What a conversion measures and how.
+///
+/// AxisCalculator chooses the plane and between the transverse slope of the axis and none, and
+/// always measures heights along the plumb line. The other choices, heights square to the grade and
+/// a slope given by hand, belong to the conversion as the element library has it, so the kernel
+/// offers them and a test compares them with a hand-worked case.
 struct CConversionOptions {
   CProfilePlane plane = CProfilePlane::Vertical;
   /// In the vertical plane: heights along the plumb line; otherwise square to the grade.

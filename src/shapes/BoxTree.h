@@ -164,6 +164,9 @@ inline bool CBoxTree::areMany(Places places) {
   return (places & (places - 1)) != 0;
 }
 
+/// A builtin of gcc and clang, the two compilers that the library is built with: one or two
+/// instructions. C++17 has nothing of its own, C++20 will have std::countr_zero; a loop over the
+/// bits would mispredict at every box.
 inline std::size_t CBoxTree::lowestPlace(Places places) {
   return static_cast<std::size_t>(__builtin_ctz(places));
 }
