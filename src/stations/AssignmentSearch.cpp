@@ -36,12 +36,12 @@ bool AssignmentSearch::advance() {
   }
 }
 
-bool AssignmentSearch::keepsDistances(std::size_t level, std::size_t place) const {
+bool AssignmentSearch::keepsDistances(std::size_t level, FieldPlace place) const {
   const ENHPoint& fixPoint = m_field.point(place);
-  const ENHPoint& measured = m_measured[m_distances[level].to];
+  const ENHPoint& measured = m_measured[indexOf(m_distances[level].to)];
   for (std::size_t i = 0; i < level; ++i) {
     const double known = (m_field.point(m_places[i]) - fixPoint).length();
-    const double seen = (m_measured[m_distances[i].to] - measured).length();
+    const double seen = (m_measured[indexOf(m_distances[i].to)] - measured).length();
     if (!(std::abs(known - seen) < m_largestChange)) return false;
   }
   return true;

@@ -35,17 +35,17 @@ class AssignmentSearch {
   bool advance();
 
   /// The places of the present assignment, in the order of the distances.
-  const std::vector<std::size_t>& places() const { return m_places; }
+  const std::vector<FieldPlace>& places() const { return m_places; }
 
  private:
-  bool keepsDistances(std::size_t level, std::size_t place) const;
+  bool keepsDistances(std::size_t level, FieldPlace place) const;
 
   const FixPointField& m_field;
   const std::vector<ENHPoint>& m_measured;
   const std::vector<PointDistance>& m_distances;
   const PartnerLists& m_partners;
   double m_largestChange;
-  std::vector<std::size_t> m_places;
+  std::vector<FieldPlace> m_places;
   std::vector<std::size_t> m_nextPartners;  ///< per level, index into its partner list
   std::size_t m_level = 0;                  ///< the one to assign next
 };

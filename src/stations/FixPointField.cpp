@@ -91,11 +91,11 @@ std::vector<Place> placesAlong(const Line& line, const std::vector<ENHPoint>& po
 }
 
 /// The places in the order of their indices, which are below a count.
-std::vector<std::size_t> inOrderOf(const std::vector<std::size_t>& indices, std::size_t count) {
-  const std::size_t none = indices.size();
-  std::vector<std::size_t> places(count, none);
+std::vector<FieldPlace> inOrderOf(const std::vector<std::size_t>& indices, std::size_t count) {
+  const FieldPlace none{indices.size()};
+  std::vector<FieldPlace> places(count, none);
   for (std::size_t place = 0; place < indices.size(); ++place) {
-    places[indices[place]] = place;
+    places[indices[place]] = FieldPlace{place};
   }
   places.erase(std::remove(places.begin(), places.end(), none), places.end());
   return places;
@@ -129,13 +129,13 @@ FixPointField::FixPointField(const std::vector<ENHPoint>& points) {
   m_inIdOrder = inOrderOf(m_indices, points.size());
 }
 
-void FixPointField::appendPartners(std::size_t place, double distance, double tolerance,
-                                   std::vector<std::size_t>& partners) const {
+void FixPointField::appendPartners(FieldPlace place, double distance, double tolerance,
+                                   std::vector<FieldPlace>& partners) const {
   const double least = std::max(distance - tolerance - m_margin, 0.0);
   const double largest = distance + tolerance + m_margin;
   const Query query{place, distance, tolerance, least * least, largest * largest};
   const double near = leastAlong(least) - m_margin;
-  const double at = m_along[place];
+  const double at = m_along[indexOf(place)];
   const double reach = largest + m_margin;
   if (near > 0.0) {
     appendPartnersBetween(at - reach, at - near, query, partners);
@@ -157,27 +157,27 @@ double FixPointField::stretchToSearch(double distance) const {
 }
 
 void FixPointField::appendPartnersBetween(double low, double high, const Query& query,
-                                          std::vector<std::size_t>& partners) const {
+                                          std::vector<FieldPlace>& partners) const {
   const auto first = std::lower_bound(m_along.begin(), m_along.end(), low);
   auto other = static_cast<std::size_t>(first - m_along.begin());
   const ENHPoint from = point(query.place);
   for (; other < size() && m_along[other] <= high; ++other) {
-    const ENHPoint apart = point(other) - from;
+    const ENHPoint apart = m_points[other] - from;
     const double square =
         apart.east * apart.east + apart.north * apart.north + apart.height * apart.height;
     // Most points fail here, without a root. One branch is well predicted where two are not.
     const bool isNearby = (square >= query.leastSquare) & (square <= query.largestSquare);
     if (!isNearby) continue;
     const bool isWithin = std::abs(std::sqrt(square) - query.distance) < query.tolerance;
-    if (isWithin && other != query.place) partners.push_back(other);
+    if (isWithin && other != indexOf(query.place)) partners.push_back(FieldPlace{other});
   }
 }
 
-bool FixPointField::hasNeighbours(std::size_t place, double radius, std::size_t count) const {
+bool FixPointField::hasNeighbours(FieldPlace place, double radius, std::size_t count) const {
   const ENHPoint& from = point(place);
   std::size_t found = 0;
   for (std::size_t other = 0; other < size() && found < count; ++other) {
-    const bool isNear = other == place || (point(other) - from).length() < radius;
+    const bool isNear = other == indexOf(place) || (m_points[other] - from).length() < radius;
     if (isNear) found += m_coincident[other];
   }
   return found >= count;

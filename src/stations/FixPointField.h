@@ -6,6 +6,8 @@
 
 #include <Calculations/Points.h>
 
+#include "stations/Matching.h"
+
 #include <cstddef>
 #include <vector>
 
@@ -28,18 +30,18 @@ class FixPointField {
 
   /// The places of the points kept run from 0, those along the line.
   std::size_t size() const { return m_points.size(); }
-  const ENHPoint& point(std::size_t place) const { return m_points[place]; }
+  const ENHPoint& point(FieldPlace place) const { return m_points[indexOf(place)]; }
 
   /// The index of the point as given to the constructor.
-  std::size_t index(std::size_t place) const { return m_indices[place]; }
+  std::size_t index(FieldPlace place) const { return m_indices[indexOf(place)]; }
 
   /// All places, in the order of the ids.
-  const std::vector<std::size_t>& placesInIdOrder() const { return m_inIdOrder; }
+  const std::vector<FieldPlace>& placesInIdOrder() const { return m_inIdOrder; }
 
   /// Appends the places whose distance from the given one differs from a finite distance by less
   /// than the tolerance; never the given place.
-  void appendPartners(std::size_t place, double distance, double tolerance,
-                      std::vector<std::size_t>& partners) const;
+  void appendPartners(FieldPlace place, double distance, double tolerance,
+                      std::vector<FieldPlace>& partners) const;
 
   /// The length of line (m) on which points at a distance from one are looked for: what it costs
   /// to find them.
@@ -47,12 +49,12 @@ class FixPointField {
 
   /// Whether at least count points, points left out for coinciding and the one at the place
   /// included, lie nearer to the place than the radius.
-  bool hasNeighbours(std::size_t place, double radius, std::size_t count) const;
+  bool hasNeighbours(FieldPlace place, double radius, std::size_t count) const;
 
  private:
   /// The partners looked for from one place.
   struct Query {
-    std::size_t place = 0;
+    FieldPlace place{};
     double distance = 0.0;
     double tolerance = 0.0;
     double leastSquare = 0.0;    ///< squared distances outside these two limits are
@@ -61,7 +63,7 @@ class FixPointField {
 
   double leastAlong(double distance) const;
   void appendPartnersBetween(double low, double high, const Query& query,
-                             std::vector<std::size_t>& partners) const;
+                             std::vector<FieldPlace>& partners) const;
 
   // Of each place:
   std::vector<double> m_along;  ///< position on the line, ascending
@@ -69,7 +71,7 @@ class FixPointField {
   std::vector<std::size_t> m_indices;
   std::vector<std::size_t> m_coincident;  ///< number of points that the place stands for
 
-  std::vector<std::size_t> m_inIdOrder;
+  std::vector<FieldPlace> m_inIdOrder;
   double m_width = 0.0;   ///< no two points are farther apart square to the line
   double m_margin = 0.0;  ///< more than the rounding of the positions on the line
 };

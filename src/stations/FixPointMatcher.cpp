@@ -26,11 +26,11 @@ bool FixPointMatcher::hasRequiredPoints() const {
   return m_fixPointCount >= requiredPoints() && m_measured.size() >= requiredPoints();
 }
 
-std::vector<PointDistance> FixPointMatcher::distancesFrom(std::size_t reference) const {
+std::vector<PointDistance> FixPointMatcher::distancesFrom(MeasuredPoint reference) const {
   std::vector<PointDistance> distances;
   distances.reserve(m_measured.size());
-  for (std::size_t i = reference + 1; i < m_measured.size(); ++i) {
-    const PointDistance distance = distanceBetween(reference, i);
+  for (std::size_t i = indexOf(reference) + 1; i < m_measured.size(); ++i) {
+    const PointDistance distance = distanceBetween(reference, MeasuredPoint{i});
     if (std::isfinite(distance.distance)) distances.push_back(distance);
   }
   const auto cost = [this](const PointDistance& d) { return m_field.stretchToSearch(d.distance); };
@@ -40,8 +40,8 @@ std::vector<PointDistance> FixPointMatcher::distancesFrom(std::size_t reference)
   return distances;
 }
 
-PointDistance FixPointMatcher::distanceBetween(std::size_t from, std::size_t to) const {
-  return {from, to, (m_measured[to] - m_measured[from]).length()};
+PointDistance FixPointMatcher::distanceBetween(MeasuredPoint from, MeasuredPoint to) const {
+  return {from, to, (m_measured[indexOf(to)] - m_measured[indexOf(from)]).length()};
 }
 
 PartnerLists FixPointMatcher::emptyPartnerLists() const {
@@ -51,11 +51,11 @@ PartnerLists FixPointMatcher::emptyPartnerLists() const {
 bool FixPointMatcher::matchAll() {
   startSearch();
   if (!hasRequiredPoints()) return false;
-  const std::vector<PointDistance> distances = distancesFrom(0);
+  const std::vector<PointDistance> distances = distancesFrom(MeasuredPoint{0});
   // A point at no finite distance has no partner.
   if (distances.size() + 1 < m_measured.size()) return false;
   PartnerLists partners = emptyPartnerLists();
-  for (const std::size_t candidate : m_field.placesInIdOrder()) {
+  for (const FieldPlace candidate : m_field.placesInIdOrder()) {
     partners.restart(candidate);
     // The first point without a partner ends it.
     const bool allHavePartners =
@@ -106,11 +106,12 @@ void FixPointMatcher::searchCandidate(const std::vector<PointDistance>& distance
 }
 
 void FixPointMatcher::fitAssignment(const std::vector<PointDistance>& distances,
-                                    std::size_t candidate, const std::vector<std::size_t>& places) {
-  std::vector<std::size_t> placeOf(m_measured.size(), kNotAssigned);
-  placeOf[distances.front().from] = candidate;
+                                    FieldPlace candidate, const std::vector<FieldPlace>& places) {
+  constexpr FieldPlace kNowhere{kNotAssigned};
+  std::vector<FieldPlace> placeOf(m_measured.size(), kNowhere);
+  placeOf[indexOf(distances.front().from)] = candidate;
   for (std::size_t i = 0; i < places.size(); ++i) {
-    placeOf[distances[i].to] = places[i];
+    placeOf[indexOf(distances[i].to)] = places[i];
   }
   // Columns in the order of measuring: where an assignment leaves the rotation open, rounding, and
   // with it the order, decides.
@@ -120,7 +121,7 @@ void FixPointMatcher::fitAssignment(const std::vector<PointDistance>& distances,
   MatchedSolution solution{std::vector<std::size_t>(m_measured.size(), kNotAssigned), 0.0};
   Eigen::Index column = 0;
   for (std::size_t i = 0; i < m_measured.size(); ++i) {
-    if (placeOf[i] == kNotAssigned) continue;
+    if (placeOf[i] == kNowhere) continue;
     measured.col(column) = asVector(m_measured[i]);
     fixPoints.col(column) = asVector(m_field.point(placeOf[i]));
     solution.fixPoints[i] = m_field.index(placeOf[i]);

@@ -63,9 +63,9 @@ class FixPointMatcher {
 
   /// The distances from a measured point to those after it, without the ones that are not finite.
   /// First come those whose partners are found soonest.
-  std::vector<PointDistance> distancesFrom(std::size_t reference) const;
+  std::vector<PointDistance> distancesFrom(MeasuredPoint reference) const;
 
-  PointDistance distanceBetween(std::size_t from, std::size_t to) const;
+  PointDistance distanceBetween(MeasuredPoint from, MeasuredPoint to) const;
 
   const FixPointField& field() const { return m_field; }
 
@@ -74,8 +74,8 @@ class FixPointMatcher {
  private:
   void startSearch();
   void searchCandidate(const std::vector<PointDistance>& distances, const PartnerLists& partners);
-  void fitAssignment(const std::vector<PointDistance>& distances, std::size_t candidate,
-                     const std::vector<std::size_t>& places);
+  void fitAssignment(const std::vector<PointDistance>& distances, FieldPlace candidate,
+                     const std::vector<FieldPlace>& places);
   bool rankSolutions();
 
   MatchSettings m_settings;

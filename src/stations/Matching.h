@@ -18,6 +18,20 @@ struct MatchSettings {
   double toleranceTilt = 80.0;                ///< degrees
 };
 
+// The search counts three things from 0 and must not take one for another: measured points in the
+// order of measuring, places in the FixPointField, and fix points in the order of their ids. The
+// first two are types of their own. Fix points are plain numbers, as they leave the search with a
+// solution.
+
+/// A measured point, by its index in the order of measuring.
+enum class MeasuredPoint : std::size_t {};
+
+/// A place in a FixPointField, counted along its line.
+enum class FieldPlace : std::size_t {};
+
+constexpr std::size_t indexOf(MeasuredPoint point) { return static_cast<std::size_t>(point); }
+constexpr std::size_t indexOf(FieldPlace place) { return static_cast<std::size_t>(place); }
+
 /// In an assignment: this measurement was left out.
 constexpr std::size_t kNotAssigned = std::numeric_limits<std::size_t>::max();
 
@@ -27,10 +41,10 @@ struct MatchedSolution {
   double score = 0.0;                  ///< weighted sum of squared deviations, lowest is best
 };
 
-/// The distance between two points of a set.
+/// The distance between two measured points.
 struct PointDistance {
-  std::size_t from = 0;
-  std::size_t to = 0;
+  MeasuredPoint from{};
+  MeasuredPoint to{};
   double distance = 0.0;
 };
 

@@ -21,29 +21,29 @@ class PartnerLists {
   /// Places of a FixPointField.
   class List {
    public:
-    List(const std::size_t* begin, const std::size_t* end) : m_begin(begin), m_end(end) {}
+    List(const FieldPlace* begin, const FieldPlace* end) : m_begin(begin), m_end(end) {}
     std::size_t size() const { return static_cast<std::size_t>(m_end - m_begin); }
-    std::size_t operator[](std::size_t i) const { return m_begin[i]; }
+    FieldPlace operator[](std::size_t i) const { return m_begin[i]; }
 
    private:
-    const std::size_t* m_begin;
-    const std::size_t* m_end;
+    const FieldPlace* m_begin;
+    const FieldPlace* m_end;
   };
 
   PartnerLists(const FixPointField& field, double tolerance, std::size_t measuredCount);
 
   /// Forgets all lists and starts with another candidate.
-  void restart(std::size_t candidate);
+  void restart(FieldPlace candidate);
 
   /// Finds the partners of a measured point, once after each restart.
   /// @param toMeasured finite distance of the point from the reference point
   /// @return whether there are any
   bool find(const PointDistance& toMeasured);
 
-  std::size_t candidate() const { return m_candidate; }
+  FieldPlace candidate() const { return m_candidate; }
 
   /// The partners of a measured point; empty before they are found.
-  List of(std::size_t measured) const;
+  List of(MeasuredPoint measured) const;
 
  private:
   struct Range {
@@ -53,9 +53,9 @@ class PartnerLists {
 
   const FixPointField* m_field;
   double m_tolerance;
-  std::size_t m_candidate = 0;
+  FieldPlace m_candidate{};
   std::vector<Range> m_ranges;
-  std::vector<std::size_t> m_places;
+  std::vector<FieldPlace> m_places;
 };
 
 }  // namespace Calculations

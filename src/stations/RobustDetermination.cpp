@@ -31,12 +31,12 @@ bool RobustDetermination::run() {
 }
 
 std::vector<RobustDetermination::Candidate> RobustDetermination::candidatesFor(
-    std::size_t first) const {
+    MeasuredPoint first) const {
   const std::size_t count = m_matcher.measuredCount();
   const std::vector<PointDistance> distances = m_matcher.distancesFrom(first);
   std::vector<Candidate> candidates;
   PartnerLists partners = m_matcher.emptyPartnerLists();
-  for (const std::size_t place : m_matcher.field().placesInIdOrder()) {
+  for (const FieldPlace place : m_matcher.field().placesInIdOrder()) {
     partners.restart(place);
     std::size_t found = 0;
     for (const PointDistance& distance : distances) {
@@ -44,8 +44,9 @@ std::vector<RobustDetermination::Candidate> RobustDetermination::candidatesFor(
     }
     if (found + 1 < m_matcher.requiredPoints()) continue;
     std::vector<std::size_t> missingFrom(count + 1, 0);
-    for (std::size_t i = count; i-- > first + 1;) {
-      missingFrom[i] = missingFrom[i + 1] + (partners.of(i).size() == 0 ? 1 : 0);
+    for (std::size_t i = count; i-- > indexOf(first) + 1;) {
+      const bool isMissing = partners.of(MeasuredPoint{i}).size() == 0;
+      missingFrom[i] = missingFrom[i + 1] + (isMissing ? 1 : 0);
     }
     candidates.push_back({partners, std::move(missingFrom)});
   }
@@ -55,9 +56,9 @@ std::vector<RobustDetermination::Candidate> RobustDetermination::candidatesFor(
 /// Tries the subsets that begin with the given point and lack a number of the points after it.
 bool RobustDetermination::runWithFirst(std::size_t first, std::size_t toRemove) {
   while (m_references.size() <= first) {
-    m_references.push_back(candidatesFor(m_references.size()));
+    m_references.push_back(candidatesFor(MeasuredPoint{m_references.size()}));
   }
-  m_first = first;
+  m_first = MeasuredPoint{first};
   Candidates candidates;
   for (const Candidate& candidate : m_references[first]) {
     if (candidate.missingFrom[first + 1] <= toRemove) candidates.push_back(&candidate);
@@ -82,7 +83,7 @@ bool RobustDetermination::chooseRemovals(std::size_t next, std::size_t toRemove,
       if (chooseRemovals(next + 1, toRemove - 1, std::move(afterRemoval))) return true;
     }
     if (count - next <= toRemove) candidates.clear();  // all of them have to go: done above
-    m_kept.push_back(m_matcher.distanceBetween(m_first, next));
+    m_kept.push_back(m_matcher.distanceBetween(m_first, MeasuredPoint{next}));
     candidates.erase(std::remove_if(candidates.begin(), candidates.end(),
                                     [this](const Candidate* c) { return !canPlaceKept(*c); }),
                      candidates.end());

@@ -42,7 +42,7 @@ class RobustDetermination {
 
   using Candidates = std::vector<const Candidate*>;
 
-  std::vector<Candidate> candidatesFor(std::size_t first) const;
+  std::vector<Candidate> candidatesFor(MeasuredPoint first) const;
   bool runWithFirst(std::size_t first, std::size_t toRemove);
   bool chooseRemovals(std::size_t next, std::size_t toRemove, Candidates candidates);
   bool canPlaceKept(const Candidate& candidate) const;
@@ -50,7 +50,7 @@ class RobustDetermination {
 
   FixPointMatcher& m_matcher;
   std::vector<std::vector<Candidate>> m_references;  ///< candidates by the first point, as needed
-  std::size_t m_first = 0;                           ///< first point of the subsets being tried
+  MeasuredPoint m_first{};                           ///< first point of the subsets being tried
   std::vector<PointDistance> m_kept;                 ///< from it to the others
   std::size_t m_searchedSubsets = 0;
 };
