@@ -33,6 +33,10 @@ struct Misclosure {
 /// A tunnel axis: horizontal segments, vertical points and transverse slopes over one plan
 /// stationing, or a vertical shaft.
 ///
+/// Two words of the interface are short forms: "Horal" is the horizontal alignment, the course of
+/// the axis in plan, and "Veral" the vertical alignment, its heights over the plan length. "Stng"
+/// is the stationing.
+///
 /// Units: metres; azimuths in radians, clockwise from north; transverse slopes in percent,
 ///   positive when the right side is lower. A positive radius curves to the right, a radius of 0
 ///   is infinite. Pictures: docs/conventions.md.

@@ -33,16 +33,16 @@ class BlockAxisDefinitionImpl;
 /// @snippet snippets/Axes.cpp BlockAxisDefinition
 class CALCULATIONS_EXPORT BlockAxisDefinition {
  public:
-  /// From one stationing of the reference axis to another.
+  /// Makes a block from one stationing of the reference axis to another.
   BlockAxisDefinition(const boost::shared_ptr<const AxisDefinition>& referenceAxis,
                       double blockStartStng2d, double blockEndStng2dOnRefAxis);
   BlockAxisDefinition(const BlockAxisDefinition&) = delete;
   BlockAxisDefinition& operator=(const BlockAxisDefinition&) = delete;
   virtual ~BlockAxisDefinition();
 
-  /// As constructed.
+  /// The start stationing that was given.
   double blockStartStng2d() const;
-  /// As constructed.
+  /// The end stationing that was given, on the reference axis.
   double blockEndStng2dOnRefAxis() const;
   /// Plan length of the chord; on a shaft the height difference.
   double blockLength2d() const;

@@ -45,14 +45,14 @@ class CALCULATIONS_EXPORT GuidanceVectorDefinition {
 
   /// The axis point where the vector begins.
   void setVectorOriginPoint(const AxisPoint& origin);
-  /// As set; (0, 0, 0) at first.
+  /// The axis point that was set; (0, 0, 0) at first.
   AxisPoint getVectorOriginPoint() const;
 
   /// Sets the direction to (0, 0, 0) as well.
   void setVectorDirectionAsAxisParallel();
   /// Stores the direction as it is, without normalising it.
   void setVectorDirectionAsStraight(const GuidanceOffsets& direction);
-  /// As set; (0, 0, 0) at first.
+  /// The direction that was set; (0, 0, 0) at first.
   GuidanceOffsets getVectorDirection() const;
   /// False for a straight vector.
   bool isVectorDirectionAxisParallel() const;
@@ -98,10 +98,11 @@ class CALCULATIONS_EXPORT GuidanceVectorDefinition {
 /// @snippet snippets/Guidance.cpp GuidanceVectorFactory
 class CALCULATIONS_EXPORT GuidanceVectorFactory {
  public:
-  /// From an axis point through all curves of the axis.
+  /// Makes a vector that follows all curves of the axis from an axis point on.
   static GuidanceVectorDefinition* createAsAxisParallelFromAxisCoordinate(const AxisPoint& origin);
 
-  /// From an axis point in a direction of any length but zero, which gives not-a-number.
+  /// Makes a vector from an axis point in a direction of any length but zero, which gives
+  /// not-a-number.
   static GuidanceVectorDefinition* createAsStraightFromAxisCoordinateAndVectorComponents(
       const AxisPoint& origin, const GuidanceOffsets& components);
 

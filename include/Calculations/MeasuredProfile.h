@@ -36,20 +36,21 @@ class CALCULATIONS_EXPORT MeasuredProfile : public IProfileSegmentProvider {
   /// Removes all points.
   void reset();
 
-  /// Of points added.
+  /// Number of points that were added.
   unsigned int getNumPoints() const;
   /// (0, 0) when the index is out of range.
   Point2D getPointAt(unsigned int index) const;
 
-  /// As many as points.
+  /// There are as many segments as points: the last one closes the polygon.
   unsigned int getNumSegments() const override;
   /// The point of the same index.
   Point2D getSegmentStartAt(unsigned int index) const override;
   /// (0, 0) for an empty profile and an index out of range; the only point for a profile of one.
   Point2D getSegmentEndAt(unsigned int index) const override;
-  /// 0
+  /// Always 0, as all segments are straights.
   double getSegmentRadiusAt(unsigned int index) const override;
-  /// With the segment that closes the polygon of finite points; 0 for fewer than two. O(n).
+  /// Length of the polygon of finite points, the closing segment included; 0 for fewer than two
+  /// points. O(n).
   double getCircumference() const override;
 
  private:

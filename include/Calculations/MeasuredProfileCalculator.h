@@ -53,7 +53,7 @@ class CALCULATIONS_EXPORT MeasuredProfileCalculator : public IProfileCalculator 
   /// With a design profile as reference. Null pointers count as empty profiles.
   MeasuredProfileCalculator(const boost::shared_ptr<const ThProfileDefinition>& reference,
                             const boost::shared_ptr<const MeasuredProfile>& comparison);
-  /// With an earlier measured profile as reference.
+  /// Takes an earlier measured profile as reference.
   MeasuredProfileCalculator(const boost::shared_ptr<const MeasuredProfile>& reference,
                             const boost::shared_ptr<const MeasuredProfile>& comparison);
   MeasuredProfileCalculator(const MeasuredProfileCalculator&) = delete;
@@ -130,23 +130,23 @@ class CALCULATIONS_EXPORT MeasuredProfileCalculator : public IProfileCalculator 
   /// The parts that are not filtered; clean removes points closer than 0.14 mm to the line of
   /// their neighbours.
   std::vector<Polyline> comparisonCircumferenceLines(bool clean) const;
-  /// As comparisonCircumferenceLines.
+  /// The same parts of the reference.
   std::vector<Polyline> referenceCircumferenceLines(bool clean) const;
   /// @}
 
   /// @name Areas
   /// @{
 
-  /// In square metres, filtered.
+  /// Area of the profile in square metres, without what the filters exclude.
   double comparisonArea() const;
   double referenceArea() const;
-  /// Excavated beyond the reference.
+  /// Area that was excavated beyond the reference.
   double overProfileArea() const;
-  /// Not excavated within the reference.
+  /// Area within the reference that was not excavated.
   double underProfileArea() const;
-  /// Where it was excavated beyond the reference.
+  /// Outlines of what was excavated beyond the reference.
   std::vector<Polygon> overProfileAreaPathes() const;
-  /// Where it was not excavated within the reference.
+  /// Outlines of what was not excavated within the reference.
   std::vector<Polygon> underProfileAreaPathes() const;
   /// @}
 

@@ -37,9 +37,9 @@ class CALCULATIONS_EXPORT PathHelper {
   /// converted forth and back again moves up by a unit. Areas and comparisons are tuned with it.
   /// Not-a-number becomes 0; magnitudes are limited to 1e15 units.
   static ClipperLib::cInt asClipperLibUnits(double v);
-  /// To metres.
+  /// Converts to metres.
   static double fromClipperLibUnits(ClipperLib::cInt v);
-  /// To square metres.
+  /// Converts to square metres.
   static double fromClipperLibArea(double a);
   /// Both coordinates by asClipperLibUnits.
   static ClipperLib::IntPoint asClipperLibPoint(const Point2D& p);

@@ -98,7 +98,7 @@ class CALCULATIONS_EXPORT Path {
   /// @name Clipping
   /// @{
 
-  /// As the function of this name in Pathes, for single paths.
+  /// Each does for single paths what the function of its name does in Pathes.
   static Pathes within(const Path& a, const Path& b);
   static Pathes without(const Path& a, const Path& b);
   static Pathes expand(const Path& a, double d);
@@ -142,7 +142,7 @@ class CALCULATIONS_EXPORT Pathes {
   void addPath(const Path& path);
   /// Appends copies of all paths of the other list.
   void addPaths(const Pathes& paths);
-  /// Of paths in the list.
+  /// Number of paths in the list.
   unsigned int numPathes() const;
   /// A copy; empty when the index is out of range.
   Path pathAt(unsigned int index) const;
@@ -173,7 +173,7 @@ class CALCULATIONS_EXPORT Pathes {
   /// closer than 0.14 mm to the line of their neighbours, and so turns back on itself.
   static Pathes linesWithin(const Pathes& lines, const Pathes& area, bool clean);
 
-  /// For the library's own clipping.
+  /// All paths without a copy, as the library's own clipping reads them.
   const std::vector<Path>& paths() const;
 
  private:

@@ -21,7 +21,7 @@ namespace Calculations {
 class CALCULATIONS_EXPORT Polyline {
  public:
   Polyline();
-  /// Through the points, in order.
+  /// Makes a line through the points, in order.
   Polyline(const std::vector<Point2D>& points);
   Polyline(const Polyline& other);
   Polyline& operator=(const Polyline& other);
@@ -43,7 +43,7 @@ class CALCULATIONS_EXPORT Polyline {
 class CALCULATIONS_EXPORT Polygon {
  public:
   Polygon();
-  /// Around the points, in order.
+  /// Makes a ring around the points, in order.
   Polygon(const std::vector<Point2D>& points);
   Polygon(const Polygon& other);
   Polygon& operator=(const Polygon& other);

@@ -26,7 +26,7 @@ struct Point2D {
   double y = 0.0;  ///< up
 
   Point2D() = default;
-  /// From its coordinates.
+  /// Takes its coordinates.
   Point2D(double xValue, double yValue) : x(xValue), y(yValue) {}
 
   /// @name Arithmetic
@@ -39,7 +39,7 @@ struct Point2D {
   Point2D operator/(double s) const { return Point2D(x / s, y / s); }
   /// @}
 
-  /// Of the vector.
+  /// Length of the vector.
   double length() const { return std::sqrt(x * x + y * y); }
 };
 
@@ -72,7 +72,7 @@ struct PointComponents<ENHPoint> {
   /// @name For PointBase
   /// @{
 
-  /// In the order east, north, height.
+  /// The components are east, north and height, in this order.
   PointComponents(double c0, double c1, double c2) : east(c0), north(c1), height(c2) {}
   double component0() const { return east; }
   double component1() const { return north; }
@@ -96,7 +96,7 @@ struct PointComponents<XYZPoint> {
   /// @name For PointBase
   /// @{
 
-  /// In the order x, y, z.
+  /// The components are x, y and z, in this order.
   PointComponents(double c0, double c1, double c2) : x(c0), y(c1), z(c2) {}
   double component0() const { return x; }
   double component1() const { return y; }
@@ -114,7 +114,7 @@ template <class T>
 class PointBase : public PointComponents<T> {
  public:
   PointBase() : PointComponents<T>(0.0, 0.0, 0.0) {}
-  /// From the components in the order of T.
+  /// Takes the components in the order of T.
   PointBase(double c0, double c1, double c2) : PointComponents<T>(c0, c1, c2) {}
 
   /// Sum.
@@ -142,7 +142,7 @@ class PointBase : public PointComponents<T> {
   /// True if any component differs.
   bool operator!=(const T& q) const { return !(*this == q); }
 
-  /// Of the vector in space.
+  /// Length of the vector in space.
   double length() const { return std::sqrt(c0() * c0() + c1() * c1() + c2() * c2()); }
 
   /// The marker of a missing point: all components positive infinity.
@@ -175,7 +175,7 @@ class CALCULATIONS_EXPORT ENHPoint : public PointBase<ENHPoint> {
   // Both sides of a comparison are then of one type. C++20 also reads it from right to left and
   // would find it ambiguous.
   using PointBase<ENHPoint>::operator==;
-  /// From its coordinates.
+  /// Takes its coordinates.
   ENHPoint(double eastValue, double northValue, double heightValue)
       : PointBase<ENHPoint>(eastValue, northValue, heightValue) {}
 
@@ -201,7 +201,7 @@ class XYZPoint : public PointBase<XYZPoint> {
  public:
   XYZPoint() = default;
   using PointBase<XYZPoint>::operator==;  // as for ENHPoint
-  /// From its coordinates.
+  /// Takes its coordinates.
   XYZPoint(double xValue, double yValue, double zValue)
       : PointBase<XYZPoint>(xValue, yValue, zValue) {}
 };
@@ -219,7 +219,7 @@ class AxisPoint {
   double height = 0.0;      ///< above the axis
 
   AxisPoint() = default;
-  /// In the order of the members.
+  /// Takes the values in the order of the members.
   AxisPoint(double stationingValue, double offsetValue, double heightValue)
       : stationing(stationingValue), offset(offsetValue), height(heightValue) {}
 };
@@ -237,7 +237,7 @@ class PolarPoint {
   double slopeDistance = 0.0;    ///< in space
 
   PolarPoint() = default;
-  /// In the order of the members.
+  /// Takes the values in the order of the members.
   PolarPoint(double horizontalAngleValue, double verticalAngleValue, double slopeDistanceValue)
       : horizontalAngle(horizontalAngleValue),
         verticalAngle(verticalAngleValue),
@@ -256,11 +256,11 @@ struct CALCULATIONS_EXPORT GuidanceOffsets {
   double vertical = 0.0;    ///< upward
 
   GuidanceOffsets() = default;
-  /// In the order of the members.
+  /// Takes the values in the order of the members.
   GuidanceOffsets(double forwardValue, double horizontalValue, double verticalValue)
       : forward(forwardValue), horizontal(horizontalValue), vertical(verticalValue) {}
 
-  /// Of the vector in space.
+  /// Length of the vector in space.
   double length() const;
 
   /// The components divided by length(). A zero vector gives not-a-number components.

@@ -66,20 +66,20 @@ class CALCULATIONS_EXPORT Resection {
   /// Adds a fix point or replaces the one of the same id.
   /// @return false, with nothing stored, when the id is empty
   bool addFixPoint(const std::wstring& id, const ENHPoint& point);
-  /// As addFixPoint.
+  /// Does what addFixPoint does, for ids in 16-bit units.
   bool addFixPointU(const std::u16string& id, const ENHPoint& point);
 #if !defined(_LIBCPP_VERSION) || _LIBCPP_VERSION < 190000
-  /// As addFixPoint.
+  /// Does what addFixPoint does, for ids in 16-bit units.
   bool addFixPointU(const std::basic_string<unsigned short>& id, const ENHPoint& point);
 #endif
 
   /// Adds a measurement to those of the id.
   /// @return false, with nothing stored, when the id is empty
   bool addMeasurement(const std::wstring& id, const PolarPoint& measurement);
-  /// As addMeasurement.
+  /// Does what addMeasurement does, for ids in 16-bit units.
   bool addMeasurementU(const std::u16string& id, const PolarPoint& measurement);
 #if !defined(_LIBCPP_VERSION) || _LIBCPP_VERSION < 190000
-  /// As addMeasurement.
+  /// Does what addMeasurement does, for ids in 16-bit units.
   bool addMeasurementU(const std::basic_string<unsigned short>& id, const PolarPoint& measurement);
 #endif
   /// @}

@@ -90,11 +90,11 @@ class CALCULATIONS_EXPORT CShapeBase {
   void setTypeId(std::int32_t typeId);
   /// The following element of the same list, or null.
   CShapeBase* getNext() const { return m_next; }
-  /// For the library's own lists.
+  /// Links the element with the one after it, as the library's own lists do.
   void setNext(CShapeBase* next);
   /// The preceding element of the same list, or null.
   CShapeBase* getPrevious() const { return m_previous; }
-  /// For the library's own lists.
+  /// Links the element with the one before it, as the library's own lists do.
   void setPrevious(CShapeBase* previous);
 
  protected:
@@ -111,7 +111,8 @@ class CALCULATIONS_EXPORT CShapeBase {
   CShapeContainer* m_container = nullptr;  // the owner, told of every change
 };
 
-/// The start point of the horizontal alignment, or the end of a straight, arc or clothoid.
+/// The start point of the horizontal alignment, or the end of a straight, arc or clothoid. "Horal"
+/// is short for horizontal alignment: the course of the axis in plan.
 ///
 /// Units: metres.
 /// Failure: none; conversions fail on a segment that was left without geometry.
@@ -127,7 +128,7 @@ class CALCULATIONS_EXPORT CHoralElement : public CShapeBase {
   /// @name End point
   /// @{
 
-  /// Of the grid.
+  /// Grid coordinates of the end point (m).
   double getEast() const { return m_east; }
   double getNorth() const { return m_north; }
   void setEast(double east);
@@ -176,7 +177,8 @@ class CALCULATIONS_EXPORT CHoralElement : public CShapeBase {
   std::uint32_t m_definition;  // which of those that the axis keeps tells how it was defined
 };
 
-/// A point of the vertical alignment: a kink or a rounded point of intersection.
+/// A point of the vertical alignment: a kink or a rounded point of intersection. "Veral" is short
+/// for vertical alignment: the heights of the axis over its plan length.
 ///
 /// Units: metres.
 /// Failure: none.
@@ -189,7 +191,7 @@ class CALCULATIONS_EXPORT CVeralElement : public CShapeBase {
 
   int classSize() const override;
 
-  /// Of the point of intersection, not of the rounding.
+  /// Height of the point of intersection, not of the rounding (m).
   double getHeight() const { return m_height; }
   /// Lifts or lowers the point of intersection.
   void setHeight(double height);
@@ -216,9 +218,9 @@ class CALCULATIONS_EXPORT CTransSlopeElement : public CShapeBase {
 
   int classSize() const override;
 
-  /// At this end of the interval.
+  /// Slope at this end of the interval (percent).
   double getSlope() const { return m_slope; }
-  /// At this end of the interval.
+  /// Changes the slope at this end of the interval (percent).
   void setSlope(double slope);
 
  private:

@@ -48,25 +48,25 @@ class CALCULATIONS_EXPORT StationPlacement {
 
   /// East, north and height of the instrument.
   ENHPoint station() const;
-  /// In [-pi, pi); beyond a right angle the instrument hangs upside down.
+  /// The tilt lies in [-pi, pi); beyond a right angle the instrument hangs upside down.
   double tiltAboutEast() const;
-  /// In [-pi/2, pi/2].
+  /// The tilt lies in [-pi/2, pi/2].
   double tiltAboutNorth() const;
-  /// In [0, 2 pi). At a tilt about north near a right angle the sum or difference of orientation
-  /// and tilt about east is well determined, each by itself is not.
+  /// The orientation lies in [0, 2 pi). At a tilt about north near a right angle the sum or
+  /// difference of orientation and tilt about east is well determined, each by itself is not.
   double orientation() const;
-  /// By which measured lengths are multiplied; 1 for a perfect instrument.
+  /// Measured lengths are multiplied by it; it is 1 for a perfect instrument.
   double scale() const;
   /// @}
 
   /// @name Standard deviations
   /// @{
 
-  /// Of east, north and height (m).
+  /// Standard deviations of east, north and height (m).
   ENHPoint stationStdDev() const;
-  /// Of the orientation (rad).
+  /// Standard deviation of the orientation (rad).
   double orientationStdDev() const;
-  /// Of the scale.
+  /// Standard deviation of the scale.
   double scaleStdDev() const;
   /// @}
 

@@ -40,8 +40,8 @@ class CALCULATIONS_EXPORT IProfileCalculator {
 /// Geometry of one theoretical profile.
 ///
 /// Conventions: metres, x to the right, y up. Pictures: docs/conventions.md.
-/// Derolment: length along the profile, positive clockwise from the crown, in [-C/2, C/2] for a
-///   circumference C. The crown is the highest point above the area's centroid, found on samples
+/// Derolment: the place on the profile when its outline is unrolled, which is the length along it,
+///   positive clockwise from the crown, in [-C/2, C/2] for a circumference C. The crown is the highest point above the area's centroid, found on samples
 ///   0.1 m apart, so on arcs it is good to a few micrometres.
 /// Distance: positive outside the profile, negative inside, whichever way round it was entered.
 /// Failure: nothing throws but std::bad_alloc. A profile without segments, or a point that is not
@@ -100,7 +100,7 @@ class CALCULATIONS_EXPORT ThProfileCalculator : public IProfileCalculator {
   /// @name Intersections with a horizontal or vertical line
   /// @{
 
-  /// In the order of the segments, within 1000 m of the origin.
+  /// Points are in the order of the segments and lie within 1000 m of the origin.
   std::vector<Point2D> profilePointsAtGivenUpOffset(double up) const;
   std::vector<Point2D> profilePointsAtGivenRightOffset(double right) const;
   /// @}

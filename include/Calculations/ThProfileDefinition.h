@@ -30,7 +30,7 @@ class CALCULATIONS_EXPORT IProfileSegmentProvider {
   /// @name Segments
   /// @{
 
-  /// In the order of the chain.
+  /// Segments count from 0 in the order of the chain.
   virtual unsigned int getNumSegments() const = 0;
   virtual Point2D getSegmentStartAt(unsigned int index) const = 0;
   virtual Point2D getSegmentEndAt(unsigned int index) const = 0;
@@ -67,11 +67,11 @@ class CALCULATIONS_EXPORT ThProfileDefinition : public IProfileSegmentProvider {
   /// Removes all segments. The sense of travel stays as it was until there are two again.
   void resetThProfile();
 
-  /// From a start point to an end point.
+  /// Adds a straight from a start point to an end point.
   /// @return true
   bool addSegmentStraight(double startX, double startY, double endX, double endY);
-  /// From a start point to an end point with a radius signed as above; a radius of 0 adds an arc
-  /// that consumers take for a straight.
+  /// Adds an arc from a start point to an end point with a radius signed as above; a radius of 0
+  /// adds an arc that consumers take for a straight.
   /// @return true
   bool addSegmentArc(double startX, double startY, double endX, double endY, double radius);
 
@@ -80,13 +80,13 @@ class CALCULATIONS_EXPORT ThProfileDefinition : public IProfileSegmentProvider {
   /// point. False for a new profile; with fewer than two segments it keeps its value.
   bool isDefinedClockwise() const;
 
-  /// As many as were added.
+  /// Number of segments that were added.
   unsigned int getNumSegments() const override;
   /// The end of the segment before; for the first segment the point that was given.
   Point2D getSegmentStartAt(unsigned int index) const override;
-  /// As added.
+  /// End point as it was added.
   Point2D getSegmentEndAt(unsigned int index) const override;
-  /// As added; 0 for a straight.
+  /// Radius as it was added; 0 for a straight.
   double getSegmentRadiusAt(unsigned int index) const override;
   /// Length of all segments; 0 for fewer than two segments. O(n).
   double getCircumference() const override;

@@ -13,8 +13,8 @@ namespace Ruv {
 /// A curve whose curvature grows from zero at its origin.
 ///
 /// Conventions: metres and radians. In every operation l is the arc length from the origin, and the
-///   curve reaches the radius R after the length L. Results are written to out and tell magnitudes:
-///   the caller applies the signs of l and of the curve's side.
+///   curve reaches the radius R after the length L. Results are written to out as
+///   magnitudes: the caller applies the signs of l and of the curve's side.
 /// Failure: operations return false; what out then holds is told by the derived class. An operation
 ///   that a derived class leaves out gives 0 and false.
 /// Cost: that of the derived class.

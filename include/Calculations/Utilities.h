@@ -44,7 +44,7 @@ class CALCULATIONS_EXPORT Utilities {
   /// @name Unit conversions
   /// @{
 
-  /// From the unit named first to the one named second, signs as above.
+  /// Converts from the unit named first to the one named second, with the signs told above.
   static double gon2rad(double gon);
   static double rad2gon(double rad);
   static double deg2rad(double deg);
@@ -66,9 +66,9 @@ class CALCULATIONS_EXPORT Utilities {
   /// @name Distances and angles between points
   /// @{
 
-  /// In space.
+  /// Distance in space.
   static double distance3dBetween(const ENHPoint& a, const ENHPoint& b);
-  /// Of b above a.
+  /// Height of b above a.
   static double heightDiffBetween(const ENHPoint& a, const ENHPoint& b);
   /// Angle at the vertex between the rays to p and q, in [0, pi]; not-a-number when p or q is
   /// the vertex.
@@ -182,9 +182,9 @@ class CALCULATIONS_EXPORT Utilities {
 /// @snippet snippets/Values.cpp RawPointHelper
 class CALCULATIONS_EXPORT RawPointHelper {
  public:
-  /// In the plane.
+  /// Length of a vector of the plane.
   static double length2D(double a, double b);
-  /// In space.
+  /// Length of a vector in space.
   static double length(const double* components);
   /// Azimuth in [0, 2 pi); exactly 0 when both plan components are below 1 mm in magnitude.
   static double azimuthAngle(const double* components);
