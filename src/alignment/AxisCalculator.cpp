@@ -31,6 +31,7 @@ class AxisCalculatorImpl {
 
 namespace {
 
+/// The axis of a block is an axis like any other; a null block has none.
 boost::shared_ptr<const AxisDefinition> axisOf(
     const boost::shared_ptr<const BlockAxisDefinition>& block) {
   return block ? block->asAxisDefinition() : boost::shared_ptr<const AxisDefinition>();
@@ -45,6 +46,7 @@ CConversionOptions conversionOptions(bool perpendicular, bool withTransSlope) {
 
 bool isShaft(const AxisDefinitionImpl& axis) { return axis.axisType == AxisType::Shaft; }
 
+/// Not-a-number is out of range.
 bool isInRange(const AxisDefinitionImpl& axis, double stationing) {
   double minimum = 0.0;
   double maximum = 0.0;
@@ -62,13 +64,14 @@ bool AxisCalculatorImpl::tangentAt(double stationing, bool inSpace, ENHPoint& ta
   const AxisDefinitionImpl* impl = usable();
   if (impl == nullptr) return false;
   if (isShaft(*impl)) {
-    // Not by way of the cosine of pi/2, which is not 0.
+    // Taken as it is: by way of the slope it would lean, as the cosine of pi/2 is not 0 in doubles.
     if (!isInRange(*impl, stationing)) return false;
     tangent = Shaft(*impl).direction();
     return true;
   }
   const auto place = axisPropertiesAt(impl->container.geometry(), stationing);
   if (!place) return false;
+  // The tangent is one metre forward in the frame of the axis, turned to the grid.
   const double slope = inSpace ? Utilities::anglePercentToRad(place->gradePercent) : 0.0;
   tangent = Utilities::rotateAxisDirectionComponentsToENHdiffWithoutTransSlope(
       AxisPoint(1.0, 0.0, 0.0), place->azimuth, slope);
@@ -88,6 +91,7 @@ bool AxisCalculator::axisPointToEnhPoint(const AxisPoint& in, ENHPoint& out, boo
   const AxisDefinitionImpl* axis = m_impl->usable();
   if (axis == nullptr) return false;
   if (isShaft(*axis)) {
+    // A shaft is a straight line in space, so a point outside its range is written all the same.
     out = Shaft(*axis).gridPointOf(in);
     return isInRange(*axis, in.stationing);
   }
@@ -164,6 +168,8 @@ bool AxisCalculator::axisPropertiesAtStationing(double stationing, double& azimu
   const AxisDefinitionImpl* axis = m_impl->usable();
   if (axis == nullptr) return false;
   if (isShaft(*axis)) {
+    // The section of a shaft is that of an axis that plunges by a right angle towards the north, or
+    // rises by one towards the south: in both what is up in the section points north.
     const bool isTopDown = Shaft(*axis).isTopDown();
     azimuth = isTopDown ? 0.0 : kPi;
     longSlopeRad = isTopDown ? -kHalfPi : kHalfPi;

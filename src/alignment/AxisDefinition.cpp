@@ -47,8 +47,9 @@ CCurvePoint endOf(const SegmentInput& input) {
   return start;
 }
 
-/// Parameter A of the clothoid between two radii: A^2 = R L from a straight to the radius R, and
-/// R L r / (r - R) between radii r < R. Told to callers only.
+/// Parameter A of the clothoid between two radii, which is the length divided by the change of
+/// curvature: A^2 = R L from a straight to the radius R, and L r R / (R - r) between radii r < R.
+/// It is only told to callers; the geometry follows from the radii.
 double clothoidParameter(double radiusStart, double radiusEnd, double length) {
   const double start = std::abs(radiusStart);
   const double end = std::abs(radiusEnd);
@@ -111,6 +112,7 @@ std::unique_ptr<CTransSlopeElement> transSlopeAt(double stationing, double slope
   return element;
 }
 
+/// The interface counts in unsigned, which on some machines is smaller than a size.
 unsigned asCount(std::size_t count) {
   return static_cast<unsigned>(std::min<std::size_t>(count, std::numeric_limits<unsigned>::max()));
 }
@@ -128,6 +130,7 @@ bool AxisDefinition::isTypeHoralVeral() const { return m_impl->axisType == AxisT
 bool AxisDefinition::isShaftAxis() const { return m_impl->axisType == AxisType::Shaft; }
 
 bool AxisDefinition::isShaftAxisTopDown() const {
+  // Two equal heights count as top-down, as a shaft without height has no direction of its own.
   const CVeralElement* first = m_impl->container.veralAt(0);
   const CVeralElement* second = m_impl->container.veralAt(1);
   if (!isShaftAxis() || first == nullptr || second == nullptr) return false;

@@ -12,7 +12,9 @@ class AxisMapperImpl {
   AxisCalculator fromCalculator;
   AxisCalculator toCalculator;
 
-  /// The stationing on the target; unchanged when the value cannot be carried.
+  /// The stationing on the target; unchanged when the value cannot be carried. The point of the
+  /// source axis is projected onto the target in the vertical plane: a common place of both axes in
+  /// plan, whatever their heights.
   bool carry(double value, bool valueIsTunnelmeter, double& stationing) const {
     double onSource = value;
     if (valueIsTunnelmeter && !fromCalculator.tunnelmeterToStationing(value, onSource)) {
@@ -56,6 +58,7 @@ double AxisMapper::mapStationing(double value, bool valueIsTunnelmeter,
                                  bool resultAsTunnelmeter) const {
   double stationing = 0.0;
   if (!m_impl->carry(value, valueIsTunnelmeter, stationing)) return 0.0;
+  // What cannot be carried is 0, as callers of the interface expect.
   if (!resultAsTunnelmeter) return stationing;
   double tunnelmeter = 0.0;
   return m_impl->toCalculator.stationingToTunnelmeter(stationing, tunnelmeter) ? tunnelmeter : 0.0;

@@ -7,6 +7,7 @@ namespace Calculations {
 
 namespace {
 
+/// Steps (m) outside these limits are taken for them.
 constexpr double kSmallestStep = 0.1;
 constexpr double kLargestStep = 100.0;
 
@@ -83,6 +84,7 @@ std::vector<Point2D> sampledVeralPoint(const CShapeContainer& container, std::si
 std::vector<Point2D> sampledVeral(const CShapeContainer& container, double step) {
   const std::vector<CVeralPoint> points = container.veralPoints();
   std::vector<Point2D> line;
+  // Each point is sampled by itself, then the line takes what lies ahead of its end.
   for (std::size_t i = 0; i < points.size(); ++i) {
     std::vector<Point2D> part;
     appendVeralPoint(points, i, step, part);

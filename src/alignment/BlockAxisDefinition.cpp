@@ -1,3 +1,10 @@
+// A block, the length of tunnel that is concreted at once, is straight while the axis may be
+// curved. Its own axis follows the chord from the axis point at the start of the block to that at
+// its end, with a constant grade, the transverse slope running linearly between those of the two
+// ends, and goes on straight beyond both. Stationings count from the start of the block along the
+// chord in plan, so they differ from those of the reference axis by what the chord is shorter than
+// the curve.
+
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/BlockAxisDefinition.h>
 #include <Calculations/Utilities.h>
@@ -75,6 +82,7 @@ boost::shared_ptr<AxisDefinition> axisAlong(const Chord& chord) {
   // One sum for plan and profile, so that both end at the same double.
   const double stationingAtEnd = stationing + length;
 
+  // Three straights in plan: before the block, along it and beyond it, all in one direction.
   axis->addHoralSegmentStraight(stationing - kOverhang, start.east - kOverhang * std::sin(azimuth),
                                 start.north - kOverhang * std::cos(azimuth), azimuth, kOverhang);
   axis->addHoralSegmentStraight(stationing, start.east, start.north, azimuth, length);
@@ -91,11 +99,13 @@ boost::shared_ptr<AxisDefinition> axisAlong(const Chord& chord) {
   axis->addTransSlopeSegmentConstant(stationingAtEnd, stationingAtEnd + kOverhang,
                                      chord.transSlopeAtEnd);
 
+  // The block counts tunnel meters on from those of the reference axis at its start.
   axis->setStationingMappingValues(stationing, chord.tunnelmeterAtStart);
   return axis;
 }
 
 boost::shared_ptr<AxisDefinition> shaftAlong(const Chord& chord) {
+  // A block of a shaft is a piece of the shaft, longer by the overhang at both ends.
   const bool isTopDown = chord.start.height > chord.end.height;
   const double backwards = isTopDown ? kOverhang : -kOverhang;
   return boost::shared_ptr<AxisDefinition>(AxisDefinitionFactory::createShaftAxis(
@@ -109,6 +119,7 @@ boost::shared_ptr<AxisDefinition> blockAxisOf(const AxisDefinition& reference, c
   return boost::shared_ptr<AxisDefinition>();
 }
 
+/// Only ever forwards: an element that stands farther on stays.
 void moveOnTo(double stationing, CShapeBase* element) {
   if (element != nullptr && stationing > element->getStationing()) {
     element->setStationing(stationing);

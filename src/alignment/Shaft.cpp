@@ -1,3 +1,10 @@
+// With u = +1 for a shaft that runs upward and -1 for a top-down one:
+//
+//   east = E - u offset,  north = N + height,  H = H0 + u (stationing - s0)
+//
+// The section is seen along growing stationings, so offset changes sides with u and height does
+// not.
+
 #include "alignment/Shaft.h"
 
 namespace Ruv {

@@ -1,3 +1,11 @@
+// The circle with the least sum of (|p - c|^2 - r^2)^2 in closed form (Thomas and Chan 1989,
+// Computer Vision, Graphics, and Image Processing 45; Landau 1987, ibid. 38, gives the iteration
+// for it).
+//
+// Setting the derivatives by the centre c = (a, b) and by r^2 to zero and eliminating r leaves two
+// linear equations for a and b, whose coefficients are sums of powers of the coordinates up to the
+// third. The radius follows as the root mean square distance of the points from the centre.
+
 #include "fitting/PointFrame.h"
 #include "fitting/PointSubset.h"
 
@@ -26,6 +34,7 @@ struct PowerSums {
   double xxy = 0.0;
 };
 
+/// The sums for coordinates counted from an origin.
 PowerSums powerSumsFrom(const Point2D& origin, const std::vector<Point2D>& points) {
   const Eigen::Array2d from = coordinatesOf(origin);
   Eigen::Array2d first = Eigen::Array2d::Zero();
@@ -67,6 +76,7 @@ FittingResult FittingHelper::circleFitLandau(const std::vector<Point2D>& points)
     constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
     return FittingResult(FittingMethod::CircleLandau, Point2D(kNan, kNan), kNan);
   }
+  // Cramer's rule.
   const double det = yy * xx - xy * xy;
   const double a = (x * yy - y * xy) / det;
   const double b = (y * xx - x * xy) / det;

@@ -19,14 +19,21 @@ namespace {
 // points that lie far away or on a short arc the iterates run far out before they return, and then
 // depend on every rounding; that is why no sum is replaced by an equal one.
 
+// Gauss-Newton on the residuals f = dx^2 + dy^2 - r^2, where (dx, dy) = p - (a, b). Each step
+// solves the normal equations by Cramer's rule, and a quarter of it is applied. The constants are
+// the fewest points, the most steps, the divisor that damps a step, and the step (m) below which
+// the fit stops.
 constexpr std::size_t kFewestPoints = 12;
 constexpr std::int16_t kMostSteps = 1000;
 constexpr double kDamping = 4.0;
 constexpr double kConvergedStep = 1e-5;
+/// Stands for a determinant of exactly zero, so that points in one place do not divide by it.
 constexpr double kInPlaceOfZeroDeterminant = 1e-5;
 
+/// A column of the normal equations, or their right side.
 using Column = std::array<double, 3>;
 
+/// The iterate: centre (a, b) and radius r.
 struct Circle {
   double a = 0.0;
   double b = 0.0;
@@ -68,6 +75,7 @@ NormalEquations normalEquationsAt(const Circle& circle, const std::vector<Point2
           {2.0 * timesF.x(), 2.0 * timesF.y(), 2.0 * rf}};
 }
 
+/// Determinant of the matrix with these columns.
 double determinant(const Column& u, const Column& v, const Column& w) {
   return u[0] * (v[1] * w[2] - w[1] * v[2]) - v[0] * (u[1] * w[2] - w[1] * u[2]) +
          w[0] * (u[1] * v[2] - v[1] * u[2]);

@@ -1,3 +1,18 @@
+// Direct least squares of the conic a1.(x^2, x y, y^2) + a2.(x, y, 1) = 0 (Fitzgibbon, Pilu and
+// Fisher 1999, IEEE Trans. Pattern Anal. Mach. Intell. 21; in parts: Halir and Flusser 1998, WSCG).
+//
+//   a1, a2         quadratic coefficients (xx, xy, yy) and linear ones (x, y, constant)
+//   D1, D2         one row (x^2, x y, y^2) and one row (x, y, 1) for each point
+//   S1, S2, S3     D1^T D1, D1^T D2 and D2^T D2, here divided by the number of points
+//   C              matrix of the constraint a1^T C a1 = 4 xx yy - xy^2
+//
+// The sum |D1 a1 + D2 a2|^2 is least for a2 = T a1 with T = -S3^-1 S2^T. What is left depends on a1
+// alone, and under the constraint it is stationary where
+//
+//   C^-1 (S1 + S2 T) a1 = lambda a1.
+//
+// Of the three eigenvectors exactly one has a1^T C a1 > 0: that of the ellipse.
+
 #include "fitting/DirectConicFit.h"
 
 #include <Eigen/Cholesky>
@@ -63,14 +78,15 @@ ScatterMatrices scatterMatricesOf(const PointSubset& points, const PointFrame& f
   return s;
 }
 
-/// M premultiplied by the inverse of the matrix of the constraint 4 a c - b^2.
+/// C^-1 M. The rows of C are (0, 0, 2), (0, -1, 0) and (2, 0, 0), those of its inverse (0, 0, 1/2),
+/// (0, -1, 0) and (1/2, 0, 0).
 Matrix3d constrained(const Matrix3d& m) {
   Matrix3d result;
   result << 0.5 * m.row(2), -m.row(1), 0.5 * m.row(0);
   return result;
 }
 
-/// Of points on a parabola or on two parallel lines the equation has 4 xx yy - xy^2 = 0 and belongs
+/// The equation of points on a parabola or on two parallel lines has 4 xx yy - xy^2 = 0 and belongs
 /// to a double eigenvalue, which rounding splits: into two that differ from it by the root of the
 /// rounding, with ellipses some 10000 times as long as wide, or into a complex pair.
 constexpr double kNoiseOfDoubleEigenvalue = 1e-6;
@@ -111,6 +127,7 @@ std::optional<Conic> fitConic(const PointSubset& points, const PointFrame& frame
   const Matrix3d linearOfQuadratic = -s.linear.ldlt().solve(s.mixed.transpose());  // T
   const auto v = ellipticEigenvector(constrained(s.quadratic + s.mixed * linearOfQuadratic));
   if (!v) return std::nullopt;
+  // An eigenvector has no sign of its own. This one is what ellipseOf asks for.
   const Vector3d quadratic = v->x() + v->z() > 0.0 ? Vector3d(-*v) : *v;
   const Vector3d linear = linearOfQuadratic * quadratic;
   return Conic{quadratic.x(), quadratic.y(), quadratic.z(), linear.x(), linear.y(), linear.z()};

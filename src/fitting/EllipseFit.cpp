@@ -98,6 +98,8 @@ double meanResidual(const FittedConic& fitted, const std::vector<Point2D>& point
 /// @return how many it cleared
 std::size_t rejectOutliers(const FittedConic& fitted, const std::vector<Point2D>& points,
                            std::vector<bool>& used) {
+  // The mean is taken over all points, rejected ones included, so that the limit stays comparable
+  // from round to round.
   const double limit = kOutlierFactor * meanResidual(fitted, points);
   std::size_t rejected = 0;
   forEachRunOfResiduals(fitted, points, [&](std::size_t first, const auto& residuals) {

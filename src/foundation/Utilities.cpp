@@ -46,6 +46,8 @@ double rootOfSquare(double squared) {
 
 double negatedIf(bool negative, double value) { return negative ? -value : value; }
 
+/// The rotations work on right-handed axes: along, to the left and up. Offsets are positive to the
+/// right, hence the sign.
 ENHPoint asENHPoint(const AxisPoint& a) { return ENHPoint(a.stationing, -a.offset, a.height); }
 
 AxisPoint asAxisPoint(const ENHPoint& p) { return AxisPoint(p.east, -p.north, p.height); }
@@ -56,6 +58,7 @@ ENHPoint turnToAxis(const ENHPoint& diff, double azimuth, double longSlope) {
   return Utilities::rotateAroundNorthYaxis(level, longSlope);
 }
 
+/// The inverse of turnToAxis: both rotations back, in the opposite order.
 ENHPoint turnFromAxis(const ENHPoint& p, double azimuth, double longSlope) {
   const ENHPoint level = Utilities::rotateAroundNorthYaxis(p, -longSlope);
   return Utilities::rotateAroundHeightZaxis(level, -(azimuth - kHalfPi));
@@ -160,6 +163,8 @@ ENHPoint Utilities::averageCordinates(const std::vector<ENHPoint>& points) {
   return sum / static_cast<double>(points.size());
 }
 
+// The right-handed rotations about the three axes: anticlockwise as seen from the axis's tip.
+
 ENHPoint Utilities::rotateAroundEastXaxis(const ENHPoint& p, double angle) {
   const double c = std::cos(angle);
   const double s = std::sin(angle);
@@ -178,6 +183,8 @@ ENHPoint Utilities::rotateAroundHeightZaxis(const ENHPoint& p, double angle) {
   return ENHPoint(p.east * c - p.north * s, p.east * s + p.north * c, p.height);
 }
 
+// Horizontal angles count clockwise from north, vertical angles from the zenith. Angles beyond a
+// half turn, as read in the second face, come out right by themselves.
 ENHPoint Utilities::convertToLocalCoordinates(const PolarPoint& measurement) {
   const double d = measurement.slopeDistance;
   const double horizontal = d * std::sin(measurement.verticalAngle);
@@ -268,6 +275,13 @@ double Utilities::getGuidanceAngleInSideView(const AxisPoint& direction) {
   return getangleAsMinusPiToPi(std::atan2(direction.height, direction.stationing));
 }
 
+// A direction (forward, right, up) of length L shows itself in three views by
+//
+//   tan front = right / up,  tan top = right / forward,  tan side = up / forward.
+//
+// Two of the angles and forward^2 + right^2 + up^2 = L^2 give the squares of the components; the
+// quadrants of the angles give their signs. From front and top, for example,
+// right^2 = L^2 / (1 / tan^2 front + 1 + 1 / tan^2 top).
 AxisPoint Utilities::getGuidanceVectorFromFrontAndTopViewAngles(double front, double top,
                                                                 double length) {
   if (angleIsZero(front) && angleIsZero(top)) return AxisPoint(length, 0.0, 0.0);

@@ -1,3 +1,7 @@
+// The slope is taken as an angle and the cross fall in percent, as the rotations in Utilities want
+// them. Where the axis has none of them all stay 0, which isKnown tells from a level
+// axis to the north.
+
 #include "guidance/AxisAttitude.h"
 
 namespace Ruv {

@@ -1,3 +1,15 @@
+// Three frames meet here.
+//
+//   grid           east, north, height
+//   axis frame     along the axis, to the right and upwards, at one stationing; turned by azimuth,
+//                  slope and cross fall of the axis (AxisAttitude)
+//   levelled       the same with the forward direction horizontal: the frame of vectors that are
+//                  not perpendicular to the axis
+//
+// A vector parallel to the axis is a difference of axis coordinates. A straight one is carried to
+// the grid at its origin, and offsets are the components of the point's vector from there in the
+// frame of the vector's own azimuth and elevation.
+
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/GuidanceCalculator.h>
 #include <Calculations/Utilities.h>
@@ -44,6 +56,8 @@ GuidanceOffsets GuidanceCalculatorImpl::offsetsFromParallel(const ENHPoint& poin
   AxisPoint place;
   if (!calculator.enhPointToAxisPoint(point, place, perpendicular, true)) return GuidanceOffsets();
   double forward = place.stationing - origin.stationing;
+  // Square to the axis distances count in space. One of the two ends must lie on the axis: between
+  // two places beyond it the continued tunnel meter is no more than a guess.
   if (perpendicular) {
     const ContinuedTunnelMeter tunnelmeter(*axis, calculator);
     const ContinuedTunnelMeter::Value atPoint = tunnelmeter.at(place.stationing);

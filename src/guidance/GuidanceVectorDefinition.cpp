@@ -28,6 +28,8 @@ GuidanceVectorDefinition& GuidanceVectorDefinition::operator=(GuidanceVectorDefi
 
 GuidanceVectorDefinition::~GuidanceVectorDefinition() = default;
 
+/// Copying moves. A vector that was copied from is empty: writing to it starts it anew, reading
+/// finds the defaults.
 GuidanceVectorDefinitionImpl& GuidanceVectorDefinition::filled() {
   if (!m_impl) m_impl = std::make_unique<GuidanceVectorDefinitionImpl>();
   return *m_impl;

@@ -14,6 +14,7 @@ namespace Calculations {
 
 namespace {
 
+/// A zero direction becomes not-a-number here, which no later step takes for a direction.
 GuidanceVectorDefinition* straightVector(const AxisPoint& origin,
                                          const GuidanceOffsets& direction) {
   std::unique_ptr<GuidanceVectorDefinition> vector(new GuidanceVectorDefinition);

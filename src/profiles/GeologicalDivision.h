@@ -25,7 +25,7 @@ class GeologicalDivision {
 
   /// The band followed by what lies beyond the outer limit, not united.
   Pathes geologicalPart() const;
-  /// The same area; holes of the band are paths of negative area.
+  /// The same area as geologicalPart, with the holes of the band as paths of negative area.
   Pathes geologicalPartWithHoles() const;
   /// What lies within the outer limit but outside reference and band.
   Pathes remainingPart() const;

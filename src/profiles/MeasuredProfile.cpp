@@ -34,6 +34,7 @@ Point2D MeasuredProfile::getSegmentStartAt(unsigned int index) const { return m_
 
 Point2D MeasuredProfile::getSegmentEndAt(unsigned int index) const {
   const unsigned int count = m_impl->count();
+  // The last segment leads back to the first point. Out of range at() gives (0, 0).
   const bool isLast = count <= 1 || index == count - 1;
   return m_impl->at(isLast ? 0 : index < count ? index + 1 : count);
 }
@@ -43,6 +44,7 @@ double MeasuredProfile::getSegmentRadiusAt(unsigned int /*index*/) const { retur
 double MeasuredProfile::getCircumference() const {
   const auto isSound = [](const Point2D& p) { return isFinite(p); };
   const std::vector<Point2D>& points = m_impl->points;
+  // The walk starts at the last finite point, so that the closing segment is counted first.
   const auto last = std::find_if(points.rbegin(), points.rend(), isSound);
   if (last == points.rend()) return 0.0;
   double length = 0.0;

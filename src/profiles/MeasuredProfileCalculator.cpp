@@ -15,6 +15,7 @@ namespace {
 /// Polygons of results below this (m2) are noise of the clipping grid.
 constexpr double kSmallestArea = 0.0001;
 
+/// Rounds of the ellipse fit, without and with the rejection of outliers.
 constexpr int kSingleRound = 1;
 constexpr int kMostRounds = 10;
 

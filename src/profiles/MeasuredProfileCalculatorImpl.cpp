@@ -20,6 +20,7 @@ std::vector<Point2D> MeasuredProfileCalculatorImpl::keptPoints(
   return points;
 }
 
+// The cutting lines end at kReach, so what lies farther out is not cut.
 std::vector<Point2D> MeasuredProfileCalculatorImpl::cutAtUpOffset(
     const IProfileSegmentProvider& profile, double up) const {
   return polygonCrossings(keptPoints(profile), Point2D(-kReach, up), Point2D(kReach, up));
@@ -32,6 +33,7 @@ std::vector<Point2D> MeasuredProfileCalculatorImpl::cutAtRightOffset(
 
 double MeasuredProfileCalculatorImpl::circumferenceOf(
     const IProfileSegmentProvider& profile) const {
+  // Without filters the exact length; with filters that of the outline on the grid.
   if (!filters.areSet()) return profile.getCircumference();
   return Pathes::linesWithin(Pathes(outlineOf(profile, true)), filters.allowedArea(), true)
       .linesLength();

@@ -37,6 +37,8 @@ ProfileCopy::ProfileCopy(const IProfileSegmentProvider& profile) : m_nodes(numNo
   }
 }
 
+/// Compares doubles, not addresses: a profile may be changed or another one take its place in
+/// memory.
 bool ProfileCopy::isCopyOf(const IProfileSegmentProvider& profile) const {
   const unsigned int count = numNodes(profile);
   if (m_nodes.size() != count) return false;

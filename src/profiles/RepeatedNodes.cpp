@@ -1,3 +1,7 @@
+// A hash table with open addressing and linear probing (Knuth, The Art of Computer Programming 3,
+// 1998, section 6.4): the number of slots is a power of two and at least twice that of the nodes,
+// so a probe meets a free slot soon. std::unordered_set would allocate memory for every node.
+
 #include "profiles/RepeatedNodes.h"
 
 #include <cmath>
@@ -12,8 +16,8 @@ namespace {
 
 bool isNumber(const Point2D& p) { return !std::isnan(p.x) && !std::isnan(p.y); }
 
-/// Mixes the bits of both coordinates; 0 and -0 are equal. Source of the constants: Steele, Lea and
-/// Flood, Fast splittable pseudorandom number generators (2014).
+/// Mixes the bits of both coordinates. Adding 0 turns -0 into 0, which it equals. Source of the
+/// constants: Steele, Lea and Flood, Fast splittable pseudorandom number generators (2014).
 std::uint64_t hashOf(const Point2D& p) {
   std::uint64_t hash = 0;
   for (const double coordinate : {p.x + 0.0, p.y + 0.0}) {

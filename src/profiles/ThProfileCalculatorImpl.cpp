@@ -1,3 +1,16 @@
+// A profile has three coordinates along it.
+//
+//   station        length from the first node in the order of the segments
+//   raw derolment  length from the first node in the clockwise sense: r = s for a clockwise
+//   profile,
+//                  r = C - s for an anticlockwise one of circumference C
+//   derolment      what callers see: d = r - r0 with the raw derolment r0 of the crown, moved by C
+//                  into [-C/2, C/2]
+//
+// "Derolment" is the field's word for the unrolled length of an outline. The crown is the highest
+// point of the profile on the vertical through the centroid of its area, which is taken of samples
+// 0.1 m apart, vertices included.
+
 #include "profiles/ThProfileCalculatorImpl.h"
 
 #include "profiles/ProfileReach.h"
@@ -20,13 +33,14 @@ namespace Calculations {
 namespace {
 
 /// Up to this station (m) the start of an anticlockwise profile stays at its start instead of
-/// moving on by a circumference. Beyond it derolments fold back by as much; callers know them so.
+/// moving on by a circumference. So between 0 and this station raw derolments run on as stations,
+/// and only beyond it backwards from the circumference; stored results of callers rest on that.
 constexpr double kStartStation = 0.0001;
 
 /// Derolments this close (m) are one sample.
 constexpr double kSameDerolment = 1e-9;
 
-/// More samples than this are refused.
+/// More samples than this are refused: their list would take hundreds of megabytes.
 constexpr double kMostSamples = 1e7;
 
 /// Interval (m) of the samples on which the crown is found. Derolments depend on it.
@@ -137,6 +151,7 @@ std::vector<Point2D> ThProfileCalculatorImpl::samples(double interval, double co
   if (includeVertices) derolments = sortedRawDerolmentsOfVertices();
   const auto numVertices = static_cast<std::ptrdiff_t>(derolments.size());
   const int numSamples = hasSamples ? static_cast<int>(count) : 0;
+  // Summed up and not multiplied: the crown, and with it every derolment, depends on these digits.
   double derolment = 0.0;
   for (int i = 0; i < numSamples; ++i) {
     derolments.push_back(derolment);
@@ -161,6 +176,7 @@ std::vector<Point2D> ThProfileCalculatorImpl::pointsAtRightOffset(double right) 
   return intersectionsOf(m_chain.segments(), Point2D(right, -kReach), Point2D(right, kReach));
 }
 
+/// The shortest of the chords that the normal through the foot cuts out of the profile.
 double ThProfileCalculatorImpl::diameterAt(const Point2D& p) const {
   double diameter = std::numeric_limits<double>::max();
   const auto foot = m_chain.project(p);

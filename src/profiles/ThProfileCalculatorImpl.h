@@ -42,12 +42,12 @@ class ThProfileCalculatorImpl {
   double diameterAt(const Point2D& p) const;
 
  private:
-  /// From the crown.
+  /// Derolment as callers see it, counted from the crown.
   double derolmentAt(double station) const;
   double rawDerolmentOf(double station) const;
   double stationOf(double rawDerolment) const;
   Point2D pointAtRawDerolment(double rawDerolment) const;
-  /// Without those that are not a number.
+  /// Those that are not a number are left out.
   std::vector<double> sortedRawDerolmentsOfVertices() const;
   double rawDerolmentOfCrown() const;
 

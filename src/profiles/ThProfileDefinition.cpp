@@ -68,6 +68,7 @@ double ThProfileDefinition::getSegmentRadiusAt(unsigned int index) const {
 
 double ThProfileDefinition::getCircumference() const {
   const std::vector<CChainNode>& nodes = m_impl->nodes;
+  // Measured anew from the nodes: stations may follow start points that are off the chain.
   if (getNumSegments() < 2) return 0.0;
   double length = 0.0;
   for (std::size_t i = 1; i < nodes.size(); ++i) {

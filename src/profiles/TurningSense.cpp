@@ -1,3 +1,7 @@
+// The turning at a node is the change of bearing there, in (-pi, pi]. Around a closed chain that
+// does not cross itself the turnings add up to 2 pi clockwise and to -2 pi anticlockwise, so the
+// sign of the sum tells the sense. Arcs count by their end points only.
+
 #include "profiles/TurningSense.h"
 
 #include "foundation/MathConstants.h"
@@ -50,6 +54,7 @@ void TurningSense::reset() {
 
 bool TurningSense::isClockwise() const {
   if (m_numNodes < 3) return m_before;
+  // The closing term: from the last two nodes to the second, as the first is repeated as the last.
   return m_sum + turning(m_lastBearing, bearing(m_second - m_last)) > 0.0;
 }
 

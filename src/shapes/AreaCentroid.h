@@ -12,6 +12,7 @@
 namespace Ruv {
 
 /// Centroid of the area of a polygon by the shoelace formula; nothing without area.
+/// @param polygon at least one point; the last one leads back to the first
 std::optional<Point2D> areaCentroid(const std::vector<Point2D>& polygon);
 
 }  // namespace Ruv

@@ -1,3 +1,17 @@
+// Axis coordinates to grid coordinates and back.
+//
+//   s, o, h        stationing, offset to the right, height
+//   C(s), t, n     place of the axis in plan, its tangent and the normal to the right
+//   H(s), g        height of the axis and its grade, a ratio; cos = 1 / sqrt(1 + g^2)
+//   q              transverse slope in percent, positive when the right side is lower
+//
+// The transverse slope turns the section about the axis, by the angle whose tangent is q / 100. In
+// the vertical plane the point then lies at C + o n and H + h, in the perpendicular one, whose
+// upward direction is (-g t, 1) cos, at C + o n - h g cos t and H + h cos.
+//
+// The tunnel meter is T(s) = T0 + L(s) - L(s0), with L the length of the profile in space, s0 the
+// stationing and T0 the tunnel meter of the point that ties both.
+
 #include "shapes/AxisConversion.h"
 
 #include "shapes/PerpendicularFoot.h"
@@ -36,6 +50,7 @@ CSectionPoint rolled(const CSectionPoint& p, double slopePercent) {
   return {p.right * cosine + p.up * sine, p.up * cosine - p.right * sine};
 }
 
+/// The inverse of rolled.
 CSectionPoint rolledBack(const CSectionPoint& p, double slopePercent) {
   return rolled(p, -slopePercent);
 }
@@ -54,6 +69,7 @@ double transSlopeAt(const CAxisGeometry& axis, double stationing,
   }
 }
 
+/// Not-a-number is out of range.
 bool isInRange(const CAxisGeometry& axis, double stationing) {
   return axis.isComplete && stationing >= axis.minimumStationing &&
          stationing <= axis.maximumStationing;
@@ -84,6 +100,7 @@ std::optional<CAxisPlace> placeAt(const CAxisGeometry& axis, double stationing) 
   return CAxisPlace{*plan, *profile};
 }
 
+/// A place beside the axis, by its components along the tangent in plan, to the right and upwards.
 ENHPoint laidOff(const CCurvePoint& plan, double axisHeight, double forward, double right,
                  double up) {
   const Point2D normal = rightNormal(plan.tangent);

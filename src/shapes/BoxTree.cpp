@@ -22,7 +22,8 @@ void CBox::include(const CBox& other) {
 CBox boxAroundCurve(const Point2D& start, const Point2D& end, double length) {
   const double chord = (end - start).length();
   const double longer = std::max(length - chord, 0.0);
-  // Half the short axis; it exceeds half of the surplus length, by which a curve may pass its ends.
+  // Half the short axis of the ellipse, b = sqrt(length^2 - chord^2) / 2. It exceeds half of the
+  // surplus length, by which a curve may pass its ends.
   const double bulge = std::sqrt(longer * (length + chord)) / 2.0;
   const double largest = std::max(std::max(std::abs(start.x), std::abs(start.y)),
                                   std::max(std::abs(end.x), std::abs(end.y)));
@@ -50,6 +51,7 @@ void CBoxTree::Group::set(std::size_t place, const CBox& box) {
 }
 
 CBoxTree::CBoxTree(std::vector<CBox> boxes) {
+  // From the leaves up: each level groups the boxes of the one below, until one group is left.
   while (!boxes.empty()) {
     std::vector<Group> groups((boxes.size() + kGroup - 1) / kGroup);
     std::vector<CBox> around(groups.size());

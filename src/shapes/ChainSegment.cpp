@@ -44,6 +44,8 @@ CChainSegment CChainSegment::between(const Point2D& start, const Point2D& end, d
   if (chordLength / 2.0 <= kZeroLength) return segment;
   const double size = std::abs(radius);
   const CHalfTurning half = halfTurningOf(chordLength / 2.0, size);
+  // The sine of half the turning is half the chord divided by the radius. Together with the cosine
+  // it gives the angle sharply up to the half circle, where an arc sine would lose half its digits.
   segment.length = size * 2.0 * std::atan2(half.sine, half.cosine);
   // The arc starts turned away from its chord by half its turning.
   const CDirection towardsEnd{chord.x / chordLength, chord.y / chordLength};
@@ -52,6 +54,9 @@ CChainSegment CChainSegment::between(const Point2D& start, const Point2D& end, d
   return segment;
 }
 
+/// The cross product of the end points gives twice the triangle below the chord. Between chord and
+/// arc lies the circular segment, twice R^2 (w - sin w) / 2 for a turning w = length / R; a
+/// clockwise arc, whose w is positive, takes it away from an area that counts anticlockwise.
 double CChainSegment::doubledAreaFrom(const Point2D& reference) const {
   const Point2D a = start - reference;
   const Point2D b = end - reference;

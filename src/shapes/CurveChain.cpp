@@ -26,6 +26,7 @@ std::vector<CChainSegment> segmentsBetween(const std::vector<CChainNode>& nodes)
   return segments;
 }
 
+/// By the sign of the enclosed area. The first point as reference keeps the products small.
 bool isClockwise(const std::vector<CChainSegment>& segments) {
   if (segments.empty()) return false;
   const Point2D reference = segments.front().start;
@@ -44,6 +45,7 @@ CBox boxOf(const CChainSegment& segment) {
 /// A chain of fewer segments is searched as fast without a hint.
 constexpr std::size_t kFewSegments = 64;
 
+/// One end of a segment with its distance from a point.
 struct SegmentEnd {
   bool isStart;
   double distance;
@@ -90,6 +92,8 @@ std::optional<CChainFoot> CCurveChain::nearestFoot(const Point2D& p, const Visit
     }
     nearest.offer(distance, static_cast<double>(index), candidate);
   };
+  // Once a candidate is known, boxes farther away than it cannot matter, in whichever order they
+  // come: of equally near candidates the one with the lower index wins.
   const auto reach = [&] { return reachOf(nearest.distance()); };
   visit(reach, look);
   if (!nearest.candidate()) return std::nullopt;
@@ -142,6 +146,8 @@ CChainFoot CCurveChain::footAtVertex(std::size_t node, std::size_t segment,
   foot.point = m_nodes[node].point;
   foot.station = m_nodes[node].station;
   foot.normal = outwardNormal(directionThroughVertex(node));
+  // The mean direction through the vertex tells on which side p lies. The normal is then the ray
+  // itself, so that moving along it from the vertex leads to p.
   const Point2D ray = p - foot.point;
   const double distance = ray.length();
   const double side = ray.x * foot.normal.x + ray.y * foot.normal.y < 0.0 ? -1.0 : 1.0;

@@ -1,3 +1,9 @@
+// The projection looks for the nearest foot in three steps of falling rank. Feet on segments and
+// joints of smooth wedges come first. A foot that misses its segment by rounding noise replaces one
+// that is clearly farther away. Only a point that has neither, as on the outer side of a real
+// corner, is given the nearest corner that faces it: one where the segment before reports the foot
+// beyond its end and the segment after reports it before its start.
+
 #include "shapes/HoralAlignment.h"
 
 #include "foundation/MathConstants.h"
@@ -35,6 +41,7 @@ CAlignmentFoot footInside(const CHoralSegment& segment, const CCurveFoot& foot) 
   return {stationing, foot.lateral};
 }
 
+/// The end of a segment as foot of a point just outside: its offset is measured at that end.
 CAlignmentFoot footAtEnd(const CHoralSegment& segment, const CCurveFoot& foot, const Point2D& p) {
   const bool atStart = foot.report == CFootReport::BeforeStart;
   const CCurvePoint end = atStart ? segment.path.at(0.0) : segment.path.end();
@@ -42,6 +49,7 @@ CAlignmentFoot footAtEnd(const CHoralSegment& segment, const CCurveFoot& foot, c
           rightComponent(p - end.position, end.tangent)};
 }
 
+/// The definition of the projection counts both orders of the two reports as a corner.
 bool facesCorner(CFootReport before, CFootReport now) {
   return (before == CFootReport::BeyondEnd && now == CFootReport::BeforeStart) ||
          (before == CFootReport::BeforeStart && now == CFootReport::BeyondEnd);
@@ -156,6 +164,7 @@ std::optional<CAlignmentFoot> CHoralAlignment::nearestCorner(const Point2D& p) c
     const CFootReport now =
         segment.isEvaluable ? segment.path.footOf(p).report : CFootReport::Unknown;
     if (facesCorner(before, now)) {
+      // The side is told by the mean direction, as neither segment has the point beside it.
       const Point2D ray = p - segment.start;
       const CDirection tangent =
           directionThrough(previous->path.end().tangent, segment.path.startDirection);

@@ -29,7 +29,8 @@ struct CAlignmentFoot {
   double offset = 0.0;  ///< of the point, to the right
 };
 
-/// An immutable chain of segments with the tables that make searching it fast.
+/// An immutable horizontal alignment ("Horal", the course of an axis in plan): segments with the
+/// tables that make searching it fast.
 class CHoralAlignment {
  public:
   CHoralAlignment() = default;
@@ -44,7 +45,7 @@ class CHoralAlignment {
   std::optional<CCurvePoint> pointAt(double stationing) const;
   /// Signed radius at the same place; 0 where it is straight and where pointAt gives nothing.
   double radiusAt(double stationing) const;
-  /// The same as callers are told it.
+  /// The same place with the azimuth and the radius that callers are told.
   std::optional<CAlignmentPosition> positionAt(double stationing) const;
 
   /// Nearest foot of a point, the first of equally near ones. A joint counts as a foot of the

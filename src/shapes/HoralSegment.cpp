@@ -1,3 +1,14 @@
+// Laying a segment out between its stored end points P0 and P1.
+//
+//   E              end of the curve in its own frame, which starts at the origin in direction +y
+//   b              start bearing of the placed curve
+//   m              scale
+//   d              misclosure P1 - (P0 + E turned by b)
+//
+// By azimuth: b is the one given, m = 1, and d is spread along the curve as a drift of d / length.
+// By chord: b = bearing(P1 - P0) - bearing(E) and m = |P1 - P0| / |E|, which meets P1 exactly. A
+// closed curve has no E to turn, so it needs the azimuth or a neighbour's direction.
+
 #include "shapes/HoralSegment.h"
 
 #include "foundation/MathConstants.h"
@@ -51,6 +62,7 @@ std::optional<CPlacedCurve> placedByAzimuth(const CHoralSegmentData& data,
   return path;
 }
 
+/// A curve whose end is not a number counts as closed: its bearing cannot be told either.
 bool closesItself(const CPlaneCurve& curve) {
   return !(curve.end().position.length() >= kClosedChordRatio * curve.length());
 }

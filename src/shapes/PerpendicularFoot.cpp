@@ -1,3 +1,19 @@
+// The foot of a point P on the axis in space C(s) = (plan, height), where s is the stationing.
+//
+//   t, k           tangent and curvature of the plan, positive to the right
+//   g, g'          grade (a ratio) and its derivative by s
+//   r, z           vector in plan and height difference from C(s) to P
+//   m              scale of the placed curve, the length of its derivative in plan
+//
+// P lies square to the axis where the forward distance f vanishes, and f falls with s near the
+// curve, as its derivative tells:
+//
+//   f(s)  = r.t + g z
+//   f'(s) = k (r to the right of t) - m + g' z - g^2
+//
+// At the foot the offset is r to the right of t, and the height the component of (r, z) along the
+// upward normal (-g t, 1) / sqrt(1 + g^2).
+
 #include "shapes/PerpendicularFoot.h"
 
 #include "shapes/FootSearch.h"
@@ -45,6 +61,7 @@ struct CStretch {
   }
 };
 
+/// The point in the plane square to the axis at a place that is its foot.
 CSpatialFoot squareFoot(double stationing, const CView& view) {
   const double cosine = 1.0 / std::sqrt(1.0 + view.profile.grade * view.profile.grade);
   const double ahead = forwardComponent(view.ray, view.plan.tangent);
@@ -95,6 +112,7 @@ class CPerpendicularSearch {
   }
 
  private:
+  /// Searches the stretches of one segment in plan, as the pieces of the profile divide it.
   void searchSegment(std::size_t index) {
     const CHoralSegment& segment = m_axis.horal.segments()[index];
     if (!segment.isEvaluable) return;
@@ -128,6 +146,8 @@ class CPerpendicularSearch {
     return {&segment, &m_axis.veral.pieces()[piece]};
   }
 
+  /// Offers the break between two stretches when the point lies ahead of the one and behind the
+  /// other, so that neither has its foot.
   void searchBreak(const CStretch& before, const CStretch& after, double stationing) {
     if (before.segment == nullptr) return;
     const auto into = before.viewFrom(stationing - before.segment->stationingStart, m_point);
@@ -169,6 +189,7 @@ class CPerpendicularSearch {
     findFeetUpTo(to, sharpest, node, forwardAt, nodeAt, found);
   }
 
+  /// How far outside the foot lies is told by one Newton step from the end.
   void offerJustOutside(double stationing, const CView& view) {
     const double outside = std::abs(view.forward.value / view.forward.slope);
     if (!(view.forward.slope < 0.0 && outside <= kFootTolerance)) return;

@@ -1,3 +1,16 @@
+// Three ways to evaluate the same law, curvature k(l) = k0 + (k1 - k0) l / L and heading
+// h(l) = k0 l + (k1 - k0) l^2 / (2 L), whose place is the integral of (sin h, cos h):
+//
+//   straights and arcs       in closed form;
+//   clothoids near the       as a piece of the spiral with the parameter A^2 = L / |k1 - k0|. The
+//   origin of their spiral   curve begins on it at the length s0 = +-k0 A^2, with the tangent angle
+//                            s0^2 / (2 A^2), and its places are differences of the series;
+//   all other clothoids      by Gauss-Legendre quadrature. Nearly equal radii belong here: s0 is so
+//                            large that the difference of the series would leave no digits.
+//
+// Feet on arcs are in closed form, those on clothoids the roots of the forward distance
+// f(l) = (p - place).tangent with f' = k (p - place to the right) - 1 (FootSearch).
+
 #include "shapes/PlaneCurve.h"
 
 #include "foundation/MathConstants.h"
@@ -95,6 +108,7 @@ CPlaneCurve CPlaneCurve::drifting(const Point2D& drift) const {
   return curve;
 }
 
+/// Not-a-number turns too much as well.
 bool CPlaneCurve::turnsTooMuch() const {
   const double sharpest =
       std::max(std::abs(m_curvatureStart), std::abs(m_curvatureStart + m_curvatureChange));
@@ -139,10 +153,12 @@ double CPlaneCurve::placeOfInflection() const {
   return -m_curvatureStart * m_length / m_curvatureChange;
 }
 
+/// The integral of the curvature from the start.
 double CPlaneCurve::headingAt(double l) const {
   return (m_curvatureStart + m_curvatureChange * (l / m_length) / 2.0) * l;
 }
 
+/// The spiral is odd: places before its origin are those after it, turned by half a turn.
 Point2D CPlaneCurve::spiralPoint(double lengthFromOrigin) const {
   const double angle = lengthFromOrigin * lengthFromOrigin * m_spiral.halfInverseSquare;
   const CSpiralFactors factors = spiralFactors(angle);
@@ -216,7 +232,7 @@ CCurveFoot CPlaneCurve::footBySearch(const Point2D& p) const {
   const auto forwardFrom = [&](const CCurvePoint& point) {
     const Point2D ray = p - point.position;
     lateral = rightComponent(ray, point.tangent);
-    // But for the drift, which costs a further step at most.
+    // The slope leaves the drift out, which is too small to cost more than one further step.
     return CForwardDistance{forwardComponent(ray, point.tangent), point.curvature * lateral - 1.0};
   };
   const auto forwardAt = [&](double l) { return forwardFrom(at(l)); };

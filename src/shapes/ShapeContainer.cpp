@@ -123,12 +123,15 @@ void CShapeContainer::resetTransSlope() {
   m_geometry.forget();
 }
 
+/// Costs next to nothing for lists to which nothing was added.
 void CShapeContainer::update() {
   m_horal.sortAndLink();
   m_veral.sortAndLink();
   m_transSlopes.sortAndLink();
 }
 
+/// An element knows neither which list it is in nor whether its order matters, so all are
+/// distrusted.
 void CShapeContainer::elementChanged() {
   m_horal.distrust();
   m_veral.distrust();

@@ -31,7 +31,7 @@ class CShapeList {
   Element* at(std::size_t index) const {
     return index < m_elements.size() ? m_elements[index].get() : nullptr;
   }
-  /// So that appending as many elements cannot fail.
+  /// Makes room, so that appending as many elements cannot fail.
   void makeRoom(std::size_t count) { makeRoomFor(count, m_elements); }
   void append(std::unique_ptr<Element> element) { m_elements.push_back(std::move(element)); }
   void reset();
@@ -97,7 +97,7 @@ class CShapeContainer {
   CVeralElement* veralAt(std::size_t index) const { return m_veral.at(index); }
   CTransSlopeElement* transSlopeAt(std::size_t index) const { return m_transSlopes.at(index); }
 
-  /// So that two elements can be appended without fail: a segment with the start of its list.
+  /// Make room for a segment and the start of its list, so that appending both cannot fail.
   /// @{
   void makeRoomForTwoHoral() { m_horal.makeRoom(2); }
   void makeRoomForTwoTransSlopes() { m_transSlopes.makeRoom(2); }
@@ -125,7 +125,8 @@ class CShapeContainer {
   /// Evaluates the horizontal alignment; false outside it or on an element without geometry.
   bool positionAt(double stationing, CAlignmentPosition& result) const;
 
-  /// Of the segment that ends at an element; not-a-number where it was appended without.
+  /// The definition of the segment that ends at an element; not-a-number where the element was
+  /// appended without one.
   CHoralDefinition definitionOf(const CHoralElement& element) const;
   static constexpr std::uint32_t kNoDefinition = std::numeric_limits<std::uint32_t>::max();
 
@@ -149,8 +150,8 @@ class CShapeContainer {
   CAxisGeometry derivedGeometry() const;
 
   CShapeList<CHoralElement> m_horal;
-  // Apart from the elements, which they would make too large for what memory allocators are quick
-  // to hand out, and in the order of adding.
+  // Definitions are kept in the order of adding and apart from the elements, which they would make
+  // too large for what memory allocators are quick to hand out.
   std::deque<CHoralDefinition> m_definitions;
   CShapeList<CVeralElement> m_veral;
   CShapeList<CTransSlopeElement> m_transSlopes;

@@ -6,7 +6,7 @@ namespace Ruv {
 
 namespace {
 
-// The numbers that callers know the classes by: a base value and a share per derived class.
+// Callers tell the classes apart by these numbers: a base value and a share for each derived class.
 constexpr int kBaseClassSize = 20;
 constexpr int kHoralShare = 32;
 constexpr int kVeralShare = 16;

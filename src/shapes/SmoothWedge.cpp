@@ -23,6 +23,9 @@ double breakBetween(const CDirection& into, const CDirection& outOf) {
 
 }  // namespace
 
+/// A point with the lateral distance q beside a curve of curvature k has its foot there only on the
+/// near side of the centre, where k q < 1. Beyond both centres smooth segments have no feet, nor
+/// has their joint.
 bool CSmoothWedge::holds(const Point2D& p) const {
   const Point2D ray = p - tip;
   if (!(forwardComponent(ray, into) > 0.0 && forwardComponent(ray, outOf) + ahead < 0.0)) {

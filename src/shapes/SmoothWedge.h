@@ -19,7 +19,7 @@ struct CSmoothWedge {
   Point2D tip;
   CDirection into;
   CDirection outOf;
-  double ahead = 0.0;  ///< of the tip as seen from the start of the second segment; 0 but for a gap
+  double ahead = 0.0;  ///< how far the tip lies ahead of the second segment; 0 but for a gap
   double curvatureInto = 0.0;
   double curvatureOutOf = 0.0;
 

@@ -1,3 +1,17 @@
+// The clothoid in units of its own arc length.
+//
+//   l, A           arc length from the origin and parameter of the clothoid
+//   t              tangent angle l^2 / (2 A^2)
+//
+// Its coordinates are the integrals of cos t and sin t over l. Expanding the cosine and the sine
+// into powers of t, which is l^2 / (2 A^2) and so integrates term by term, gives
+//
+//   x / l = sum (-1)^n t^(2n) / ((2n)! (4n + 1))
+//   y / l = sum (-1)^n t^(2n+1) / ((2n+1)! (4n + 3)),
+//
+// the Fresnel integrals of Abramowitz and Stegun (1964), 7.3.11 and 7.3.13. The terms alternate and
+// shrink for every angle in use, so the error is below the first term left out.
+
 #include "shapes/SpiralSeries.h"
 
 #include <array>
@@ -11,7 +25,7 @@ namespace {
 constexpr std::size_t kTerms = 13;
 using Coefficients = std::array<double, kTerms>;
 
-/// (-1)^n / ((2n + odd)! (4n + 1 + 2 odd))
+/// The coefficients (-1)^n / ((2n + odd)! (4n + 1 + 2 odd)), where odd is 0 for x and 1 for y.
 constexpr Coefficients coefficients(int odd) {
   Coefficients c{};
   double factorial = 1.0;
@@ -37,6 +51,7 @@ constexpr std::size_t kMediumAngleTerms = 8;
 
 template <std::size_t Terms>
 CSpiralFactors sumOf(double tangentAngle) {
+  // Horner's scheme in powers of t^2, from the smallest term on.
   const double square = tangentAngle * tangentAngle;
   double along = kAlong[Terms - 1];
   double across = kAcross[Terms - 1];

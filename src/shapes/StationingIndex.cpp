@@ -7,6 +7,9 @@ namespace Ruv {
 
 namespace {
 
+/// Buckets for each stationing. With so many, nearly all buckets of an axis with elements of
+/// similar length hold one stationing or none, and the table takes no more memory than the
+/// stationings twice.
 constexpr std::size_t kBucketsPerStationing = 4;
 
 /// Fewer stationings than this are looked at one after the other.
@@ -20,6 +23,8 @@ CStationingIndex::CStationingIndex(double first, std::vector<double> stationings
   const std::size_t numBuckets = kBucketsPerStationing * m_stationings.size() + 1;
   const double range = m_stationings.back() - first;
   if (range > 0.0) m_bucketsPerMetre = static_cast<double>(numBuckets - 1) / range;
+  // The start of each bucket is the first stationing in it or in a later one, so that the answer to
+  // a question lies between the starts of its bucket and of the next.
   m_bucketStarts.assign(numBuckets + 1, 0);
   std::size_t index = 0;
   for (std::size_t bucket = 0; bucket <= numBuckets; ++bucket) {

@@ -1,3 +1,12 @@
+// The clothoid by the power series of its coordinates, with the tangent angle t = l^2 / (2 R L):
+//
+//   x = l sum (-1)^n t^(2n) / ((2n)! (4n + 1)),  y = l sum (-1)^n t^(2n+1) / ((2n+1)! (4n + 3))
+//
+// (Abramowitz and Stegun 1964, 7.3.11 and 7.3.13). Written in l and b = 1 / (2 R L) the powers
+// begin with l for x and with b l^3 for y, and grow by b^2 l^4 from term to term. The number of
+// terms is fixed by the curve, and callers are told whether the terms shrink, as results depend on
+// it. The geometry of axes is evaluated elsewhere (SpiralSeries, PlaneCurve).
+
 #include <Calculations/TransitionCurves.h>
 
 #include <algorithm>

@@ -1,3 +1,8 @@
+// The rule of the walk is turned into pieces by claims: the points are visited in their order, and
+// each curve claims the stationings up to its last one that no earlier curve has claimed. As every
+// claim begins where the claims so far end, the pieces come out in ascending order, and the first
+// piece whose last stationing is not less than a given one is the curve that the walk would find.
+
 #include "shapes/VeralAlignment.h"
 
 #include <algorithm>
@@ -11,10 +16,12 @@ namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
+/// False from a curve without height on: lengths beyond it are unknown.
 bool hasLength(const CVeralPiece& piece) {
   return std::isfinite(piece.lengthBefore + piece.curve.lengthBetween(piece.from, piece.to));
 }
 
+/// The next smaller double: the end of a stretch that lacks its last stationing.
 double justBelow(double value) { return std::nextafter(value, -kInfinity); }
 
 /// Gives every stationing to the first curve that asks for it.

@@ -19,10 +19,10 @@ struct CVeralPiece {
   double from = 0.0;
   double to = 0.0;
   CVerticalCurve curve;
-  double lengthBefore = 0.0;  ///< in space, from the start of the alignment to from
+  double lengthBefore = 0.0;  ///< length in space from the start of the alignment to from
 };
 
-/// An immutable vertical alignment.
+/// An immutable vertical alignment ("Veral", the heights of an axis over its plan length).
 ///
 /// The order of the points decides which curve holds where several could: for each point in turn
 /// its rounding comes first, then the line that leads to it. So a kink takes the grade of the line
@@ -59,9 +59,9 @@ class CVeralAlignment {
   double m_first = 0.0;
   double m_last = 0.0;
   double m_lastWithLength = std::numeric_limits<double>::quiet_NaN();
-  std::size_t m_numWithLength = 0;  // of the pieces, from the first one on
+  std::size_t m_numWithLength = 0;  // number of pieces, from the first on, that have a length
   std::vector<CVeralPiece> m_pieces;
-  CStationingIndex m_index;  // of the greatest stationing that each piece holds
+  CStationingIndex m_index;  // finds a piece by the greatest stationing that it holds
 };
 
 }  // namespace Ruv

@@ -1,3 +1,20 @@
+// Curves of the profile over the stationing s, developed from a point (s0, h0) with the grade g0.
+//
+//   a, a0          grade angles at s and s0, with tan a = g
+//   k              curvature 1 / R, positive for a sag
+//   d              s - s0
+//
+//   line           h = h0 + d g0,                length d sqrt(1 + g0^2)
+//   parabola       g = g0 + k d, h = h0 + d (g0 + g) / 2,
+//                  length (F(g) - F(g0)) / k with F(g) = (asinh g + g sqrt(1 + g^2)) / 2
+//   circle         sin a = sin a0 + k d, h = h0 + d (sin a + sin a0) / (cos a + cos a0),
+//                  length (a - a0) / k
+//
+// The height of the circle is R (cos a0 - cos a), written so that nothing cancels for large radii.
+// Tangent lengths of roundings between the grades g1 and g2: R |g2 - g1| / 2 in plan for a
+// parabola; R tan(|a2 - a1| / 2) = R |sin a2 - sin a1| / (cos a1 + cos a2) along the slope for a
+// circle.
+
 #include "shapes/VerticalCurve.h"
 
 #include "shapes/ShapeTolerances.h"
@@ -16,6 +33,7 @@ constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 
 double cosineOfGrade(double grade) { return 1.0 / std::sqrt(1.0 + grade * grade); }
 
+/// Cosine of the angle with a given sine. The product keeps the digits of steep angles.
 double cosineOfSine(double sine) { return std::sqrt((1.0 - sine) * (1.0 + sine)); }
 
 /// Length in space of a parabola of radius 1 from its vertex to a grade.
@@ -37,10 +55,12 @@ double gradeAtUnitParabolaLength(double length) {
   return grade;
 }
 
+/// Rise over run. The order of the stationings does not matter, that of the points does.
 double gradeBetween(const CVeralPoint& from, const CVeralPoint& to) {
   return (to.height - from.height) / std::abs(to.stationing - from.stationing);
 }
 
+/// Whether something can be divided by the difference of the stationings.
 bool areApart(const CVeralPoint& a, const CVeralPoint& b) {
   return std::abs(b.stationing - a.stationing) >= kSmallestDivisor;
 }

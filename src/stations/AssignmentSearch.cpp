@@ -1,3 +1,15 @@
+// Backtracking with pruning (Knuth, The Art of Computer Programming 4B, 2022, section 7.2.2).
+//
+// On level i the search chooses a fix point for the i-th measured point beside the reference, from
+// the partners that its distance from the reference leaves. A choice stands when it keeps the
+// distances to all points chosen before it: a rigid motion changes no distance, so where both ends
+// of a distance come to lie within their tolerances of the fix points, the distance between these
+// differs by less than the sum of both deviations. A choice that breaks this ends its whole branch,
+// which is what makes the search fast: of thousands of partners few keep two distances.
+//
+// The state between two calls is m_level with, for each level up to it, the partner to try next;
+// the order of the assignments is that of the partner lists, the last level running fastest.
+
 #include "stations/AssignmentSearch.h"
 
 #include <cmath>
@@ -36,6 +48,8 @@ bool AssignmentSearch::advance() {
   }
 }
 
+/// Whether a place, chosen on a level, keeps the distances to the places of all levels before it.
+/// Distances from the reference point are kept already: the partner lists were made by them.
 bool AssignmentSearch::keepsDistances(std::size_t level, FieldPlace place) const {
   const ENHPoint& fixPoint = m_field.point(place);
   const ENHPoint& measured = m_measured[indexOf(m_distances[level].to)];

@@ -13,6 +13,7 @@ namespace {
 using Eigen::Matrix3d;
 using Eigen::Vector3d;
 
+/// A right angle (rad).
 constexpr double kHalfPi = 1.5707963267948966;
 
 /// Heights above the base below this part of it are rounding: the triangle is a stick.
@@ -79,6 +80,8 @@ Drawn directionOfHeight(const Vector3d& base, double height, const Vector3d& box
 
 }  // namespace
 
+/// One step of splitmix64: the state grows by the odd number nearest to 2^64 over the golden ratio,
+/// and two rounds of shifting and multiplying mix its bits (Steele, Lea and Flood 2014).
 std::uint64_t FixedDraws::next() {
   m_state += 0x9E3779B97F4A7C15u;
   std::uint64_t z = m_state;
@@ -87,6 +90,7 @@ std::uint64_t FixedDraws::next() {
   return z ^ (z >> 31u);
 }
 
+/// The upper 53 bits fill the digits of a double in [0, 1).
 double FixedDraws::uniform(double low, double high) {
   return low + (high - low) * (static_cast<double>(next() >> 11u) * 0x1p-53);
 }
@@ -124,6 +128,8 @@ double samplePoses(const FigureTriangle& triangle, const Vector3d& box, double c
   const Matrix3d rotation = axes * triangle.axes.transpose();
   if (rotation(2, 2) < cosTilt) return 0.0;
 
+  // With its orientation settled, the triangle can be shifted by what its own extents leave of the
+  // box in each direction: the volume of these shifts is the last factor of the measure.
   const Vector3d end = triangle.base * base.direction;
   const Vector3d top = triangle.along * base.direction + triangle.height * height.direction;
   const Vector3d extents = end.cwiseMax(top).cwiseMax(0.0) - end.cwiseMin(top).cwiseMin(0.0);

@@ -1,3 +1,10 @@
+// The line along which the fix points are sorted runs through their centroid in the direction of
+// the eigenvector of the largest eigenvalue of sum (p - centroid) (p - centroid)^T, the first
+// principal component (Pearson 1901). Two points whose distance is d, and which are no more than w
+// apart square to the line, lie between sqrt(d^2 - w^2) and d apart along it. So the partners of a
+// point at the distance d are found in two stretches of the line, short ones where the
+// fix points lie near a line: in a tunnel w is some metres and d some tens.
+
 #include "stations/FixPointField.h"
 
 #include "stations/EigenPoints.h"
@@ -19,6 +26,7 @@ namespace {
 constexpr double kAbsoluteMargin = 1e-6;
 constexpr double kRelativeMargin = 1e-12;
 
+/// Places kept of points that coincide; the class comment says why two.
 constexpr std::size_t kMostCoincident = 2;
 
 bool isFinite(const ENHPoint& p) {
@@ -49,6 +57,7 @@ Line lineThrough(const Eigen::Matrix3Xd& points) {
   return line;
 }
 
+/// The finite ones of a list of points, with their indices there.
 struct FinitePoints {
   std::vector<std::size_t> indices;
   Eigen::Matrix3Xd columns;
@@ -67,6 +76,7 @@ FinitePoints finiteAmong(const std::vector<ENHPoint>& points) {
   return finite;
 }
 
+/// A point with its position along the line.
 struct Place {
   double along = 0.0;
   ENHPoint point;
@@ -129,6 +139,8 @@ FixPointField::FixPointField(const std::vector<ENHPoint>& points) {
   m_inIdOrder = inOrderOf(m_indices, points.size());
 }
 
+/// The margins widen what is searched by more than rounding can move a point along the line or
+/// change a squared distance; the exact comparison with the tolerance comes last.
 void FixPointField::appendPartners(FieldPlace place, double distance, double tolerance,
                                    std::vector<FieldPlace>& partners) const {
   const double least = std::max(distance - tolerance - m_margin, 0.0);

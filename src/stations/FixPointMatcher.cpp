@@ -1,3 +1,11 @@
+// The search for assignments goes through three sieves, each cheaper to pass than the next one.
+//
+// First, for each fix point as candidate of the reference point, the other measured points get as
+// partners the fix points at their distance, within the tolerance (PartnerLists). Next, the
+// combinations of partners that keep all other distances are walked through (AssignmentSearch).
+// What is left is fitted as a rigid body and compared with the tolerances (RigidPlacement). Only
+// the last decides; the first two leave out nothing that it would accept.
+
 #include "stations/FixPointMatcher.h"
 
 #include "stations/AssignmentSearch.h"
@@ -52,7 +60,7 @@ bool FixPointMatcher::matchAll() {
   startSearch();
   if (!hasRequiredPoints()) return false;
   const std::vector<PointDistance> distances = distancesFrom(MeasuredPoint{0});
-  // A point at no finite distance has no partner.
+  // A point that has no finite distance has no partner, so not all can be assigned.
   if (distances.size() + 1 < m_measured.size()) return false;
   PartnerLists partners = emptyPartnerLists();
   for (const FieldPlace candidate : m_field.placesInIdOrder()) {

@@ -55,6 +55,8 @@ Points alongLongestExtent(const Points& points) {
   for (const Vector3d& p : points) {
     spread += (p - centroid) * (p - centroid).transpose();
   }
+  // The principal axis of the moments in plan: tan(2 azimuth) = 2 [e n] / ([n n] - [e e]), with
+  // e and n the reduced east and north, makes the moment along the second axis the largest.
   const double azimuth = 0.5 * std::atan2(2.0 * spread(0, 1), spread(1, 1) - spread(0, 0));
   const double sine = std::sin(azimuth);
   const double cosine = std::cos(azimuth);

@@ -1,3 +1,18 @@
+// Plane similarity transformation in closed form (Wolf and Ghilani, Adjustment Computations, 1997,
+// two-dimensional conformal coordinate transformation).
+//
+//   (x, y)         local point (east, north) reduced to the centroid of the local points
+//   (X, Y)         global point reduced to the centroid of the global points
+//   a, b           scale times sine and cosine of the orientation, clockwise
+//   n, [..]        number of pairs, sum over them
+//
+//   X = b x + a y,  Y = b y - a x
+//   a = [X y - Y x] / [x^2 + y^2],  b = [X x + Y y] / [x^2 + y^2]
+//
+// Variances with the residuals v: s0^2 = [v v] / (2 n - 4), s0^2 / n for either coordinate of the
+// centroid, which is what is told of the station, s0^2 / [x^2 + y^2] for a and b. That of the
+// orientation is the latter over scale^2.
+
 #include "stations/Helmert2d.h"
 
 #include <cmath>
@@ -46,6 +61,7 @@ ENHPoint stationOf(const PlaneTransformation& t) {
                   t.globalCentroid.height - local.height);
 }
 
+/// What the transformed local points miss the global ones by.
 struct Residuals {
   double planSquares = 0.0;
   double heightMagnitudes = 0.0;
@@ -71,6 +87,7 @@ std::optional<StationSetup> fitHelmert2d(const PointPairs& pairs) {
   const PlaneTransformation t = transformationOf(pairs);
   const Residuals residuals = residualsOf(pairs, t);
   const auto count = static_cast<double>(pairs.size());
+  // Of two coordinates of each pair four unknowns take away four.
   const double sigma0 = std::sqrt(residuals.planSquares / (2.0 * count - 4.0));
   const double planStdDev = sigma0 * std::sqrt(1.0 / count);
 

@@ -1,3 +1,9 @@
+// Gauss-Newton iteration of the spatial similarity transformation. SpatialNormals holds the
+// equations of one step and the legend of their symbols; here is decided where to begin, when to
+// stop, and what is told of the result. The standard deviations are s0 times the roots of the
+// cofactors' diagonal, with s0^2 = (sum of the squared misclosures) / (3 n - 7) for n pairs: three
+// coordinates of each pair less seven unknowns.
+
 #include "stations/Helmert3d.h"
 
 #include "stations/MatrixPointsFit.h"

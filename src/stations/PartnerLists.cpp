@@ -16,6 +16,7 @@ void PartnerLists::restart(FieldPlace candidate) {
 
 bool PartnerLists::find(const PointDistance& toMeasured) {
   Range& range = m_ranges[indexOf(toMeasured.to)];
+  // All lists share one block of memory, which the candidates after this one use again.
   range.begin = m_places.size();
   m_field->appendPartners(m_candidate, toMeasured.distance, m_tolerance, m_places);
   range.end = m_places.size();

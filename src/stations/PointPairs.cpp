@@ -9,6 +9,7 @@ namespace Calculations {
 
 namespace {
 
+/// Whole numbers are subtracted from coordinates without rounding, as long as they are near.
 ENHPoint wholeMetres(const ENHPoint& p) {
   return ENHPoint(std::round(p.east), std::round(p.north), std::round(p.height));
 }

@@ -7,6 +7,8 @@ namespace Ruv {
 namespace Calculations {
 
 ResectionDiagnostics::ResectionDiagnostics(std::ostream& sink) : m_sink(sink) {
+  // The classic locale writes a point for the decimal sign whatever the program has set, and
+  // seventeen digits give every double back.
   if (!sink.good() || sink.rdbuf() == nullptr) return;
   m_text.emplace();
   m_text->imbue(std::locale::classic());

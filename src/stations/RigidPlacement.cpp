@@ -1,3 +1,18 @@
+// Accepting a rigid motion of measured points onto fix points.
+//
+//   m', f'         measured points and fix points, each reduced to their centroid
+//   R              a rotation; the motion is m -> R m' + centroid of the fix points
+//   d              deviations R m' - f', with components east, north and height
+//   tp, th         tolerances in plan, for east and north each, and in height
+//
+// A motion is accepted when |d| < tp in east and in north and |d| < th in height for every point,
+// and when the instrument is tilted by no more than allowed: the cosine of the tilt is the element
+// of R in row 3, column 3, as R carries the instrument's vertical axis there. The score of a motion
+// is the sum of d_east^2 + d_north^2 + 2 d_height^2.
+//
+// A rigid motion keeps distances. So the distance between two fix points differs from that of their
+// measured points by at most the sum of both deviations, each shorter than sqrt(2 tp^2 + th^2).
+
 #include "stations/RigidPlacement.h"
 
 #include <Calculations/Utilities.h>
@@ -32,7 +47,7 @@ Eigen::Matrix3d levelRotation(const Eigen::Matrix3Xd& measured, const Eigen::Mat
   return rotation;
 }
 
-/// The rotation that turns one vector onto the direction of another; nothing when they are
+/// The smallest rotation that turns one vector onto the direction of another; nothing when they are
 /// parallel, for want of an axis.
 std::optional<Eigen::Matrix3d> shortestTurn(const Eigen::Vector3d& from,
                                             const Eigen::Vector3d& to) {
@@ -77,6 +92,9 @@ std::optional<double> RigidPlacement::score(const Eigen::Matrix3Xd& measured,
   const Eigen::Matrix3Xd from = reducedToCentroid(measured);
   const Eigen::Matrix3Xd to = reducedToCentroid(fixPoints);
 
+  // A figure whose best rotation leaves it outside the tolerances is refused outright. The two
+  // other rotations are for figures that fit, but only with an instrument tilted more than is
+  // allowed, as a few points near a line may.
   const Eigen::Matrix3d best = MatrixPointsFit(measured, fixPoints).rotation();
   Eigen::Matrix3Xd deviations = best * from - to;
   if (!isWithinTolerances(deviations)) return std::nullopt;
@@ -93,7 +111,7 @@ std::optional<double> RigidPlacement::score(const Eigen::Matrix3Xd& measured,
 }
 
 bool RigidPlacement::isWithinTolerances(const Eigen::Matrix3Xd& deviations) const {
-  // Not-a-number is not within.
+  // Not-a-number is not within: comparisons with it are false.
   return (deviations.topRows<2>().array().abs() < m_planTolerance).all() &&
          (deviations.row(2).array().abs() < m_heightTolerance).all();
 }

@@ -1,3 +1,12 @@
+// Subsets of the measured points, largest first. The recursion decides for one point after the
+// other, in the order of measuring, whether it stays or is left out, and leaves out first: so the
+// subsets of one size come in the lexicographic order of the points left out.
+//
+// The first point of a subset is its reference. A fix point can only be the candidate of the
+// reference if it has a partner for each point that stays. missingFrom[i] counts the points from i
+// on for which it has none; as long as that is no more than may still be left out, the candidate is
+// carried along, and a branch without candidates is not entered at all.
+
 #include "stations/RobustDetermination.h"
 
 #include <algorithm>

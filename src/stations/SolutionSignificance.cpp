@@ -14,6 +14,7 @@ constexpr double kClearlyLargerScore = 0.01;
 /// Fix points up to this far apart (m) are one point under two ids.
 constexpr double kSamePlace = 0.001;
 
+/// Whether two solutions have put a measurement at the same place, or both have left it out.
 bool placesAlike(std::size_t a, std::size_t b, const std::vector<ENHPoint>& fixPoints) {
   if (a == kNotAssigned || b == kNotAssigned) return a == b;
   return (fixPoints[a] - fixPoints[b]).length() <= kSamePlace;

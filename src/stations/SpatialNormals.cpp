@@ -1,3 +1,26 @@
+// Normal equations of the adjustment global = t + m R local by Gauss-Newton steps (Mikhail and
+// Ackermann, Observations and Least Squares, 1976, chapter on the seven-parameter transformation).
+//
+//   t, m, R        translation, scale, rotation by the three angles
+//   p              the unknowns omega, phi, kappa and m, for which D_j = d(m R) / dp_j
+//   n              number of pairs
+//   c, G           centroids of the local and of the global points
+//   l', g'         local and global points reduced to them; their sums are zero
+//   w              misclosures g - t - m R l. Their mean is W = G - t - m R c, and what is left of
+//                  each is w' = g' - m R l'
+//   S              spread of the local points, the sum of l' l'^T
+//   C              the derivatives of the transformed centroid: its column j is D_j c
+//
+// As the reduced points sum to zero, the equations fall into two groups:
+//
+//   N dp = b       with N_ij = sum (D_i l').(D_j l') = sum of the elements of (D_i S) o D_j and
+//                  b_i = sum (D_i l').w' = sum of the elements of D_i o (sum w' l'^T)
+//   dt = W - C dp
+//
+// where o multiplies matrices element by element. The inverse of the seven equations has the blocks
+// N^-1 for p, -C N^-1 between t and p, and 1 / n + C N^-1 C^T for t. The sum of the squared
+// misclosures is n W^2 + sum w'^2.
+
 #include "stations/SpatialNormals.h"
 
 #include "stations/EigenPoints.h"
@@ -34,6 +57,7 @@ Eigen::Matrix3d spreadOf(const std::vector<Eigen::Vector3d>& vectors) {
   return spread;
 }
 
+/// The largest sum of magnitudes in a column.
 double norm1(const Eigen::Matrix4d& m) { return m.cwiseAbs().colwise().sum().maxCoeff(); }
 
 /// The normal matrix, scaled as if all columns of the design matrix had length 1.
@@ -85,6 +109,7 @@ SpatialNormals::SpatialNormals(const ReducedPairs& pairs, const SpatialParameter
   addMisclosures(pairs, scaledRotation);
 }
 
+/// N from the spread alone: (D_i l).(D_j l) is the sum of the elements of (D_i l l^T) o D_j.
 void SpatialNormals::setNormals(const Eigen::Matrix3d& spread) {
   for (std::size_t i = 0; i < 4; ++i) {
     const Eigen::Matrix3d spreadDerivative = m_derivatives[i] * spread;
@@ -125,6 +150,7 @@ std::optional<SpatialNormals::Vector7> SpatialNormals::solve() const {
 std::optional<SpatialNormals::Matrix7> SpatialNormals::cofactors() const {
   const auto inverse = inverseOfNormals(m_normals);
   if (!inverse) return std::nullopt;
+  // A turn about the centroid carries the instrument along on a lever as long as it is away.
   const Matrix34 lever = m_centroidDerivatives * *inverse;
   const Eigen::Matrix3d translation =
       Eigen::Matrix3d::Identity() / m_count + lever * m_centroidDerivatives.transpose();
@@ -134,6 +160,7 @@ std::optional<SpatialNormals::Matrix7> SpatialNormals::cofactors() const {
 }
 
 SpatialNormals::Matrix7 SpatialNormals::normalMatrix() const {
+  // The seven equations follow from the four by undoing the reduction to the centroid.
   const Matrix34 mixed = m_count * m_centroidDerivatives;
   const Eigen::Matrix4d turns = m_normals + m_centroidDerivatives.transpose() * mixed;
   Matrix7 matrix;

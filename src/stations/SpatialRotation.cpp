@@ -1,3 +1,13 @@
+// R = R_kappa R_phi R_omega, written out, with s and c for sine and cosine of an angle:
+//
+//   R_omega = (1 0 0 / 0 co so / 0 -so co)       about east
+//   R_phi   = (cp 0 -sp / 0 1 0 / sp 0 cp)       about north
+//   R_kappa = (ck sk 0 / -sk ck 0 / 0 0 1)       about the vertical, clockwise
+//
+// The derivative by omega takes the second column to minus the third and the third to the second,
+// for R_omega stands on the right; that by kappa takes the first row to the second and the second
+// to minus the first, for R_kappa stands on the left.
+
 #include "stations/SpatialRotation.h"
 
 #include <cmath>

@@ -19,6 +19,7 @@ StationPlacementImpl::StationPlacementImpl(const StationSetup& adjusted)
   Utilities::angleAsZeroToTwoPi(setup.orientation);
 }
 
+/// The vector from the instrument to a point: scale * R * local.
 ENHPoint StationPlacementImpl::fromStation(const ENHPoint& local) const {
   return asPoint(m_rotation * asVector(local * setup.scale));
 }
@@ -27,6 +28,7 @@ ENHPoint StationPlacementImpl::toGlobal(const ENHPoint& local) const {
   return setup.station + fromStation(local);
 }
 
+/// The inverse of a rotation is its transpose.
 ENHPoint StationPlacementImpl::toLocal(const ENHPoint& global) const {
   return asPoint(m_rotation.transpose() * asVector(global - setup.station)) / setup.scale;
 }

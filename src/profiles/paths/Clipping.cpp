@@ -1,3 +1,7 @@
+// What follows each operation of the clipper, and why in this order: outlines that share edges are
+// united, as the clipper may lead one along an edge twice; holes are cut open, as callers see
+// outlines only; and points that the grid has pushed onto each other are cleaned away last.
+
 #include "profiles/paths/Clipping.h"
 
 #include "profiles/paths/LineSimplification.h"
@@ -13,6 +17,7 @@ namespace Calculations {
 
 namespace {
 
+/// The clipper turns outlines anticlockwise and holes clockwise.
 bool hasHole(const ClipperLib::Paths& paths) {
   return std::any_of(paths.begin(), paths.end(),
                      [](const ClipperLib::Path& path) { return !ClipperLib::Orientation(path); });

@@ -15,7 +15,7 @@ namespace Calculations {
 /// are removed: just above sqrt(2), hence the diagonal neighbour too.
 constexpr double kCleaningDistanceUnits = 1.415;
 
-// Failure of all: that of FailsafeClipper.
+// All of them fail as FailsafeClipper does.
 
 /// These results are free of holes.
 /// @{

@@ -52,7 +52,7 @@ class FailsafeClipper : private ClipperLib::Clipper {
 
   /// The result with the same fill rule for subject and clip.
   ClipperLib::Paths outlines(ClipperLib::ClipType operation, ClipperLib::PolyFillType fill);
-  /// The same as a tree, in which open paths appear too. By the even-odd rule.
+  /// The result by the even-odd rule as a tree, in which open paths appear too.
   void writeTo(ClipperLib::PolyTree& tree, ClipperLib::ClipType operation);
 
  protected:

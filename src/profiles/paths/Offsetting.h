@@ -14,7 +14,7 @@
 namespace Ruv {
 namespace Calculations {
 
-/// In clipping units.
+/// An offset in clipping units.
 /// @throw ClippingFailure for a distance that is not finite: nothing is offset by it
 inline ClipperLib::cInt offsetUnits(double metres) {
   if (!std::isfinite(metres)) throw ClippingFailure();

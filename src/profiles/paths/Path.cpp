@@ -25,6 +25,8 @@ constexpr double kMostArcPieces = 100.0;
 /// A chord may exceed the diameter by this (m), one step of the grid, and still be a half circle.
 constexpr double kHalfCircleSlack = 1e-4;
 
+/// The arc as a segment. A chord that rounding to the grid has made longer than the diameter would
+/// have no arc, so the radius grows to half the chord.
 CChainSegment arcBetween(const Point2D& start, const Point2D& end, double radius) {
   const double chord = (end - start).length();
   const double excess = chord - 2.0 * std::abs(radius);
@@ -68,6 +70,7 @@ void appendArcTo(ClipperLib::Path& points, const Point2D& start, const Point2D& 
   const CChainSegment arc = arcBetween(start, end, radius);
   const int pieces = numPieces(arc.length);
   makeRoomFor(static_cast<std::size_t>(pieces) + 1, points);
+  // From the start on, which is so stored twice, but not to the end, which is appended as it is.
   for (int i = 0; i < pieces; ++i) {
     appendOnGrid(points, arc.at(i * (arc.length / pieces)).position);
   }

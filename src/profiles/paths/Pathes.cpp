@@ -28,6 +28,7 @@ Pathes::Pathes(const Path& path) : m_paths(1, path) {}
 Pathes::Pathes(const Pathes& other) = default;
 Pathes::~Pathes() = default;
 
+/// Copies before it changes anything, so that the list stays as it is when memory runs out.
 Pathes& Pathes::operator=(const Pathes& other) {
   std::vector<Path> copies = other.m_paths;
   m_paths.swap(copies);
@@ -70,6 +71,7 @@ double Pathes::linesLength() const {
   return sum;
 }
 
+/// The even-odd rule.
 bool Pathes::pointWithin(const Point2D& p) const {
   bool isWithin = false;
   for (const Path& path : m_paths) {

@@ -10,7 +10,7 @@
 namespace Ruv {
 namespace Calculations {
 
-/// Unlike Path::pointWithin true also on the outline.
+/// True inside an outline and, unlike Path::pointWithin, on it.
 bool isInsideOrOn(const Path& outline, const Point2D& p);
 
 }  // namespace Calculations

@@ -1,3 +1,11 @@
+// A polygon with holes becomes simple pieces by cutting its box along vertical lines: what lies
+// left of the line and what lies right of it are clipped out of it, and each half is cut again
+// while it has holes. The line runs through the middle of a hole, so the hole opens to the outside
+// on either side. Taking the hole in the middle of all halves the work with every cut.
+//
+// Before that every hole is given to the innermost outline that holds it, because the clipper hands
+// outlines and holes out in one list.
+
 #include "profiles/paths/RingCutting.h"
 
 #include "profiles/paths/FailsafeClipper.h"
@@ -15,6 +23,7 @@ namespace {
 
 using ClipperLib::cInt;
 
+/// A box with sides along the axes, in clipping units.
 struct Bounds {
   cInt left;
   cInt right;
@@ -118,6 +127,7 @@ bool areApart(const Bounds& a, const Bounds& b) {
   return a.left > b.right || b.left > a.right || a.bottom > b.top || b.bottom > a.top;
 }
 
+/// Area of what two outlines share, by clipping one with the other.
 double commonArea(const ClipperLib::Path& a, const ClipperLib::Path& b) {
   double area = 0.0;
   for (const Ring& ring : ringsWithin({a}, b)) {

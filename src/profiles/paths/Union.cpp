@@ -36,6 +36,8 @@ double signedArea(const ClipperLib::Paths& paths) {
   return area;
 }
 
+/// Repeats the union until the area stands still: what the clipper has led wrongly once mostly
+/// comes out right when it is united again, and the signed area tells.
 ClipperLib::Paths united(ClipperLib::Paths paths) {
   double area = signedArea(paths);
   for (int i = 0; i < kMostUnions; ++i) {
