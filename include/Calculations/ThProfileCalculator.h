@@ -41,8 +41,9 @@ class CALCULATIONS_EXPORT IProfileCalculator {
 ///
 /// Conventions: metres, x to the right, y up. Pictures: docs/conventions.md.
 /// Derolment: the place on the profile when its outline is unrolled, which is the length along it,
-///   positive clockwise from the crown, in [-C/2, C/2] for a circumference C. The crown is the highest point above the area's centroid, found on samples
-///   0.1 m apart, so on arcs it is good to a few micrometres.
+///   positive clockwise from the crown, in [-C/2, C/2] for a circumference C. The crown is the
+///   highest point above the area's centroid, found on samples 0.1 m apart, so on arcs it is good
+///   to a few micrometres.
 /// Distance: positive outside the profile, negative inside, whichever way round it was entered.
 /// Failure: nothing throws but std::bad_alloc. A profile without segments, or a point that is not
 ///   finite, gives zero results, the distance too, empty lists, or the largest double where a
