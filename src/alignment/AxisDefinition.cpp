@@ -187,6 +187,7 @@ bool AxisDefinition::addHoralSegmentClothoid(double stationing, double east, dou
 }
 
 bool AxisDefinition::addVeralPointKink(double stationing, double height) {
+  // The two heights of a shaft are kinks.
   const bool isOpenShaft = isShaftAxis() && m_impl->container.numVeral() < 2;
   if (!isTypeHoralVeral() && !isOpenShaft) return false;
   addVeralPoint(m_impl->container, CShapeType::VerticalKink, stationing, height, 0.0);
@@ -246,6 +247,7 @@ std::vector<Misclosure> AxisDefinition::misclosures() const {
   for (std::size_t i = 0; i < misclosures.size(); ++i) {
     const CHoralElement& before = *container.horalAt(i);
     const CHoralDefinition segment = container.definitionOf(*container.horalAt(i + 1));
+    // What the caller gave as start, beside what was stored as the end of the segment before.
     misclosures[i].distance =
         (segment.start - Point2D(before.getEast(), before.getNorth())).length();
     if (i == 0) continue;  // nothing leads to the first one
@@ -295,6 +297,7 @@ AxisDefinition* AxisDefinitionFactory::createShaftAxis(double east, double north
                                                        double stationingStart) {
   std::unique_ptr<AxisDefinition> axis(new AxisDefinition);
   axis->m_impl->axisType = AxisType::Shaft;
+  // Stationings grow along the shaft whichever way it runs, so its length has no sign.
   const double length = std::abs(heightEnd - heightStart);
   axis->addHoralSegmentStraight(stationingStart, east, north, 0.0, length);
   axis->addVeralPointKink(stationingStart, heightStart);

@@ -6,6 +6,7 @@ namespace Calculations {
 void AxisDefinitionImpl::stationingRange(double& minimum, double& maximum) const {
   minimum = 0.0;
   maximum = 0.0;
+  // A shaft has its range from its two heights; in plan it is a point.
   if (axisType == AxisType::Shaft) {
     if (container.numVeral() < 2) return;
     minimum = container.veralAt(0)->getStationing();

@@ -217,6 +217,8 @@ ENHPoint Utilities::transformLocalToGlobal(const PolarPoint& measurement, const 
   return transformLocalToGlobal(convertToLocalCoordinates(measurement), origin, orientation, scale);
 }
 
+/// With the orientation o, clockwise, and the scale k: e = (dE cos o - dN sin o) / k and
+/// n = (dE sin o + dN cos o) / k, where dE and dN count from the origin.
 ENHPoint Utilities::transformGlobalToLocal(const ENHPoint& global, const ENHPoint& origin,
                                            double orientation, double scale) {
   const double c = std::cos(-orientation);
@@ -230,6 +232,7 @@ ENHPoint Utilities::transformGlobalToLocal(const ENHPoint& global, const ENHPoin
 double Utilities::calculateOrientationFromBacksight(const PolarPoint& measurement, double offset,
                                                     double bearing, bool reversed) {
   const bool isSecondFace = measurement.verticalAngle > kPi;
+  // In the second face the circle reads half a turn more.
   const double direction = measurement.horizontalAngle + (isSecondFace ? kPi : 0.0);
   const double target = bearing + (reversed ? kPi : 0.0);
   double orientation = target - direction + offset;

@@ -69,6 +69,7 @@ GuidanceVectorDefinition* GuidanceVectorFactory::createAsStraightFromPairOfAxisC
     const boost::shared_ptr<const AxisDefinition>& axis, const AxisPoint& first,
     const AxisPoint& second, bool perpendicular, bool withTransSlope) {
   const AxisCalculator calculator(axis);
+  // The difference of the two places in the grid, turned into the frame of the axis at the first.
   const ENHPoint along = gridPointOf(calculator, second, perpendicular, withTransSlope) -
                          gridPointOf(calculator, first, perpendicular, withTransSlope);
   const AxisAttitude attitude(calculator, first.stationing);

@@ -48,6 +48,7 @@ void ProfileFilters::addAngles(double startAngle, double endAngle, const Point2D
   set(areSet() ? m_set->limits : Limits(), std::move(angles));
 }
 
+/// A point on the border of the rectangle is excluded, and so is one on that of a wedge.
 bool ProfileFilters::excludes(const Point2D& p) const {
   if (!areSet()) return false;
   const std::vector<Path>& wedges = m_set->wedges.paths();

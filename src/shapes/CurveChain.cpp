@@ -1,3 +1,9 @@
+// Projection onto a chain. A point has its foot either inside a segment, where the ray to it stands
+// square to the segment, or on the end of one; every segment offers its foot, or else its nearer
+// end, and the nearest offer counts. Inside a segment the ray lies on the normal, so its signed
+// length is the lateral of the segment, turned outwards. At an end it may point anywhere between
+// two normals.
+
 #include "shapes/CurveChain.h"
 
 #include "shapes/Nearest.h"
@@ -160,6 +166,7 @@ bool CCurveChain::isClosed() const {
   return (m_nodes.front().point - m_nodes.back().point).length() <= kClosedDistance;
 }
 
+/// Walks back over nodes that repeat, at most once round the chain.
 const CChainSegment* CCurveChain::segmentBefore(std::size_t node) const {
   const std::size_t count = m_segments.size();
   for (std::size_t i = 0; i < count; ++i) {
@@ -170,6 +177,7 @@ const CChainSegment* CCurveChain::segmentBefore(std::size_t node) const {
   return nullptr;
 }
 
+/// Walks on over nodes that repeat, at most once round the chain.
 const CChainSegment* CCurveChain::segmentAfter(std::size_t node) const {
   const std::size_t count = m_segments.size();
   for (std::size_t i = 0; i < count; ++i, ++node) {
@@ -196,6 +204,7 @@ std::optional<Point2D> CCurveChain::pointAt(double station) const {
       std::lower_bound(m_nodes.begin() + 1, m_nodes.end(), station,
                        [](const CChainNode& node, double value) { return node.station < value; });
   if (end == m_nodes.end()) return std::nullopt;
+  // Nodes are given back as they were stored, without the rounding of an evaluation.
   if (station == end->station) return end->point;
   const auto index = static_cast<std::size_t>(end - m_nodes.begin()) - 1;
   const CChainSegment& segment = m_segments[index];

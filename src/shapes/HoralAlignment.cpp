@@ -78,6 +78,7 @@ CHoralAlignment::CHoralAlignment(double startStationing,
   findWedges();
 }
 
+/// A wedge opens between two segments that follow each other, elements of length zero passed over.
 void CHoralAlignment::findWedges() {
   std::size_t before = m_segments.size();  // none yet
   for (std::size_t i = 0; i < m_segments.size(); ++i) {
@@ -132,6 +133,8 @@ std::optional<CAlignmentFoot> CHoralAlignment::project(const Point2D& p) const {
   return nearestCorner(p);
 }
 
+/// Visits the segments whose boxes are near, in any order: the index orders equally near feet as
+/// the walk along the alignment would.
 std::optional<CAlignmentFoot> CHoralAlignment::nearestFoot(const Point2D& p) const {
   CNearestFoot<CAlignmentFoot> nearest;
   const auto look = [&](std::size_t index) {
@@ -155,6 +158,7 @@ std::optional<CAlignmentFoot> CHoralAlignment::nearestFoot(const Point2D& p) con
   return nearest.chosen();
 }
 
+/// A walk over all segments, as a corner is told by the reports of two neighbours.
 std::optional<CAlignmentFoot> CHoralAlignment::nearestCorner(const Point2D& p) const {
   CNearest<CAlignmentFoot> nearest;
   CFootReport before = CFootReport::Unknown;

@@ -22,6 +22,10 @@ void CShapeList<Element>::reset() {
   m_numLinked = 0;
 }
 
+// The elements before m_numLinked are sorted and linked. As long as callers only append, and mostly
+// in order of stationing, each added element finds its place by halving and moves pointers only
+// where it belongs before the end. When a setter was used nothing is known any more, and all are
+// sorted.
 template <class Element>
 void CShapeList<Element>::sortAndLinkAdded() {
   if (m_numLinked == 0) {
@@ -157,6 +161,7 @@ bool CShapeContainer::positionAt(double stationing, CAlignmentPosition& result) 
   return position.has_value();
 }
 
+/// A segment leads from the element before it to its own; the first element is a start point only.
 std::vector<CHoralSegmentData> CShapeContainer::horalSegments() const {
   std::vector<CHoralSegmentData> segments;
   if (m_horal.size() < 2) return segments;
@@ -196,6 +201,7 @@ const CAxisGeometry& CShapeContainer::geometry() const {
   return m_geometry.get([this] { return derivedGeometry(); });
 }
 
+/// Everything that calculations need of the elements, worked out at once.
 CAxisGeometry CShapeContainer::derivedGeometry() const {
   CAxisGeometry geometry;
   if (m_horal.size() > 0) {

@@ -111,6 +111,8 @@ std::optional<CHeightAndGrade> CVeralAlignment::at(double stationing) const {
   return m_pieces[index].curve.at(stationing);
 }
 
+/// The lengths of all pieces before, and of the own piece as far as the stationing. Beyond the
+/// points the axis goes on level, so a metre of stationing is a metre of length.
 double CVeralAlignment::lengthAt(double stationing) const {
   if (m_pieces.empty()) return std::numeric_limits<double>::quiet_NaN();
   if (stationing < m_first) return stationing - m_first;

@@ -34,6 +34,8 @@ bool FixPointMatcher::hasRequiredPoints() const {
   return m_fixPointCount >= requiredPoints() && m_measured.size() >= requiredPoints();
 }
 
+/// Points whose partners are found on the shortest stretch of the field come first: a candidate
+/// that lacks a partner is then given up soonest.
 std::vector<PointDistance> FixPointMatcher::distancesFrom(MeasuredPoint reference) const {
   std::vector<PointDistance> distances;
   distances.reserve(m_measured.size());
@@ -142,6 +144,7 @@ void FixPointMatcher::fitAssignment(const std::vector<PointDistance>& distances,
   m_solutions.push_back(std::move(solution));
 }
 
+/// Equal scores stay in the order of the search, that of the ids.
 bool FixPointMatcher::rankSolutions() {
   std::stable_sort(
       m_solutions.begin(), m_solutions.end(),

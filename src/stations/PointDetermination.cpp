@@ -45,6 +45,8 @@ class PointDeterminationImpl {
   std::vector<MatchedSolution> solutions;
   Circumstances ofFirstSolution;
 
+  /// The matcher counts fix points in the order of their ids, so that equally good solutions come
+  /// out in an order that does not depend on that of adding fix points.
   template <class Search>
   bool determine(const Search& search) {
     const std::vector<std::size_t> idOrder = fixPoints.indicesInIdOrder();
@@ -73,6 +75,7 @@ class PointDeterminationImpl {
     return points;
   }
 
+  /// Back from the order of the ids to that of adding, which the ids are looked up by.
   void appendSolutions(std::vector<MatchedSolution> found,
                        const std::vector<std::size_t>& idOrder) {
     makeRoomFor(found.size(), solutions);  // all of them or none

@@ -42,6 +42,7 @@ PointPairs pairMeasurementsWithFixPoints(const MeasurementMap& measurements,
   return pairs;
 }
 
+/// The sum is that of differences from the first point, which are small and often exact.
 ENHPoint centroidOf(const std::vector<ENHPoint>& points) {
   if (points.empty()) return ENHPoint();
   const ENHPoint& first = points.front();

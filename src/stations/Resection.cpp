@@ -25,6 +25,7 @@ namespace {
 /// Three ids are needed to find a tilt.
 constexpr std::size_t kFewestIdsInSpace = 3;
 
+/// Takes 16-bit units one by one: ids are compared, never shown, so surrogate pairs need no care.
 template <class Unit>
 std::wstring widened(const std::basic_string<Unit>& id) {
   return std::wstring(id.begin(), id.end());

@@ -49,6 +49,7 @@ bool areInRange(const PathViews& paths) {
   return std::all_of(paths.begin(), paths.end(), isInRange);
 }
 
+/// The nearest integer to value / divisor, halves upwards.
 cInt roundedQuotient(cInt value, cInt divisor) {
   const cInt rest = value % divisor;
   return value / divisor + static_cast<cInt>(2 * rest >= divisor) -
@@ -85,6 +86,8 @@ ClipperLib::Paths clipped(const PathViews& lines, const PathViews& area) {
 }
 
 ClipperLib::Paths clippedWithoutLevelEnds(const PathViews& lines, const PathViews& area) {
+  // Sheared, y' = 4096 y + x: a level edge rises by what it runs. Only lines with a level end need
+  // it, and only coordinates within the grid stay in the range of the clipper.
   const bool needShear =
       std::any_of(lines.begin(), lines.end(), hasLevelEnd) && areInRange(lines) && areInRange(area);
   if (!needShear) return clipped(lines, area);
