@@ -19,7 +19,7 @@ namespace Calculations {
 /// Cost: see FittingHelper.
 /// @snippet snippets/Profiles.cpp FittingHelper
 struct FittingMethod {
-  /// The fit.
+  /// Tells which fit it is.
   enum Method : std::int32_t {
     CircleLegacy = 0,               ///< damped Gauss-Newton on squared distances
     CircleKasa = 1,                 ///< algebraic least squares

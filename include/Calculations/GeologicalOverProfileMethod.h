@@ -17,7 +17,7 @@ namespace Calculations {
 /// Cost: see MeasuredProfileCalculator.
 /// @snippet snippets/Profiles.cpp GeologicalOverProfileMethod
 struct GeologicalOverProfileMethod {
-  /// The band.
+  /// Tells which band it is.
   enum Method : std::int32_t {
     GeologicalBandFromReference = 0,  ///< the band from the reference out to a
     GeologicalBandBetweenLimits = 1,  ///< the band from b to a

@@ -44,10 +44,10 @@ class GuidanceCalculatorImpl;
 /// @snippet snippets/Guidance.cpp GuidanceCalculator
 class CALCULATIONS_EXPORT GuidanceCalculator {
  public:
-  /// On an axis.
+  /// Guides on an axis.
   GuidanceCalculator(const boost::shared_ptr<const GuidanceVectorDefinition>& vector,
                      const boost::shared_ptr<const AxisDefinition>& axis, bool perpendicular);
-  /// On the block's own axis.
+  /// Guides on the block's own axis.
   GuidanceCalculator(const boost::shared_ptr<const GuidanceVectorDefinition>& vector,
                      const boost::shared_ptr<const BlockAxisDefinition>& block, bool perpendicular);
   GuidanceCalculator(const GuidanceCalculator&) = delete;

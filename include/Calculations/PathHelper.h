@@ -41,13 +41,13 @@ class CALCULATIONS_EXPORT PathHelper {
   static double fromClipperLibUnits(ClipperLib::cInt v);
   /// Converts to square metres.
   static double fromClipperLibArea(double a);
-  /// Both coordinates by asClipperLibUnits.
+  /// Converts both coordinates as asClipperLibUnits does.
   static ClipperLib::IntPoint asClipperLibPoint(const Point2D& p);
-  /// Both coordinates to metres.
+  /// Converts both coordinates to metres.
   static Point2D fromClipperLibPoint(ClipperLib::IntPoint p);
   /// @}
 
-  /// True strictly inside.
+  /// True for a point strictly inside the path.
   static bool pointInPath(const ClipperLib::Path& path, ClipperLib::IntPoint p);
 
   /// @name Representations
@@ -71,7 +71,7 @@ class CALCULATIONS_EXPORT PathHelper {
   /// Both ends stay; what else is left out lies within twice the tolerance of the result. For any
   /// 64-bit coordinates. O(n).
   static ClipperLib::Path simplyfyLine(const ClipperLib::Path& line, double tolerance);
-  /// simplyfyLine for each.
+  /// Simplifies each of the lines.
   static ClipperLib::Paths simplyfyLines(const ClipperLib::Paths& lines, double tolerance);
 
   /// Cuts outlines that hold holes, which have the opposite orientation, into simple pieces whose

@@ -32,11 +32,11 @@ class CALCULATIONS_EXPORT PathSegment {
   PathSegment& operator=(const PathSegment& other);
   virtual ~PathSegment();
 
-  /// Its end.
+  /// The point where the segment ends.
   Point2D point() const;
   /// 0 for a straight.
   double radius() const;
-  /// Whether it was given a radius.
+  /// Whether the segment was given a radius.
   bool isArc() const;
 
  private:
@@ -151,9 +151,9 @@ class CALCULATIONS_EXPORT Pathes {
   double area() const;
   /// Sum of the lengths. Not-a-number after a clipping that has failed.
   double linesLength() const;
-  /// Inside an odd number of the paths.
+  /// True inside an odd number of the paths.
   bool pointWithin(const Point2D& p) const;
-  /// That of the first path that the line meets. @return false, hit unchanged, when there is none
+  /// Looks for the first path that the line meets. @return false, hit unchanged, for none
   bool firstIntersectionWithLine(const Point2D& a, const Point2D& b, Point2D& hit) const;
 
   /// The common area of a and b.

@@ -119,13 +119,13 @@ class PointBase : public PointComponents<T> {
 
   /// Sum.
   T operator+(const T& q) const { return T(c0() + q.c0(), c1() + q.c1(), c2() + q.c2()); }
-  /// Difference.
+  /// The difference of two.
   T operator-(const T& q) const { return T(c0() - q.c0(), c1() - q.c1(), c2() - q.c2()); }
-  /// Multiple.
+  /// A multiple of it.
   T operator*(double s) const { return T(c0() * s, c1() * s, c2() * s); }
   /// Divides each component.
   T operator/(double s) const { return T(c0() / s, c1() / s, c2() / s); }
-  /// Opposite.
+  /// The opposite vector.
   T operator-() const { return T(-c0(), -c1(), -c2()); }
 
   /// Adds in place.

@@ -17,7 +17,7 @@ namespace Ruv {
 /// Cost: constant.
 /// @snippet snippets/Axes.cpp CHoralElement
 struct CShapeType {
-  /// The id.
+  /// Tells which kind of element it is.
   enum Id : std::int32_t {
     Untyped = 0,
     StartPoint = 1,

@@ -46,7 +46,7 @@ CConversionOptions conversionOptions(bool perpendicular, bool withTransSlope) {
 
 bool isShaft(const AxisDefinitionImpl& axis) { return axis.axisType == AxisType::Shaft; }
 
-/// Not-a-number is out of range.
+/// A stationing that is not a number is out of range.
 bool isInRange(const AxisDefinitionImpl& axis, double stationing) {
   double minimum = 0.0;
   double maximum = 0.0;

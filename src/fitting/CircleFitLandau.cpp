@@ -76,7 +76,7 @@ FittingResult FittingHelper::circleFitLandau(const std::vector<Point2D>& points)
     constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
     return FittingResult(FittingMethod::CircleLandau, Point2D(kNan, kNan), kNan);
   }
-  // Cramer's rule.
+  // The two equations are solved by Cramer's rule.
   const double det = yy * xx - xy * xy;
   const double a = (x * yy - y * xy) / det;
   const double b = (y * xx - x * xy) / det;

@@ -81,7 +81,7 @@ double determinant(const Column& u, const Column& v, const Column& w) {
          w[0] * (u[1] * v[2] - v[1] * u[2]);
 }
 
-/// Cramer's rule.
+/// Solves the equations by Cramer's rule.
 Circle stepOf(const NormalEquations& equations) {
   const auto& [c0, c1, c2] = equations.columns;
   const Column& g = equations.rightSide;
@@ -100,7 +100,7 @@ bool isLost(const Circle& circle) {
   return std::isnan(circle.a) && std::isnan(circle.b) && std::isnan(circle.r);
 }
 
-/// Not-a-number for no points.
+/// The mean of the points; not-a-number when there are none.
 Point2D centroidOf(const std::vector<Point2D>& points) {
   constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
   if (points.empty()) return Point2D(kNan, kNan);

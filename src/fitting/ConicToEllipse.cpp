@@ -24,7 +24,7 @@ namespace Calculations {
 
 namespace {
 
-/// Negative for the square of an imaginary semi-axis.
+/// The semi-axis is negative where its square is, which is that of an imaginary one.
 double semiAxisFromSquare(double square) {
   return std::copysign(std::sqrt(std::abs(square)), square);
 }

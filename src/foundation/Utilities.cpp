@@ -331,7 +331,7 @@ AxisPoint Utilities::getGuidanceVectorFromFrontAndSideViewAngles(double front, d
 bool Utilities::angleIsZero(double angle) { return std::abs(angle) < kAngleTolerance; }
 
 bool Utilities::angleIsZeroOrMultipleOfPi(double angle) {
-  // Not normalised first: 2 pi and 3 pi do not count, and callers know it.
+  // The angle is not normalised first: 2 pi and 3 pi do not count, whatever the name says.
   return angleIsZero(angle) || std::abs(std::abs(angle) - kPi) < kAngleTolerance;
 }
 

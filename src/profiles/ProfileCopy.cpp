@@ -23,7 +23,7 @@ double radiusAt(const IProfileSegmentProvider& profile, unsigned int i) {
   return i > 0 ? profile.getSegmentRadiusAt(i - 1) : 0.0;
 }
 
-/// Not-a-number equals itself.
+/// Unlike ==, takes not-a-number for equal to itself: a profile that holds one has not changed.
 bool isSame(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
 bool isSame(const Point2D& a, const Point2D& b) { return isSame(a.x, b.x) && isSame(a.y, b.y); }
 

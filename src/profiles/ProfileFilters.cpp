@@ -73,7 +73,7 @@ Path ProfileFilters::rectangleOf(const Limits& limits) {
                      true);
 }
 
-/// A triangle, not a sector.
+/// The wedge is a triangle, not a sector: its outer side is a chord.
 Path ProfileFilters::wedgeOf(const AngleFilter& filter) {
   const auto corner = [&](double bearing) {
     return filter.centre + Point2D(std::sin(bearing), std::cos(bearing)) * kReach;

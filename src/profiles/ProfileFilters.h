@@ -22,7 +22,7 @@ class ProfileFilters {
  public:
   /// Replaces the limit of this kind; one that is not a number removes it.
   void set(LineFilter kind, double limit);
-  /// Without effect unless all values are finite.
+  /// Has no effect unless all values are finite.
   void addAngles(double startAngle, double endAngle, const Point2D& centre);
   void reset() { m_set.reset(); }
 

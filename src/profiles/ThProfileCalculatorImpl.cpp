@@ -136,7 +136,7 @@ std::vector<double> ThProfileCalculatorImpl::sortedRawDerolmentsOfVertices() con
     const double derolment = rawDerolmentOf(foot ? foot->station : nodes[i].station);
     if (!std::isnan(derolment)) derolments.push_back(derolment);
   }
-  // Those of a clockwise profile mostly are in order.
+  // The derolments of a clockwise profile mostly are in order.
   if (!std::is_sorted(derolments.begin(), derolments.end())) {
     std::sort(derolments.begin(), derolments.end());
   }

@@ -17,10 +17,10 @@ namespace {
 /// that a circle of two half arcs turns clockwise whatever its last bits.
 constexpr double kReversalTolerance = 1e-12;
 
-/// Clockwise from +y.
+/// The bearing of a vector, clockwise from +y.
 double bearing(const Point2D& v) { return kHalfPi - std::atan2(v.y, v.x); }
 
-/// In (-pi, pi].
+/// The change from one bearing to another, in (-pi, pi].
 double turning(double fromBearing, double toBearing) {
   double angle = toBearing - fromBearing;
   if (angle > kPi) angle -= kTwoPi;

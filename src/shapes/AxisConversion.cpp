@@ -69,7 +69,7 @@ double transSlopeAt(const CAxisGeometry& axis, double stationing,
   }
 }
 
-/// Not-a-number is out of range.
+/// A stationing that is not a number is out of range.
 bool isInRange(const CAxisGeometry& axis, double stationing) {
   return axis.isComplete && stationing >= axis.minimumStationing &&
          stationing <= axis.maximumStationing;

@@ -23,7 +23,7 @@ struct CHalfTurning {
 /// @param size magnitude of the radius
 CHalfTurning halfTurningOf(double halfChord, double size) {
   if (halfChord > size && halfChord - size <= kHalfCircleExcess * size) return {1.0, 0.0};
-  // Not-a-number when the chord exceeds the diameter.
+  // The cosine is not a number when the chord exceeds the diameter.
   return {halfChord / size, std::sqrt((size - halfChord) * (size + halfChord)) / size};
 }
 

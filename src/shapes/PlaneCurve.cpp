@@ -108,7 +108,7 @@ CPlaneCurve CPlaneCurve::drifting(const Point2D& drift) const {
   return curve;
 }
 
-/// Not-a-number turns too much as well.
+/// A turning that is not a number is too much as well.
 bool CPlaneCurve::turnsTooMuch() const {
   const double sharpest =
       std::max(std::abs(m_curvatureStart), std::abs(m_curvatureStart + m_curvatureChange));

@@ -28,7 +28,7 @@ constexpr double kLargestCurveTurning = 100.0;
 /// Source: Bertolazzi and Frego, G1 fitting with clothoids (2015), for the three evaluations.
 class CPlaneCurve {
  public:
-  /// Not defined.
+  /// Constructs a curve that is not defined.
   CPlaneCurve() = default;
 
   static CPlaneCurve straight(double length);

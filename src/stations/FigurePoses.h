@@ -16,9 +16,9 @@ namespace Calculations {
 /// (Steele, Lea and Flood 2014) from a fixed state.
 class FixedDraws {
  public:
-  /// In [low, high).
+  /// A number in [low, high).
   double uniform(double low, double high);
-  /// In [0, count).
+  /// An index in [0, count).
   std::size_t index(std::size_t count);
 
  private:

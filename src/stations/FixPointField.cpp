@@ -47,7 +47,7 @@ Line lineThrough(const Eigen::Matrix3Xd& points) {
   const Eigen::Vector3d origin = first + (points.colwise() - first).rowwise().mean();
   const Eigen::Matrix3Xd reduced = points.colwise() - origin;
   const Eigen::Matrix3d spread = reduced * reduced.transpose();
-  // Of absurdly large coordinates the squares overflow. Any line will do then.
+  // The squares of absurdly large coordinates overflow. Any line will do then.
   if (!spread.allFinite()) return {};
   Line line;
   line.origin = origin;

@@ -87,7 +87,7 @@ std::optional<StationSetup> fitHelmert2d(const PointPairs& pairs) {
   const PlaneTransformation t = transformationOf(pairs);
   const Residuals residuals = residualsOf(pairs, t);
   const auto count = static_cast<double>(pairs.size());
-  // Of two coordinates of each pair four unknowns take away four.
+  // Each pair gives two observations; the four unknowns take away four.
   const double sigma0 = std::sqrt(residuals.planSquares / (2.0 * count - 4.0));
   const double planStdDev = sigma0 * std::sqrt(1.0 / count);
 

@@ -66,7 +66,7 @@ Eigen::MatrixXd rotationFrom(const Eigen::MatrixXd& crossCovariance) {
 
 Eigen::MatrixXd properRotation(const Eigen::MatrixXd& crossCovariance) {
   const Eigen::Index dimension = crossCovariance.rows();
-  // Of a matrix that is not finite the decomposition leaves its factors unset.
+  // The decomposition leaves its factors unset for a matrix that is not finite.
   if (!crossCovariance.allFinite()) {
     return Eigen::MatrixXd::Constant(dimension, dimension,
                                      std::numeric_limits<double>::quiet_NaN());

@@ -16,7 +16,7 @@ namespace Calculations {
 
 namespace {
 
-/// Not-a-number for what stands for a clipping that has failed.
+/// A sum starts with not-a-number where the paths stand for a clipping that has failed.
 double startOfSum(const Pathes& paths) {
   return PathImpl::isFailure(paths) ? std::numeric_limits<double>::quiet_NaN() : 0.0;
 }
@@ -71,7 +71,7 @@ double Pathes::linesLength() const {
   return sum;
 }
 
-/// The even-odd rule.
+/// Counts by the even-odd rule.
 bool Pathes::pointWithin(const Point2D& p) const {
   bool isWithin = false;
   for (const Path& path : m_paths) {
