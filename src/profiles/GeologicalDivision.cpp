@@ -3,8 +3,8 @@
 //   1. The reference, offset outwards by the outer limit, is the line that only geology passes.
 //   2. Where that line runs inside the excavation, a band as wide as the outer limit to both sides
 //      marks what lies near it.
-//   3. The parts of the band's centre line inside it, widened by half the band's width, are the
-//   band.
+//   3. The parts of the band's centre line inside it, widened by half the band's width, make the
+//      band.
 //   4. Geological are the band and what lies beyond the outer limit; what remains lies within the
 //      outer limit and outside the reference and the band.
 //

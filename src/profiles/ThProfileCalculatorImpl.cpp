@@ -1,8 +1,7 @@
 // A profile has three coordinates along it.
 //
 //   station        length from the first node in the order of the segments
-//   raw derolment  length from the first node in the clockwise sense: r = s for a clockwise
-//   profile,
+//   raw derolment  length from the first node in the clockwise sense: r = s for a clockwise one,
 //                  r = C - s for an anticlockwise one of circumference C
 //   derolment      what callers see: d = r - r0 with the raw derolment r0 of the crown, moved by C
 //                  into [-C/2, C/2]

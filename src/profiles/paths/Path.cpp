@@ -18,9 +18,9 @@ namespace Calculations {
 
 namespace {
 
-/// Length (m) of the pieces of an arc, and the most pieces it gets. A piece of 1 cm strays s^2 / (8
-/// R) from its arc, 2.5 um for 5 m, which is below the grid. Arcs longer than 1 m get longer
-/// pieces: those of a half circle of 5 m stray by 0.6 mm.
+/// Length (m) of the pieces of an arc, and the most pieces it gets. A piece of s = 1 cm strays by
+/// s^2 / (8 R) from its arc, 2.5 um for 5 m, which is below the grid. Arcs longer than 1 m get
+/// longer pieces: those of a half circle of 5 m stray by 0.6 mm.
 constexpr double kArcPiece = 0.01;
 constexpr double kMostArcPieces = 100.0;
 
