@@ -29,8 +29,13 @@ if(CALCULATIONS_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
-option(CALCULATIONS_COVERAGE "Instrument for coverage" OFF)
+option(CALCULATIONS_COVERAGE "Count the lines and branches that are reached, with clang" OFF)
 if(CALCULATIONS_COVERAGE)
-  add_compile_options(--coverage)
-  add_link_options(--coverage)
+  add_compile_options(-fprofile-instr-generate -fcoverage-mapping)
+  add_link_options(-fprofile-instr-generate)
 endif()
+
+# Tests are built more often than they run, and it is the library's speed that they wait for.
+add_library(CalculationsTestOptions INTERFACE)
+target_compile_options(CalculationsTestOptions INTERFACE $<$<CONFIG:Release>:-O1>)
+target_link_libraries(CalculationsTestOptions INTERFACE CalculationsCompileOptions)
