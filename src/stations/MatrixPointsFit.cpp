@@ -47,8 +47,8 @@ Eigen::Matrix3d mostUpright(const Eigen::Matrix3d& rotation, const Eigen::Vector
 template <int dimension>
 Eigen::MatrixXd rotationFrom(const Eigen::MatrixXd& crossCovariance) {
   using Matrix = Eigen::Matrix<double, dimension, dimension>;
-  const Eigen::JacobiSVD<Matrix> svd(Matrix(crossCovariance),
-                                     Eigen::ComputeFullU | Eigen::ComputeFullV);
+  const Eigen::JacobiSVD<Matrix, Eigen::NoQRPreconditioner> svd(
+      Matrix(crossCovariance), Eigen::ComputeFullU | Eigen::ComputeFullV);
   Matrix v = svd.matrixV();
   Matrix rotation = v * svd.matrixU().transpose();
   if (rotation.determinant() < 0.0) {
@@ -72,7 +72,6 @@ Eigen::MatrixXd properRotation(const Eigen::MatrixXd& crossCovariance) {
                                      std::numeric_limits<double>::quiet_NaN());
   }
   if (dimension == 3) return rotationFrom<3>(crossCovariance);
-  if (dimension == 2) return rotationFrom<2>(crossCovariance);
   return rotationFrom<Eigen::Dynamic>(crossCovariance);
 }
 
@@ -84,8 +83,9 @@ MatrixPointsFit::MatrixPointsFit(const Points& pointsToMatch, const Points& cand
   }
   const Eigen::VectorXd from = centroidOf(pointsToMatch);
   const Eigen::VectorXd to = centroidOf(candidates);
-  m_rotation =
-      properRotation((pointsToMatch.colwise() - from) * (candidates.colwise() - to).transpose());
+  // Row by row: the blocked product for large matrices takes as long to compile as all the rest.
+  m_rotation = properRotation(
+      (pointsToMatch.colwise() - from).lazyProduct((candidates.colwise() - to).transpose()));
   m_translation = to - m_rotation * from;
 }
 
