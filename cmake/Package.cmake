@@ -44,4 +44,13 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/src)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION "${abilities}
 The programs tunnel_survey and free_station.")
+
+# Where Debian looks for the licences of a package.
+foreach(component Runtime Development Tools)
+  string(TOUPPER ${component} key)
+  if(component IN_LIST CPACK_COMPONENTS_ALL)
+    install(FILES cmake/copyright COMPONENT ${component}
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${key}_PACKAGE_NAME})
+  endif()
+endforeach()
 include(CPack)
