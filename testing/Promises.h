@@ -11,7 +11,6 @@ namespace Promise {
 constexpr double kGridPoint = 1e-9;  ///< also there and back
 constexpr double kAzimuth = 1e-12;
 constexpr double kAxisPoint = 1e-8;  ///< stationing and offset of a grid point
-constexpr double kPrinted = 0.005;   ///< misclosures that are printing errors, see AxisDefinition
 constexpr double kLimitRoom = 1e-7;  ///< a stationing that far outside counts as the limit
 
 // Profiles, see ThProfileCalculator, MeasuredProfileCalculator and Paths.
@@ -19,7 +18,6 @@ constexpr double kProfilePoint = 1e-10;
 constexpr double kDerolment = 1e-5;
 constexpr double kDerolmentBack = 1e-9;
 constexpr double kClippingGrid = 1e-4;  ///< areas are good to that times the circumference
-constexpr double kMorphedProfile = 1e-9;
 
 // Fits, as a part of the size, see FittingHelper.
 constexpr double kFit = 1e-10;
@@ -27,7 +25,6 @@ constexpr double kLegacyCircle = 1e-5;  ///< m
 
 // Stations, see Resection.
 constexpr double kStation = 1e-9;
-constexpr double kOrientation = 1e-12;
 constexpr double kScale = 1e-12;
 constexpr double kStdDev = 1e-6;  ///< relative
 

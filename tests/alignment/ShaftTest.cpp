@@ -12,7 +12,7 @@ namespace {
 using namespace Ruv::Calculations;
 using namespace TestSupport;
 
-TEST(ShaftConversion, GoesStraightDownOrUp) {
+TEST(Shaft, GoesStraightDownOrUp) {
   const struct {
     double start, end, east, height, azimuth, slope;
   } cases[] = {{500, 460, 1001, 490, 0, -kPi / 2}, {460, 500, 999, 470, kPi, kPi / 2}};
