@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // How long does it take to enter an axis, and how long until it answers the first question?
 
 #include "SpeedGoals.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Where is this stationing? Asked for places all over the axis and for places in order.
 
 #include "SpeedGoals.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Which circle or ellipse fits these points best? Asked for every scanned section.
 
 #include "SpeedGoals.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Where along the axis and how far beside it is this point? Asked for every point of a scan.
 
 #include "SpeedGoals.h"

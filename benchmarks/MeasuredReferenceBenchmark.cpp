@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // How far has the section moved since an earlier scan? Asked for every point of a new scan, with
 // the earlier one as reference, and for single points.
 

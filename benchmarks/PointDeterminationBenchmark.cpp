@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Which fix points did the instrument measure? Asked with every set-up, with and without
 // measurements that are no fix points.
 

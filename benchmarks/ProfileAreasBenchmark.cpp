@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // How much was excavated beyond the design profile, how much is still to be excavated, and how much
 // of it is geological? Asked for every scanned section.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // What does the profile look like at this stationing, where one section changes into another? Asked
 // for every section of a widening. Each question matches both profiles anew; at the start of the
 // stretch that is nearly all of the work, within it the outline is worked out as well.

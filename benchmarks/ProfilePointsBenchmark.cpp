@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // How far beside the design profile is this point, and where along it? Asked for every point of a
 // section.
 

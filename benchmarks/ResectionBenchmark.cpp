@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Where does the instrument stand and how is it turned? Asked with every set-up, from the ids and
 // the polar measurements.
 

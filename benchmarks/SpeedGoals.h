@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The goals of each workload. One function for each file of benchmarks.
 

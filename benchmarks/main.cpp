@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Runs the benchmarks, or with --speed_goals compares the library with what callers could use
 // instead and judges the ratios by their goals.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 # How our own code is compiled. An interface target, so that nothing of it reaches clients.
 
 add_library(CalculationsCompileOptions INTERFACE)

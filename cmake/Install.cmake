@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 # Component Runtime: what programs load. Component Development: what building against it takes.
 # Component Tools, the programs: see apps.
 set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/${PROJECT_NAME})

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 # Debian packages of what Install.cmake installs, one for each component. tools/package makes and
 # checks them.
 get_target_property(soversion HadrelCommonCalculations2008 SOVERSION)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 # 32-bit ARM with hardware doubles, by Debian's cross compiler. Compiled libraries come from Debian's
 # armhf packages, header-only ones (Boost, Eigen) from the host; what is built runs under qemu.
 set(CMAKE_SYSTEM_NAME Linux)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 # From comments that read well in a header to commands of Doxygen.
 s,^/// ([A-Z][a-z]+( [a-z]+)?): (.*),/// @par \1\n/// \3,
 s,^/// @snippet,/// @par Example\n&,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Builds axes and converts on them: what is converted to the axis comes back to where it was.
 
 #include "FuzzAxes.h"

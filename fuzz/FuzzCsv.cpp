@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Tables of points, sections and profiles read from files; what is written reads back.
 
 #include "FuzzInput.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Circles and ellipses through points: those that the points lie on, else the best there are.
 
 #include "FuzzInput.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Guidance vectors on axes: a point set out along the vector lies on it.
 
 #include "FuzzAxes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Turns the bytes of the fuzzer into the numbers that callers may pass, and fails loudly.
 

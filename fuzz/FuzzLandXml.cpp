@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Alignments read from files, and the axes built from them.
 
 #include "FuzzInput.h"

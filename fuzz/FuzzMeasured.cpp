@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Measured profiles against theoretical ones: areas, outlines, filters.
 
 #include "FuzzOutlines.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Profiles between profiles: closed, finite, those given at either end, the same from both ends.
 
 #include "FuzzOutlines.h"

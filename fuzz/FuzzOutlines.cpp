@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "FuzzOutlines.h"
 
 #include <boost/make_shared.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Areas of outlines: what is inside and what is outside add up.
 
 #include "FuzzOutlines.h"

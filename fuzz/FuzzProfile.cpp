@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Points beside theoretical profiles, and samples of them.
 
 #include "FuzzOutlines.h"

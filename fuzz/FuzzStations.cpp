@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Free stations and the identification of fix points: exact measurements give the station back.
 
 #include "FuzzInput.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Reads the golden files: one header line, then rows of numbers and words.
 

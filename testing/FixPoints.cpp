@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "testing/FixPoints.h"
 
 #include "testing/Numbers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Fix points on the wall of a tunnel, and measurements of some of them without their ids.
 

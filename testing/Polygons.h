@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Polygons measured edge by edge, to check what clipping says of them.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Bounds that the public headers and docs/numerics.md state, in metres and radians. A test that
 /// checks one of them names it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Golden transformations: points in a local and a global system, with expected results.
 

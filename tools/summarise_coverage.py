@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: BSL-1.0
 """Sums up by folder what clang has counted, and fails when too little is reached."""
 
 import collections

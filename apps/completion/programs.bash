@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 # Completion of tunnel_survey and free_station in bash. The options come from the help of the program
 # itself; those that have few words to choose from offer these; all else is a file.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "free_station/FieldBook.h"
 
 #include "common/console/Files.h"

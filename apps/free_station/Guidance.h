@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// How a boom stands relative to the lines along which it is to be steered.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The station, what it sees and where it guides to, as a drawing.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Sets up a free station from measurements whose ids tell nothing: finds out which fix points were
 // measured, computes the station by a resection in space and the coordinates of all other points,
 // and guides a boom point along the tunnel axis.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "tunnel_survey/AxisSurvey.h"
 
 #include "common/console/AxisFile.h"

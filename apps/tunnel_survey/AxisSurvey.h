@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The axis part of the program: builds, tabulates, converts and compares.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "tunnel_survey/PdfReport.h"
 
 #include "common/drawing/SheetStyle.h"

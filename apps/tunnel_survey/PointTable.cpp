@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "tunnel_survey/PointTable.h"
 
 #include "common/drawing/NumberText.h"

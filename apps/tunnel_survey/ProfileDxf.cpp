@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "tunnel_survey/CrossSectionDrawing.h"
 #include "tunnel_survey/SurveyDxf.h"
 

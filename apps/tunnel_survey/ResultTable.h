@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Tables of results: for the terminal, the report, and other programs.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Cuts scanned points into cross-sections along the axis.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The cross-section part of the program: reads or cuts the sections and compares them.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "tunnel_survey/SetOut.h"
 
 #include "common/console/Files.h"

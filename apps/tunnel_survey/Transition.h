@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// A stretch of tunnel in which the design profile changes to another.
 

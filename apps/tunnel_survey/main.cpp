@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Reads a tunnel axis from LandXML, tabulates it, converts surveyed points, compares with
 // coordinates that others computed, and draws plan and longitudinal section. Compares measured
 // cross-sections, given as such or cut from a scan along the axis, with the design profile, and

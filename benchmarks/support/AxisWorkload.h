@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The axis that all alignment benchmarks work on, and the points on and beside it.
 

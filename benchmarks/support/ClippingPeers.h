@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// How callers would otherwise compute the areas between two outlines: with the polygon clipper
 /// alone, or with GEOS.

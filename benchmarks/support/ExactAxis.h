@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// An axis evaluated by other means than the library's, to check its results.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// A profile evaluated by other means than the library's, to check its results.
 

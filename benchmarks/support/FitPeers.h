@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The fits as one would write them down with a matrix library. The number type is open: with long
 /// double they tell the errors of all others.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Collects ratios and errors, judges them by the goals and prints them.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The plain search for measured fix points as a peer: with the tolerances that a determination of
 /// points begins with, and branches that end early.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// What a caller would otherwise project points with: a polyline, searched by Boost.Geometry or by
 /// GEOS. On a curve the result is off by up to the polyline's own error.

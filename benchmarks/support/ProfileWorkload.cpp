@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "support/ProfileWorkload.h"
 
 #include "support/Angles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The tunnel profile that all profile benchmarks work on, points around it and measured sections.
 

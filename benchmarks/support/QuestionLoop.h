@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The loop of a benchmark that asks the same question about one item after the other.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Similarity transformations between ready coordinates, by Eigen. The number type is open: with
 /// long double they tell the errors of all others.

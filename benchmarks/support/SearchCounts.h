@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// How much the library's search for fix points has to try. Its interface does not tell, so the
 /// inner classes are asked.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// A sketch in a frame of its own, with the marks that show signs and angles.
 

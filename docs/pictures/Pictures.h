@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The pictures of the documentation. What the library can compute in them, it computes, so that
 /// a picture shows the signs that callers get.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "pictures/Diagram.h"
 #include "pictures/Pictures.h"
 

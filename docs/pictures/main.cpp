@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Draws the pictures of the documentation into a folder: convention_pictures docs/images
 
 #include "pictures/Pictures.h"

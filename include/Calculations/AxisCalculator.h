@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Conversions between axis coordinates and grid coordinates.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The ways to separate geological over-break from the rest of the over profile.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Guidance vectors and the factory that builds the common kinds.
 

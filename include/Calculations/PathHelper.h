@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The bridge between the library's outlines and the polygon clipping library.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Point-list wrappers for results: open polylines and closed polygons.
 

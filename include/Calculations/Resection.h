@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The free station: position and orientation of an instrument from measured fix points.
 

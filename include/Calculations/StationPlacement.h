@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// An instrument that has been set up: where it stands, how it is turned, what it sees where.
 

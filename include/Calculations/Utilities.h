@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Angles, units, rotations and station transformations shared by the whole library.
 

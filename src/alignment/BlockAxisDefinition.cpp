@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // A block, the length of tunnel that is concreted at once, is straight while the axis may be
 // curved. Its own axis follows the chord from the axis point at the start of the block to that at
 // its end, with a constant grade, the transverse slope running linearly between those of the two

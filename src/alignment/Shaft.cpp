@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // With u = +1 for a shaft that runs upward and -1 for a top-down one:
 //
 //   east = E - u offset,  north = N + height,  H = H0 + u (stationing - s0)

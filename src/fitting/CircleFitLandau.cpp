@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The circle with the least sum of (|p - c|^2 - r^2)^2 in closed form (Thomas and Chan 1989,
 // Computer Vision, Graphics, and Image Processing 45; Landau 1987, ibid. 38, gives the iteration
 // for it).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "fitting/PointSubset.h"
 
 #include <Calculations/FittingHelper.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Principal axes of the conic xx x^2 + xy x y + yy y^2 + x x + y y + constant = 0 (Bronshtein and
 // Semendyayev, Handbook of Mathematics, curves of the second order).
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Centre, axes and direction of an ellipse given by its equation.
 

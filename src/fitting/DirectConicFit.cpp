@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Direct least squares of the conic a1.(x^2, x y, y^2) + a2.(x, y, 1) = 0 (Fitzgibbon, Pilu and
 // Fisher 1999, IEEE Trans. Pattern Anal. Mach. Intell. 21; in parts: Halir and Flusser 1998, WSCG).
 //

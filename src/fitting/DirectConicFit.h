@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The direct least-squares fit of an ellipse's equation.
 

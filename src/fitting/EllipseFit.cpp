@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "fitting/ConicToEllipse.h"
 #include "fitting/DirectConicFit.h"
 #include "fitting/PointFrame.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Beyond an end of the axis, at the stationing e with the tunnel meter T(e), the tunnel meter is
 // T(e) + (s - e), and the stationing of a tunnel meter T is e + (T - T(e)).
 

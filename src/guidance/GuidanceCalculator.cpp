@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Three frames meet here.
 //
 //   grid           east, north, height

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Both directions are turned about the horizontal axis to the right by the slope angle of the axis:
 // forward' = forward cos a - vertical sin a, vertical' = vertical cos a + forward sin a.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Directions relative to the inclined axis and to the horizontal.
 

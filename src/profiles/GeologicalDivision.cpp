@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // How the over profile is divided:
 //
 //   1. The reference, offset outwards by the outer limit, is the line that only geology passes.

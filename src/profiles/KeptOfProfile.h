@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// What is worked out from a profile, kept as long as the profile stays as it is.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // An edge crosses a line where the distances of its two ends from the line differ in sign, at the
 // share a / (a - b) of the edge for the distances a and b. The distance of each vertex is computed
 // once for both of its edges, so that no line through a vertex is lost between them.

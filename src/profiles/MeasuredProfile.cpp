@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include <Calculations/MeasuredProfile.h>
 
 #include "shapes/PlaneGeometry.h"

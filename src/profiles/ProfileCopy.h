@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// A copy of a profile, by which a change of it is noticed.
 

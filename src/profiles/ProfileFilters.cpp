@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Four limits make a rectangle of what is allowed, angles take wedges out of it. A wedge is the
 // triangle of its centre and two points 1000 m away. All is derived when a filter is set, as a
 // filter is set once and asked for every point and every area.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "profiles/ProfileOutline.h"
 
 #include "profiles/paths/Ring.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Profiles as closed outlines for the polygon clipper.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "profiles/ReferenceCalculator.h"
 
 #include <boost/shared_ptr.hpp>

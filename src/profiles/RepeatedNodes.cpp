@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // A hash table with open addressing and linear probing (Knuth, The Art of Computer Programming 3,
 // 1998, section 6.4): the number of slots is a power of two and at least twice that of the nodes,
 // so a probe meets a free slot soon. std::unordered_set would allocate memory for every node.

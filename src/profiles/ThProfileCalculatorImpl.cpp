@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // A profile has three coordinates along it.
 //
 //   station        length from the first node in the order of the segments

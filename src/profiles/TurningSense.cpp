@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The turning at a node is the change of bearing there, in (-pi, pi]. Around a closed chain that
 // does not cross itself the turnings add up to 2 pi clockwise and to -2 pi anticlockwise, so the
 // sign of the sum tells the sense. Arcs count by their end points only.

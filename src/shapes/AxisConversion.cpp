@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Axis coordinates to grid coordinates and back.
 //
 //   s, o, h        stationing, offset to the right, height

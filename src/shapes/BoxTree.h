@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Bounding boxes over a chain of curves, for searches that need not look at every curve.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // A line meets a straight where the signed distances of its ends from the line have opposite signs,
 // and a circle of radius r, whose centre lies at the distance d, at the places p -+ sqrt(r^2 - d^2)
 // along the line, where p is that of the centre's foot. The root is taken of (r - d)(r + d), which

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Intersections of a straight with a chain of straights and arcs.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Projection onto a chain. A point has its foot either inside a segment, where the ray to it stands
 // square to the segment, or on the end of one; every segment offers its foot, or else its nearer
 // end, and the nearest offer counts. Inside a segment the ray lies on the normal, so its signed

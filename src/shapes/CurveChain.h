@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Chains of straights and arcs: outlines in the plane of a cross-section.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// What evaluating a curve and dropping a perpendicular onto it give.
 

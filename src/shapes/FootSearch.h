@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Finds the places where the normal of a curve passes through a point.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The projection looks for the nearest foot in three steps of falling rank. Feet on segments and
 // joints of smooth wedges come first. A foot that misses its segment by rounding noise replaces one
 // that is clearly farther away. Only a point that has neither, as on the outer side of a real

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Laying a segment out between its stored end points P0 and P1.
 //
 //   E              end of the curve in its own frame, which starts at the origin in direction +y

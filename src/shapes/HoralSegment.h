@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// One segment of a horizontal alignment, placed between its stored end points.
 

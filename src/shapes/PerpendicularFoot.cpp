@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The foot of a point P on the axis in space C(s) = (plan, height), where s is the stationing.
 //
 //   t, k           tangent and curvature of the plan, positive to the right

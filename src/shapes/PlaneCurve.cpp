@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Three ways to evaluate the same law, curvature k(l) = k0 + (k1 - k0) l / L and heading
 // h(l) = k0 l + (k1 - k0) l^2 / (2 L), whose place is the integral of (sin h, cos h):
 //

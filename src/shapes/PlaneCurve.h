@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Straights, circular arcs and clothoids in their own frame.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The elements of one axis: three lists by stationing, and the geometry prepared from them.
 

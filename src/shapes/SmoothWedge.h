@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The slit that opens where two segments of an alignment do not quite continue each other.
 

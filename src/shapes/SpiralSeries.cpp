@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The clothoid in units of its own arc length.
 //
 //   l, A           arc length from the origin and parameter of the clothoid

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The unit spiral: Fresnel integrals as functions of the tangent angle.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The arc from the origin in direction +y, with the radius R and the turning w = l / R, both
 // positive to the right. Its chord has the length 2 R sin(w / 2) and the bearing w / 2, which gives
 // the place without the centre: R - R cos w would cancel for large radii. Seen from the centre, in

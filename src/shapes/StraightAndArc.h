@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Straights and circular arcs in their own frame: from the origin in direction +y.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Between the ends i - 1 and i the slope is q(s) = q(i-1) + t (q(i) - q(i-1)) with the share
 // t = (s - s(i-1)) / (s(i) - s(i-1)).
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The clothoid by the power series of its coordinates, with the tangent angle t = l^2 / (2 R L):
 //
 //   x = l sum (-1)^n t^(2n) / ((2n)! (4n + 1)),  y = l sum (-1)^n t^(2n+1) / ((2n+1)! (4n + 3))

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The rule of the walk is turned into pieces by claims: the points are visited in their order, and
 // each curve claims the stationings up to its last one that no earlier curve has claimed. As every
 // claim begins where the claims so far end, the pieces come out in ascending order, and the first

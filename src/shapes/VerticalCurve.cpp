@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Curves of the profile over the stationing s, developed from a point (s0, h0) with the grade g0.
 //
 //   a, a0          grade angles at s and s0, with tan a = g

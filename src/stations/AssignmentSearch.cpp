@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Backtracking with pruning (Knuth, The Art of Computer Programming 4B, 2022, section 7.2.2).
 //
 // On level i the search chooses a fix point for the i-th measured point beside the reference, from

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Walks through the assignments of measured points to fix points that keep all distances.
 

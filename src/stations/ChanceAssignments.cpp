@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The number of assignments that chance alone is expected to bring about, an a-contrario count
 // (Desolneux, Moisan and Morel 2008, From Gestalt Theory to Image Analysis, chapter 3; for rigid
 // matches of points Moisan and Stival 2004, International Journal of Computer Vision 57).

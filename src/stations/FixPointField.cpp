@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The line along which the fix points are sorted runs through their centroid in the direction of
 // the eigenvector of the largest eigenvalue of sum (p - centroid) (p - centroid)^T, the first
 // principal component (Pearson 1901). Two points whose distance is d, and which are no more than w

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The fix points, arranged for the question which of them lie at a given distance from one.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The search for assignments goes through three sieves, each cheaper to pass than the next one.
 //
 // First, for each fix point as candidate of the reference point, the other measured points get as

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Plane similarity transformation in closed form (Wolf and Ghilani, Adjustment Computations, 1997,
 // two-dimensional conformal coordinate transformation).
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Gauss-Newton iteration of the spatial similarity transformation. SpatialNormals holds the
 // equations of one step and the legend of their symbols; here is decided where to begin, when to
 // stop, and what is told of the result. The standard deviations are s0 times the roots of the

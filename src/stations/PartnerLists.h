@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Which fix points each measured point may be, once the reference point is placed.
 

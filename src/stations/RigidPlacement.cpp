@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Accepting a rigid motion of measured points onto fix points.
 //
 //   m', f'         measured points and fix points, each reduced to their centroid

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Whether measured points, moved as a rigid body, come to lie on their fix points.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Subsets of the measured points, largest first. The recursion decides for one point after the
 // other, in the order of measuring, whether it stays or is left out, and leaves out first: so the
 // subsets of one size come in the lexicographic order of the points left out.

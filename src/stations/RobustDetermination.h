@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Leaves out measured points until the rest can be assigned to fix points.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Normal equations of the adjustment global = t + m R local by Gauss-Newton steps (Mikhail and
 // Ackermann, Observations and Least Squares, 1976, chapter on the seven-parameter transformation).
 //

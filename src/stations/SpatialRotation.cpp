@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // R = R_kappa R_phi R_omega, written out, with s and c for sine and cosine of an angle:
 //
 //   R_omega = (1 0 0 / 0 co so / 0 -so co)       about east

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Values that no caller should hand over: nothing may hang, crash or leave a cast undefined.
 
 #include "testing/Axes.h"

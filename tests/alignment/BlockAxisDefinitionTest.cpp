@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "testing/Axes.h"
 #include "testing/Expectations.h"
 #include "testing/Random.h"

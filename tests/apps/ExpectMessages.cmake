@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 # Runs the command; it must end with the code, and print what matches to the output and the error
 # stream. A pass expression alone would not look at the exit code.
 execute_process(COMMAND ${command}

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 # Prints what a completion script offers: complete.bash SCRIPT PROGRAM WORD...
 source "$1"
 COMP_WORDS=("${@:2}")

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Reads what tunnel_survey writes with programs that others wrote: results_test.py tunnel_survey examples/data"""
 
 import csv

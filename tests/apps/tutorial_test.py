@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Runs every command of the tutorial: tutorial_test.py docs/tutorial.md examples/data folder-of-the-programs
 
 What a block of text shows must be what the commands before it print, and its pictures must have the words of the drawings that they

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Memory that runs out on request. Replaces the global allocation functions of the program.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Some hosts trap floating-point exceptions. No question about sensible data raises one.
 
 #include "faults/Scenes.h"

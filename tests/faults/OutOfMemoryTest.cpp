@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Every allocation of every public class fails once. A call that cannot get its memory throws and
 // leaves its objects as they were: they answer as before, and a second call gives the full answer.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Every public class in use: what must hold in every scene when memory runs out, or when the host
 /// traps floating-point exceptions.

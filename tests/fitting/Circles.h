@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Circles to fit, and what the two direct fits promise alike.
 

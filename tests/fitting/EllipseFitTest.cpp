@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "fitting/Conic.h"
 #include "foundation/Opened.h"
 #include "testing/FitPoints.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // This file is compiled as C++20, which reads comparisons from right to left as well.
 
 #include <Calculations/AxisCalculator.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "guidance/AxisAttitude.h"
 
 #include "guidance/Guidance.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "shapes/FootSearch.h"
 
 #include "testing/Numbers.h"

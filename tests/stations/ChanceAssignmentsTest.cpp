@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Whether chance finds as much as it is expected to.
 
 #include "stations/ChanceAssignments.h"

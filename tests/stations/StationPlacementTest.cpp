@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include <Calculations/StationPlacement.h>
 
 #include "stations/Setups.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Many threads on shared definitions and calculators. Run under the thread sanitizer as well.
 
 #include "testing/Axes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Compares two digests and tells for each group how far they agree.
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Writes results so that those of two machines can be compared to the bit.
 

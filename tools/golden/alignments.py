@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Points on and beside the published alignments: the heading integrated with 50 digits."""
 
 from mpmath import atan, cos, mp, mpf, pi, quad, sin, sqrt

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Circles and ellipses by normal equations and eigenvectors with 50 digits."""
 
 from mpmath import atan2, hypot, lu_solve, matrix, mp, mpf, pi, sqrt

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Theoretical profiles, the digitised outline and the measured rings by closed formulas."""
 
 from mpmath import asin, atan2, cos, hypot, mpf, pi, sin, sqrt

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Golden tables: some columns are given, the others are worked out from them and written anew."""
 
 import csv

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Plane and spatial transformations by least squares with 50 digits."""
 
 from mpmath import atan2, cos, hypot, lu_solve, matrix, mp, mpf, pi, sin, sqrt

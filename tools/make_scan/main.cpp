@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Makes the scan of a blasted road tunnel along an axis: points (east, north, height) around the
 // design profile with the over break and under break that blasting leaves. Always the same points.
 

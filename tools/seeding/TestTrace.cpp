@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Notes for every test which functions of the library it enters. Linked with the tests and with
 // objects of the library that call __cyg_profile_func_enter (-finstrument-functions); the notes go
 // to the file that CALCULATIONS_TRACE names, a line for each test: its name and addresses.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """The release build: how its objects are compiled, what they read, how the tests are linked."""
 
 import json

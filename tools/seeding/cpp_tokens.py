@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Tokens of a C++ source, with the little structure that a generator of faults needs.
 
 This is no parser. It relies on the layout that clang-format gives every source here: a binary

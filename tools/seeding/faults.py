@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Every small fault that can be made in a source: a list of replacements of its text."""
 
 import re

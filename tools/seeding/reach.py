@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Which tests enter which functions of the library, and how long they take."""
 
 import json

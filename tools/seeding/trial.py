@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Builds the library with a fault and asks the tests."""
 
 import resource

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The frame of a command: declares its options, reads them, runs it, reports failures.
 ///

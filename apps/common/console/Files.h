@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Files read by the program, and what is told about them. Those written: see ResultFolder.h.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Tidies up when the program is interrupted from outside.
 

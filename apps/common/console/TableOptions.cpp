@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "common/console/TableOptions.h"
 
 #include "common/console/Files.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Options that say how tables are written, for what cannot be recognised.
 

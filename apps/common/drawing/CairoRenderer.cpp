@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "common/drawing/CairoRenderer.h"
 
 #include "common/drawing/TextLayout.h"

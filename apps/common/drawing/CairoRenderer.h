@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Paints a picture with cairo, for files made of pixels and for PDF.
 

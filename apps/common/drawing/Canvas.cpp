@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "common/drawing/Canvas.h"
 
 #include "common/drawing/PrintableText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// A page to draw on. What is drawn becomes a picture.
 

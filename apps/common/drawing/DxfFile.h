@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Drawings for CAD programs, in the coordinates of the world.
 

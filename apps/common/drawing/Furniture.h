@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// What maps and diagrams carry: grid, scale bar, north arrow, dimensions, legend, colour bar.
 

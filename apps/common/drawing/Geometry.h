@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Points and boxes of a drawing, and the mapping from the world onto the page.
 ///

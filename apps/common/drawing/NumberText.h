@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Numbers as surveys print them, with a decimal point whatever the locale.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// What a sheet shows, recorded once. Files of every kind are made from it, so that the work of
 /// drawing (above all finding places for labels) is done once and all files show the same.

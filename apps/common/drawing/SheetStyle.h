@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// What all sheets of the programs share: colours, text sizes, scales and the title block.
 

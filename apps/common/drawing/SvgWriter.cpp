@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "common/drawing/SvgWriter.h"
 
 #include "common/drawing/NumberText.h"

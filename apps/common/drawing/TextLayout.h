@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// One line of text, shaped: each letter in a font that has it, in the direction of its script.
 

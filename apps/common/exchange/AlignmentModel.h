@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// An alignment as a file describes it. Metres and radians; azimuths clockwise from north.
 

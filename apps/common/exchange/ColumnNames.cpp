@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "common/exchange/ColumnNames.h"
 
 #include "common/exchange/NumberParsing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The design profile of a tunnel, and what drawings and reports ask about it.
 

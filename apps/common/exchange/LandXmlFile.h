@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// A LandXML document, and its numbers by the units that it declares.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "common/exchange/LandXmlReader.h"
 
 #include "common/exchange/LandXmlFile.h"

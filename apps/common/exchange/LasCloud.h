@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Scans in LAS, the exchange format of the American Society for Photogrammetry and Remote Sensing.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "common/exchange/PointCloud.h"
 
 #include "common/exchange/LasCloud.h"

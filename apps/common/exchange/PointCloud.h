@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Scans of any size, read piece by piece: text and LAS.
 

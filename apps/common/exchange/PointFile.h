@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Surveyed points and printed check coordinates, read from tables, and the converted points.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Tables of text: points, measurements, sections, profiles.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// What a reader wants from a table, and what is known beforehand about how it is written.
 

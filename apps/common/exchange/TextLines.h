@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The lines of a text, whatever its encoding and line ends.
 

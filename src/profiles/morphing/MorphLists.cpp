@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "profiles/morphing/MorphLists.h"
 
 #include "profiles/morphing/assembly/RingAssembly.h"

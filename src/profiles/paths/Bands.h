@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Bands around lines while a calculation goes on: with their holes.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // What follows each operation of the clipper, and why in this order: outlines that share edges are
 // united, as the clipper may lead one along an edge twice; holes are cut open, as callers see
 // outlines only; and points that the grid has pushed onto each other are cleaned away last.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Boolean operations and offsets on the clipping library's own paths.
 

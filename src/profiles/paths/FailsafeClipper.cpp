@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The clipper sweeps a level line over the outlines, from one vertex to the next ("scanbeam"), and
 // afterwards joins what the sweep has found. The sweep is led here, in the clipper's own steps and
 // order; for the rest its own operation follows, which finds nothing left to sweep. So results are

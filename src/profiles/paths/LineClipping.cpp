@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The clipper (6.4) loses parts of lines that begin or end with a level edge, or counts them twice.
 // Such lines, and the area with them, are therefore sheared until nothing is level, clipped, and
 // sheared back, which changes neither what is inside nor the stored points. Closed lines are safe.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The distance of a point p from the line through a and b is |(b - a) x (p - a)| / |b - a|. Points
 // of a site differ by less than 2e9 units, 200 km, so the products are exact in 64-bit integers;
 // doubles would round the difference of two products that nearly cancel, and choose other points.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The offset outlines are the clipper's own; the union that cleans them up is led here, as the
 // clipper does not look whether it succeeds.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include <Calculations/Paths.h>
 
 #include "profiles/paths/Bands.h"

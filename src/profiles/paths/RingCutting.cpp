@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // A polygon with holes becomes simple pieces by cutting its box along vertical lines: what lies
 // left of the line and what lies right of it are clipped out of it, and each half is cut again
 // while it has holes. The line runs through the middle of a hole, so the hole opens to the outside

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // The clipper (6.4) turns some outlines the wrong way round, or leads them along an edge twice: one
 // in some thousand where outlines share edges, fewer where one runs along itself. Even then the
 // right points are inside by the even-odd rule.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Profiles to morph, and what is checked on the outlines between them.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "profiles/paths/PathPoints.h"
 
 #include "testing/Paths.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "testing/Numbers.h"
 #include "testing/Paths.h"
 #include "testing/Random.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "profiles/morphing/assembly/RingAssembly.h"
 
 #include "profiles/morphing/reading/OutlineStore.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "profiles/morphing/evaluation/OutlineMean.h"
 
 #include "foundation/MathConstants.h"

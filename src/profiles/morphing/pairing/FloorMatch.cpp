@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "profiles/morphing/pairing/FloorMatch.h"
 
 #include "profiles/morphing/reading/ChainPlaces.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Walks taken apart: what turns one way, and what leaves a heading and returns to it.
 

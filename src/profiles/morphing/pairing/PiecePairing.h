@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Pairs of pieces, one of the start and one of the end outline, that become each other.
 

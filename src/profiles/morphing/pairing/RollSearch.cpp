@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "profiles/morphing/pairing/RollSearch.h"
 
 #include "foundation/MathConstants.h"

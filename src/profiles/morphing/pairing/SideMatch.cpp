@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "profiles/morphing/pairing/SideMatch.h"
 
 #include "profiles/morphing/assembly/RingAssembly.h"

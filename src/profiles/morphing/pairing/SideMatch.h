@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Matches the sides of two outlines: first their headings, then their segments.
 

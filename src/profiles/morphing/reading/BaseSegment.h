@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The element on which an outline stands, and the two sides that rise from it.
 

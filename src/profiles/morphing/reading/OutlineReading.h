@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// What an outline is made of: its floor, walls and crown, and what departs from them.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// The outlines that the morph engine reads, keeps and returns.
 

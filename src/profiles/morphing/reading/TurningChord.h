@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Straights and arcs by their chord and the angle through which they turn.
 
