@@ -1,51 +1,60 @@
 // SPDX-License-Identifier: BSL-1.0
-// Tables of points, sections and profiles read from files; what is written reads back.
+// Tables of points, sections and profiles, and scans, read from files.
 
 #include "FuzzInput.h"
 
 #include "common/exchange/DesignProfile.h"
+#include "common/exchange/PointCloud.h"
 #include "common/exchange/PointFile.h"
 #include "tunnel_survey/SectionFile.h"
 
 #include <cmath>
+#include <sstream>
 #include <string>
+#include <vector>
 
 namespace {
 
 using Fuzz::require;
-using Fuzz::requireNear;
 using namespace TunnelSurvey;
 
 bool isFinite(const Ruv::Calculations::ENHPoint& p) {
   return std::isfinite(p.east) && std::isfinite(p.north) && std::isfinite(p.height);
 }
 
-void readAndWritePoints(const std::string& text) {
-  const auto read = Exchange::readSurveyedPoints(text);
-  Exchange::readScannedPoints(text);
-  Exchange::readCheckPoints(text);
+void readPoints(const std::string& text) {
+  std::istringstream in(text);
+  const auto read = Exchange::readSurveyedPoints(in);
+  std::istringstream again(text);
+  Exchange::readCheckPoints(again);
   if (!read.value) {
     require(!read.error.message.empty(), "a refusal has a reason");
     return;
   }
-  std::vector<Exchange::ConvertedPoint> converted;
   for (const Exchange::SurveyedPoint& point : read.value->points) {
     require(isFinite(point.grid), "coordinates are finite");
-    converted.push_back({point.id, point.grid, {}});
   }
-  const auto again = Exchange::readSurveyedPoints(Exchange::convertedPointsAsCsv(converted));
-  require(again.value && again.value->rejected.empty(), "what was written can be read");
-  require(again.value->points.size() == converted.size(), "as many points are read as written");
-  for (std::size_t i = 0; i < converted.size(); ++i) {
-    require(again.value->points[i].id == converted[i].id, "an id comes back");
-    const double east = converted[i].grid.east;
-    requireNear(again.value->points[i].grid.east, east, 0.5001e-4 + 1e-15 * std::abs(east),
-                "a coordinate comes back");
+}
+
+void readScan(const std::string& text) {
+  std::istringstream in(text);
+  const auto cloud = Exchange::openPointCloud(in);
+  if (!cloud.value) {
+    require(!cloud.error.message.empty(), "a refusal has a reason");
+    return;
+  }
+  std::vector<Exchange::CloudPoint> points;
+  while ((*cloud.value)->next(points)) {
+    require(!points.empty(), "there are points as long as there are more");
+    for (const Exchange::CloudPoint& point : points) {
+      require(isFinite(point.grid), "coordinates are finite");
+    }
   }
 }
 
 void readProfile(const std::string& text) {
-  const auto design = Exchange::readDesignProfile(text);
+  std::istringstream in(text);
+  const auto design = Exchange::readDesignProfile(in);
   if (!design.value) {
     require(!design.error.message.empty(), "a refusal has a reason");
     return;
@@ -58,8 +67,10 @@ void readProfile(const std::string& text) {
 }
 
 void readAndPlaceSections(const std::string& text) {
-  const auto origins = readOrigins(text);
-  auto file = readSections(text);
+  std::istringstream originText(text);
+  const auto origins = readOrigins(originText);
+  std::istringstream sectionText(text);
+  auto file = readSections(sectionText);
   if (!file.value) {
     require(!file.error.message.empty(), "a refusal has a reason");
     return;
@@ -75,7 +86,8 @@ void readAndPlaceSections(const std::string& text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string text(reinterpret_cast<const char*>(data), size);
-  readAndWritePoints(text);
+  readPoints(text);
+  readScan(text);
   readProfile(text);
   readAndPlaceSections(text);
   return 0;
