@@ -15,7 +15,7 @@ def counts_by_folder(export):
     root = pathlib.Path(__file__).resolve().parent.parent
     counts = collections.defaultdict(lambda: collections.Counter())
     for file in export["data"][0]["files"]:
-        path = pathlib.Path(file["filename"])
+        path = pathlib.Path(file["filename"]).resolve()
         if not path.is_relative_to(root):
             continue
         folder = path.relative_to(root).parent
