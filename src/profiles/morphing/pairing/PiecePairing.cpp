@@ -86,8 +86,8 @@ TurningChord chordFrom(const Point2D& place, const LevelStep* step) {
   return {place, step->chord.end, step->chord.turning};
 }
 
-/// Nothing becomes nothing. A corner that becomes an arc takes its turning, so that a fillet grows
-/// from radius 0.
+/// Two steps without length make no piece. A corner that becomes an arc takes the turning of the
+/// arc, so that a fillet grows from radius 0.
 void Pairing::pair(const LevelStep* start, const LevelStep* end) {
   const LevelStep* present = hasLength(start) ? start : end;
   if (!hasLength(present)) return;
