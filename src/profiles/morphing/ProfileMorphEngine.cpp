@@ -4,6 +4,7 @@
 #include "foundation/MathConstants.h"
 #include "profiles/morphing/assembly/RingAssembly.h"
 #include "profiles/morphing/evaluation/SelfCrossing.h"
+#include "profiles/morphing/pairing/BearingMatch.h"
 #include "profiles/morphing/pairing/FloorMatch.h"
 #include "profiles/morphing/pairing/RollSearch.h"
 #include "profiles/morphing/reading/BaseSegment.h"
@@ -34,6 +35,10 @@ void turn(OutlineReading& read, double angle) {
     }
   }
 }
+
+/// Parts of the way between which ragged outlines are looked at for crossings: of those that cross
+/// themselves somewhere, a third do so between the quarters only.
+constexpr int kPartsOfRaggedWay = 16;
 
 /// Where the way is tried.
 constexpr std::array<double, 5> kTestPlaces = {0.0, 0.25, 0.5, 0.75, 1.0};
@@ -121,7 +126,7 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::prepareRings(
     const std::vector<ProfileSegment>& start, const std::vector<ProfileSegment>& end,
     Outcome byParts) {
   if (!m_hasFloors && m_lists.detours.empty()) return byParts;
-  if (byParts == Outcome::Failed || !isWaySimple()) m_firmness = 0.0;
+  if (byParts == Outcome::Failed || !isWaySimple(m_outlines)) m_firmness = 0.0;
   if (m_firmness == 1.0) return byParts;
   auto rings = engineForRings();
   if (rings->prepare(m_fromStationing, m_toStationing, start, end, m_divisions) == 0) {
@@ -334,7 +339,22 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::generateBottom() {
 
 ProfileMorphEngine::Outcome ProfileMorphEngine::assembleSegments() {
   m_lists.segments = ringOf(m_lists.sides);
+  if (!m_hasFloors && m_lists.detours.empty()) giveWayToBearings();
   return Outcome::GoOn;
+}
+
+/// Caves may be so ragged that headings lead their outlines across themselves. What is then known
+/// of them are the rays from a point inside. Profiles are not turned for that. Outlines without
+/// dents worth the name never cross themselves, and need not be tried.
+void ProfileMorphEngine::giveWayToBearings() {
+  const TurningChords& start = m_start.store.elements();
+  const TurningChords& end = m_end.store.elements();
+  if (isNearlyConvex(start) && isNearlyConvex(end)) return;
+  if (isWaySimple({m_lists.segments, {}, {}, {}}, kPartsOfRaggedWay)) return;
+  auto match = matchByBearings(start, end);
+  if (!match || !isWaySimple({match->ring, {}, {}, {}}, kPartsOfRaggedWay)) return;
+  m_lists.segments = std::move(match->ring);
+  m_placement = {match->centre, match->centre, 0.0, 0.0};
 }
 
 ProfileMorphEngine::Outcome ProfileMorphEngine::mergeSegments() {
@@ -383,9 +403,9 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::generateSegments() {
 }
 
 ProfileMorphEngine::Outcome ProfileMorphEngine::generateTestResult() {
-  const auto count = std::count_if(kTestPlaces.begin(), kTestPlaces.end(),
-                                   [this](double t) { return isSimple(meanOf(m_outlines, t)); });
-  return count > 0 ? Outcome::GoOn : fail(MorphStatus::TestResult);
+  const bool isAny = std::any_of(kTestPlaces.begin(), kTestPlaces.end(),
+                                 [this](double t) { return isSimple(meanOf(m_outlines, t)); });
+  return isAny ? Outcome::GoOn : fail(MorphStatus::TestResult);
 }
 
 std::optional<OutlineNodes> ProfileMorphEngine::evaluate(double atStationing) {
@@ -417,12 +437,6 @@ OutlineNodes ProfileMorphEngine::evaluateBetween(const OutlineNodes& asRings,
 
 OutlineNodes ProfileMorphEngine::evaluateOwn(double t) const {
   return nodesFrom(meanOf(m_outlines, t), m_start.store.wasAnticlockwise());
-}
-
-/// At both ends the outlines are the inputs, which are not looked at.
-bool ProfileMorphEngine::isWaySimple() const {
-  return std::all_of(kTestPlaces.begin() + 1, kTestPlaces.end() - 1,
-                     [this](double t) { return isSimple(meanOf(m_outlines, t)); });
 }
 
 /// An engine with the same settings that reads every outline as a ring.

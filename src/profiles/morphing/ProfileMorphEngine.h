@@ -111,7 +111,7 @@ class ProfileMorphEngine {
   void readBottoms();
   void readNichesOnly();
   std::unique_ptr<ProfileMorphEngine> engineForRings() const;
-  bool isWaySimple() const;
+  void giveWayToBearings();
   OutlineNodes evaluateOwn(double t) const;
   OutlineNodes evaluateBetween(const OutlineNodes& asRings, const OutlineNodes& byParts) const;
   void matchFloor();

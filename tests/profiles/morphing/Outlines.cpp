@@ -111,9 +111,9 @@ ProfilePtr rectangle(double halfWidth, double height) {
   return profileThrough({{-w, 0, 0}, {-w, height, 0}, {w, height, 0}, {w, 0, 0}, {-w, 0, 0}});
 }
 
-ProfilePtr randomStar(Random& random, double roughness) {
+ProfilePtr randomStar(Random& random, double roughness, std::size_t numNodes) {
   std::vector<double> bearings = {0.0};
-  const std::size_t numNodes = 5 + random.index(12);
+  if (numNodes == 0) numNodes = 5 + random.index(12);
   for (std::size_t i = 0; i < numNodes; ++i) {
     bearings.push_back(bearings.back() + random.uniform(0.4, 1.6));
   }

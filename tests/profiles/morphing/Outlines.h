@@ -39,7 +39,8 @@ ProfilePtr rectangle(double halfWidth, double height);
 
 /// Nodes in all directions around the origin, 5 m away and up to a part of that nearer or farther,
 /// joined by straights and by arcs of both senses. Every ray from the origin meets it once.
-ProfilePtr randomStar(Random& random, double roughness);
+/// @param numNodes by chance from 5 to 16 when 0
+ProfilePtr randomStar(Random& random, double roughness, std::size_t numNodes = 0);
 
 /// Turned clockwise about the origin, then shifted.
 ProfilePtr moved(const Ruv::Calculations::IProfileSegmentProvider& profile, double roll, double dx,

@@ -2,6 +2,7 @@
 #include "profiles/morphing/evaluation/OutlineMean.h"
 
 #include "foundation/MathConstants.h"
+#include "profiles/morphing/evaluation/SelfCrossing.h"
 #include "profiles/morphing/reading/ChainPlaces.h"
 #include "profiles/morphing/reading/OutlineStore.h"
 #include "shapes/ShapeTolerances.h"
@@ -330,6 +331,13 @@ TurningChords meanOf(const MatchedOutlines& outlines, double t) {
     ring[i].end = ring[(i + 1) % ring.size()].start;
   }
   return ring;
+}
+
+bool isWaySimple(const MatchedOutlines& outlines, int numParts) {
+  for (int i = 1; i < numParts; ++i) {
+    if (!isSimple(meanOf(outlines, static_cast<double>(i) / numParts))) return false;
+  }
+  return true;
 }
 
 }  // namespace Calculations

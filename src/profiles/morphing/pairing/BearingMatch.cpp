@@ -1,0 +1,185 @@
+#include "profiles/morphing/pairing/BearingMatch.h"
+
+#include "foundation/MathConstants.h"
+#include "shapes/PlaneGeometry.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+namespace Ruv {
+namespace Calculations {
+
+namespace {
+
+using Polygon = std::vector<Point2D>;
+
+/// Arcs are looked at in steps of this turning (rad), as they are when crossings are looked for.
+constexpr double kSampleTurning = 0.1;
+
+/// A kernel smaller than this (m2) is none: from a point that sees an outline only just, rays
+/// would run along its pieces.
+constexpr double kSmallestKernel = 1e-4;
+
+/// Rays closer than this (rad) are one: 10 nm at 10 m.
+constexpr double kSameBearing = 1e-9;
+
+/// Halvings of a piece until its crossing with a ray is known to the last digit.
+constexpr int kHalvings = 60;
+
+/// Positive when b lies anticlockwise of a.
+double cross(const Point2D& a, const Point2D& b) { return a.x * b.y - a.y * b.x; }
+
+/// What of a convex polygon lies on the right of a directed line (Sutherland and Hodgman 1974).
+Polygon clipped(const Polygon& polygon, const Point2D& through, const Point2D& along) {
+  Polygon kept;
+  for (std::size_t i = 0; i < polygon.size(); ++i) {
+    const Point2D& from = polygon[i];
+    const Point2D& to = polygon[(i + 1) % polygon.size()];
+    const double left = cross(along, from - through);
+    const double nextLeft = cross(along, to - through);
+    if (left <= 0.0) kept.push_back(from);
+    if ((left < 0.0 && nextLeft > 0.0) || (left > 0.0 && nextLeft < 0.0)) {
+      kept.push_back(from + (to - from) * (left / (left - nextLeft)));
+    }
+  }
+  return kept;
+}
+
+/// A point sees a clockwise outline when it lies on the right of all its tangents. So the kernel is
+/// what the tangents leave of the box around the outline (Lee and Preparata 1979).
+void clipToKernel(Polygon& kernel, const TurningChords& outline, const Point2D& origin) {
+  for (const TurningChord& piece : outline) {
+    const double count = std::ceil(std::abs(piece.turning) / kSampleTurning);
+    for (double i = 0.0; i <= count; ++i) {
+      const double fraction = count > 0.0 ? i / count : 0.0;
+      const double heading = piece.headingAtStart() + fraction * piece.turning;
+      kernel = clipped(kernel, piece.pointAt(fraction) - origin,
+                       Point2D(std::sin(heading), std::cos(heading)));
+    }
+  }
+}
+
+Polygon boxAround(const TurningChords& outline, const Point2D& origin) {
+  Point2D low = outline.front().start - origin;
+  Point2D high = low;
+  for (const Point2D& p : sampled(outline, kSampleTurning)) {
+    low = Point2D(std::min(low.x, p.x - origin.x), std::min(low.y, p.y - origin.y));
+    high = Point2D(std::max(high.x, p.x - origin.x), std::max(high.y, p.y - origin.y));
+  }
+  return {low, Point2D(low.x, high.y), high, Point2D(high.x, low.y)};
+}
+
+/// Centroid of a clockwise polygon, which changes evenly with it; nothing when it is too small.
+std::optional<Point2D> centroidOf(const Polygon& polygon) {
+  double area = 0.0;
+  Point2D moment;
+  for (std::size_t i = 1; i + 1 < polygon.size(); ++i) {
+    const Point2D a = polygon[i] - polygon.front();
+    const Point2D b = polygon[i + 1] - polygon.front();
+    const double triangle = -cross(a, b) / 2.0;
+    area += triangle;
+    moment = moment + (a + b) * (triangle / 3.0);
+  }
+  if (!(area > kSmallestKernel)) return std::nullopt;
+  return polygon.front() + moment / area;
+}
+
+/// Coordinates are reduced to a node before areas are taken.
+std::optional<Point2D> centreOf(const TurningChords& start, const TurningChords& end) {
+  const Point2D origin = start.front().start;
+  Polygon kernel = boxAround(start, origin);
+  clipToKernel(kernel, start, origin);
+  clipToKernel(kernel, end, origin);
+  const auto centre = centroidOf(kernel);
+  if (!centre) return std::nullopt;
+  return origin + *centre;
+}
+
+/// An outline around the origin, taken from the front ray by ray.
+class RayReader {
+ public:
+  /// @param first ray, from which bearings are counted clockwise
+  RayReader(const TurningChords& outline, const Point2D& centre, const Point2D& first)
+      : m_first(first) {
+    for (const TurningChord& piece : outline) {
+      m_pieces.push_back({piece.start - centre, piece.end - centre, piece.turning});
+    }
+    const auto isNearer = [this](const TurningChord& a, const TurningChord& b) {
+      return bearingTo(a.start) < bearingTo(b.start);
+    };
+    // The piece with the first ray inside of it begins just before a full turn.
+    std::rotate(m_pieces.begin(), std::min_element(m_pieces.begin(), m_pieces.end(), isNearer),
+                m_pieces.end());
+    const TurningChord last = m_pieces.back();
+    const double fraction = fractionAt(last, m_first);
+    if (bearingTo(m_pieces.front().start) < kSameBearing) return;
+    m_pieces.back() = last.part(0.0, fraction);
+    m_pieces.insert(m_pieces.begin(), last.part(fraction, 1.0));
+  }
+
+  /// Bearing (rad) up to which the next piece leads; a full turn at the end of the last one.
+  double nextBearing() const {
+    return m_index + 1 < m_pieces.size() ? bearingTo(m_pieces[m_index].end) : kTwoPi;
+  }
+  const Point2D& nextNode() const { return m_pieces[m_index].end; }
+  bool isDone() const { return m_index == m_pieces.size(); }
+
+  TurningChord takeWhole() { return m_pieces[m_index++]; }
+  TurningChord takeUpTo(const Point2D& ray) {
+    TurningChord& piece = m_pieces[m_index];
+    const double fraction = fractionAt(piece, ray);
+    const TurningChord taken = piece.part(0.0, fraction);
+    piece = piece.part(fraction, 1.0);
+    return taken;
+  }
+
+ private:
+  /// Clockwise from one ray to another, less than a full turn.
+  static double bearingFrom(const Point2D& ray, const Point2D& p) {
+    const double bearing = std::remainder(bearingOf(p) - bearingOf(ray), kTwoPi);
+    return bearing < -kSameBearing ? bearing + kTwoPi : bearing;
+  }
+  double bearingTo(const Point2D& p) const { return bearingFrom(m_first, p); }
+
+  /// Where a piece meets a ray: up to there bearings are smaller.
+  static double fractionAt(const TurningChord& piece, const Point2D& ray) {
+    const double bearing = bearingFrom(piece.start, ray);
+    double low = 0.0;
+    double high = 1.0;
+    for (int i = 0; i < kHalvings; ++i) {
+      const double middle = (low + high) / 2.0;
+      (bearingFrom(piece.start, piece.pointAt(middle)) < bearing ? low : high) = middle;
+    }
+    return (low + high) / 2.0;
+  }
+
+  TurningChords m_pieces;
+  Point2D m_first;
+  std::size_t m_index = 0;
+};
+
+}  // namespace
+
+std::optional<BearingMatch> matchByBearings(const TurningChords& start, const TurningChords& end) {
+  const auto centre = centreOf(start, end);
+  if (!centre) return std::nullopt;
+  BearingMatch match{*centre, {}};
+  const Point2D first = start.front().start - *centre;
+  RayReader fromStart(start, *centre, first);
+  RayReader fromEnd(end, *centre, first);
+  while (!fromStart.isDone() && !fromEnd.isDone()) {
+    const double ahead = fromStart.nextBearing() - fromEnd.nextBearing();
+    const Point2D startNode = fromStart.nextNode();
+    const Point2D endNode = fromEnd.nextNode();
+    MatchedPiece piece;
+    piece.start = ahead > kSameBearing ? fromStart.takeUpTo(endNode) : fromStart.takeWhole();
+    piece.end = ahead < -kSameBearing ? fromEnd.takeUpTo(startNode) : fromEnd.takeWhole();
+    match.ring.push_back(piece);
+  }
+  return match;
+}
+
+}  // namespace Calculations
+}  // namespace Ruv
