@@ -3,8 +3,6 @@
 
 #include "profiles/morphing/assembly/RingAssembly.h"
 #include "profiles/morphing/evaluation/OutlineMean.h"
-#include "profiles/morphing/evaluation/SelfCrossing.h"
-#include "profiles/morphing/pairing/InvertMatch.h"
 
 #include <algorithm>
 #include <array>
@@ -37,9 +35,6 @@ constexpr double kExchange = 1.0;
 
 /// Efforts that differ by less than this part are equal.
 constexpr double kSameEffort = 1e-9;
-
-/// Where a way is tried.
-constexpr std::array<double, 3> kTestPlaces = {0.25, 0.5, 0.75};
 
 bool leadsUp(const LevelSteps& steps, const HeadingLevels& levels) {
   return !steps.empty() && steps.front().from == levels.base() && steps.back().to == levels.crown();
@@ -94,12 +89,7 @@ MatchedPieces easiest(const Readings& readings) {
       .pieces;
 }
 
-bool isSimpleWay(const MatchedSides& sides) {
-  const MatchedPieces ring = ringOf(sides);
-  return std::all_of(kTestPlaces.begin(), kTestPlaces.end(), [&](double t) {
-    return isSimple(meanOf({ring, {}, {}, {}}, t));
-  });
-}
+bool isWaySimple(const MatchedSides& sides) { return isWaySimple(MatchedOutlines{ringOf(sides), {}, {}, {}}); }
 
 }  // namespace
 
@@ -127,17 +117,15 @@ MatchedSides matchAlike(const MatchedLines& left, const MatchedLines& right) {
   return {paired(left), paired(right), {}};
 }
 
-std::optional<MatchedSides> matchSegments(MatchedLines left, MatchedLines right) {
-  MatchedPieces invert;
-  if (const auto taken = takeInvert(left, right)) invert.push_back(*taken);
+std::optional<MatchedSides> matchSegments(const MatchedLines& left, const MatchedLines& right) {
   const auto leftReadings = readingsOf(left);
   const auto rightReadings = readingsOf(right);
   if (!leftReadings || !rightReadings) return std::nullopt;
-  const MatchedSides best = {easiest(*leftReadings), easiest(*rightReadings), invert};
-  if (isSimpleWay(best)) return best;
+  const MatchedSides best = {easiest(*leftReadings), easiest(*rightReadings), {}};
+  if (isWaySimple(best)) return best;
   for (std::size_t i = 0; i < kReadings.size(); ++i) {
-    const MatchedSides sides = {(*leftReadings)[i].pieces, (*rightReadings)[i].pieces, invert};
-    if (isSimpleWay(sides)) return sides;
+    const MatchedSides sides = {(*leftReadings)[i].pieces, (*rightReadings)[i].pieces, {}};
+    if (isWaySimple(sides)) return sides;
   }
   return best;
 }

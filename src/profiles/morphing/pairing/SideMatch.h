@@ -36,7 +36,7 @@ MatchedSides matchAlike(const MatchedLines& left, const MatchedLines& right);
 /// Pairs any two outlines: of several ways the one on which least has to be moved and grown, or
 /// another one when the outline would cross itself on that. Nothing when a side has too many steps
 /// or lengths that are not finite.
-std::optional<MatchedSides> matchSegments(MatchedLines left, MatchedLines right);
+std::optional<MatchedSides> matchSegments(const MatchedLines& left, const MatchedLines& right);
 
 }  // namespace Calculations
 }  // namespace Ruv

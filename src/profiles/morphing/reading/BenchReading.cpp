@@ -88,6 +88,9 @@ std::optional<Detour> cutFootDetour(TurningChords& upper, const FloorLine& floor
     if (isLedge(upper[i])) count = i + 1;
   }
   if (count == 0 || count == upper.size()) return std::nullopt;
+  // A bench turns back from its front, or the wall from its top.
+  const TurningChords bench = part(upper, 0, count + 1);
+  if (!(turningBackOf(bench) > 0.0)) return std::nullopt;
   Detour detour{DetourSite::LeftFoot, part(upper, 0, count)};
   upper = part(upper, count, upper.size());
   const double height = floor.heightOf(upper.front().start);

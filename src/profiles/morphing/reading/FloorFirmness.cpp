@@ -17,7 +17,7 @@ namespace {
 constexpr Fading kFallingFloor{0.35, 0.45};
 /// ... the more its outermost parts rise towards the walls (slope against the straight between the
 /// feet): they could be walls as well ...
-constexpr Fading kRisingFloor{0.1, 0.18};
+constexpr Fading kRisingFloor{0.085, 0.34};
 /// ... the more they are curved (kCurvedFloor), the farther its corners are from the straight
 /// between its feet (part of its width) ...
 constexpr Fading kBulgingFloor{0.08, 0.12};
@@ -29,6 +29,9 @@ constexpr Fading kHighFloor{0.03, 0.08};
 constexpr Fading kOpenFoot{kHalfPi - 0.9, kHalfPi - 0.6};
 /// ... or from its tangent, so that a curved invert that goes over into the wall is none ...
 constexpr Fading kTangentFoot{kHalfPi - 0.75, kHalfPi - 0.55};
+/// ... the more its end goes over into the wall by a chamfer (rad between both), which up to the
+/// first value would still be a part of the floor ...
+constexpr Fading kChamferedFoot{kHalfPi - 0.6, kHalfPi - 0.35};
 /// ... the more another floor there is (part of its width) ...
 constexpr Fading kOtherFloor{0.6, 0.9};
 /// ... the more walls and crown turn back (rad), as those of a cave do ...
@@ -43,8 +46,10 @@ constexpr double kFootReach = 0.15;
 double firmnessOfFoot(const TurningChords& upper, const TurningChord& lastFloor, double reach) {
   const double rise = bearingOf(pointAlong(upper, reach) - upper.front().start);
   const auto opening = [rise](double heading) { return kHalfPi - turningBetween(heading, rise); };
+  const double chamfer =
+      turningBetween(bearingOf(lastFloor.chord()), bearingOf(upper.front().chord()));
   return kOpenFoot(opening(bearingOf(lastFloor.chord()))) *
-         kTangentFoot(opening(lastFloor.headingAtEnd()));
+         kTangentFoot(opening(lastFloor.headingAtEnd())) * kChamferedFoot(kHalfPi - chamfer);
 }
 
 /// How much walls and crown are those of a tunnel.
