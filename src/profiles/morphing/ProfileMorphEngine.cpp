@@ -55,6 +55,7 @@ std::optional<BothWalks> walksAlong(const OutlineSides& sides) {
   return BothWalks{*left, *right};
 }
 
+/// In the sense of the start outline, from the node at which the ring begins.
 OutlineNodes nodesFrom(const TurningChords& outline, bool isAnticlockwise) {
   OutlineNodes nodes;
   nodes.reserve(outline.size());
@@ -70,6 +71,7 @@ OutlineNodes nodesFrom(const TurningChords& outline, bool isAnticlockwise) {
   return nodes;
 }
 
+/// A result as the input of another preparation; the last node leads back to the first.
 std::vector<ProfileSegment> segmentsOf(const OutlineNodes& nodes) {
   std::vector<ProfileSegment> segments;
   for (std::size_t i = 0; i < nodes.size(); ++i) {
@@ -122,6 +124,7 @@ int ProfileMorphEngine::prepare(double fromStationing, double toStationing,
   return 0;
 }
 
+/// A way by parts that fails or crosses itself counts for nothing, whatever the floors are.
 ProfileMorphEngine::Outcome ProfileMorphEngine::prepareRings(
     const std::vector<ProfileSegment>& start, const std::vector<ProfileSegment>& end,
     Outcome byParts) {
@@ -279,6 +282,8 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::mergeInputSegments() {
   return Outcome::GoOn;
 }
 
+/// Alone among the steps both matches may complete a preparation, when there is nothing left to
+/// match.
 ProfileMorphEngine::Outcome ProfileMorphEngine::matchLinesOfSides() {
   if (!has(MorphFlags::kLinesMatch)) return Outcome::GoOn;
   const Outcome outcome = requireLines(MorphStatus::LinesMatch);
@@ -402,6 +407,8 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::generateSegments() {
   return areSound ? Outcome::GoOn : fail(MorphStatus::NicheInteriorSegments);
 }
 
+/// One simple outline is enough. The start is looked at first, so the step fails at most where
+/// inputs cross themselves.
 ProfileMorphEngine::Outcome ProfileMorphEngine::generateTestResult() {
   const bool isAny = std::any_of(kTestPlaces.begin(), kTestPlaces.end(),
                                  [this](double t) { return isSimple(meanOf(m_outlines, t)); });

@@ -14,6 +14,7 @@ namespace {
 
 bool hasLength(const TurningChord& piece) { return piece.chord().length() >= kSamePoint; }
 
+/// How many niches are numbered; numbers begin with 1.
 int numNichesOf(const MatchedPieces& pieces) {
   int count = 0;
   for (const MatchedPiece& piece : pieces) {
@@ -28,6 +29,8 @@ bool continuesIn(const TurningChord& a, const TurningChord& b) {
   return hasLength(a) ? isContinued(a, b) : areJoinable(a, b);
 }
 
+/// What is known of a piece beside its shape must be the same, too: the invert stays one piece that
+/// the bottom lists can find, and a niche does not flow into the wall.
 bool isOnePiece(const MatchedPiece& a, const MatchedPiece& b) {
   return a.niche == b.niche && a.isInvert == b.isInvert && a.isFloor == b.isFloor &&
          continuesIn(a.start, b.start) && continuesIn(a.end, b.end);
@@ -40,6 +43,8 @@ void join(MatchedPiece& a, const MatchedPiece& b) {
 
 }  // namespace
 
+/// The right side was walked mirrored, so it is mirrored back and, because the ring leads on from
+/// the crown downwards, reversed. Its niches are numbered on from those of the left side.
 MatchedPieces ringOf(const MatchedSides& sides) {
   MatchedPieces ring = sides.left;
   const int numNiches = numNichesOf(sides.left);
@@ -54,6 +59,7 @@ MatchedPieces ringOf(const MatchedSides& sides) {
   return ring;
 }
 
+/// A turning without a length is a corner, and corners are made by the neighbours.
 MatchedPieces withoutVanished(const MatchedPieces& ring) {
   MatchedPieces kept;
   for (const MatchedPiece& piece : ring) {
@@ -62,6 +68,9 @@ MatchedPieces withoutVanished(const MatchedPieces& ring) {
   return kept;
 }
 
+/// One straight of 10 m that faces two of 5 m was cut in the middle to be matched. Where both parts
+/// are one again in both outlines, the joint between them is nobody's node. The first and the last
+/// piece of the ring are neighbours as well.
 MatchedPieces withJointsRemoved(const MatchedPieces& ring) {
   MatchedPieces pieces;
   for (const MatchedPiece& piece : ring) {

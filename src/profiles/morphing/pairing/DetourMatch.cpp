@@ -211,6 +211,7 @@ DetourShape startShapeOf(const PlacedDetour& detour, const BothSides& sides) {
   return shape;
 }
 
+/// The same for a detour of the end.
 DetourShape endShapeOf(const PlacedDetour& detour, const BothSides& sides) {
   // Seen from the end the end is the start.
   DetourShape shape = startShapeOf(detour, {sides.end, sides.start, sides.shift * -1.0});
@@ -249,6 +250,7 @@ void mirrorBack(MatchedDetour& detour) {
 /// Detours of the floor and the left side, or mirrored ones of the right side.
 using PlacedDetours = std::vector<PlacedDetour>;
 
+/// Right ones come mirrored, so that all that follows knows left feet and left walls only.
 PlacedDetours placedOf(const OutlineReading& reading, const Side& side, bool isRight) {
   PlacedDetours detours;
   for (const Detour& detour : reading.detours) {
@@ -305,6 +307,7 @@ std::vector<DetourPair> pairsOf(const PlacedDetours& starts, const PlacedDetours
   return pairs;
 }
 
+/// A detour without a counterpart is matched with itself, laid flat on the other base.
 std::vector<MatchedDetour> matchPlaced(PlacedDetours starts, PlacedDetours ends,
                                        const BothSides& sides) {
   std::vector<MatchedDetour> matched;
@@ -347,6 +350,7 @@ Point2D MatchedDetour::offsetOf(std::size_t node, double t) const {
   return start.nodes[node].offset * (1.0 - t) + end.nodes[node].offset * t;
 }
 
+/// Linear like the offsets: an arc of a detour that grows from the wall keeps its turning.
 double MatchedDetour::turningOf(std::size_t piece, double t) const {
   return start.turnings[piece] * (1.0 - t) + end.turnings[piece] * t;
 }

@@ -29,6 +29,8 @@ struct Pattern {
   }
 };
 
+/// A niche turns out, back and out again: three runs, the first of them anticlockwise. A step in a
+/// wall has two.
 std::vector<Pattern> patternsOf(const LevelItems& items) {
   std::vector<Pattern> patterns;
   const PlacedItems places = placed(items, 0, items.size());
@@ -52,6 +54,7 @@ class MatchCosts {
     }
   }
 
+  /// Goes back from the end along the cheapest ways.
   std::vector<std::pair<std::size_t, std::size_t>> pairs() const {
     std::vector<std::pair<std::size_t, std::size_t>> pairs;
     std::size_t i = m_start.size();
@@ -90,6 +93,8 @@ class MatchCosts {
 
 }  // namespace
 
+/// Excursions have no share in the length of the level: a niche that becomes deeper does not move
+/// the ones beside it. On a level without flat steps all of them are in the middle.
 PlacedItems placed(const LevelItems& items, std::size_t first, std::size_t last) {
   double all = 0.0;
   for (std::size_t i = first; i < last; ++i) {
@@ -106,6 +111,8 @@ PlacedItems placed(const LevelItems& items, std::size_t first, std::size_t last)
   return places;
 }
 
+/// The order of excursions is kept, so this is the alignment of two sequences by dynamic
+/// programming (Needleman and Wunsch 1970).
 std::vector<std::pair<std::size_t, std::size_t>> matchExcursions(const LevelItems& start,
                                                                  const LevelItems& end) {
   const std::vector<Pattern> startPatterns = patternsOf(start);

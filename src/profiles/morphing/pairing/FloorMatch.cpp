@@ -2,6 +2,7 @@
 #include "profiles/morphing/pairing/FloorMatch.h"
 
 #include "profiles/morphing/reading/ChainPlaces.h"
+#include "profiles/morphing/reading/FloorReading.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,11 +22,7 @@ struct FloorCorner {
   double kink = 0.0;  ///< slope on the right less slope on the left
 };
 
-double slopeOf(const TurningChord& piece) {
-  const Point2D chord = piece.chord();
-  return chord.y / chord.x;
-}
-
+/// The feet are no corners of the floor: they are paired with the feet.
 std::vector<FloorCorner> cornersOf(const TurningChords& floor) {
   std::vector<FloorCorner> corners;
   for (std::size_t i = 1; i < floor.size(); ++i) {
@@ -34,6 +31,7 @@ std::vector<FloorCorner> cornersOf(const TurningChords& floor) {
   return corners;
 }
 
+/// A corner outside of the other floor would take a part of its wall away.
 double placeWithin(const TurningChords& floor, double x) {
   const double left = floor.back().end.x;
   const double right = floor.front().start.x;

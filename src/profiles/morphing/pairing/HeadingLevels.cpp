@@ -64,6 +64,7 @@ HeadingLevels::HeadingLevels(const SideWalk& start, const SideWalk& end) {
   }
 }
 
+/// Groups are sorted by their lowest headings; the last that begins below a heading has it.
 int HeadingLevels::levelOf(double heading) const {
   const auto above =
       std::upper_bound(m_groups.begin(), m_groups.end(), heading,
@@ -100,6 +101,7 @@ std::optional<LevelSteps> unitSteps(const LevelSteps& steps, const HeadingLevels
   return units;
 }
 
+/// Cuts that served to compare levels would otherwise become nodes of the result.
 LevelSteps rejoined(const LevelSteps& units) {
   LevelSteps steps;
   for (const LevelStep& unit : units) {

@@ -68,6 +68,7 @@ class CheapestWays {
     return lengths;
   }
 
+  /// Of equal ends the later one offered, which is the nearer one.
   static void improve(WayOn& best, double cost, std::size_t end) {
     if (cost <= best.cost + kSameCost) best = {cost, end};
   }
@@ -131,6 +132,7 @@ void HeadingRun::addTurn(const LevelStep& turn) {
   m_items.emplace_back();
 }
 
+/// Follows the cheapest way: what is not on it is an excursion at the level at which it was left.
 std::optional<HeadingRun> mainRunOf(const LevelSteps& units, int lastLevel,
                                     const ExcursionCosts& costs) {
   const CheapestWays ways(units, lastLevel, costs);
@@ -151,6 +153,7 @@ std::optional<HeadingRun> mainRunOf(const LevelSteps& units, int lastLevel,
   return run;
 }
 
+/// A turn against the sense of the run before it begins another one.
 std::vector<HeadingRun> runsOf(const LevelSteps& units) {
   std::vector<HeadingRun> runs;
   for (const LevelStep& unit : units) {

@@ -45,6 +45,7 @@ class SectionReader {
     return step;
   }
 
+  /// Goes on to the next item.
   void skip() { ++m_index; }
 
  private:
@@ -81,6 +82,7 @@ bool hasLength(const LevelStep* step) {
   return step != nullptr && step->kind != WalkStepKind::Corner;
 }
 
+/// What has no length stays at the place that was reached.
 TurningChord chordFrom(const Point2D& place, const LevelStep* step) {
   if (!hasLength(step)) return {place, place, 0.0};
   return {place, step->chord.end, step->chord.turning};
@@ -188,6 +190,7 @@ void Pairing::pairExcursions(const LevelItem& start, const LevelItem& end) {
 
 }  // namespace
 
+/// For walks that areAlike() has found to do the same: no levels are needed.
 MatchedSide pairSteps(const LevelSteps& start, const LevelSteps& end, int baseLevel,
                       const Point2D& startFoot, const Point2D& endFoot) {
   Pairing pairing(baseLevel, startFoot, endFoot);

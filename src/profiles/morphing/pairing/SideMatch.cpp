@@ -89,7 +89,9 @@ MatchedPieces easiest(const Readings& readings) {
       .pieces;
 }
 
-bool isWaySimple(const MatchedSides& sides) { return isWaySimple(MatchedOutlines{ringOf(sides), {}, {}, {}}); }
+bool isWaySimple(const MatchedSides& sides) {
+  return isWaySimple(MatchedOutlines{ringOf(sides), {}, {}, {}});
+}
 
 }  // namespace
 

@@ -52,6 +52,7 @@ TurningChords halfTurned(const TurningChords& elements) {
   return turned;
 }
 
+/// Midway between the outermost of some points.
 double middleX(const std::vector<Point2D>& points) {
   const auto [left, right] = std::minmax_element(
       points.begin(), points.end(), [](const Point2D& a, const Point2D& b) { return a.x < b.x; });
@@ -60,6 +61,7 @@ double middleX(const std::vector<Point2D>& points) {
 
 }  // namespace
 
+/// The highest points of an outline are the lowest ones of the outline turned by half a turn.
 PlumbLines plumbLinesThroughFirst(const TurningChords& elements) {
   return {lowestPoints(elements).front().x, -lowestPoints(halfTurned(elements)).front().x};
 }

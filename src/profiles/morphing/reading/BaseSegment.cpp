@@ -21,6 +21,7 @@ struct PlumbLine {
   Point2D to;
 };
 
+/// Long enough to leave the outline at both ends: crossings are looked for along a segment.
 PlumbLine plumbLineAt(double x, const TurningChords& elements) {
   double low = elements.front().start.y;
   double high = low;
@@ -43,6 +44,7 @@ double fractionOf(const CChainSegment& segment, const Point2D& p) {
 
 }  // namespace
 
+/// Every crossing with the plumb line is looked at, and the highest or lowest one is kept.
 std::optional<ChainPlace> outermostPlace(const TurningChords& chain, double x, double height) {
   const PlumbLine line = plumbLineAt(x, chain);
   std::optional<ChainPlace> found;
@@ -59,6 +61,7 @@ std::optional<ChainPlace> outermostPlace(const TurningChords& chain, double x, d
   return found;
 }
 
+/// A piece that the place divides becomes the first and the last one.
 TurningChords begunAt(const TurningChords& ring, const ChainPlace& place) {
   TurningChords begun;
   if (place.fraction < 1.0) begun.push_back(ring[place.index].part(place.fraction, 1.0));
@@ -69,6 +72,8 @@ TurningChords begunAt(const TurningChords& ring, const ChainPlace& place) {
   return begun;
 }
 
+/// The left side leads up to the crown. What is left of the ring leads down on the right; reversed
+/// and mirrored it leads up as the left side does, so that one reading serves both.
 OutlineSides sidesOf(const TurningChords& upper, const ChainPlace& crown) {
   OutlineSides sides;
   const auto last = upper.begin() + static_cast<std::ptrdiff_t>(crown.index);

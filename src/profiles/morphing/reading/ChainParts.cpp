@@ -15,6 +15,7 @@ TurningChords mirrored(const TurningChords& chain) {
   return mirrored;
 }
 
+/// Half-open as all ranges are, so that parts that follow each other share no piece.
 TurningChords part(const TurningChords& chain, std::size_t first, std::size_t last) {
   return TurningChords(chain.begin() + static_cast<std::ptrdiff_t>(first),
                        chain.begin() + static_cast<std::ptrdiff_t>(last));
@@ -27,10 +28,12 @@ TurningChord continuedTo(const Point2D& end, const TurningChord& last) {
   return {last.end, end, 2.0 * std::asin(std::clamp(half, -1.0, 1.0))};
 }
 
+/// Between pieces that meet tangentially it is 0 but for rounding.
 double cornerBefore(const TurningChords& chain, std::size_t i) {
   return turningBetween(chain[i - 1].headingAtEnd(), chain[i].headingAtStart());
 }
 
+/// Arcs and corners both count. A convex chain turns back nowhere.
 double turningBackOf(const TurningChords& chain) {
   double turning = 0.0;
   for (std::size_t i = 0; i < chain.size(); ++i) {
@@ -47,6 +50,7 @@ double lengthOf(const TurningChords& chain) {
   return length;
 }
 
+/// Beyond its end a chain stays there.
 Point2D pointAlong(const TurningChords& chain, double distance) {
   for (const TurningChord& piece : chain) {
     const double length = piece.length();

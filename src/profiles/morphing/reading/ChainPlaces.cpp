@@ -31,6 +31,7 @@ double fractionLeftwards(const TurningChord& piece, double x) {
   return std::clamp((std::asin(std::clamp(sine, -1.0, 1.0)) - first) / piece.turning, 0.0, 1.0);
 }
 
+/// The same question a quarter turn later.
 double fractionUpwards(const TurningChord& piece, double y) {
   return fractionLeftwards(quarterTurned(piece), -y);
 }

@@ -46,11 +46,14 @@ std::vector<CChainSegment> closedChainOf(const std::vector<ProfileSegment>& outl
   return chain;
 }
 
+/// The length of an arc that is too small for its chord is not finite.
 bool isSound(const CChainSegment& segment) {
   return isFinite(segment.start) && isFinite(segment.end) && std::isfinite(segment.radius) &&
          std::isfinite(segment.length);
 }
 
+/// Twice the area, positive anticlockwise. Reduced to the first node: products of national
+/// coordinates would lose the digits of the area.
 double doubledArea(const std::vector<CChainSegment>& chain) {
   double area = 0.0;
   for (const CChainSegment& segment : chain) {
@@ -59,11 +62,13 @@ double doubledArea(const std::vector<CChainSegment>& chain) {
   return area;
 }
 
+/// The turning is the length by the radius, with the sign of the radius.
 TurningChord elementOf(const CChainSegment& segment) {
   const bool isArc = segment.radius != 0.0 && segment.hasExtent();
   return {segment.start, segment.end, isArc ? segment.length / segment.radius : 0.0};
 }
 
+/// Segments of no length have no direction and cannot be matched by one.
 TurningChords elementsOf(const std::vector<CChainSegment>& chain) {
   TurningChords elements;
   for (const CChainSegment& segment : chain) {

@@ -21,6 +21,7 @@ constexpr double kMostPieces = 1800.0;
 
 bool TurningChord::isArc() const { return std::abs(turning) >= kNoTurning; }
 
+/// The chord of an arc leads in the mean of the headings at both of its ends.
 double TurningChord::headingAtStart() const { return bearingOf(chord()) - turning / 2.0; }
 
 double TurningChord::headingAtEnd() const { return bearingOf(chord()) + turning / 2.0; }
@@ -33,6 +34,7 @@ double TurningChord::radius() const {
   return std::copysign(size, turning);
 }
 
+/// Chord c and turning w: the length of the arc is r w with r = c / (2 sin(w/2)).
 double TurningChord::length() const {
   const double straight = chord().length();
   if (!isArc()) return straight;
@@ -57,6 +59,7 @@ TurningChord TurningChord::mirrored() const {
   return {Point2D(-start.x, start.y), Point2D(-end.x, end.y), -turning};
 }
 
+/// Turning back by exactly half a turn counts as clockwise, whatever sign rounding gives it.
 double turningBetween(double heading, double nextHeading) {
   const double turning = std::remainder(nextHeading - heading, kTwoPi);
   return turning <= -kPi ? kPi : turning;
