@@ -45,7 +45,8 @@ constexpr int kHalfCirclesAllowed = 16;
 ///
 /// How much a floor is one is a matter of degree. Where it is in doubt, the way by parts and the
 /// way as rings are both prepared, and the outline between them is told. Where the way by parts
-/// would cross itself, the one as rings is taken.
+/// would cross itself, the one as rings is taken, and where that would, the one by rays from a
+/// point inside.
 ///
 /// Failure: prepare() reports it and messageText() says why; nothing throws.
 /// Lifecycle: configure, prepare, evaluate any number of times, reset before preparing again.

@@ -48,8 +48,8 @@ FirstNode firstNodeAt(const MatchedOutlines& outlines, const Point2D& place);
 /// shorter than kSamePoint are left out.
 TurningChords meanOf(const MatchedOutlines& outlines, double t);
 
-/// True when no mean crosses itself where the way is tried: at all ends of equal parts of it but the
-/// first and the last, where the outlines are the inputs.
+/// True when no mean crosses itself where the way is tried: at all ends of equal parts of it but
+/// the first and the last, where the outlines are the inputs.
 bool isWaySimple(const MatchedOutlines& outlines, int numParts = 4);
 
 }  // namespace Calculations

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Matches outlines by the directions in which they are seen from a point inside both.
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <numeric>
 #include <optional>
 #include <utility>
 
@@ -272,38 +273,45 @@ struct DetourPair {
   std::optional<std::size_t> end;
 };
 
+/// The detours of both outlines that have no partner yet.
+struct AloneDetours {
+  std::vector<std::size_t> starts;
+  std::vector<std::size_t> ends;
+};
+
+/// Takes the two that overlap most from those that are alone; nothing when none overlap.
+std::optional<DetourPair> takeMostOverlapping(AloneDetours& alone, const PlacedDetours& starts,
+                                              const PlacedDetours& ends, const Point2D& shift) {
+  double most = 0.0;
+  DetourPair best;
+  for (const std::size_t i : alone.starts) {
+    for (const std::size_t j : alone.ends) {
+      const double common = overlap(starts[i], ends[j], shift);
+      if (!(common > most)) continue;
+      most = common;
+      best = {i, j};
+    }
+  }
+  if (!best.start) return std::nullopt;
+  alone.starts.erase(std::find(alone.starts.begin(), alone.starts.end(), *best.start));
+  alone.ends.erase(std::find(alone.ends.begin(), alone.ends.end(), *best.end));
+  return best;
+}
+
 /// Pairs what overlaps, what overlaps most first. The rest stays alone.
 std::vector<DetourPair> pairsOf(const PlacedDetours& starts, const PlacedDetours& ends,
                                 const Point2D& shift) {
+  AloneDetours alone{std::vector<std::size_t>(starts.size()),
+                     std::vector<std::size_t>(ends.size())};
+  std::iota(alone.starts.begin(), alone.starts.end(), std::size_t{0});
+  std::iota(alone.ends.begin(), alone.ends.end(), std::size_t{0});
   std::vector<DetourPair> pairs;
-  std::vector<bool> isStartTaken(starts.size());
-  std::vector<bool> isEndTaken(ends.size());
-  const auto addMostOverlapping = [&] {
-    double most = 0.0;
-    DetourPair best;
-    for (std::size_t i = 0; i < starts.size(); ++i) {
-      for (std::size_t j = 0; j < ends.size(); ++j) {
-        if (isStartTaken[i] || isEndTaken[j]) continue;
-        const double common = overlap(starts[i], ends[j], shift);
-        if (!(common > most)) continue;
-        most = common;
-        best = {i, j};
-      }
-    }
-    if (!best.start) return false;
-    isStartTaken[*best.start] = true;
-    isEndTaken[*best.end] = true;
-    pairs.push_back(best);
-    return true;
-  };
-  while (addMostOverlapping()) {
-  }
-  for (std::size_t i = 0; i < starts.size(); ++i) {
-    if (!isStartTaken[i]) pairs.push_back({i, std::nullopt});
-  }
-  for (std::size_t j = 0; j < ends.size(); ++j) {
-    if (!isEndTaken[j]) pairs.push_back({std::nullopt, j});
-  }
+  while (const auto pair = takeMostOverlapping(alone, starts, ends, shift))
+    pairs.push_back(*pair);
+  for (const std::size_t i : alone.starts)
+    pairs.push_back({i, std::nullopt});
+  for (const std::size_t j : alone.ends)
+    pairs.push_back({std::nullopt, j});
   return pairs;
 }
 

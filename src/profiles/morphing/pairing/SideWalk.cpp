@@ -111,7 +111,7 @@ SideWalk withoutShallowDents(const SideWalk& walk) {
 }  // namespace
 
 std::optional<SideWalk> walkAlong(const TurningChords& side) {
-  const auto walk = plainWalk(side, smoothedHeadings(side));
+  auto walk = plainWalk(side, smoothedHeadings(side));
   if (!walk || !isNearlyConvex(*walk)) return walk;
   return withoutShallowDents(*walk);
 }

@@ -44,7 +44,7 @@ bool isNearlyConvex(const TurningChords& ring) {
 /// mirror image. What neither half takes for floor are walls and crown, from which niches are cut
 /// next and benches at the feet last.
 OutlineReading readOutline(const TurningChords& elements, bool cutsFeet) {
-  const OutlineReading none{elements, {}, {}, 0.0};
+  OutlineReading none{elements, {}, {}, 0.0};
   const auto main = mainPartOf(elements);
   if (main == elements.end()) return none;
   TurningChords ring(main, elements.end());
