@@ -12,6 +12,9 @@
 
 namespace TestSupport {
 
+/// What each coordinate of a cut that does not exist is: the largest number of single precision.
+constexpr double kNoCoordinate = 3.4028234663852886e38;
+
 inline void expectPoint(const Ruv::Calculations::Point2D& actual,
                         const Ruv::Calculations::Point2D& expected, double tolerance) {
   EXPECT_NEAR(actual.x, expected.x, tolerance);
@@ -25,6 +28,12 @@ inline Ruv::Calculations::ENHPoint gridPoint(const Ruv::Calculations::AxisCalcul
   Ruv::Calculations::ENHPoint result;
   EXPECT_TRUE(calculator.axisPointToEnhPoint(point, result, inSpace, withTransSlope));
   return result;
+}
+
+/// The point of the axis itself.
+inline Ruv::Calculations::ENHPoint axisPointAt(const Ruv::Calculations::AxisCalculator& calculator,
+                                               double stationing) {
+  return gridPoint(calculator, Ruv::Calculations::AxisPoint(stationing, 0, 0));
 }
 
 inline Ruv::Calculations::AxisPoint axisPoint(const Ruv::Calculations::AxisCalculator& calculator,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSL-1.0
 #include "fitting/PointFrame.h"
 #include "fitting/PointSubset.h"
+#include "foundation/MathConstants.h"
 
 #include <Calculations/FittingHelper.h>
 
@@ -10,7 +11,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <limits>
 #include <optional>
 
 namespace Ruv {
@@ -111,8 +111,7 @@ FittingResult FittingHelper::circleFitKasa(const std::vector<Point2D>& points) {
   const Triangle triangle = triangleOf(points, frame);
   const auto approximate = unknownsOf(triangle, kNoiseOfBlocks + coordinateNoise(frame));
   if (!approximate) {
-    constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-    return FittingResult(FittingMethod::CircleKasa, Point2D(kNan, kNan), kNan);
+    return FittingResult(FittingMethod::CircleKasa, Point2D(kNotANumber, kNotANumber), kNotANumber);
   }
   const Eigen::Vector3d p = refined(*approximate, triangle, points, frame);
   const Point2D centre(-0.5 * p.x(), -0.5 * p.y());

@@ -9,13 +9,13 @@
 
 #include "fitting/PointFrame.h"
 #include "fitting/PointSubset.h"
+#include "foundation/MathConstants.h"
 
 #include <Calculations/FittingHelper.h>
 
 #include <Eigen/Core>
 
 #include <cmath>
-#include <limits>
 
 namespace Ruv {
 namespace Calculations {
@@ -74,8 +74,8 @@ FittingResult FittingHelper::circleFitLandau(const std::vector<Point2D>& points)
   const bool areInOnePlace = xx + yy == 0.0;
   const double cancellation = areInOnePlace ? 1.0 : -2.0 * n * (s.xx + s.yy) / (xx + yy);
   if (areInOnePlace || areCollinear(xx, xy, yy, n * cancellation)) {
-    constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-    return FittingResult(FittingMethod::CircleLandau, Point2D(kNan, kNan), kNan);
+    return FittingResult(FittingMethod::CircleLandau, Point2D(kNotANumber, kNotANumber),
+                         kNotANumber);
   }
   // The two equations are solved by Cramer's rule.
   const double det = yy * xx - xy * xy;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: BSL-1.0
 #include "fitting/PointSubset.h"
+#include "foundation/MathConstants.h"
 
 #include <Calculations/FittingHelper.h>
 
@@ -9,7 +10,6 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 
 namespace Ruv {
 namespace Calculations {
@@ -103,8 +103,7 @@ bool isLost(const Circle& circle) {
 
 /// The mean of the points; not-a-number when there are none.
 Point2D centroidOf(const std::vector<Point2D>& points) {
-  constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-  if (points.empty()) return Point2D(kNan, kNan);
+  if (points.empty()) return Point2D(kNotANumber, kNotANumber);
   Point2D sum;
   for (const Point2D& p : points) {
     sum = sum + p;

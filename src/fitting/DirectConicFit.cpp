@@ -33,7 +33,7 @@ using Eigen::Matrix3d;
 using Eigen::Vector3d;
 
 /// Five points determine a conic; through fewer pass any number of them.
-constexpr std::size_t kFewestPoints = 5;
+constexpr std::size_t kFewestPointsOfConic = 5;
 
 /// Mean products of the rows (x^2, x y, y^2) and (x, y, 1).
 struct ScatterMatrices {
@@ -118,7 +118,7 @@ std::optional<Vector3d> ellipticEigenvector(const Matrix3d& m) {
 }  // namespace
 
 std::optional<Conic> fitConic(const PointSubset& points, const PointFrame& frame) {
-  if (frame.count < kFewestPoints) return std::nullopt;
+  if (frame.count < kFewestPointsOfConic) return std::nullopt;
   const ScatterMatrices s = scatterMatricesOf(points, frame);
   // Otherwise the scatter matrix of the linear terms has an inverse.
   if (areCollinear(s.linear(0, 0), s.linear(0, 1), s.linear(1, 1),

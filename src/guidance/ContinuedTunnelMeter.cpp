@@ -4,16 +4,10 @@
 
 #include "guidance/ContinuedTunnelMeter.h"
 
-#include <limits>
+#include "foundation/MathConstants.h"
 
 namespace Ruv {
 namespace Calculations {
-
-namespace {
-
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
-
-}  // namespace
 
 ContinuedTunnelMeter::Value ContinuedTunnelMeter::at(double stationing) const {
   double tunnelmeter = 0.0;

@@ -4,11 +4,11 @@
 #include <Calculations/ThProfileCalculator.h>
 #include <Calculations/Utilities.h>
 
+#include "foundation/MathConstants.h"
 #include "guidance/AxisAttitude.h"
 #include "guidance/Levelling.h"
 
 #include <cmath>
-#include <limits>
 
 namespace Ruv {
 namespace Calculations {
@@ -28,7 +28,6 @@ GuidanceVectorDefinition* straightVector(const AxisPoint& origin,
 /// plausible direction. A shaft writes its result all the same.
 ENHPoint gridPointOf(const AxisCalculator& axis, const AxisPoint& point, bool perpendicular,
                      bool withTransSlope) {
-  constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
   ENHPoint result(kNotANumber, kNotANumber, kNotANumber);
   axis.axisPointToEnhPoint(point, result, perpendicular, withTransSlope);
   return result;

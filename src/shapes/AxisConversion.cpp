@@ -17,6 +17,7 @@
 
 #include "shapes/PerpendicularFoot.h"
 #include "shapes/ShapeTolerances.h"
+#include "shapes/VerticalCurve.h"
 
 #include <algorithm>
 #include <cmath>
@@ -55,8 +56,6 @@ CSectionPoint rolled(const CSectionPoint& p, double slopePercent) {
 CSectionPoint rolledBack(const CSectionPoint& p, double slopePercent) {
   return rolled(p, -slopePercent);
 }
-
-double cosineOfGrade(double grade) { return 1.0 / std::sqrt(1.0 + grade * grade); }
 
 double transSlopeAt(const CAxisGeometry& axis, double stationing,
                     const CConversionOptions& options) {

@@ -50,7 +50,7 @@ double curvatureOfRadius(double radius) {
 }
 
 bool hasFinitePlace(const CCurvePoint& point) {
-  return isFinite(point.position) && std::isfinite(point.heading);
+  return Ruv::isFinite(point.position) && std::isfinite(point.heading);
 }
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
 #include "shapes/ShapeContainer.h"
 
+#include "foundation/MathConstants.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -100,8 +102,7 @@ void CShapeContainer::define(CHoralElement& element, const CHoralDefinition& def
 
 CHoralDefinition CShapeContainer::definitionOf(const CHoralElement& element) const {
   if (element.m_definition < m_definitions.size()) return m_definitions[element.m_definition];
-  constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
-  return {Point2D(kUnknown, kUnknown), kUnknown, kUnknown};
+  return {Point2D(kNotANumber, kNotANumber), kNotANumber, kNotANumber};
 }
 
 void CShapeContainer::appendVeral(std::unique_ptr<CVeralElement> element) {

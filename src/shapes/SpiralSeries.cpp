@@ -23,15 +23,15 @@ namespace Ruv {
 namespace {
 
 /// At the largest angle the first term left out is 3e-21.
-constexpr std::size_t kTerms = 13;
-using Coefficients = std::array<double, kTerms>;
+constexpr std::size_t kSpiralTerms = 13;
+using SpiralTerms = std::array<double, kSpiralTerms>;
 
 /// The coefficients (-1)^n / ((2n + odd)! (4n + 1 + 2 odd)), where odd is 0 for x and 1 for y.
-constexpr Coefficients coefficients(int odd) {
-  Coefficients c{};
+constexpr SpiralTerms coefficients(int odd) {
+  SpiralTerms c{};
   double factorial = 1.0;
   double sign = 1.0;
-  for (std::size_t n = 0; n < kTerms; ++n) {
+  for (std::size_t n = 0; n < kSpiralTerms; ++n) {
     const double k = 2.0 * static_cast<double>(n) + odd;
     c[n] = sign / (factorial * (2.0 * k + 1.0));
     factorial *= (k + 1.0) * (k + 2.0);
@@ -40,8 +40,8 @@ constexpr Coefficients coefficients(int odd) {
   return c;
 }
 
-constexpr Coefficients kAlong = coefficients(0);
-constexpr Coefficients kAcross = coefficients(1);
+constexpr SpiralTerms kAlong = coefficients(0);
+constexpr SpiralTerms kAcross = coefficients(1);
 
 /// Numbers of terms that leave out less than 1e-17 below these tangent angles. Railway and road
 /// clothoids stay below the first.
@@ -68,7 +68,7 @@ CSpiralFactors sumOf(double tangentAngle) {
 CSpiralFactors spiralFactors(double tangentAngle) {
   if (tangentAngle <= kSmallAngle) return sumOf<kSmallAngleTerms>(tangentAngle);
   if (tangentAngle <= kMediumAngle) return sumOf<kMediumAngleTerms>(tangentAngle);
-  return sumOf<kTerms>(tangentAngle);
+  return sumOf<kSpiralTerms>(tangentAngle);
 }
 
 }  // namespace Ruv

@@ -6,6 +6,8 @@
 
 #include "shapes/VeralAlignment.h"
 
+#include "foundation/MathConstants.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -15,15 +17,15 @@ namespace Ruv {
 
 namespace {
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
 /// False from a curve without height on: lengths beyond it are unknown.
 bool hasLength(const CVeralPiece& piece) {
   return std::isfinite(piece.lengthBefore + piece.curve.lengthBetween(piece.from, piece.to));
 }
 
 /// The next smaller double: the end of a stretch that lacks its last stationing.
-double justBelow(double value) { return std::nextafter(value, -kInfinity); }
+double justBelow(double value) {
+  return std::nextafter(value, -std::numeric_limits<double>::infinity());
+}
 
 /// Gives every stationing to the first curve that asks for it.
 class CPieceClaims {
@@ -115,17 +117,17 @@ std::optional<CHeightAndGrade> CVeralAlignment::at(double stationing) const {
 /// The lengths of all pieces before, and of the own piece as far as the stationing. Beyond the
 /// points the axis goes on level, so a metre of stationing is a metre of length.
 double CVeralAlignment::lengthAt(double stationing) const {
-  if (m_pieces.empty()) return std::numeric_limits<double>::quiet_NaN();
+  if (m_pieces.empty()) return kNotANumber;
   if (stationing < m_first) return stationing - m_first;
   const double inside = std::min(stationing, m_last);
   const std::size_t index = pieceAt(inside);
-  if (index == m_pieces.size()) return std::numeric_limits<double>::quiet_NaN();
+  if (index == m_pieces.size()) return kNotANumber;
   const CVeralPiece& piece = m_pieces[index];
   return piece.lengthBefore + piece.curve.lengthBetween(piece.from, inside) + (stationing - inside);
 }
 
 double CVeralAlignment::stationingAtLength(double length) const {
-  if (m_numWithLength == 0) return std::numeric_limits<double>::quiet_NaN();
+  if (m_numWithLength == 0) return kNotANumber;
   if (length < 0.0) return m_first + length;
   const double whole = lengthAt(m_last);
   if (length > whole) return m_last + (length - whole);

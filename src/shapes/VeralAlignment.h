@@ -5,11 +5,11 @@
 #ifndef CALCULATIONS_SHAPES_VERAL_ALIGNMENT_H
 #define CALCULATIONS_SHAPES_VERAL_ALIGNMENT_H
 
+#include "foundation/MathConstants.h"
 #include "shapes/StationingIndex.h"
 #include "shapes/VerticalCurve.h"
 
 #include <cstddef>
-#include <limits>
 #include <optional>
 #include <vector>
 
@@ -59,7 +59,7 @@ class CVeralAlignment {
  private:
   double m_first = 0.0;
   double m_last = 0.0;
-  double m_lastWithLength = std::numeric_limits<double>::quiet_NaN();
+  double m_lastWithLength = kNotANumber;
   std::size_t m_numWithLength = 0;  // number of pieces, from the first on, that have a length
   std::vector<CVeralPiece> m_pieces;
   CStationingIndex m_index;  // finds a piece by the greatest stationing that it holds

@@ -18,21 +18,17 @@
 
 #include "shapes/VerticalCurve.h"
 
+#include "foundation/MathConstants.h"
 #include "shapes/ShapeTolerances.h"
 
 #include <Calculations/ShapeElements.h>
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace Ruv {
 
 namespace {
-
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
-
-double cosineOfGrade(double grade) { return 1.0 / std::sqrt(1.0 + grade * grade); }
 
 /// Cosine of the angle with a given sine. The product keeps the digits of steep angles.
 double cosineOfSine(double sine) { return std::sqrt((1.0 - sine) * (1.0 + sine)); }

@@ -5,6 +5,7 @@
 #ifndef CALCULATIONS_SHAPES_VERTICAL_CURVE_H
 #define CALCULATIONS_SHAPES_VERTICAL_CURVE_H
 
+#include <cmath>
 #include <cstdint>
 #include <optional>
 
@@ -17,6 +18,9 @@ struct CVeralPoint {
   double height = 0.0;
   double roundingValue = 0.0;
 };
+
+/// Length in plan of one metre along a line of this grade (ratio).
+inline double cosineOfGrade(double grade) { return 1.0 / std::sqrt(1.0 + grade * grade); }
 
 /// Height and grade at one stationing.
 struct CHeightAndGrade {

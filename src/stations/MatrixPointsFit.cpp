@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: BSL-1.0
 #include "stations/MatrixPointsFit.h"
 
+#include "foundation/MathConstants.h"
+
 #include <Eigen/Geometry>
 #include <Eigen/LU>
 #include <Eigen/SVD>
 
 #include <cmath>
-#include <limits>
 #include <stdexcept>
 
 namespace Ruv {
@@ -69,8 +70,7 @@ Eigen::MatrixXd properRotation(const Eigen::MatrixXd& crossCovariance) {
   const Eigen::Index dimension = crossCovariance.rows();
   // The decomposition leaves its factors unset for a matrix that is not finite.
   if (!crossCovariance.allFinite()) {
-    return Eigen::MatrixXd::Constant(dimension, dimension,
-                                     std::numeric_limits<double>::quiet_NaN());
+    return Eigen::MatrixXd::Constant(dimension, dimension, kNotANumber);
   }
   if (dimension == 3) return rotationFrom<3>(crossCovariance);
   return rotationFrom<Eigen::Dynamic>(crossCovariance);

@@ -24,14 +24,6 @@ namespace {
 /// A rigid motion in space is determined by three points.
 constexpr int kFewestPoints = 3;
 
-/// What the determination that found the first solution had before it. Points and measurements can
-/// be added afterwards, always behind these, and the settings changed.
-struct Circumstances {
-  MatchSettings settings;
-  std::size_t fixPoints = 0;
-  std::size_t measurements = 0;
-};
-
 void setTolerance(double& tolerance, double value) {
   if (value >= 0.0) tolerance = value;
 }
@@ -40,6 +32,14 @@ void setTolerance(double& tolerance, double value) {
 
 class PointDeterminationImpl {
  public:
+  /// What the determination that found the first solution had before it. Points and measurements
+  /// can be added afterwards, always behind these, and the settings changed.
+  struct Circumstances {
+    MatchSettings settings;
+    std::size_t fixPoints = 0;
+    std::size_t measurements = 0;
+  };
+
   IdentifiedList<ENHPoint> fixPoints;
   IdentifiedList<PolarPoint> measurements;
   MatchSettings settings;
@@ -134,7 +134,7 @@ bool PointDetermination::isBestSolutionSignificantlyBetter() const {
 double PointDetermination::expectedChanceSolutions() const {
   constexpr double kNoEvidence = std::numeric_limits<double>::infinity();
   if (m_impl->solutions.empty()) return kNoEvidence;
-  const Circumstances& before = m_impl->ofFirstSolution;
+  const PointDeterminationImpl::Circumstances& before = m_impl->ofFirstSolution;
   const std::vector<ENHPoint>& all = m_impl->fixPoints.entries();
   const std::vector<ENHPoint> fixPoints(
       all.begin(), all.begin() + static_cast<std::ptrdiff_t>(before.fixPoints));

@@ -19,10 +19,6 @@ using namespace TestSupport;
 
 using BlockPtr = boost::shared_ptr<const BlockAxisDefinition>;
 
-ENHPoint axisPointAt(const AxisCalculator& calculator, double stationing) {
-  return gridPoint(calculator, AxisPoint(stationing, 0, 0));
-}
-
 TEST(AxisMapper, CarriesStationingsBetweenAxesAndBlocks) {
   Random random(72);
   const AxisPtr axis = randomSmoothAxis(random);

@@ -25,10 +25,6 @@ double transSlopeAt(const AxisCalculator& calculator, double stationing) {
   return AxisProperties(calculator, stationing).transPercent;
 }
 
-ENHPoint axisPointAt(const AxisCalculator& calculator, double stationing) {
-  return gridPoint(calculator, AxisPoint(stationing, 0, 0));
-}
-
 TEST(BlockAxisDefinition, IsTheChordBetweenTwoPointsOfTheAxis) {
   Random random(71);
   for (int i = 0; i < 20; ++i) {

@@ -8,13 +8,13 @@ namespace {
 using namespace Ruv::Calculations;
 using namespace TestSupport;
 
-const DirectFit kFit = {FittingMethod::CircleKasa, &FittingHelper::circleFitKasa};
+const DirectFit kKasaFit = {FittingMethod::CircleKasa, &FittingHelper::circleFitKasa};
 
-TEST(CircleFitKasa, FindsTheGoldenCircles) { kFit.expectGoldenCircles(); }
+TEST(CircleFitKasa, FindsTheGoldenCircles) { kKasaFit.expectGoldenCircles(); }
 
-TEST(CircleFitKasa, ReproducesExactCircles) { kFit.expectExactCircles(); }
+TEST(CircleFitKasa, ReproducesExactCircles) { kKasaFit.expectExactCircles(); }
 
-TEST(CircleFitKasa, GivesNoNumbersWithoutACircle) { kFit.expectNoNumbersWithoutACircle(); }
+TEST(CircleFitKasa, GivesNoNumbersWithoutACircle) { kKasaFit.expectNoNumbersWithoutACircle(); }
 
 /// Block by block, rounding adds up: without refinement 5e-14 was seen, with it less than an ulp.
 TEST(CircleFitKasa, KeepsAllDigitsOfManyPoints) {

@@ -8,12 +8,12 @@ namespace {
 using namespace Ruv::Calculations;
 using namespace TestSupport;
 
-const DirectFit kFit = {FittingMethod::CircleLandau, &FittingHelper::circleFitLandau};
+const DirectFit kLandauFit = {FittingMethod::CircleLandau, &FittingHelper::circleFitLandau};
 
-TEST(CircleFitLandau, FindsTheGoldenCircles) { kFit.expectGoldenCircles(); }
+TEST(CircleFitLandau, FindsTheGoldenCircles) { kLandauFit.expectGoldenCircles(); }
 
-TEST(CircleFitLandau, ReproducesExactCircles) { kFit.expectExactCircles(); }
+TEST(CircleFitLandau, ReproducesExactCircles) { kLandauFit.expectExactCircles(); }
 
-TEST(CircleFitLandau, GivesNoNumbersWithoutACircle) { kFit.expectNoNumbersWithoutACircle(); }
+TEST(CircleFitLandau, GivesNoNumbersWithoutACircle) { kLandauFit.expectNoNumbersWithoutACircle(); }
 
 }  // namespace

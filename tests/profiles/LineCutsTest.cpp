@@ -15,8 +15,6 @@ namespace {
 using namespace Ruv::Calculations;
 using namespace TestSupport;
 
-constexpr double kNone = 3.4028234663852886e38;
-
 TEST(LineCuts, FindTheComparisonAlongLines) {
   const MeasuredProfileCalculator calculator(circleProfile(2.0),
                                              measuredThrough({{-3, -3}, {3, -3}, {3, 3}, {-3, 3}}));
@@ -32,9 +30,9 @@ TEST(LineCuts, FindTheComparisonAlongLines) {
   expectPoint(calculator.radialDistanceToComparisonProfile(Point2D(1.8, 2.4)), Point2D(2.25, 3),
               1e-9);
   expectPoint(calculator.horizontalDistanceToComparisonProfile(Point2D(0, 3.01)),
-              Point2D(kNone, kNone), 0);
+              Point2D(kNoCoordinate, kNoCoordinate), 0);
   expectPoint(calculator.verticalDistanceToComparisonProfile(Point2D(std::nan(""), 0)),
-              Point2D(kNone, kNone), 0);
+              Point2D(kNoCoordinate, kNoCoordinate), 0);
 }
 
 TEST(LineCuts, AreTakenAtOffsets) {

@@ -24,8 +24,6 @@ namespace {
 using namespace Ruv::Calculations;
 using namespace TestSupport;
 
-constexpr double kNone = 3.4028234663852886e38;
-
 TEST(MeasuredProfileCalculator, GoldenRings) {
   std::map<std::string, MeasuredPtr> rings;
   for (const CsvRow& row : rowsOf("rings/lining_5800_points.csv")) {
@@ -177,7 +175,7 @@ TEST(MeasuredProfileCalculator, AnswersNeutrallyOnBadProfiles) {
   }
   const MeasuredProfileCalculator withoutReference(ProfilePtr(), scans[5]);
   expectPoint(withoutReference.radialDistanceToComparisonProfile(Point2D(1, 2)),
-              Point2D(kNone, kNone), 0);  // there is no normal
+              Point2D(kNoCoordinate, kNoCoordinate), 0);  // there is no normal
   const MeasuredProfileCalculator nothing(ProfilePtr(), scans[0]);
   EXPECT_EQ(nothing.referenceArea() + nothing.comparisonCircumference(), 0.0);
   const auto unknown = static_cast<FittingMethod::Method>(5);

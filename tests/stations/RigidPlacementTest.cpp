@@ -14,8 +14,8 @@ TEST(RigidPlacement, ComparesStrictlyWithTheTolerances) {
   // A saddle: its best fit is the unturned square below it.
   Eigen::Matrix3Xd measured(3, 4);
   measured << 4, -4, -4, 4, 4, 4, -4, -4, 0, 0, 0, 0;
-  Eigen::Matrix3Xd fixPoints = measured;
-  fixPoints.row(2) << 0.25, -0.25, 0.25, -0.25;
+  Eigen::Matrix3Xd fixPoints(3, 4);
+  fixPoints << 4, -4, -4, 4, 4, 4, -4, -4, 0.25, -0.25, 0.25, -0.25;
   MatchSettings settings;
   settings.toleranceHeightDifference = 0.25;
   EXPECT_FALSE(RigidPlacement(settings).score(measured, fixPoints));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSL-1.0
 #include <Calculations/Paths.h>
 
+#include "foundation/MathConstants.h"
 #include "profiles/paths/Bands.h"
 #include "profiles/paths/Clipping.h"
 #include "profiles/paths/LineClipping.h"
@@ -9,7 +10,6 @@
 #include "profiles/paths/PathImpl.h"
 
 #include <cstddef>
-#include <limits>
 #include <utility>
 
 namespace Ruv {
@@ -18,9 +18,7 @@ namespace Calculations {
 namespace {
 
 /// A sum starts with not-a-number where the paths stand for a clipping that has failed.
-double startOfSum(const Pathes& paths) {
-  return PathImpl::isFailure(paths) ? std::numeric_limits<double>::quiet_NaN() : 0.0;
-}
+double startOfSum(const Pathes& paths) { return PathImpl::isFailure(paths) ? kNotANumber : 0.0; }
 
 }  // namespace
 
