@@ -1,0 +1,19 @@
+# SPDX-License-Identifier: BSL-1.0
+# The sources of a folder compiled as one: most of the time of a build goes into reading the same
+# headers again. Names in anonymous namespaces are therefore unique within a folder. The presets
+# `dev` and `threads` compile each source alone, so that none lives on what another includes.
+
+option(CALCULATIONS_UNITY "Compile the sources of a folder as one" OFF)
+
+function(group_sources_by_folder target)
+  set_target_properties(${target} PROPERTIES
+    UNITY_BUILD ${CALCULATIONS_UNITY}
+    UNITY_BUILD_MODE GROUP
+    UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
+  get_target_property(sources ${target} SOURCES)
+  foreach(source IN LISTS sources)
+    cmake_path(GET source PARENT_PATH folder)
+    string(MAKE_C_IDENTIFIER "${folder}" group)
+    set_source_files_properties(${source} PROPERTIES UNITY_GROUP "${group}")
+  endforeach()
+endfunction()
