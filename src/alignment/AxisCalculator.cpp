@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: BSL-1.0
+// Only the choice between the two kinds of axis is made here. An axis in plan and profile is
+// converted by shapes/AxisConversion, a shaft by Shaft. A shaft needs its own branch in every
+// operation because it is vertical: it has no direction in plan, no finite grade, and its section
+// lies level.
+
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/Utilities.h>
 
@@ -47,7 +52,8 @@ CConversionOptions conversionOptions(bool perpendicular, bool withTransSlope) {
 
 bool isShaft(const AxisDefinitionImpl& axis) { return axis.axisType == AxisType::Shaft; }
 
-/// A stationing that is not a number is out of range.
+/// Both limits belong to the range. A stationing that is not a number is out of range, and so is
+/// every one where the alignments do not overlap, as the minimum then exceeds the maximum.
 bool isInRange(const AxisDefinitionImpl& axis, double stationing) {
   double minimum = 0.0;
   double maximum = 0.0;
@@ -72,7 +78,9 @@ bool AxisCalculatorImpl::tangentAt(double stationing, bool inSpace, ENHPoint& ta
   }
   const auto place = axisPropertiesAt(impl->container.geometry(), stationing);
   if (!place) return false;
-  // The tangent is one metre forward in the frame of the axis, turned to the grid.
+  // The tangent is one metre forward in the frame of the axis, turned to the grid: (sin a cos b,
+  // cos a cos b, sin b) with the azimuth a and the slope angle b. In the vertical plane b is 0, for
+  // that plane stands square to the axis in plan.
   const double slope = inSpace ? Utilities::anglePercentToRad(place->gradePercent) : 0.0;
   tangent = Utilities::rotateAxisDirectionComponentsToENHdiffWithoutTransSlope(
       AxisPoint(1.0, 0.0, 0.0), place->azimuth, slope);
@@ -135,9 +143,12 @@ bool AxisCalculator::enhPointToAxisPointPerpendicular(const ENHPoint& in, AxisPo
 }
 
 bool AxisCalculator::stationingToTunnelmeter(double stationing, double& result) const {
+  // The input stands for a result from the start, as callers of the interface expect on failure.
   result = stationing;
   const AxisDefinitionImpl* axis = m_impl->usable();
   if (axis == nullptr || !isInRange(*axis, stationing)) return false;
+  // A shaft is as long in space as its stationings say, so the two are one number, and the mapping
+  // has nothing to tie.
   if (isShaft(*axis)) return true;
   const auto tunnelmeter = tunnelMeterAt(axis->container.geometry(), mappingOf(*axis), stationing);
   if (!tunnelmeter) return false;
@@ -150,6 +161,7 @@ bool AxisCalculator::tunnelmeterToStationing(double tunnelmeter, double& result)
   const AxisDefinitionImpl* axis = m_impl->usable();
   if (axis == nullptr) return false;
   if (isShaft(*axis)) return isInRange(*axis, tunnelmeter);
+  // The range is looked at in tunnel meters, where the rounding of the way there can be forgiven.
   const auto stationing = stationingAt(axis->container.geometry(), mappingOf(*axis), tunnelmeter);
   if (!stationing) return false;
   result = *stationing;
@@ -170,7 +182,9 @@ bool AxisCalculator::axisPropertiesAtStationing(double stationing, double& azimu
   if (axis == nullptr) return false;
   if (isShaft(*axis)) {
     // The section of a shaft is that of an axis that plunges by a right angle towards the north, or
-    // rises by one towards the south: in both what is up in the section points north.
+    // rises by one towards the south: in both what is up in the section points north. The tangent
+    // of a right angle is finite in doubles, so the slope in percent is a large number (1.6e18) and
+    // not infinite. All this holds outside the range too.
     const bool isTopDown = Shaft(*axis).isTopDown();
     azimuth = isTopDown ? 0.0 : kPi;
     longSlopeRad = isTopDown ? -kHalfPi : kHalfPi;
@@ -183,6 +197,8 @@ bool AxisCalculator::axisPropertiesAtStationing(double stationing, double& azimu
   radius = place->radius;
   longSlopePercent = place->gradePercent;
   longSlopeRad = Utilities::anglePercentToRad(longSlopePercent);
+  // A transverse slope has two signs: its percentage grows clockwise looking forward, its angle
+  // anticlockwise.
   transSlopePercent = place->transSlopePercent;
   transSlopeRad = Utilities::transSlopePercentClockwiseToRadAntiClockwise(transSlopePercent);
   return true;

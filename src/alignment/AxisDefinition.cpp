@@ -1,4 +1,14 @@
 // SPDX-License-Identifier: BSL-1.0
+// Callers describe a horizontal segment by its start, azimuth, radii and length. Stored is where it
+// ends: n segments are n + 1 entries, of which the first is the start point alone, and every other
+// one holds the stationing and place of an end and the radii of the segment that leads there. So an
+// end has to be computed when its segment is added, and a segment starts at the entry before its
+// own, whatever start was given with it. That start and the azimuth are kept beside the entry
+// (CHoralDefinition): they settle directions that end points leave open, and tell misclosures.
+//
+// Vertical points, and the two ends of an interval of transverse slope, are stored as they are
+// given.
+
 #include <Calculations/AxisDefinition.h>
 #include <Calculations/Utilities.h>
 
@@ -30,11 +40,13 @@ struct SegmentInput {
   double length = 0.0;
 };
 
+/// No segment leads to a start point, so it has neither radii nor a parameter.
 std::unique_ptr<CHoralElement> startPointAt(double stationing, const Point2D& point) {
   return CShapeContainer::horalElementOf({CShapeType::StartPoint, stationing, point, 0, 0, 0});
 }
 
-/// A curve that is not defined ends where it starts.
+/// A curve that is not defined ends where it starts: adding refuses nothing for its geometry, and
+/// only what is calculated on the curve fails.
 CCurvePoint endOf(const SegmentInput& input) {
   const CDirection direction = directionOfBearing(input.azimuth);
   const CPlaneCurve curve =
@@ -48,9 +60,11 @@ CCurvePoint endOf(const SegmentInput& input) {
   return start;
 }
 
-/// Parameter A of the clothoid between two radii, which is the length divided by the change of
+/// Parameter A of the clothoid between two radii. Its square is the length divided by the change of
 /// curvature: A^2 = R L from a straight to the radius R, and L r R / (R - r) between radii r < R.
-/// It is only told to callers; the geometry follows from the radii.
+/// Magnitudes only are looked at, so an S-curve has the parameter of the C-curve between the same
+/// radii; equal radii, which make an arc, have 0. It is only told to callers; the geometry follows
+/// from the radii with their signs.
 double clothoidParameter(double radiusStart, double radiusEnd, double length) {
   const double start = std::abs(radiusStart);
   const double end = std::abs(radiusEnd);
@@ -79,6 +93,8 @@ bool addSegment(AxisDefinitionImpl& impl, const SegmentInput& input) {
   const CCurvePoint end = endOf(input);
   auto entry = endEntryOf(input, end.position);
   container.makeRoomForTwoHoral();
+  // This is the last step that can run out of memory. A definition that no entry refers to is never
+  // read.
   container.define(*entry, {input.start, input.azimuth, end.heading});
   if (isFirst) container.appendHoral(std::move(start));
   container.appendHoral(std::move(entry));
@@ -86,7 +102,8 @@ bool addSegment(AxisDefinitionImpl& impl, const SegmentInput& input) {
   return true;
 }
 
-/// A shaft keeps only its point in plan.
+/// A shaft keeps only its point in plan, as the azimuth and length of a straight mean nothing on a
+/// vertical line.
 bool addShaftPoint(CShapeContainer& container, double stationing, const Point2D& point) {
   if (container.numHoral() > 0) return false;
   container.appendHoral(startPointAt(stationing, point));
@@ -215,6 +232,8 @@ bool AxisDefinition::addTransSlopeSegmentConstant(double stationingFrom, double 
 bool AxisDefinition::addTransSlopeSegmentLinear(double stationingFrom, double stationingTo,
                                                 double slopeFrom, double slopeTo) {
   if (!isTypeHoralVeral()) return false;
+  // An interval is its two ends, and nothing tells later which of them belong together. So the
+  // slope also runs linearly between two intervals, from the end of one to the start of the next.
   auto from = transSlopeAt(stationingFrom, slopeFrom);
   auto to = transSlopeAt(stationingTo, slopeTo);
   m_impl->container.makeRoomForTwoTransSlopes();  // neither without the other
@@ -235,6 +254,7 @@ unsigned AxisDefinition::getNumVeralPoints() const {
 
 CShapeBase* AxisDefinition::getHoralSegmentAt(unsigned index) const {
   if (index >= getNumHoralSegments()) return nullptr;
+  // Entry 0 is the start point, so a segment ends at the entry after the one of its index.
   return m_impl->container.horalAt(static_cast<std::size_t>(index) + 1);
 }
 
@@ -248,7 +268,9 @@ std::vector<Misclosure> AxisDefinition::misclosures() const {
   for (std::size_t i = 0; i < misclosures.size(); ++i) {
     const CHoralElement& before = *container.horalAt(i);
     const CHoralDefinition segment = container.definitionOf(*container.horalAt(i + 1));
-    // What the caller gave as start, beside what was stored as the end of the segment before.
+    // What the caller gave as start, beside what was stored as the end of the segment before. For
+    // the first segment they differ when another one was added first, as that one brought the start
+    // point.
     misclosures[i].distance =
         (segment.start - Point2D(before.getEast(), before.getNorth())).length();
     if (i == 0) continue;  // nothing leads to the first one
@@ -301,6 +323,7 @@ AxisDefinition* AxisDefinitionFactory::createShaftAxis(double east, double north
   // Stationings grow along the shaft whichever way it runs, so its length has no sign.
   const double length = std::abs(heightEnd - heightStart);
   axis->addHoralSegmentStraight(stationingStart, east, north, 0.0, length);
+  // The order of the heights tells the direction of the shaft.
   axis->addVeralPointKink(stationingStart, heightStart);
   axis->addVeralPointKink(stationingStart + length, heightEnd);
   return axis.release();

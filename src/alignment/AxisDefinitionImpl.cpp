@@ -7,7 +7,9 @@ namespace Calculations {
 void AxisDefinitionImpl::stationingRange(double& minimum, double& maximum) const {
   minimum = 0.0;
   maximum = 0.0;
-  // A shaft has its range from its two heights; in plan it is a point.
+  // A shaft has its range from its two heights; in plan it is a point. Another axis needs two
+  // entries in plan, which are one segment, and two vertical points, which are one grade; with less
+  // there is no place on it to calculate at.
   if (axisType == AxisType::Shaft) {
     if (container.numVeral() < 2) return;
     minimum = container.veralAt(0)->getStationing();

@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: BSL-1.0
+// A stationing means nothing on another axis, which begins elsewhere and curves in its own way.
+// What two axes share is the grid: the point of the source axis at the stationing is projected onto
+// the target, and the stationing of its foot is the counterpart. Tunnel meters are turned into
+// stationings before and back after.
+
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/AxisMapper.h>
 
@@ -14,8 +19,9 @@ class AxisMapperImpl {
   AxisCalculator toCalculator;
 
   /// The stationing on the target; unchanged when the value cannot be carried. The point of the
-  /// source axis is projected onto the target in the vertical plane: a common place of both axes in
-  /// plan, whatever their heights.
+  /// source axis is projected in the vertical plane: a common place of both axes in plan, whatever
+  /// their heights. In the perpendicular plane a target far above or below on a grade would be met
+  /// elsewhere.
   bool carry(double value, bool valueIsTunnelmeter, double& stationing) const {
     double onSource = value;
     if (valueIsTunnelmeter && !fromCalculator.tunnelmeterToStationing(value, onSource)) {

@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
+// Lines for drawing. Curves are sampled at the multiples of a step from their start, and at their
+// end whatever the step, so that neighbouring curves meet. Straights and grades need no points
+// between their ends.
+
 #include "alignment/AxisPolylines.h"
 
 #include <Calculations/Utilities.h>
@@ -12,7 +16,8 @@ namespace {
 constexpr double kSmallestStep = 0.1;
 constexpr double kLargestStep = 100.0;
 
-/// More samples than this are refused: only the two ends are then given.
+/// More samples than this are refused: only the two ends are then given. A curve of 1000 km has as
+/// many at the smallest step.
 constexpr double kMostSteps = 1e7;
 
 /// Calls sample for from, from + step, ... while below to, then for to. Multiples of the step, not
@@ -21,6 +26,7 @@ template <class Sample>
 void sampleAlong(double from, double to, double step, const Sample& sample) {
   Utilities::forceInRange(step, kSmallestStep, kLargestStep);
   if (from < to) sample(from);
+  // A step or an end that is not a number is not countable either.
   const bool isCountable = (to - from) / step <= kMostSteps;
   for (int steps = 1; isCountable && from + steps * step < to; ++steps) {
     sample(from + steps * step);
@@ -28,6 +34,8 @@ void sampleAlong(double from, double to, double step, const Sample& sample) {
   sample(to);
 }
 
+/// Adds the point of intersection where nothing is rounded. Otherwise it adds the rounding, as the
+/// point then lies off the line.
 void appendVeralPoint(const std::vector<CVeralPoint>& points, std::size_t index, double step,
                       std::vector<Point2D>& line) {
   const auto rounding = CVeralAlignment::roundingAt(points, index);
@@ -85,7 +93,8 @@ std::vector<Point2D> sampledVeralPoint(const CShapeContainer& container, std::si
 std::vector<Point2D> sampledVeral(const CShapeContainer& container, double step) {
   const std::vector<CVeralPoint> points = container.veralPoints();
   std::vector<Point2D> line;
-  // Each point is sampled by itself, then the line takes what lies ahead of its end.
+  // Each point is sampled by itself, then the line takes what lies ahead of its end. What a
+  // rounding has beyond the last point is no part of the alignment.
   for (std::size_t i = 0; i < points.size(); ++i) {
     std::vector<Point2D> part;
     appendVeralPoint(points, i, step, part);

@@ -28,7 +28,8 @@ class BlockAxisDefinitionImpl {
 
 namespace {
 
-/// The block axis reaches this far (m) beyond each end of the block.
+/// The block axis reaches this far (m) beyond each end of the block, so that what stands or is
+/// measured just outside its end faces has a place on it too.
 constexpr double kOverhang = 2.0;
 
 /// The chord of a block and what it takes over from the reference axis.
@@ -41,12 +42,15 @@ struct Chord {
   double tunnelmeterAtStart = 0.0;
 };
 
+/// The point of the axis itself, which is the same in both planes. It is the grid's origin where
+/// the axis has no such place; a shaft goes on beyond its ends.
 ENHPoint pointOnAxis(const AxisCalculator& axis, double stationing, bool perpendicular) {
   ENHPoint point;
   axis.axisPointToEnhPoint(AxisPoint(stationing, 0.0, 0.0), point, perpendicular, true);
   return point;
 }
 
+/// The transverse slope in percent, 0 where the axis has none.
 double transSlopeAt(const AxisCalculator& axis, double stationing) {
   double azimuth = 0.0;
   double radius = 0.0;
@@ -67,6 +71,7 @@ Chord chordOf(const AxisCalculator& reference, double startStationing, double en
   chord.transSlopeAtStart = transSlopeAt(reference, startStationing);
   chord.transSlopeAtEnd = transSlopeAt(reference, endStationing);
   if (!reference.stationingToTunnelmeter(startStationing, chord.tunnelmeterAtStart)) {
+    // The operation leaves the stationing there when it fails, which is no tunnel meter.
     chord.tunnelmeterAtStart = 0.0;
   }
   return chord;
@@ -89,6 +94,7 @@ boost::shared_ptr<AxisDefinition> axisAlong(const Chord& chord) {
   axis->addHoralSegmentStraight(stationing, start.east, start.north, azimuth, length);
   axis->addHoralSegmentStraight(stationingAtEnd, end.east, end.north, azimuth, kOverhang);
 
+  // The chord has one grade, so these four lie on one line in space and none needs a rounding.
   axis->addVeralPointKink(stationing - kOverhang, start.height - kOverhang * grade);
   axis->addVeralPointKink(stationing, start.height);
   axis->addVeralPointKink(stationingAtEnd, end.height);
@@ -150,7 +156,8 @@ BlockAxisDefinition::BlockAxisDefinition(
       blockAxisOf(*referenceAxis, chordOf(reference, blockStartStng2d, blockEndStng2dOnRefAxis));
   m_impl->blockAxis = axis;
   if (!axis) return;
-  // The length is found by projection, so the block may end a rounding error after its chord.
+  // The length is found by projection, so the block may end a rounding error after its chord. Both
+  // orders of adding it up, which may differ in the last digit, must lead to a place on the axis.
   const double length = blockLength2d();
   extendTo(std::max(blockStartStng2d + length + kOverhang, blockStartStng2d + (length + kOverhang)),
            *axis);
@@ -169,6 +176,8 @@ double BlockAxisDefinition::blockLength2d() const {
   const AxisCalculator block(m_impl->blockAxis);
   AxisPoint start;
   AxisPoint end;
+  // The block's own stationings are asked for, not the chord in plan: on a shaft they tell its
+  // height difference.
   block.enhPointToAxisPointVertical(pointOnAxis(reference, blockStartStng2d(), false), start);
   block.enhPointToAxisPointVertical(pointOnAxis(reference, blockEndStng2dOnRefAxis(), false), end);
   return end.stationing - start.stationing;
