@@ -8,6 +8,8 @@
 namespace Ruv {
 namespace Calculations {
 
+// Programs hand these records over by value to libraries of other versions, so their layout is part
+// of the contract.
 static_assert(std::is_standard_layout<FittingResult>::value && sizeof(FittingResult) == 56,
               "the method, padded, and six doubles");
 static_assert(offsetof(FittingResult, method) == 0 && offsetof(FittingResult, center) == 8 &&
@@ -28,6 +30,8 @@ FittingResult::FittingResult() : FittingResult(FittingMethod::CircleLegacy) {}
 
 FittingResult::FittingResult(FittingMethod::Method m) : FittingResult(m, Point2D(), 0.0) {}
 
+// A circle has its radius for both semi-axes too, so that it can be drawn as an ellipse. An ellipse
+// has the radius 0.
 FittingResult::FittingResult(FittingMethod::Method m, Point2D centerPoint, double r)
     : method(m), center(centerPoint), radius(r), semiAxisA(r), semiAxisB(r), rotation(0.0) {}
 

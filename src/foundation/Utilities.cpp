@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: BSL-1.0
+// The conventions that everything else rests on: azimuths clockwise from north, zenith angles
+// downwards from straight up, rotations anticlockwise as seen from the tip of their axis. Formulas
+// and their order of operations are fixed, because stored results of callers are compared with what
+// comes out here.
+
 #include <Calculations/Utilities.h>
 
 #include "foundation/MathConstants.h"
@@ -11,17 +16,19 @@ namespace Calculations {
 
 namespace {
 
-/// Angles this close count as equal in the tests that choose a special case (rad).
+/// Angles this close count as equal in the tests that choose a special case (rad). An arc of this
+/// angle is 0.01 um long at 100 m.
 constexpr double kAngleTolerance = 1e-10;
 
 /// From this magnitude on whole turns are removed by a remainder before they are counted off one
 /// by one: at most 159155 turns are left to count. Below it the digits are those of counting.
 constexpr double kLargestCountedAngle = 1e6;
 
-/// A plan or vertical extent below this (m) gives a vector no direction.
+/// A plan or vertical extent below this (m) gives a vector no direction, as coordinates of a survey
+/// are good to about a millimetre.
 constexpr double kSmallestDirectedLength = 0.001;
 
-/// Squared components down to minus this are rounding noise of a zero component.
+/// Squared components (m2) down to minus this are rounding noise of a zero component.
 constexpr double kNegativeSquareNoise = 1e-10;
 
 double withCountableTurns(double angle) {
@@ -35,11 +42,14 @@ double dot(const ENHPoint& a, const ENHPoint& b) {
 }
 
 /// Parallel vectors come out an ulp beyond +-1, where acos has no value. The order of the arguments
-/// lets not-a-number through.
+/// lets not-a-number through. Near 0 and pi the arc cosine tells angles no finer than 1.5e-8 rad;
+/// it is kept because callers have results of it.
 double acosOfRoundedCosine(double cosine) {
   return std::acos(std::max(std::min(cosine, 1.0), -1.0));
 }
 
+/// The component of a square. One that is negative beyond rounding gives not-a-number, as its
+/// angles contradict each other.
 double rootOfSquare(double squared) {
   if (squared < 0.0 && std::abs(squared) < kNegativeSquareNoise) squared = std::abs(squared);
   return std::sqrt(squared);
@@ -53,13 +63,16 @@ ENHPoint asENHPoint(const AxisPoint& a) { return ENHPoint(a.stationing, -a.offse
 
 AxisPoint asAxisPoint(const ENHPoint& p) { return AxisPoint(p.east, -p.north, p.height); }
 
-/// Puts the axis direction along +east and its left side along +north.
+/// Puts the axis direction along +east and its left side along +north. With azimuth a and slope b
+/// the first rotation, by a - pi/2, takes (sin a, cos a) to (1, 0), and the second, by b, lays (cos
+/// b, 0, sin b) down onto +east: a positive turn about north leads from up to east.
 ENHPoint turnToAxis(const ENHPoint& diff, double azimuth, double longSlope) {
   const ENHPoint level = Utilities::rotateAroundHeightZaxis(diff, azimuth - kHalfPi);
   return Utilities::rotateAroundNorthYaxis(level, longSlope);
 }
 
-/// The inverse of turnToAxis: both rotations back, in the opposite order.
+/// The inverse of turnToAxis: both rotations back, in the opposite order, as rotations about
+/// different axes do not commute.
 ENHPoint turnFromAxis(const ENHPoint& p, double azimuth, double longSlope) {
   const ENHPoint level = Utilities::rotateAroundNorthYaxis(p, -longSlope);
   return Utilities::rotateAroundHeightZaxis(level, -(azimuth - kHalfPi));
@@ -106,6 +119,8 @@ double Utilities::deg2rad(double deg) { return (kPi / 180.0) * deg; }
 
 double Utilities::rad2deg(double rad) { return (180.0 / kPi) * rad; }
 
+// Slopes in percent are 100 tan of the angle. The transverse slope changes its sign on the way, as
+// its percentage grows clockwise looking forward and its angle anticlockwise.
 double Utilities::anglePercentToRad(double percent) { return std::atan(percent / 100.0); }
 
 double Utilities::longSlopePercentToRad(double percent) { return anglePercentToRad(percent); }
@@ -133,6 +148,8 @@ void Utilities::forceInRange(int& value, int lowest, int highest) {
 }
 
 double Utilities::distance3dBetween(const ENHPoint& a, const ENHPoint& b) {
+  // Subtracted before it is squared: the square of a northing of 5000 km is stored in steps of
+  // 0.004 m2.
   return std::sqrt(square(b.east - a.east) + square(b.north - a.north) +
                    square(b.height - a.height));
 }
@@ -185,7 +202,9 @@ ENHPoint Utilities::rotateAroundHeightZaxis(const ENHPoint& p, double angle) {
 }
 
 // Horizontal angles count clockwise from north, vertical angles from the zenith. Angles beyond a
-// half turn, as read in the second face, come out right by themselves.
+// half turn, as read in the second face, come out right by themselves. With the horizontal angle h,
+// the vertical angle v and the slope distance d: east = d sin v sin h, north = d sin v cos h,
+// height = d cos v.
 ENHPoint Utilities::convertToLocalCoordinates(const PolarPoint& measurement) {
   const double d = measurement.slopeDistance;
   const double horizontal = d * std::sin(measurement.verticalAngle);
@@ -204,6 +223,8 @@ PolarPoint Utilities::convertToPolarMeasurement(const ENHPoint& from, const ENHP
   return convertToPolarMeasurement(to - from);
 }
 
+// E = E0 + k (e cos o + n sin o), N = N0 + k (n cos o - e sin o) and H = H0 + k h with the
+// orientation o and the scale k. The local north, (0, 1), so has the azimuth o.
 ENHPoint Utilities::transformLocalToGlobal(const ENHPoint& local, const ENHPoint& origin,
                                            double orientation, double scale) {
   const double c = std::cos(orientation);
@@ -218,8 +239,8 @@ ENHPoint Utilities::transformLocalToGlobal(const PolarPoint& measurement, const 
   return transformLocalToGlobal(convertToLocalCoordinates(measurement), origin, orientation, scale);
 }
 
-/// With the orientation o, clockwise, and the scale k: e = (dE cos o - dN sin o) / k and
-/// n = (dE sin o + dN cos o) / k, where dE and dN count from the origin.
+/// The inverse: e = (dE cos o - dN sin o) / k and n = (dE sin o + dN cos o) / k, where dE and dN
+/// count from the origin. The signs differ in the code because the angle there is -o.
 ENHPoint Utilities::transformGlobalToLocal(const ENHPoint& global, const ENHPoint& origin,
                                            double orientation, double scale) {
   const double c = std::cos(-orientation);
@@ -256,6 +277,7 @@ ENHPoint Utilities::rotateAxisDirectionComponentsToENHdiffWithoutTransSlope(
 AxisPoint Utilities::rotateENHdiffToAxisDirectionComponents(const ENHPoint& diff, double azimuth,
                                                             double longSlope,
                                                             double transSlopePercent) {
+  // After turnToAxis the axis lies along +east, so a turn about east is the roll of the section.
   const double roll = transSlopePercentClockwiseToRadAntiClockwise(transSlopePercent);
   return asAxisPoint(rotateAroundEastXaxis(turnToAxis(diff, azimuth, longSlope), roll));
 }
@@ -284,8 +306,14 @@ double Utilities::getGuidanceAngleInSideView(const AxisPoint& direction) {
 //   tan front = right / up,  tan top = right / forward,  tan side = up / forward.
 //
 // Two of the angles and forward^2 + right^2 + up^2 = L^2 give the squares of the components; the
-// quadrants of the angles give their signs. From front and top, for example,
-// right^2 = L^2 / (1 / tan^2 front + 1 + 1 / tan^2 top).
+// quadrants of the angles give their signs.
+//
+//   front and top    right^2   = L^2 / (1 / tan^2 front + 1 + 1 / tan^2 top)
+//   top and side     forward^2 = L^2 / (tan^2 top + 1 + tan^2 side)
+//   front and side   up^2      = L^2 / (1 / tan^2 side + tan^2 front + 1)
+//
+// Straight ahead, straight back and level to a side a formula that divides by a tangent divides
+// zero by zero, hence the special cases. The middle one has none, as it divides by no tangent.
 AxisPoint Utilities::getGuidanceVectorFromFrontAndTopViewAngles(double front, double top,
                                                                 double length) {
   if (angleIsZero(front) && angleIsZero(top)) return AxisPoint(length, 0.0, 0.0);
@@ -332,7 +360,8 @@ AxisPoint Utilities::getGuidanceVectorFromFrontAndSideViewAngles(double front, d
 bool Utilities::angleIsZero(double angle) { return std::abs(angle) < kAngleTolerance; }
 
 bool Utilities::angleIsZeroOrMultipleOfPi(double angle) {
-  // The angle is not normalised first: 2 pi and 3 pi do not count, whatever the name says.
+  // The angle is not normalised first: 2 pi and 3 pi do not count, whatever the name says. The next
+  // two normalise, so 3 pi counts there.
   return angleIsZero(angle) || std::abs(std::abs(angle) - kPi) < kAngleTolerance;
 }
 
