@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
+// A packed R-tree (Roussopoulos and Leifker 1985, Direct spatial search on pictorial databases
+// using packed R-trees): full groups of boxes, groups of groups, and so on. Packing asks for an
+// order in which near things follow each other, which a chain has by nature.
+
 #include "shapes/BoxTree.h"
 
 #include <algorithm>
@@ -9,7 +13,8 @@ namespace Ruv {
 
 namespace {
 
-/// Widens boxes by more than the rounding of what they enclose.
+/// Widens boxes by more than the rounding of what they enclose: by 4500 units in the last place of
+/// the coordinates, and by 1 nm at the origin.
 constexpr double kRelativeMargin = 1e-12;
 constexpr double kAbsoluteMargin = 1e-9;
 
@@ -42,6 +47,7 @@ constexpr double kBoundless = 1e153;
 void CBoxTree::Group::set(std::size_t place, const CBox& box) {
   centreX[place] = centreY[place] = 0.0;
   halfWidth[place] = halfHeight[place] = box.isEmpty() ? -kBoundless : kBoundless;
+  // Halved before they are added, as the sum of two bounds may be beyond the range of a double.
   const Point2D centre(box.low.x / 2.0 + box.high.x / 2.0, box.low.y / 2.0 + box.high.y / 2.0);
   const Point2D half(box.high.x / 2.0 - box.low.x / 2.0, box.high.y / 2.0 - box.low.y / 2.0);
   if (box.isEmpty() || !isFinite(centre) || !isFinite(half)) return;

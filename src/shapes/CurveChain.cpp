@@ -33,7 +33,8 @@ std::vector<CChainSegment> segmentsBetween(const std::vector<CChainNode>& nodes)
   return segments;
 }
 
-/// By the sign of the enclosed area. The first point as reference keeps the products small.
+/// By the sign of the enclosed area. The first point as reference keeps the products small. Areas
+/// of clockwise chains are negative.
 bool isClockwise(const std::vector<CChainSegment>& segments) {
   if (segments.empty()) return false;
   const Point2D reference = segments.front().start;
@@ -58,7 +59,8 @@ struct SegmentEnd {
   double distance;
 };
 
-/// The end that is nearest to a point without a foot on the segment.
+/// The end that is nearest to a point without a foot on the segment. The report of a straight tells
+/// it. An arc whose chord exceeds its diameter reports nothing, so there the distances decide.
 SegmentEnd nearerEnd(const CChainSegment& segment, CFootReport report, const Point2D& p) {
   if (segment.radius == 0.0) {
     const bool isStart = report != CFootReport::BeyondEnd;
@@ -123,6 +125,7 @@ std::optional<CChainFoot> CCurveChain::project(const Point2D& p) const {
 std::optional<CChainFoot> CCurveChain::project(const Point2D& p, std::size_t hint) const {
   if (m_segments.size() < kFewSegments || !(hint < m_segments.size())) return project(p);
   return nearestFoot(p, [&](const auto& reach, const auto& look) {
+    // What the hint finds is mostly the answer already, and leaves few boxes within reach.
     look(hint);
     m_boxes.visitWithin(p, reach, [&](std::size_t index) {
       if (index != hint) look(index);
@@ -130,6 +133,8 @@ std::optional<CChainFoot> CCurveChain::project(const Point2D& p, std::size_t hin
   });
 }
 
+/// Stations need not be lengths (they are handed in with the nodes), so a length within the segment
+/// is stretched to what lies between those of its ends.
 double CCurveChain::stationOn(std::size_t segment, double length) const {
   const double from = m_nodes[segment].station;
   const double stretch = (m_nodes[segment + 1].station - from) / m_segments[segment].length;

@@ -21,7 +21,7 @@ namespace Ruv {
 
 namespace {
 
-/// Azimuths this close (rad) below a full turn are north.
+/// Azimuths this close (rad) below a full turn are north: 1 nm aside on a kilometre.
 constexpr double kFullTurnNoise = 1e-12;
 
 CBox boxOf(const CHoralSegment& segment) {
@@ -86,6 +86,7 @@ void CHoralAlignment::findWedges() {
     if (m_segments[i].isOfLengthZero()) continue;
     if (before < m_segments.size()) {
       if (const auto wedge = smoothWedgeBetween(m_segments[before], m_segments[i])) {
+        // Exact alignments have no wedge, so the table comes with the first one.
         m_wedges.resize(m_segments.size());
         m_wedges[before] = *wedge;
         m_segments[before].opensWedge = true;
@@ -135,7 +136,8 @@ std::optional<CAlignmentFoot> CHoralAlignment::project(const Point2D& p) const {
 }
 
 /// Visits the segments whose boxes are near, in any order: the index orders equally near feet as
-/// the walk along the alignment would.
+/// the walk along the alignment would. A wedge comes with the segment that leads into it, as its
+/// tip is that segment's end and so lies in the same box.
 std::optional<CAlignmentFoot> CHoralAlignment::nearestFoot(const Point2D& p) const {
   CNearestFoot<CAlignmentFoot> nearest;
   const auto look = [&](std::size_t index) {

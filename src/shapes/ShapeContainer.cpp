@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: BSL-1.0
+// Callers see elements, which they may change at any time through setters and links. Conversions do
+// not walk them: they work on CAxisGeometry, tables that are derived from all elements at the first
+// question after a change and kept until the next one. So a setter has only to forget what was
+// derived, and a million conversions derive once.
+
 #include "shapes/ShapeContainer.h"
 
 #include "foundation/MathConstants.h"
@@ -45,7 +50,8 @@ void CShapeList<Element>::sortAndLinkAdded() {
   m_numLinked = m_elements.size();
 }
 
-/// Moves the element at the index to its place among the sorted ones before it.
+/// Moves the element at the index to its place among the sorted ones before it. It goes behind
+/// those of equal stationing, which so keep the order of adding.
 template <class Element>
 void CShapeList<Element>::insertLinked(std::size_t index) {
   const auto added = m_elements.begin() + static_cast<std::ptrdiff_t>(index);
@@ -115,6 +121,7 @@ void CShapeContainer::appendTransSlope(std::unique_ptr<CTransSlopeElement> eleme
 
 void CShapeContainer::resetHoral() {
   m_horal.reset();
+  // No element is left that refers to them.
   m_definitions.clear();
   m_geometry.forget();
 }
@@ -148,6 +155,7 @@ void CShapeContainer::elementChanged() {
 void CShapeContainer::stationingRange(double& minimum, double& maximum) const {
   minimum = 0.0;
   maximum = 0.0;
+  // From the later one of the two starts to the earlier one of the two ends.
   if (m_veral.size() == 0) return;
   if (m_horal.size() > 0) {
     minimum = m_horal.at(0)->getStationing();
@@ -164,6 +172,7 @@ bool CShapeContainer::positionAt(double stationing, CAlignmentPosition& result) 
 }
 
 /// A segment leads from the element before it to its own; the first element is a start point only.
+/// Its type and radii stand in the element that ends it, its start in the one before.
 std::vector<CHoralSegmentData> CShapeContainer::horalSegments() const {
   std::vector<CHoralSegmentData> segments;
   if (m_horal.size() < 2) return segments;
@@ -216,6 +225,7 @@ CAxisGeometry CShapeContainer::derivedGeometry() const {
     slopes.emplace_back(m_transSlopes.at(i)->getStationing(), m_transSlopes.at(i)->getSlope());
   }
   geometry.transSlopes = CTransSlopes(slopes);
+  // One segment in plan and one grade are the least that has places with a height.
   geometry.isComplete = m_horal.size() >= 2 && m_veral.size() >= 2;
   stationingRange(geometry.minimumStationing, geometry.maximumStationing);
   return geometry;

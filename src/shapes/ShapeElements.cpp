@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
+// Every setter on which geometry depends tells the axis, which then derives its geometry anew. The
+// second point and the parameter of a clothoid only tell callers something, so setting them changes
+// nothing.
+
 #include <Calculations/ShapeElements.h>
 
 #include "shapes/ShapeContainer.h"

@@ -1,4 +1,11 @@
 // SPDX-License-Identifier: BSL-1.0
+// With the joint T, the direction t1 into it and t2 out of it, a point P lies in the wedge when
+//
+//   (P - T).t1 > 0  and  (P - T2).t2 < 0,
+//
+// ahead of the end of the one segment and behind the start T2 of the other. T2 is T but for a gap,
+// which enters as (T - T2).t2.
+
 #include "shapes/SmoothWedge.h"
 
 #include "shapes/ShapeTolerances.h"

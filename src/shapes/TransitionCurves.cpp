@@ -21,10 +21,12 @@ namespace Ruv {
 
 namespace {
 
-/// Products R L up to this count as zero.
+/// Products R L up to this, the smallest normal double, count as zero: below it a reciprocal may be
+/// infinite.
 constexpr double kSmallestProduct = std::numeric_limits<double>::min();
 
-/// Terms whose factorials a double can hold: (2 * 85)! is the last.
+/// Terms whose factorials a double can hold: (2 * 85)! is the last. For the side coordinate it is
+/// 171!, which is infinite already and makes the last term 0.
 constexpr std::size_t kMostTerms = 86;
 
 using Coefficients = std::array<double, kMostTerms>;
@@ -79,6 +81,8 @@ bool sumSeries(const Coefficients& coefficients, int lastTerm, double power, dou
   return shrinking > growing;
 }
 
+/// Such a curve has no shape. Only curvature calls that a failure; the other operations answer 0,
+/// as for a straight of no length.
 bool isZeroProduct(double radius, double length) {
   return std::abs(radius * length) <= kSmallestProduct;
 }
@@ -135,6 +139,7 @@ bool CClothoidCurve::localY(double l, double radius, double length, double& out)
   if (isZeroProduct(radius, length)) return true;
   const double a = std::abs(l);
   const double b = 1.0 / (2.0 * std::abs(radius) * std::abs(length));
+  // The powers grow by b^2 l^4, multiplied in this order: results of callers rest on the digits.
   const double a3 = a * a * a;
   return sumSeries(oddCoefficients(), numberOfTerms(), b * a3, b * b * a3 * a, 3.0, out);
 }

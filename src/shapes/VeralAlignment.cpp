@@ -35,11 +35,14 @@ class CPieceClaims {
         m_first(points.front().stationing),
         m_last(points.back().stationing),
         m_claimedTo(justBelow(m_first)) {
+    // A point brings two pieces at most: what its rounding leaves of the line into it, and the
+    // rounding.
     m_pieces.reserve(2 * points.size());
     m_lastStationings.reserve(2 * points.size());
     for (std::size_t i = 1; i < points.size(); ++i) {
       if (hasRoundingType(points[i]) && i + 1 < points.size()) {
         const CRoundingResult result = roundingOf(points[i - 1], points[i], points[i + 1]);
+        // Nothing behind a rounding that cannot be computed has a height, so the claims end.
         if (!result.isComputable) return;
         if (result.rounding) claimAround(i, *result.rounding);
       }
@@ -126,11 +129,14 @@ double CVeralAlignment::lengthAt(double stationing) const {
   return piece.lengthBefore + piece.curve.lengthBetween(piece.from, inside) + (stationing - inside);
 }
 
+/// Outside the points the axis goes on level, as for lengthAt.
 double CVeralAlignment::stationingAtLength(double length) const {
   if (m_numWithLength == 0) return kNotANumber;
   if (length < 0.0) return m_first + length;
   const double whole = lengthAt(m_last);
   if (length > whole) return m_last + (length - whole);
+  // Lengths grow from piece to piece; the one before the first that begins beyond the length holds
+  // it.
   const auto beyond = std::upper_bound(
       m_pieces.begin(), m_pieces.begin() + static_cast<std::ptrdiff_t>(m_numWithLength), length,
       [](double value, const CVeralPiece& piece) { return value < piece.lengthBefore; });
