@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSL-1.0
-// The slope is taken as an angle and the cross fall in percent, as the rotations in Utilities want
-// them. Where the axis has none of them all stay 0, which isKnown tells from a level
-// axis to the north.
+// The slope is taken as an angle and the transverse slope in percent, as the rotations in Utilities
+// want them. Where the axis has none of them all stay 0, and isKnown tells that from a level axis
+// that leads north.
 
 #include "guidance/AxisAttitude.h"
 

@@ -14,6 +14,8 @@ ContinuedTunnelMeter::Value ContinuedTunnelMeter::at(double stationing) const {
   if (m_calculator.stationingToTunnelmeter(stationing, tunnelmeter)) return {tunnelmeter, true};
   const double first = m_axis.minimumStng2d();
   const double last = m_axis.maximumStng2d();
+  // What has no tunnel meter but is not outside lies beyond a rounding that cannot be computed, and
+  // no end to continue from is known.
   const bool isOutside = stationing < first || stationing > last;
   const double end = stationing < first ? first : last;
   if (!isOutside || !m_calculator.stationingToTunnelmeter(end, tunnelmeter)) {

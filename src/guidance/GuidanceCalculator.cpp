@@ -42,7 +42,9 @@ class GuidanceCalculatorImpl {
   ENHPoint pointOnStraight(double forwardValue) const;
 
  private:
-  /// A direction of the vector in grid coordinates.
+  /// A direction of the vector in grid coordinates: from the levelled frame to that of the axis,
+  /// where the vector is levelled, and then turned by transverse slope, slope and azimuth, in this
+  /// order.
   ENHPoint onGrid(const GuidanceOffsets& direction, const AxisAttitude& attitude) const {
     const GuidanceOffsets inclined =
         perpendicular ? direction : relativeToAxis(direction, attitude.longSlope);
@@ -78,6 +80,8 @@ GuidanceOffsets GuidanceCalculatorImpl::offsetsFromStraight(const ENHPoint& poin
   }
   const AxisAttitude attitude(calculator, origin.stationing);
   if (!attitude.isKnown) return GuidanceOffsets();
+  // Azimuth and elevation fix the vector's own frame but for the roll about it, which is taken as
+  // level: the transverse slope turns the vector with the axis, but not right and up around it.
   const ENHPoint direction = onGrid(vector->getVectorDirection(), attitude);
   return asOffsets(Utilities::rotateENHdiffToAxisDirectionComponentsWithoutTransSlope(
       point - start, direction.azimuthAngle(), direction.elevationAngle()));
@@ -88,6 +92,7 @@ ENHPoint GuidanceCalculatorImpl::pointOnParallel(double forwardValue) const {
   const AxisPoint origin = vector->getVectorOriginPoint();
   double stationing = origin.stationing + forwardValue;
   if (perpendicular) {
+    // Nothing has failed so far that a missing axis makes fail, and the next line refers to it.
     if (!axis) return ENHPoint();
     const ContinuedTunnelMeter tunnelmeter(*axis, calculator);
     const ContinuedTunnelMeter::Value atOrigin = tunnelmeter.at(origin.stationing);
@@ -107,10 +112,12 @@ ENHPoint GuidanceCalculatorImpl::pointOnStraight(double forwardValue) const {
   const AxisPoint origin = vector->getVectorOriginPoint();
   const AxisAttitude attitude(calculator, origin.stationing);
   if (!attitude.isKnown) return ENHPoint();
+  // Forward distances are metres, whatever the length of the direction that was stored.
   const GuidanceOffsets unit = vector->getVectorDirection().normalized();
   const GuidanceOffsets along(unit.forward * forwardValue, unit.horizontal * forwardValue,
                               unit.vertical * forwardValue);
   ENHPoint start;
+  // A place with a known attitude converts too, so there is no failure to look at.
   calculator.axisPointToEnhPoint(origin, start, perpendicular, true);
   return onGrid(along, attitude) + start;
 }

@@ -1,4 +1,10 @@
 // SPDX-License-Identifier: BSL-1.0
+// A vector is an origin in axis coordinates and a direction relative to the axis there. Only the
+// calculator knows the axis, so nothing is checked here against any.
+//
+// The interface takes the source of a copy by a reference that is not const, and moves: two vectors
+// never share what they hold, and the source is left empty.
+
 #include <Calculations/GuidanceVectorDefinition.h>
 #include <Calculations/Utilities.h>
 
@@ -73,6 +79,8 @@ double GuidanceVectorDefinition::getGuidanceAngleProjectedInSideViewPlane() cons
   return Utilities::getGuidanceAngleInSideView(asAxisPoint(read().direction));
 }
 
+// Angles set the direction and nothing else: a vector parallel to the axis stays parallel and does
+// not use it. To steer by angles it is made a straight one first, in any direction.
 void GuidanceVectorDefinition::setVectorDirectionFromProjectedAnglesFrontAndTopViewPlane(
     double front, double top, double length) {
   filled().direction =

@@ -51,6 +51,7 @@ GuidanceVectorFactory::createAsStraightFromAxisCoordinateAndVectorComponents(
 
 GuidanceVectorDefinition* GuidanceVectorFactory::createAsStraightInProfilePlaneWithVerticalAngle(
     const AxisPoint& origin, double angle) {
+  // The angle counts as in the front view: 0 is up, a right angle to the right.
   return straightVector(origin, GuidanceOffsets(0.0, std::sin(angle), std::cos(angle)));
 }
 
@@ -69,7 +70,9 @@ GuidanceVectorDefinition* GuidanceVectorFactory::createAsStraightFromPairOfAxisC
     const boost::shared_ptr<const AxisDefinition>& axis, const AxisPoint& first,
     const AxisPoint& second, bool perpendicular, bool withTransSlope) {
   const AxisCalculator calculator(axis);
-  // The difference of the two places in the grid, turned into the frame of the axis at the first.
+  // The difference of the two places in the grid, turned into the frame of the axis at the first. A
+  // calculator with the same plane turns it back by the same attitude, so that the vector leads
+  // through the second place.
   const ENHPoint along = gridPointOf(calculator, second, perpendicular, withTransSlope) -
                          gridPointOf(calculator, first, perpendicular, withTransSlope);
   const AxisAttitude attitude(calculator, first.stationing);

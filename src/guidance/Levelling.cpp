@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
 // Both directions are turned about the horizontal axis to the right by the slope angle of the axis:
-// forward' = forward cos a - vertical sin a, vertical' = vertical cos a + forward sin a.
+// forward' = forward cos a - vertical sin a, vertical' = vertical cos a + forward sin a. Only the
+// calculator with vertical planes needs it: there forward and vertical of a vector are those of a
+// spirit level, and those of the axis are inclined.
 
 #include "guidance/Levelling.h"
 
