@@ -1,4 +1,11 @@
 // SPDX-License-Identifier: BSL-1.0
+// The circle as the conic x^2 + y^2 + p0 x + p1 y + p2 = 0 (Kasa 1976, IEEE Trans. Instrum. Meas.
+// 25), which is linear in the unknowns p: least squares of the left side give them. With them the
+// centre is (-p0 / 2, -p1 / 2) and the square of the radius (p0^2 + p1^2) / 4 - p2.
+//
+// The normal equations would be shorter, but they square the condition, so that short arcs lose
+// twice as many digits.
+
 #include "fitting/PointFrame.h"
 #include "fitting/PointSubset.h"
 #include "foundation/MathConstants.h"

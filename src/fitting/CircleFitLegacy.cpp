@@ -34,7 +34,8 @@ constexpr double kInPlaceOfZeroDeterminant = 1e-5;
 /// A column of the normal equations, or their right side.
 using Column = std::array<double, 3>;
 
-/// The iterate: centre (a, b) and radius r.
+/// The iterate: centre (a, b) and radius r. It starts as the unit circle about the origin, wherever
+/// the points are.
 struct Circle {
   double a = 0.0;
   double b = 0.0;

@@ -1,4 +1,10 @@
 // SPDX-License-Identifier: BSL-1.0
+// The rounds of the ellipse fit. A round fits the equation of a conic to the points in use and
+// takes its value at a point, the algebraic distance, as the residual of the point. Points beyond
+// three times the mean residual are left out of the next round. Algebraic distances are cheap, but
+// they are no lengths: at the ends of a flat ellipse, where the equation is less steep, the same
+// deviation counts less than beside its long sides.
+
 #include "fitting/ConicToEllipse.h"
 #include "fitting/DirectConicFit.h"
 #include "fitting/PointFrame.h"

@@ -10,7 +10,8 @@ namespace Calculations {
 
 namespace {
 
-/// The greatest power of two that does not exceed the value.
+/// The greatest power of two that does not exceed the value. It is 1 where no such power is, so
+/// that coincident points are not divided by 0.
 double powerOfTwoBelow(double value) {
   if (!(value > 0.0) || !std::isfinite(value)) return 1.0;
   int exponent = 0;
@@ -37,6 +38,7 @@ PointFrame frameOf(const PointSubset& points) {
   if (count == 0) return frame;
   const auto n = static_cast<double>(count);
   const Eigen::Array2d mean = sum / n;
+  // The mean square distance from the mean is the mean of the squares less the square of the mean.
   const double meanSquare = (sumOfSquares / n - mean * mean).sum();
   frame.count = count;
   frame.origin = Point2D(first.x() + mean.x(), first.y() + mean.y());
@@ -44,6 +46,7 @@ PointFrame frameOf(const PointSubset& points) {
   return frame;
 }
 
+/// A coordinate reduced by the origin keeps the rounding that it had with the origin's magnitude.
 double coordinateNoise(const PointFrame& frame) {
   constexpr double kMargin = 4.0;
   const double roundings = 1.0 + frame.origin.length() / frame.unit;
