@@ -1,4 +1,10 @@
 // SPDX-License-Identifier: BSL-1.0
+// The measure of the poses is an integral over directions of the base (on the sphere), turns of the
+// height about it (on a circle) and shifts (by their volume), taken as a Monte Carlo mean
+// (Hammersley and Handscomb 1964, Monte Carlo Methods). A sample draws direction and turn uniformly
+// from ranges that hold all that fit; its value is the product of the sizes of both ranges and of
+// the volume of the shifts that are left.
+
 #include "stations/FigurePoses.h"
 
 #include <Eigen/Geometry>

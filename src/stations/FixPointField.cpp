@@ -128,6 +128,7 @@ FixPointField::FixPointField(const std::vector<ENHPoint>& points) {
   for (const Place& place : places) {
     const bool isRepeated = !m_points.empty() && m_points.back() == place.point;
     coincident = isRepeated ? coincident + 1 : 1;
+    // The place stands for the point all the same, as points around a place are counted.
     if (coincident > kMostCoincident) {
       ++m_coincident.back();
       continue;

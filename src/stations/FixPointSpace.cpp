@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: BSL-1.0
+// The volume is that of boxes: the points are halved at the median of their longest extent, the
+// halves likewise, as in a k-d tree (Bentley 1975, Commun. ACM 18), and the boxes of the last parts
+// are summed up. In a curved tunnel the boxes follow the curve, where one box would hold the rock
+// inside the bend.
+
 #include "stations/FixPointSpace.h"
 
 #include "stations/EigenPoints.h"

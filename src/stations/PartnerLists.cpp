@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
+// Thousands of candidates have their lists filled one after the other, and most are given up at the
+// first measured point without partners. So filling allocates nothing: all lists of a candidate are
+// stretches of one block, which the candidates after it use again.
+
 #include "stations/PartnerLists.h"
 
 #include <algorithm>
@@ -17,7 +21,6 @@ void PartnerLists::restart(FieldPlace candidate) {
 
 bool PartnerLists::find(const PointDistance& toMeasured) {
   Range& range = m_ranges[indexOf(toMeasured.to)];
-  // All lists share one block of memory, which the candidates after this one use again.
   range.begin = m_places.size();
   m_field->appendPartners(m_candidate, toMeasured.distance, m_tolerance, m_places);
   range.end = m_places.size();

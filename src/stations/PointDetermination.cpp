@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: BSL-1.0
+// The class that callers see knows ids; the search knows indices only. Fix points and measurements
+// are stored in the order of adding, handed to a matcher as plain lists, and its solutions
+// translated back. Each determination starts from nothing and appends its solutions, so the answers
+// come from the first one that succeeded since reset().
+
 #include <Calculations/PointDetermination.h>
 #include <Calculations/Utilities.h>
 
@@ -136,6 +141,7 @@ double PointDetermination::expectedChanceSolutions() const {
   if (m_impl->solutions.empty()) return kNoEvidence;
   const PointDeterminationImpl::Circumstances& before = m_impl->ofFirstSolution;
   const std::vector<ENHPoint>& all = m_impl->fixPoints.entries();
+  // Lists only grow, so what was there before is at their front.
   const std::vector<ENHPoint> fixPoints(
       all.begin(), all.begin() + static_cast<std::ptrdiff_t>(before.fixPoints));
   const std::size_t matched = numMatchedPlaces(m_impl->solutions.front(), fixPoints,

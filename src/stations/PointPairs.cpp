@@ -31,7 +31,8 @@ PointPairs pairMeasurementsWithFixPoints(const MeasurementMap& measurements,
   PointPairs pairs;
   pairs.local.reserve(measurements.size());
   pairs.global.reserve(measurements.size());
-  // Both maps are in the order of the ids.
+  // Both maps are in the order of the ids. Walking them in step takes as many steps as both are
+  // long.
   auto measured = measurements.begin();
   auto fixed = fixPoints.begin();
   while (measured != measurements.end() && fixed != fixPoints.end()) {

@@ -1,4 +1,12 @@
 // SPDX-License-Identifier: BSL-1.0
+// With k the scale, R the rotation by both tilts and the orientation, l a measured point relative
+// to the instrument and S the station, every fix point is S + k R l but for errors of measuring.
+//
+// Both methods pair the measurements with the fix points of their ids. The plane one solves this in
+// plan alone, with R a turn about the vertical, in closed form, and takes the height as a mean; the
+// spatial one iterates from there. Outputs are written when all is calculated, so that a failure
+// leaves them alone, but for two that callers read without asking.
+
 #include <Calculations/Resection.h>
 #include <Calculations/Utilities.h>
 

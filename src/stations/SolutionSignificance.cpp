@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
+// Solutions come ranked, the best one first. The best is worth something against the others when
+// the second fits clearly worse, or when all of them say the same: they put the measurements at the
+// same places, and differ in the names of points only.
+
 #include "stations/SolutionSignificance.h"
 
 #include <algorithm>

@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
+// Global is S + k R local, with the station S, the scale k and the rotation R of SpatialRotation;
+// the way back is R^T (global - S) / k. A residual leads from the fix point to where the sighting
+// puts it.
+
 #include <Calculations/StationPlacement.h>
 #include <Calculations/Utilities.h>
 
@@ -16,6 +20,8 @@ StationPlacementImpl::StationPlacementImpl(const StationSetup& adjusted)
       m_rotation(
           spatialRotation({adjusted.tiltAboutEast, adjusted.tiltAboutNorth, adjusted.orientation})
               .matrix) {
+  // The rotation takes the angles as adjusted. Callers are told the normalised ones, and the tilt
+  // about north lies within a right angle already.
   Utilities::angleAsMinusPiToPi(setup.tiltAboutEast);
   Utilities::angleAsZeroToTwoPi(setup.orientation);
 }
@@ -41,6 +47,8 @@ void StationPlacementImpl::setResiduals(const PointPairs& pairs, const Measureme
   for (std::size_t i = 0; i < pairs.size(); ++i) {
     m_residuals.push_back(station + fromStation(pairs.local[i]) - pairs.global[i]);
   }
+  // The pairs are in the order of the ids, each id with all its sightings, so the ends of these
+  // runs are all that is needed to find those of one id.
   std::size_t end = 0;
   for (const auto& [id, sightings] : measurements) {
     if (fixPoints.count(id) == 0) continue;
