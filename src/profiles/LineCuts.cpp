@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
 // An edge crosses a line where the distances of its two ends from the line differ in sign, at the
 // share a / (a - b) of the edge for the distances a and b. The distance of each vertex is computed
-// once for both of its edges, so that no line through a vertex is lost between them.
+// once for both of its edges, so that no line through a vertex is lost between them. Vertices that
+// are not finite are left out and their neighbours joined.
 
 #include "profiles/LineCuts.h"
 
@@ -32,6 +33,7 @@ Point2D nearestCrossing(const MeasuredProfile& profile, const Point2D& p,
   double shortest = kFarthestDistance;
   const auto lookAt = [&](const Vertex& start, const Vertex& end) {
     const auto crossing = crossingOf(start.point, start.distance, end.point, end.distance);
+    // Only what is strictly nearer replaces, so the first of equally near crossings stays.
     if (!crossing || !((*crossing - p).length() < shortest)) return;
     shortest = (*crossing - p).length();
     nearest = *crossing;
@@ -50,6 +52,7 @@ Point2D nearestCrossing(const MeasuredProfile& profile, const Point2D& p,
     }
     before = vertex;
   }
+  // The last edge leads back to the first point.
   if (first) lookAt(before, *first);
   return nearest;
 }
@@ -59,6 +62,7 @@ std::vector<Point2D> polygonCrossings(const std::vector<Point2D>& polygon, const
   std::vector<Point2D> crossings;
   const CLine line(a, b);
   if (polygon.size() < 3 || !line.hasDirection()) return crossings;
+  // The edge that leads to the first point comes first, and the crossings are in this order.
   Point2D before = polygon.back();
   for (const Point2D& point : polygon) {
     const auto crossing = crossingOf(line, before, point);

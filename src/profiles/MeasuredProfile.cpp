@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
+// A measured profile is a closed polygon: as many segments as points, each from a point to the next
+// and the last one back to the first. Points are kept as they come, those that are not finite too,
+// so that indices stay those of adding; what is calculated leaves them out.
+
 #include <Calculations/MeasuredProfile.h>
 
 #include "shapes/PlaneGeometry.h"

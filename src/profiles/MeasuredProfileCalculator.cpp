@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
+// A comparison of two closed outlines in one plane. Question by question: points are seen from the
+// reference, distances and fits are taken of the comparison, areas of both. What is shared between
+// questions, and when it is prepared anew, is the implementation's business.
+
 #include <Calculations/FittingHelper.h>
 #include <Calculations/MeasuredProfileCalculator.h>
 
@@ -13,10 +17,12 @@ namespace Calculations {
 
 namespace {
 
-/// Polygons of results below this (m2) are noise of the clipping grid.
+/// Polygons of results below this (m2) are noise of the clipping grid: a sliver one grid step wide
+/// has it at 1 m of length.
 constexpr double kSmallestArea = 0.0001;
 
-/// Rounds of the ellipse fit, without and with the rejection of outliers.
+/// Rounds of the ellipse fit, without and with the rejection of outliers. Rejecting ends by itself
+/// once a round finds none; the limit is for points that lose some in every round.
 constexpr int kSingleRound = 1;
 constexpr int kMostRounds = 10;
 
@@ -42,6 +48,7 @@ FittingResult fitted(FittingMethod::Method method, const std::vector<Point2D>& p
   }
 }
 
+/// Through two points pass any number of circles, so they only tell a centre. The radius stays 0.
 FittingResult centredAt(FittingMethod::Method method, const Point2D& centre) {
   FittingResult result(method);
   result.center = centre;
@@ -50,6 +57,7 @@ FittingResult centredAt(FittingMethod::Method method, const Point2D& centre) {
 
 std::vector<Polygon> polygonsOf(const Pathes& area) { return polygonsOf(area, kSmallestArea); }
 
+/// An empty profile in place of none, so that no question has to ask.
 template <class Profile>
 boost::shared_ptr<const Profile> orEmpty(const boost::shared_ptr<const Profile>& profile) {
   return profile ? profile : boost::shared_ptr<const Profile>(new Profile);

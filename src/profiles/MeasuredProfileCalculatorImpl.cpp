@@ -1,4 +1,15 @@
 // SPDX-License-Identifier: BSL-1.0
+// As sets of points of the plane, with the reference R, the comparison M and the allowed area F:
+//
+//   over profile    (M without R) within F
+//   under profile   (R without M) within F
+//
+// The filters come last: applied to M and R before, they would give both an edge along the limit,
+// and edges that two outlines share are what the clipper is least good at.
+//
+// Cuts and fits take the start points of the segments, so arcs of a reference count as chords
+// there. Outlines and areas follow its arcs in short pieces.
+
 #include "profiles/MeasuredProfileCalculatorImpl.h"
 
 #include "profiles/LineCuts.h"
@@ -46,6 +57,7 @@ std::vector<Polyline> MeasuredProfileCalculatorImpl::linesOf(const IProfileSegme
   if (filters.areSet()) {
     return polylinesOf(Pathes::linesWithin(Pathes(outline), filters.allowedArea(), clean));
   }
+  // A profile without segments has no outline, which is not the same as an empty one.
   if (profile.getNumSegments() == 0) return {};
   return {polylineOf(outline)};
 }
@@ -81,6 +93,8 @@ Pathes MeasuredProfileCalculatorImpl::geologicalPart(const GeologicalDivision& d
   return part;
 }
 
+/// Holes of negative area change no sum, and to cut bands open at thousands of them would cost more
+/// than all the rest.
 double MeasuredProfileCalculatorImpl::geologicalArea(const GeologicalDivision& division) const {
   Pathes part = division.geologicalPartWithHoles();
   filter(part);

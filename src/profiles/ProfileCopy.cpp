@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
+// Profiles are shared with callers, who may go on adding to them, and nothing tells when they do.
+// So what is prepared from a profile is kept with a copy of its nodes, and every call first
+// compares them: n comparisons of doubles, where preparing takes n log n steps of geometry.
+
 #include "profiles/ProfileCopy.h"
 
 #include "shapes/PlaneGeometry.h"
@@ -52,6 +56,8 @@ bool ProfileCopy::isCopyOf(const IProfileSegmentProvider& profile) const {
   return true;
 }
 
+/// Where an end of an arc is left out a straight bridges the gap, as the radius belongs to the
+/// chord that is gone.
 std::vector<ProfileCopy::Node> ProfileCopy::soundNodes() const {
   std::vector<Node> sound;
   sound.reserve(m_nodes.size());

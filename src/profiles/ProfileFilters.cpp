@@ -43,6 +43,7 @@ void ProfileFilters::set(LineFilter kind, double limit) {
 }
 
 void ProfileFilters::addAngles(double startAngle, double endAngle, const Point2D& centre) {
+  // A corner that is not a number would be taken to the origin of the grid.
   if (!std::isfinite(startAngle) || !std::isfinite(endAngle) || !isFinite(centre)) return;
   Angles angles = areSet() ? m_set->angles : Angles();
   angles.push_back({startAngle, endAngle, centre});
@@ -58,6 +59,8 @@ bool ProfileFilters::excludes(const Point2D& p) const {
                      [&](const Path& wedge) { return isInsideOrOn(wedge, p); });
 }
 
+/// Limits that cross change sides. The ring is turned the right way round again, so what lies
+/// between them is allowed.
 Path ProfileFilters::rectangleOf(const Limits& limits) {
   const auto limitOf = [&](LineFilter kind, double unset) {
     const auto found = limits.find(kind);
@@ -74,7 +77,9 @@ Path ProfileFilters::rectangleOf(const Limits& limits) {
                      true);
 }
 
-/// The wedge is a triangle, not a sector: its outer side is a chord.
+/// The corners lie at C + 1000 m (sin b, cos b) for the centre C and a bearing b, clockwise from
+/// up. The wedge is a triangle, not a sector: its outer side is a chord, and of a span beyond half
+/// a turn it takes the smaller side.
 Path ProfileFilters::wedgeOf(const AngleFilter& filter) {
   const auto corner = [&](double bearing) {
     return filter.centre + Point2D(std::sin(bearing), std::cos(bearing)) * kReach;
@@ -83,6 +88,9 @@ Path ProfileFilters::wedgeOf(const AngleFilter& filter) {
                      true);
 }
 
+/// Cut to the rectangle, because the allowed area is told by the even-odd rule: what of a wedge
+/// lies outside the rectangle is inside one outline, and so would be allowed. By the same rule what
+/// two wedges share is no wedge.
 Pathes ProfileFilters::wedgesWithin(const Path& rectangle, const Angles& angles) {
   Pathes wedges;
   for (const AngleFilter& filter : angles) {

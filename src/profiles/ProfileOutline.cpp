@@ -6,6 +6,7 @@
 namespace Ruv {
 namespace Calculations {
 
+/// Points that are not finite are left out before, as the grid has no place for them.
 Path outlineOf(const IProfileSegmentProvider& profile, bool clean) {
   return ringThrough(ProfileCopy(profile).soundNodes(), clean);
 }

@@ -4,6 +4,7 @@
 namespace Ruv {
 namespace Calculations {
 
+/// Reads a profile once through its virtual functions, for those who look at every segment often.
 std::vector<ProfileSegment> segmentsOf(const IProfileSegmentProvider& profile) {
   const unsigned int count = profile.getNumSegments();
   std::vector<ProfileSegment> segments;

@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
+// The theoretical calculator asks for a theoretical profile. A reference may be a measured one, or
+// have points that are not finite, so it is built anew from the sound nodes: segment by segment, a
+// radius of 0 being a straight.
+
 #include "profiles/ReferenceCalculator.h"
 
 #include <boost/shared_ptr.hpp>

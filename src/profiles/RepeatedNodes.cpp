@@ -15,6 +15,7 @@ namespace Calculations {
 
 namespace {
 
+/// What is not a number equals nothing, so it repeats no node and takes no slot.
 bool isNumber(const Point2D& p) { return !std::isnan(p.x) && !std::isnan(p.y); }
 
 /// Mixes the bits of both coordinates. Adding 0 turns -0 into 0, which it equals. Source of the
@@ -40,6 +41,7 @@ std::vector<bool> repeatsEarlierNode(const std::vector<CChainNode>& nodes) {
     numSlots *= 2;
   }
   const std::size_t mask = numSlots - 1;  // of a power of two
+  // The index of no node marks a free slot.
   const std::size_t free = nodes.size();
   std::vector<std::size_t> nodeInSlot(numSlots, free);
   std::vector<bool> repeats(nodes.size(), false);

@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: BSL-1.0
+// Argument handling only; ThProfileCalculatorImpl has the geometry and the three ways to count
+// along a profile.
+
 #include <Calculations/ThProfileCalculator.h>
 
 #include "profiles/ThProfileCalculatorImpl.h"
@@ -43,12 +46,16 @@ double ThProfileCalculator::diameterAtProfilePoint(const Point2D& p) const {
 
 std::vector<Point2D> ThProfileCalculator::pointsOnProfileByInterval(double interval,
                                                                     bool includeVertices) const {
+  // Rounded to the nearest number, so that an interval which divides the circumference but for
+  // rounding gets all its samples. The gap from the last one back to the start is between a half
+  // and one and a half intervals.
   const double count = std::floor(m_impl->circumference() / interval + 0.5);
   return m_impl->samples(interval, count, includeVertices);
 }
 
 std::vector<Point2D> ThProfileCalculator::pointsOnProfileByFixedNumber(unsigned int count,
                                                                        double* interval) const {
+  // For no points the step is infinite, and there are no samples.
   const double step = m_impl->circumference() / static_cast<double>(count);
   if (interval != nullptr) *interval = step;
   return m_impl->samples(step, static_cast<double>(count), false);

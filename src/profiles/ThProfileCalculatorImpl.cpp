@@ -73,6 +73,8 @@ double ThProfileCalculatorImpl::stationOf(double rawDerolment) const {
 
 double ThProfileCalculatorImpl::derolmentAt(double station) const {
   double derolment = rawDerolmentOf(station) - m_crown;
+  // Just half a circumference keeps the sign that it comes with, as both signs name the place
+  // opposite the crown.
   if (derolment < -m_circumference / 2.0) derolment += m_circumference;
   if (derolment > m_circumference / 2.0) derolment -= m_circumference;
   return derolment;
@@ -88,6 +90,7 @@ std::vector<ProfilePointResult> ThProfileCalculatorImpl::profilePoints(
     const std::vector<Point2D>& points) const {
   std::vector<ProfilePointResult> results;
   results.reserve(points.size());
+  // Points of a list mostly follow the profile, so each has its foot near that of the one before.
   std::size_t hint = 0;
   for (const Point2D& point : points) {
     const auto foot = m_chain.project(point, hint);
@@ -111,6 +114,7 @@ Point2D ThProfileCalculatorImpl::pointAtRawDerolment(double rawDerolment) const 
   return m_chain.pointAt(stationOf(rawDerolment)).value_or(Point2D());
 }
 
+/// The start point comes first either way round; the closing node, which repeats it, is left out.
 std::vector<Point2D> ThProfileCalculatorImpl::vertices() const {
   std::vector<Point2D> points;
   if (!hasSegments()) return points;
@@ -157,6 +161,7 @@ std::vector<Point2D> ThProfileCalculatorImpl::samples(double interval, double co
     derolments.push_back(derolment);
     derolment += interval;
   }
+  // Both parts are ascending, the vertices and behind them the multiples.
   std::inplace_merge(derolments.begin(), derolments.begin() + numVertices, derolments.end());
   const auto isSame = [](double kept, double next) { return next - kept <= kSameDerolment; };
   derolments.erase(std::unique(derolments.begin(), derolments.end(), isSame), derolments.end());
@@ -176,7 +181,8 @@ std::vector<Point2D> ThProfileCalculatorImpl::pointsAtRightOffset(double right) 
   return intersectionsOf(m_chain.segments(), Point2D(right, -kReach), Point2D(right, kReach));
 }
 
-/// The shortest of the chords that the normal through the foot cuts out of the profile.
+/// The shortest of the chords that the normal through the foot cuts out of the profile. The foot
+/// itself is among the intersections, hence the smallest length that counts.
 double ThProfileCalculatorImpl::diameterAt(const Point2D& p) const {
   double diameter = std::numeric_limits<double>::max();
   const auto foot = m_chain.project(p);
@@ -189,6 +195,9 @@ double ThProfileCalculatorImpl::diameterAt(const Point2D& p) const {
   return diameter;
 }
 
+/// Works on raw derolments only, as there is no crown yet. The crown is the start of the profile
+/// where nothing lies on the vertical through the centroid; of equally high points the first in the
+/// order of the segments counts.
 double ThProfileCalculatorImpl::rawDerolmentOfCrown() const {
   const double count = std::floor(m_circumference / kCrownInterval + 0.5);
   const std::vector<Point2D> outline = samples(kCrownInterval, count, true);

@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
+// A profile is stored as a chain of nodes: n segments are n + 1 nodes, of which all but the first
+// hold the radius of the segment that ends there and the station, the length of the chain up to
+// there.
+
 #include <Calculations/ThProfileDefinition.h>
 
 #include "foundation/MakeRoom.h"
@@ -21,6 +25,8 @@ void ThProfileDefinitionImpl::add(const Point2D& start, const Point2D& end, doub
     nodes.push_back({start, 0.0, 0.0});
     sense.add(start);
   }
+  // Measured from the start as it was given, also where that is not the end of the segment before:
+  // results of callers rest on stations that were counted so.
   const double length = CChainSegment::between(start, end, radius).length;
   nodes.push_back({end, nodes.back().station + length, radius});
   sense.add(end);
@@ -69,6 +75,7 @@ double ThProfileDefinition::getSegmentRadiusAt(unsigned int index) const {
 
 double ThProfileDefinition::getCircumference() const {
   const std::vector<CChainNode>& nodes = m_impl->nodes;
+  // A single segment encloses nothing and counts as none.
   // Measured anew from the nodes: stations may follow start points that are off the chain.
   if (getNumSegments() < 2) return 0.0;
   double length = 0.0;
