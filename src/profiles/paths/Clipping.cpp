@@ -43,6 +43,9 @@ ClipperLib::Paths combined(ClipperLib::ClipType operation, const PathViews& a, c
   clipper.add(a, ClipperLib::ptSubject, true);
   clipper.add(b, ClipperLib::ptClip, true);
   ClipperLib::Paths solution = clipper.outlines(operation, ClipperLib::pftEvenOdd);
+  // Two outlines of one argument may share edges, which then show in the result; a single outline
+  // has no other to share with. A negative area tells that an outline was turned the wrong way
+  // round.
   const bool canShareEdges = a.size() > 1 || b.size() > 1;
   const bool isInsideOut = signedArea(solution) < 0.0;
   if (canShareEdges || isInsideOut) solution = united(std::move(solution));
@@ -51,7 +54,8 @@ ClipperLib::Paths combined(ClipperLib::ClipType operation, const PathViews& a, c
   return solution;
 }
 
-/// Bands as the clipper grows them, with their holes.
+/// Bands as the clipper grows them, with their holes. The lines are simplified first, because each
+/// of their points becomes two corners of the band or more.
 ClipperLib::Paths grownLines(const PathViews& lines, ClipperLib::cInt distance) {
   ClipperLib::Paths simple;
   simple.reserve(lines.size());

@@ -1,8 +1,18 @@
 // SPDX-License-Identifier: BSL-1.0
-// The clipper sweeps a level line over the outlines, from one vertex to the next ("scanbeam"), and
-// afterwards joins what the sweep has found. The sweep is led here, in the clipper's own steps and
-// order; for the rest its own operation follows, which finds nothing left to sweep. So results are
-// the clipper's to the last point.
+// The clipper is an implementation of Vatti's algorithm (Vatti 1992, A generic solution to polygon
+// clipping, Commun. ACM 35). It sweeps a level line over the outlines, from one vertex to the next
+// ("scanbeam"), and afterwards joins what the sweep has found. The sweep is led here, in the
+// clipper's own steps and order; for the rest its own operation follows, which finds nothing left
+// to sweep. So results are the clipper's to the last point.
+//
+// Why it is led here: the clipper's own sweep turns every exception, and the loss of its way, into
+// one and the same false.
+//
+//   active edges     those that the sweep line crosses at present, from left to right
+//   local minimum    a vertex where two edges begin
+//   scanbeam         the strip between the levels of two vertices
+//   intersection     a place inside a scanbeam where two active edges change sides
+//   ghost join       a level edge that may have to be joined to one found later
 
 #include "profiles/paths/FailsafeClipper.h"
 
@@ -21,30 +31,38 @@ struct ClipperSteps {
   using StepTo = void (Clipper::*)(ClipperLib::cInt);
   using Test = bool (Clipper::*)();
 
+  /// Edges that begin at a level become active.
   struct InsertLocalMinima {
     using Member = StepTo;
     friend Member memberOf(InsertLocalMinima name);
   };
+  /// Level edges are walked along from end to end, as a level line cannot cross them.
   struct ProcessHorizontals {
     using Member = Step;
     friend Member memberOf(ProcessHorizontals name);
   };
+  /// Collects where active edges change sides up to a level, by sorting a copy of them.
   struct BuildIntersectList {
     using Member = StepTo;
     friend Member memberOf(BuildIntersectList name);
   };
+  /// Orders the intersections so that only neighbours change sides. False when there is no such
+  /// order: rounding to the grid has led the sweep astray.
   struct FixupIntersectionOrder {
     using Member = Test;
     friend Member memberOf(FixupIntersectionOrder name);
   };
+  /// Changes sides at the intersections, and adds them to outlines of the result.
   struct ProcessIntersectList {
     using Member = Step;
     friend Member memberOf(ProcessIntersectList name);
   };
+  /// Deletes intersections that have not been treated.
   struct DisposeIntersectNodes {
     using Member = Step;
     friend Member memberOf(DisposeIntersectNodes name);
   };
+  /// Ends the scanbeam: edges that end there give way to those that continue them.
   struct ProcessEdgesAtTop {
     using Member = StepTo;
     friend Member memberOf(ProcessEdgesAtTop name);
@@ -67,6 +85,7 @@ struct ClipperSteps {
   };
 };
 
+// Private members of the clipper become reachable by the names above; Opened tells how.
 template struct Opened<ClipperSteps::InsertLocalMinima,
                        &ClipperLib::Clipper::InsertLocalMinimaIntoAEL>;
 template struct Opened<ClipperSteps::ProcessHorizontals, &ClipperLib::Clipper::ProcessHorizontals>;
@@ -119,7 +138,7 @@ decltype(auto) FailsafeClipper::take(Arguments... arguments) {
   return (static_cast<Clipper&>(*this).*memberOf(Step()))(arguments...);
 }
 
-/// What the clipper frees after success only.
+/// Frees what the clipper frees after success only.
 FailsafeClipper::~FailsafeClipper() {
   take<ClipperSteps::DisposeIntersectNodes>();
   take<ClipperSteps::ClearJoins>();
@@ -137,6 +156,8 @@ void FailsafeClipper::add(const PathViews& paths, ClipperLib::PolyType role, boo
 ClipperLib::Paths FailsafeClipper::outlines(ClipperLib::ClipType operation,
                                             ClipperLib::PolyFillType fill) {
   ClipperLib::Paths solution;
+  // With no edges at all there is nothing to clip, which the clipper calls a failure. Once the
+  // sweep is done only want of memory can fail, and the clipper tells it as false.
   if (hasEdges() && !Execute(operation, solution, fill, fill)) throw std::bad_alloc();
   return solution;
 }
@@ -147,6 +168,7 @@ void FailsafeClipper::writeTo(ClipperLib::PolyTree& tree, ClipperLib::ClipType o
 }
 
 void FailsafeClipper::Reset() {
+  // The clipper's own operation begins with a reset, which would have it sweep a second time.
   if (!m_isSwept) Clipper::Reset();
 }
 
@@ -161,6 +183,7 @@ bool FailsafeClipper::ExecuteInternal() {
   return Clipper::ExecuteInternal();
 }
 
+/// The order of the steps is that of Clipper::ExecuteInternal in version 6.4.2.
 void FailsafeClipper::sweep() {
   Reset();
   this->*memberOf(ClipperSteps::SortedEdges()) = nullptr;
@@ -180,6 +203,7 @@ void FailsafeClipper::processIntersections(ClipperLib::cInt top) {
   take<ClipperSteps::BuildIntersectList>(top);
   ClipperLib::IntersectList& nodes = this->*memberOf(ClipperSteps::IntersectNodes());
   if (nodes.size() > 1) {
+    // A single intersection is in order by itself.
     if (!take<ClipperSteps::FixupIntersectionOrder>()) throw ClippingFailure();
     processEachOf(nodes);
   } else if (!nodes.empty()) {

@@ -19,13 +19,15 @@ namespace {
 
 using ClipperLib::cInt;
 
-/// Leaves an edge level only if it fell by exactly one part in this before. The largest power of
-/// two for which all coordinates stay within the range of the clipper.
+/// Leaves an edge level only if it fell by exactly one part in this before, which on the grid takes
+/// a run of a multiple of 0.41 m: the larger the factor, the rarer such edges. This is the largest
+/// power of two for which all coordinates stay within the range of the clipper.
 constexpr cInt kShear = 4096;
 static_assert((static_cast<double>(kShear) + 1.0) * kMostUnits <
                   static_cast<double>(ClipperLib::hiRange),
               "sheared coordinates must stay within the range of the clipper");
 
+/// Points that repeat the first one make no edge.
 template <class Iterator>
 bool beginsLevel(Iterator begin, Iterator end) {
   const auto next =
@@ -57,6 +59,8 @@ cInt roundedQuotient(cInt value, cInt divisor) {
          static_cast<cInt>(2 * rest < -divisor);
 }
 
+/// (x, y) becomes (x, 4096 y + x). A linear map carries straights to straights and keeps what lies
+/// inside.
 ClipperLib::Paths sheared(const PathViews& paths) {
   ClipperLib::Paths result = copied(paths);
   for (ClipperLib::Path& path : result) {
@@ -67,6 +71,8 @@ ClipperLib::Paths sheared(const PathViews& paths) {
   return result;
 }
 
+/// Stored points come back as they were, as y' - x is a multiple of 4096 for them. Places where
+/// lines were cut are rounded to the grid, as they are without shear.
 void shearBack(ClipperLib::Paths& paths) {
   for (ClipperLib::Path& path : paths) {
     for (ClipperLib::IntPoint& p : path) {

@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: BSL-1.0
+// The walk is that of Reumann and Witkam (1974, Optimizing curve segmentation in computer
+// graphics): a strip is laid along the first direction from the last kept point and followed until
+// a point leaves it. It looks at each point once, unlike the halving of Douglas and Peucker, which
+// may take n^2 steps, and its results depend on the direction of walking.
+//
 // The distance of a point p from the line through a and b is |(b - a) x (p - a)| / |b - a|. Points
 // of a site differ by less than 2e9 units, 200 km, so the products are exact in 64-bit integers;
 // doubles would round the difference of two products that nearly cancel, and choose other points.
@@ -57,6 +62,7 @@ ClipperLib::Path simplified(const ClipperLib::Path& line, double tolerance) {
   ClipperLib::IntPoint lastInStrip = line[1];
   for (std::size_t i = 2; i < line.size(); ++i) {
     const double distance = unitsBetween(kept.back(), reference);
+    // The second condition matters for a tolerance of 0, where repeated points would divide by 0.
     if (distance < tolerance || distance == 0.0) {
       reference = line[i];  // the one before is too close to tell a direction
     } else if (!(unitsFromLine(line[i], kept.back(), reference, distance) <= tolerance)) {

@@ -60,6 +60,8 @@ double arcToleranceOf(ClipperLib::cInt distance) {
                   std::min(kArcToleranceUnits * coarseness * coarseness, kCoarsestArc * offset));
 }
 
+/// Where arms of an outline have grown into each other the winding number is 2 or more. All of that
+/// is inside, and a gap that has closed round stays a hole.
 ClipperLib::Paths grown(const PathViews& offset) {
   FailsafeClipper clipper;
   clipper.add(offset, ClipperLib::ptSubject, true);
@@ -95,6 +97,9 @@ ClipperLib::Paths offsetBy(ClipperLib::cInt distance, const PathViews& paths,
   for (const ClipperLib::Path* path : paths) {
     clipper.AddPath(*path, ClipperLib::jtRound, ends);
   }
+  // Turns all closed outlines round when the one with the highest vertex runs clockwise: it is
+  // taken for an outline, and those of the other sense for holes, whichever way all of them were
+  // handed in.
   (clipper.*memberOf(OffsetSteps::FixOrientations()))();
   (clipper.*memberOf(OffsetSteps::DoOffset()))(static_cast<double>(distance));
   const PathViews offset = viewsOf(clipper.*memberOf(OffsetSteps::Outlines()));

@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
+// Whatever is added to a path is rounded to the grid at once, and all later questions are answered
+// from the grid. Only the last point is also kept as it was given, as an arc that continues from it
+// must start on its own circle.
+
 #include <Calculations/Paths.h>
 
 #include "foundation/MakeRoom.h"
@@ -38,7 +42,7 @@ CChainSegment arcBetween(const Point2D& start, const Point2D& end, double radius
                                 isHalfCircle ? std::copysign(chord / 2.0, radius) : radius);
 }
 
-/// 0 for an arc shorter than one piece or without length.
+/// 0 for an arc shorter than one piece or without length. Such an arc becomes its chord.
 int numPieces(double arcLength) {
   if (!(arcLength >= kArcPiece)) return 0;
   return static_cast<int>(std::min(std::trunc(arcLength / kArcPiece), kMostArcPieces));
@@ -82,6 +86,7 @@ void appendArcTo(ClipperLib::Path& points, const Point2D& start, const Point2D& 
 
 void PathImpl::set(ClipperLib::Path clipped) {
   points = std::move(clipped);
+  // There is no more exact point than that of the grid after clipping.
   if (!points.empty()) lastExactPoint = fromGrid(points.back());
 }
 
@@ -110,6 +115,8 @@ void Path::addSegment(const PathSegment& segment) {
 }
 
 void closeRing(ClipperLib::Path& points, bool clean) {
+  // Anticlockwise, because then areas are positive. The first point is repeated last, because
+  // cleaning takes a path for a ring anyway and would take a repeat for superfluous.
   if (points.size() < 2) return;
   if (!ClipperLib::Orientation(points)) ClipperLib::ReversePath(points);
   if (clean) ClipperLib::CleanPolygon(points, kCleaningDistanceUnits);
@@ -144,6 +151,7 @@ Point2D Path::discretePathPointAt(unsigned int index) const {
 }
 
 bool Path::pointWithin(const Point2D& p) const {
+  // The clipper says 1 inside, 0 outside and -1 on the outline.
   return isFinite(p) && ClipperLib::PointInPolygon(onGrid(p), m_impl->points) == 1;
 }
 

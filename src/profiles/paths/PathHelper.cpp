@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: BSL-1.0
+// Conversions for callers who use the clipping library themselves. All of them are the ones that
+// Path and Pathes use, so that both round alike and results can be carried to and fro.
+
 #include <Calculations/PathHelper.h>
 
 #include "profiles/paths/GridUnits.h"
@@ -71,6 +74,8 @@ ClipperLib::Paths PathHelper::simplyfyLines(const ClipperLib::Paths& lines, doub
 
 ClipperLib::Paths PathHelper::convertRingToSimplePaths(const ClipperLib::Paths& paths) {
   try {
+    // Paths of callers may lie anywhere. What is out of range is refused at the start, not when
+    // some of the cuts are made.
     refuseOutOfRange(viewsOf(paths));
     return cutAtHoles(paths);
   } catch (const ClippingFailure&) {

@@ -1,4 +1,11 @@
 // SPDX-License-Identifier: BSL-1.0
+// A list of paths stands for lines, or for the area inside an odd number of its outlines; what it
+// stands for is known to the operation only.
+//
+// A clipping that has failed is not an empty area. Its result is marked, and so is all that is made
+// of it, because viewsOf refuses a marked list: a chain of operations ends in not-a-number and
+// never in a plausible 0.
+
 #include <Calculations/Paths.h>
 
 #include "foundation/MathConstants.h"
@@ -136,6 +143,7 @@ Pathes PathImpl::pathesOf(ClipperLib::Paths paths) {
   return converted;
 }
 
+/// The only place where the mark is set; lists take it over from those that are added to them.
 Pathes PathImpl::noPathes() {
   Pathes none;
   none.m_isFailed = true;

@@ -8,6 +8,7 @@ namespace Ruv {
 namespace Calculations {
 
 bool isInsideOrOn(const Path& outline, const Point2D& p) {
+  // The clipper says 1 inside, -1 on the outline and 0 outside.
   return ClipperLib::PointInPolygon(onGrid(p), PathImpl::pointsOf(outline)) != 0;
 }
 

@@ -12,6 +12,7 @@ namespace Calculations {
 Path ringThrough(const std::vector<RingNode>& nodes, bool clean) {
   ClipperLib::Path points;
   points.reserve(nodes.size() + 1);  // the first point comes again at the end
+  // The point before as it was given: an arc from the rounded one would be another circle.
   Point2D before;
   for (const RingNode& node : nodes) {
     if (node.radius == 0.0) {

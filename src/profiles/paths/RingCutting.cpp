@@ -4,6 +4,10 @@
 // while it has holes. The line runs through the middle of a hole, so the hole opens to the outside
 // on either side. Taking the hole in the middle of all halves the work with every cut.
 //
+// The obvious way is a bridge of width zero from every hole to its outline, without any clipping.
+// But such outlines run along themselves, as some of those do that the clipper leads wrongly when
+// it is given them again.
+//
 // Before that every hole is given to the innermost outline that holds it, because the clipper hands
 // outlines and holes out in one list.
 
