@@ -24,10 +24,11 @@ class AxisDefinitionImpl;
 /// Cost: constant.
 /// @snippet snippets/Axes.cpp Misclosure
 struct Misclosure {
-  /// From the end of the segment before to the start point given with this one; 0 or more.
+  /// Distance (m) from the end of the segment before to the start point given with this one; 0 or
+  /// more.
   double distance = 0.0;
-  /// From the direction in which the segment before ends to the azimuth given with this one,
-  /// positive to the right, in [-pi, pi).
+  /// Angle (rad) from the direction in which the segment before ends to the azimuth given with this
+  /// one, positive to the right, in [-pi, pi).
   double directionBreak = 0.0;
 };
 
@@ -96,16 +97,16 @@ class CALCULATIONS_EXPORT AxisDefinition {
   /// @name Horizontal segments
   /// @{
 
-  /// Starts at a stationing and point in a direction (the azimuth) and has a length and, as an arc,
-  /// a radius. A shaft takes only the start point of its first straight.
+  /// Adds a segment that starts at a stationing and point in a direction (the azimuth) and has a
+  /// length and, as an arc, a radius. A shaft takes only the start point of its first straight.
   /// @return false on another kind of axis, and on a shaft that has its point
   bool addHoralSegmentStraight(double stationing, double east, double north, double azimuth,
                                double length);
   bool addHoralSegmentArc(double stationing, double east, double north, double azimuth,
                           double radius, double length);
-  /// As the others, with a curvature that changes linearly from 1 / radiusStart to 1 / radiusEnd.
-  /// Radii of different sign give an S-curve; equal radii an arc, which may go round more than
-  /// once.
+  /// Adds a segment like the others, but its curvature changes linearly: it is 1 / radiusStart at
+  /// the start and 1 / radiusEnd at the end. Radii of different sign give an S-curve; equal radii
+  /// an arc, which may go round more than once.
   bool addHoralSegmentClothoid(double stationing, double east, double north, double azimuth,
                                double radiusStart, double radiusEnd, double length);
   /// @}
@@ -115,7 +116,8 @@ class CALCULATIONS_EXPORT AxisDefinition {
   /// another or beyond a neighbour is accepted; the height then jumps where the earlier one ends.
   /// @{
 
-  /// Not rounded. @return false on a shaft that has its two points, and on an untyped axis
+  /// Adds a point that is not rounded. @return false on a shaft that has its two points, and on an
+  /// untyped axis
   bool addVeralPointKink(double stationing, double height);
   /// Rounded by a circle. @return false unless the axis has horizontal and vertical alignment
   bool addVeralPointArc(double stationing, double height, double radius);
@@ -139,13 +141,14 @@ class CALCULATIONS_EXPORT AxisDefinition {
   /// @name Elements
   /// @{
 
-  /// 0 on a shaft.
+  /// The number of segments or points, 0 on a shaft.
   unsigned getNumHoralSegments() const;
   unsigned getNumVeralPoints() const;
   /// The element that ends the segment, a CHoralElement; null on a shaft and when the index is out
   /// of range.
   CShapeBase* getHoralSegmentAt(unsigned index) const;
-  /// A CVeralElement; null on a shaft and when the index is out of range.
+  /// The element of a vertical point, a CVeralElement; null on a shaft and when the index is out of
+  /// range.
   CShapeBase* getVeralPointAt(unsigned index) const;
   /// How well the segments continue each other: one entry for each horizontal segment, the first
   /// zero. Its distance is not zero when another segment than the first was added first. Look at

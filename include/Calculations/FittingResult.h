@@ -48,9 +48,9 @@ struct CALCULATIONS_EXPORT FittingResult {
   FittingResult();
   /// No geometry yet: everything but the method is 0.
   FittingResult(FittingMethod::Method m);
-  /// A circle.
+  /// Makes a circle.
   FittingResult(FittingMethod::Method m, Point2D centerPoint, double r);
-  /// An ellipse with the semi-axes a and b.
+  /// Makes an ellipse with the semi-axes a and b.
   FittingResult(FittingMethod::Method m, Point2D centerPoint, double a, double b, double angle);
 };
 

@@ -49,13 +49,13 @@ class CALCULATIONS_EXPORT GuidanceVectorDefinition {
   /// The axis point that was set; (0, 0, 0) at first.
   AxisPoint getVectorOriginPoint() const;
 
-  /// Sets the direction to (0, 0, 0) as well.
+  /// Makes the vector parallel to the axis; the direction becomes (0, 0, 0).
   void setVectorDirectionAsAxisParallel();
-  /// Stores the direction as it is, without normalising it.
+  /// Makes the vector straight. The direction is stored as it is, not normalised.
   void setVectorDirectionAsStraight(const GuidanceOffsets& direction);
   /// The direction that was set; (0, 0, 0) at first.
   GuidanceOffsets getVectorDirection() const;
-  /// False for a straight vector.
+  /// True for a vector parallel to the axis, false for a straight one.
   bool isVectorDirectionAxisParallel() const;
 
   /// @}
@@ -63,7 +63,7 @@ class CALCULATIONS_EXPORT GuidanceVectorDefinition {
   /// @name Projected angles
   /// @{
 
-  /// Of the direction as seen along the axis, from above and from the side; see
+  /// The angles of the direction as seen along the axis, from above and from the side; see
   /// Utilities::getGuidanceAngleInFrontView and its siblings.
   double getGuidanceAngleProjectedInFrontViewPlane() const;
   double getGuidanceAngleProjectedInTopViewPlane() const;
@@ -107,19 +107,20 @@ class CALCULATIONS_EXPORT GuidanceVectorFactory {
   static GuidanceVectorDefinition* createAsStraightFromAxisCoordinateAndVectorComponents(
       const AxisPoint& origin, const GuidanceOffsets& components);
 
-  /// In the plane of the cross-section, at an angle from straight up towards the right.
+  /// Makes a vector in the plane of the cross-section, at an angle from straight up towards the
+  /// right.
   static GuidanceVectorDefinition* createAsStraightInProfilePlaneWithVerticalAngle(
       const AxisPoint& origin, double angle);
 
-  /// In the plane of the cross-section, outwards along the profile's normal through the origin,
-  /// wherever the origin lies. Not-a-number for a profile without segments.
+  /// Makes a vector in the plane of the cross-section, outwards along the profile's normal through
+  /// the origin, wherever the origin lies. Not-a-number for a profile without segments.
   static GuidanceVectorDefinition* createAsStraightRadialFromAxisCoordinateAndProfile(
       const boost::shared_ptr<const ThProfileDefinition>& profile, const AxisPoint& origin);
 
-  /// From one axis point towards another. Evaluated with the same perpendicular flag, the vector
-  /// passes through both. The flags say how the points are read, see AxisCalculator. Not-a-number
-  /// when a point cannot be converted, and when both are the same; a shaft goes straight on beyond
-  /// its ends.
+  /// Makes a vector from one axis point towards another. Evaluated with the same perpendicular
+  /// flag, the vector passes through both. The flags say how the points are read, see
+  /// AxisCalculator. Not-a-number when a point cannot be converted, and when both are the same; a
+  /// shaft goes straight on beyond its ends.
   static GuidanceVectorDefinition* createAsStraightFromPairOfAxisCoordinates(
       const boost::shared_ptr<const AxisDefinition>& axis, const AxisPoint& first,
       const AxisPoint& second, bool perpendicular, bool withTransSlope);

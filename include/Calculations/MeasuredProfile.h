@@ -39,14 +39,15 @@ class CALCULATIONS_EXPORT MeasuredProfile : public IProfileSegmentProvider {
 
   /// Number of points that were added.
   unsigned int getNumPoints() const;
-  /// (0, 0) when the index is out of range.
+  /// The point of an index; (0, 0) when it is out of range.
   Point2D getPointAt(unsigned int index) const;
 
   /// There are as many segments as points: the last one closes the polygon.
   unsigned int getNumSegments() const override;
-  /// The point of the same index.
+  /// The point of the same index, where the segment starts.
   Point2D getSegmentStartAt(unsigned int index) const override;
-  /// (0, 0) for an empty profile and an index out of range; the only point for a profile of one.
+  /// The next point, or the first one for the last segment. (0, 0) for an empty profile and an
+  /// index out of range; the only point for a profile of one.
   Point2D getSegmentEndAt(unsigned int index) const override;
   /// Always 0, as all segments are straights.
   double getSegmentRadiusAt(unsigned int index) const override;

@@ -51,7 +51,7 @@ class MeasuredProfileCalculatorImpl;
 /// @snippet snippets/Profiles.cpp MeasuredProfileCalculator
 class CALCULATIONS_EXPORT MeasuredProfileCalculator : public IProfileCalculator {
  public:
-  /// With a design profile as reference. Null pointers count as empty profiles.
+  /// Takes a design profile as reference. Null pointers count as empty profiles.
   MeasuredProfileCalculator(const boost::shared_ptr<const ThProfileDefinition>& reference,
                             const boost::shared_ptr<const MeasuredProfile>& comparison);
   /// Takes an earlier measured profile as reference.
@@ -64,8 +64,8 @@ class CALCULATIONS_EXPORT MeasuredProfileCalculator : public IProfileCalculator 
   /// @name Points relative to the reference
   /// @{
 
-  /// As ThProfileCalculator gives them; derolments count from the reference's crown. All zero, the
-  /// distance too, for a point that is not finite and for a reference without segments.
+  /// The results are those of ThProfileCalculator; derolments count from the reference's crown. All
+  /// zero, the distance too, for a point that is not finite and for a reference without segments.
   ProfilePointResult calculateProfilePoint(const Point2D& point) const override;
   std::vector<ProfilePointResult> calculateProfilePoints(
       const std::vector<Point2D>& points) const override;
@@ -85,9 +85,9 @@ class CALCULATIONS_EXPORT MeasuredProfileCalculator : public IProfileCalculator 
   /// @name Intersections with a horizontal or vertical line
   /// @{
 
-  /// Of the polygon of unfiltered segment start points, in its order, within 1000 m of the origin.
-  /// A vertex on the line counts for both its edges; edges along the line count for none. Arcs of
-  /// the reference count as chords. Empty for fewer than three points.
+  /// The crossings of the line with the polygon of unfiltered segment start points, in its order,
+  /// within 1000 m of the origin. A vertex on the line counts for both its edges; edges along the
+  /// line count for none. Arcs of the reference count as chords. Empty for fewer than three points.
   std::vector<Point2D> intersectionsAtGivenUpOffsetOfComparisonProfile(double up) const;
   std::vector<Point2D> intersectionsAtGivenRightOffsetOfComparisonProfile(double right) const;
   std::vector<Point2D> intersectionsAtGivenUpOffsetOfReferenceProfile(double up) const;

@@ -25,8 +25,7 @@ namespace Calculations {
 ///   its own are copied as they are; beyond that range pointInPath and Path::close may do anything
 ///   but crash.
 /// Failure: empty outlines give empty outlines. Not-a-number becomes 0; Path leaves such points
-/// out.
-///   std::bad_alloc for want of memory.
+///   out. std::bad_alloc for want of memory.
 /// Cost: linear in the number of points, but for rings, which are clipped along every hole.
 /// @snippet snippets/Profiles.cpp PathHelper
 class CALCULATIONS_EXPORT PathHelper {
@@ -69,8 +68,8 @@ class CALCULATIONS_EXPORT PathHelper {
 
   /// Removes points that lie no farther than a tolerance (units) from the line through the last
   /// kept point and the point after it; the end of a spur that leads back along itself goes too.
-  /// Both ends stay; what else is left out lies within twice the tolerance of the result. For any
-  /// 64-bit coordinates. O(n).
+  /// Both ends stay; what else is left out lies within twice the tolerance of the result. It works
+  /// for any 64-bit coordinates. O(n).
   static ClipperLib::Path simplyfyLine(const ClipperLib::Path& line, double tolerance);
   /// Simplifies each of the lines.
   static ClipperLib::Paths simplyfyLines(const ClipperLib::Paths& lines, double tolerance);

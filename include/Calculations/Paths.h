@@ -25,9 +25,10 @@ class Pathes;
 /// @snippet snippets/Profiles.cpp Pathes
 class CALCULATIONS_EXPORT PathSegment {
  public:
-  /// A straight to (x, y).
+  /// Makes a straight to (x, y).
   PathSegment(double x, double y);
-  /// An arc to (x, y); the sign of the radius as in ThProfileDefinition. Radius 0 is a straight.
+  /// Makes an arc to (x, y); the sign of the radius as in ThProfileDefinition. Radius 0 is a
+  /// straight.
   PathSegment(double x, double y, double radius);
   PathSegment(const PathSegment& other);
   PathSegment& operator=(const PathSegment& other);
@@ -35,7 +36,7 @@ class CALCULATIONS_EXPORT PathSegment {
 
   /// The point where the segment ends.
   Point2D point() const;
-  /// 0 for a straight.
+  /// The radius that was given; 0 for a straight.
   double radius() const;
   /// Whether the segment was given a radius.
   bool isArc() const;
@@ -79,18 +80,18 @@ class CALCULATIONS_EXPORT Path {
   /// measured ones do, keep it from that.
   void close(bool clean);
 
-  /// Signed, positive for a closed path that does not cross itself.
+  /// The signed area, positive for a closed path that does not cross itself.
   double area() const;
-  /// Between consecutive points; nothing leads back to the first.
+  /// The length between consecutive points; nothing leads back to the first.
   double lineLength() const;
-  /// The repeated first point of a closed path included.
+  /// The number of points, the repeated first one of a closed path included.
   unsigned int numDiscretePathPoints() const;
-  /// (0, 0) when the index is out of range.
+  /// The point of an index; (0, 0) when it is out of range.
   Point2D discretePathPointAt(unsigned int index) const;
   /// True strictly inside; a point on the outline is outside, and so is one that is not finite.
   bool pointWithin(const Point2D& p) const;
-  /// Where the line through a and b first meets an edge, in the order of the edges, the last of
-  /// which leads back to the first point.
+  /// Finds where the line through a and b first meets an edge, in the order of the edges, the last
+  /// of which leads back to the first point.
   /// @return false, hit unchanged, when it meets none
   bool firstIntersectionWithLine(const Point2D& a, const Point2D& b, Point2D& hit) const;
   /// Length of the outline, closed, inside the others. Not-a-number when clipping fails.

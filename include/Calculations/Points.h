@@ -33,7 +33,7 @@ struct Point2D {
   /// @name Arithmetic
   /// @{
 
-  /// Component by component.
+  /// All of them work component by component.
   Point2D operator-(const Point2D& q) const { return Point2D(x - q.x, y - q.y); }
   Point2D operator+(const Point2D& q) const { return Point2D(x + q.x, y + q.y); }
   Point2D operator*(double s) const { return Point2D(x * s, y * s); }
@@ -118,7 +118,7 @@ class PointBase : public PointComponents<T> {
   /// Takes the components in the order of T.
   PointBase(double c0, double c1, double c2) : PointComponents<T>(c0, c1, c2) {}
 
-  /// Sum.
+  /// The sum of two.
   T operator+(const T& q) const { return T(c0() + q.c0(), c1() + q.c1(), c2() + q.c2()); }
   /// The difference of two.
   T operator-(const T& q) const { return T(c0() - q.c0(), c1() - q.c1(), c2() - q.c2()); }

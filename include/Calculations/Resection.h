@@ -34,8 +34,8 @@ class ResectionImpl;
 ///   doubles carry the coordinates; standard deviations within 1e-6 relative. The 3-D method, which
 ///   iterates, needs residuals below a thousandth of the spread of the points for this.
 /// Reliability: with three sightings a wrong one spreads over all residuals; five or more show
-/// which
-///   it is. Before anything is steered by a station, look at its standard deviations and residuals.
+///   which it is. Before anything is steered by a station, look at its standard deviations and
+///   residuals.
 /// Failure: adding and calculating return false, never throw; each says what its outputs then hold.
 /// Cost: linear in the number of measurements and fix points, but for adding, which is O(log n).
 /// Lifetime: copies share their points and measurements, so what is added through one of them is

@@ -85,7 +85,7 @@ class CALCULATIONS_EXPORT CShapeBase {
   double getStationing() const { return m_stationing; }
   /// Moves the element along the axis.
   void setStationing(double stationing);
-  /// One of CShapeType::Id.
+  /// The kind of element, one of CShapeType::Id.
   std::int32_t getTypeId() const { return m_typeId; }
   /// Makes it an element of another kind.
   void setTypeId(std::int32_t typeId);
@@ -139,7 +139,7 @@ class CALCULATIONS_EXPORT CHoralElement : public CShapeBase {
   /// @name Second point
   /// @{
 
-  /// Kept with the element; no calculation uses it.
+  /// A further point that is kept with the element; no calculation uses it.
   double getSecondEast() const { return m_secondEast; }
   double getSecondNorth() const { return m_secondNorth; }
   void setSecondEast(double east);
@@ -149,7 +149,7 @@ class CALCULATIONS_EXPORT CHoralElement : public CShapeBase {
   /// @name Radii at both ends
   /// @{
 
-  /// Positive curves to the right, 0 is infinite.
+  /// The radius (m): positive curves to the right, 0 is infinite.
   double getRadiusStart() const { return m_radiusStart; }
   double getRadiusEnd() const { return m_radiusEnd; }
   void setRadiusStart(double radius);
@@ -198,7 +198,7 @@ class CALCULATIONS_EXPORT CVeralElement : public CShapeBase {
   void setHeight(double height);
   /// Radius of an arc, or the radius R of a parabola of curvature 1/R; 0 for a kink.
   double getRoundingValue() const { return m_roundingValue; }
-  /// Has no effect on a kink.
+  /// Changes the rounding; a kink has none and ignores it.
   void setRoundingValue(double value);
 
  private:

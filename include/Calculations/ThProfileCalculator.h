@@ -77,8 +77,8 @@ class CALCULATIONS_EXPORT ThProfileCalculator : public IProfileCalculator {
   /// an empty profile and for not-a-number.
   Point2D calcPointOnProfileAtDerolment(double derolment) const;
 
-  /// From the foot of p across the profile along its normal, to the nearest other point of the
-  /// profile within 1000 m; the largest double when there is none.
+  /// The distance from the foot of p across the profile along its normal, to the nearest other
+  /// point of the profile within 1000 m; the largest double when there is none.
   double diameterAtProfilePoint(const Point2D& p) const;
 
   /// @name Samples

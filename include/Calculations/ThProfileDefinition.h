@@ -35,8 +35,8 @@ class CALCULATIONS_EXPORT IProfileSegmentProvider {
   virtual unsigned int getNumSegments() const = 0;
   virtual Point2D getSegmentStartAt(unsigned int index) const = 0;
   virtual Point2D getSegmentEndAt(unsigned int index) const = 0;
-  /// 0 for a straight; positive for an arc traversed clockwise around its centre, negative for one
-  /// traversed anticlockwise.
+  /// The radius is 0 for a straight, positive for an arc traversed clockwise around its centre,
+  /// negative for one traversed anticlockwise.
   virtual double getSegmentRadiusAt(unsigned int index) const = 0;
   /// @}
 
@@ -85,9 +85,9 @@ class CALCULATIONS_EXPORT ThProfileDefinition : public IProfileSegmentProvider {
   unsigned int getNumSegments() const override;
   /// The end of the segment before; for the first segment the point that was given.
   Point2D getSegmentStartAt(unsigned int index) const override;
-  /// End point as it was added.
+  /// The end point as it was added.
   Point2D getSegmentEndAt(unsigned int index) const override;
-  /// Radius as it was added; 0 for a straight.
+  /// The radius as it was added; 0 for a straight.
   double getSegmentRadiusAt(unsigned int index) const override;
   /// Length of all segments; 0 for fewer than two segments. O(n).
   double getCircumference() const override;

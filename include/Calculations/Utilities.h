@@ -125,7 +125,7 @@ class CALCULATIONS_EXPORT Utilities {
   /// @name Directions relative to an axis
   /// @{
 
-  /// From a grid vector to components (forward, right, up) in an AxisPoint, or back. The axis
+  /// Turns a grid vector into components (forward, right, up) in an AxisPoint, or back. The axis
   /// direction is given by its azimuth, its longitudinal slope angle and its transverse slope
   /// (percent).
   static AxisPoint rotateENHdiffToAxisDirectionComponentsWithoutTransSlope(const ENHPoint& diff,
