@@ -126,7 +126,7 @@ boost::shared_ptr<AxisDefinition> blockAxisOf(const AxisDefinition& reference, c
   return boost::shared_ptr<AxisDefinition>();
 }
 
-/// Only ever forwards: an element that stands farther on stays.
+/// Moves an element forwards only: one that stands farther on stays.
 void moveOnTo(double stationing, CShapeBase* element) {
   if (element != nullptr && stationing > element->getStationing()) {
     element->setStationing(stationing);

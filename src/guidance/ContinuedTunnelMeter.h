@@ -24,8 +24,8 @@ class ContinuedTunnelMeter {
     bool isOnAxis;  ///< false for a value that is continued, or not a number
   };
 
-  /// Not-a-number where the axis has no tunnel meter: on an incomplete axis, and on it beyond a
-  /// rounding that cannot be computed.
+  /// The value is not a number where the axis has no tunnel meter: on an incomplete axis, and on it
+  /// beyond a rounding that cannot be computed.
   /// @{
   Value at(double stationing) const;
   Value stationingAt(double tunnelmeter) const;

@@ -24,8 +24,8 @@ GuidanceVectorDefinition* straightVector(const AxisPoint& origin,
   return vector.release();
 }
 
-/// Not-a-number where the conversion fails: from the origin of the grid a vector would point to a
-/// plausible direction. A shaft writes its result all the same.
+/// The point is not a number where the conversion fails: from the origin of the grid a vector would
+/// point to a plausible direction. A shaft writes its result all the same.
 ENHPoint gridPointOf(const AxisCalculator& axis, const AxisPoint& point, bool perpendicular,
                      bool withTransSlope) {
   ENHPoint result(kNotANumber, kNotANumber, kNotANumber);

@@ -10,8 +10,8 @@
 namespace Ruv {
 namespace Calculations {
 
-/// From components relative to the horizontal to components relative to an axis that rises by the
-/// slope angle.
+/// Turns components relative to the horizontal into components relative to an axis that rises by
+/// the slope angle.
 GuidanceOffsets relativeToAxis(const GuidanceOffsets& levelled, double longSlope);
 
 /// The inverse of relativeToAxis.

@@ -45,7 +45,7 @@ std::vector<Point2D> MeasuredProfileCalculatorImpl::cutAtRightOffset(
 
 double MeasuredProfileCalculatorImpl::circumferenceOf(
     const IProfileSegmentProvider& profile) const {
-  // Without filters the exact length; with filters that of the outline on the grid.
+  // Without filters the length is exact; with filters it is that of the outline on the grid.
   if (!filters.areSet()) return profile.getCircumference();
   return Pathes::linesWithin(Pathes(outlineOf(profile, true)), filters.allowedArea(), true)
       .linesLength();

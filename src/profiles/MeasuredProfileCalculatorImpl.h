@@ -50,7 +50,7 @@ class MeasuredProfileCalculatorImpl {
   GeologicalDivision division(const GeologicalLimits& limits);
 
  private:
-  /// In place: areas of many outlines are slow to copy.
+  /// Works in place, as areas of many outlines are slow to copy.
   void filter(Pathes& area) const;
 
   KeptOfProfile<ReferenceCalculator> m_calculator;

@@ -25,8 +25,8 @@ class ProfileCopy {
 
   bool isCopyOf(const IProfileSegmentProvider& profile) const;
 
-  /// Without points that are not finite, whose neighbours are joined by a straight. One more than
-  /// segments; none without segments.
+  /// The nodes without points that are not finite, whose neighbours are joined by a straight. One
+  /// more than segments; none without segments.
   std::vector<Node> soundNodes() const;
 
  private:

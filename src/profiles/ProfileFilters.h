@@ -29,7 +29,8 @@ class ProfileFilters {
 
   bool areSet() const { return m_set != nullptr; }
   /// Worked out when a filter is set, not once for each point that is asked for. A rectangle with
-  /// the excluded wedges in it, which the even-odd rule takes out. Only while filters are set.
+  /// the excluded wedges in it, which the even-odd rule takes out. To be asked only while filters
+  /// are set.
   const Pathes& allowedArea() const { return m_set->allowedArea; }
   bool excludes(const Point2D& p) const;
 

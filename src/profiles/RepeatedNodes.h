@@ -12,8 +12,9 @@
 namespace Ruv {
 namespace Calculations {
 
-/// For each node whether an earlier node has the same coordinates. By a hash table, half full at
-/// most: sorting the nodes would take a third of a calculator's preparation.
+/// Tells for each node whether an earlier node has the same coordinates. The nodes are looked up in
+/// a hash table, half full at most: sorting the nodes would take a third of a calculator's
+/// preparation.
 std::vector<bool> repeatsEarlierNode(const std::vector<CChainNode>& nodes);
 
 }  // namespace Calculations

@@ -24,8 +24,8 @@ class TurningSense {
   /// Starts a new chain.
   void reset();
 
-  /// Clockwise, when the turning is positive in sum. With fewer than three nodes what the chain
-  /// before the last reset had, at first false.
+  /// True when the turning is positive in sum. With fewer than three nodes it is what it was for
+  /// the chain before the last reset, at first false.
   bool isClockwise() const;
 
  private:

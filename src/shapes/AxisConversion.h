@@ -30,14 +30,14 @@ enum class CTransSlopeMode { OfAxis = 0, Ignored = 1, Given = 2 };
 /// offers them and a test compares them with a hand-worked case.
 struct CConversionOptions {
   CProfilePlane plane = CProfilePlane::Vertical;
-  /// In the vertical plane: heights along the plumb line; otherwise square to the grade.
+  /// In the vertical plane, whether heights run along the plumb line or square to the grade.
   bool heightAlongPlumbLine = true;
   CTransSlopeMode transSlopeMode = CTransSlopeMode::OfAxis;
   double givenTransSlope = 0.0;  ///< percent
 };
 
-/// Nothing outside the stationing range of the axis, on an incomplete axis, or where plan or
-/// profile cannot be evaluated. O(log n).
+/// The grid point of an axis point. Nothing outside the stationing range of the axis, on an
+/// incomplete axis, or where plan or profile cannot be evaluated. O(log n).
 std::optional<Calculations::ENHPoint> axisToGrid(const CAxisGeometry& axis,
                                                  const Calculations::AxisPoint& point,
                                                  const CConversionOptions& options);
@@ -50,7 +50,7 @@ struct CAxisProperties {
   double transSlopePercent = 0.0;
 };
 
-/// Nothing where axisToGrid gives nothing. O(log n).
+/// The properties at a stationing; nothing where axisToGrid gives nothing. O(log n).
 std::optional<CAxisProperties> axisPropertiesAt(const CAxisGeometry& axis, double stationing);
 
 /// The inverse of axisToGrid. Nothing also when the point has no foot on the axis. A stationing

@@ -58,7 +58,8 @@ void CBoxTree::Group::set(std::size_t place, const CBox& box) {
 }
 
 CBoxTree::CBoxTree(std::vector<CBox> boxes) {
-  // From the leaves up: each level groups the boxes of the one below, until one group is left.
+  // Built from the leaves up: each level groups the boxes of the one below, until one group is
+  // left.
   while (!boxes.empty()) {
     std::vector<Group> groups((boxes.size() + kGroup - 1) / kGroup);
     std::vector<CBox> around(groups.size());

@@ -33,8 +33,8 @@ std::vector<CChainSegment> segmentsBetween(const std::vector<CChainNode>& nodes)
   return segments;
 }
 
-/// By the sign of the enclosed area. The first point as reference keeps the products small. Areas
-/// of clockwise chains are negative.
+/// Told by the sign of the enclosed area. The first point as reference keeps the products small.
+/// Areas of clockwise chains are negative.
 bool isClockwise(const std::vector<CChainSegment>& segments) {
   if (segments.empty()) return false;
   const Point2D reference = segments.front().start;

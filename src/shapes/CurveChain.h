@@ -55,8 +55,8 @@ class CCurveChain {
   /// foot before in a list of points along the chain.
   std::optional<CChainFoot> project(const Point2D& p, std::size_t hint) const;
 
-  /// Nothing outside the stations of the chain. Where stations do not fit the nodes, the stretch
-  /// between two of them is spread evenly over its segment. O(log n).
+  /// The point at a station. Nothing outside the stations of the chain. Where stations do not fit
+  /// the nodes, the stretch between two of them is spread evenly over its segment. O(log n).
   std::optional<Point2D> pointAt(double station) const;
 
  private:

@@ -37,7 +37,7 @@ CBox boxOf(const CHoralSegment& segment) {
 }
 
 CAlignmentFoot footInside(const CHoralSegment& segment, const CCurveFoot& foot) {
-  // Not beyond the end stationing, which start + length may pass by a rounding error.
+  // Limited to the end stationing, which start + length may pass by a rounding error.
   const double stationing = std::min(segment.stationingStart + foot.length, segment.stationingEnd);
   return {stationing, foot.lateral};
 }

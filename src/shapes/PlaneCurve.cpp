@@ -151,7 +151,7 @@ double CPlaneCurve::curvatureAt(double l) const {
   return m_curvatureStart + m_curvatureChange * (l / m_length);
 }
 
-/// Where the curvature changes its sign; before the curve where it never does.
+/// The place where the curvature changes its sign; before the curve where it never does.
 double CPlaneCurve::placeOfInflection() const {
   if (m_curvatureChange == 0.0) return -1.0;
   return -m_curvatureStart * m_length / m_curvatureChange;

@@ -155,7 +155,7 @@ void CShapeContainer::elementChanged() {
 void CShapeContainer::stationingRange(double& minimum, double& maximum) const {
   minimum = 0.0;
   maximum = 0.0;
-  // From the later one of the two starts to the earlier one of the two ends.
+  // The common range leads from the later one of the two starts to the earlier one of the two ends.
   if (m_veral.size() == 0) return;
   if (m_horal.size() > 0) {
     minimum = m_horal.at(0)->getStationing();

@@ -39,7 +39,7 @@ CCurvePoint pointOnArc(double radius, double l) {
 CCurveFoot footOnArc(double radius, double length, const Point2D& p) {
   const double size = std::abs(radius);
   const double turning = length / size;
-  // From the centre, in units of the radius; the start of the arc lies at (0, 1).
+  // Seen from the centre, in units of the radius: the start of the arc lies at (0, 1).
   const double along = p.y / size;
   const double outward = 1.0 - p.x / radius;
   const double distance = std::sqrt(along * along + outward * outward);

@@ -22,8 +22,8 @@ inline CCurveFoot footOnStraight(double length, const Point2D& p) {
   return {CFootReport::OnCurve, p.y, p.x, 0.0};
 }
 
-/// On a straight whose places drift aside and along by a share of their length. One that is carried
-/// back faster than it advances has no feet.
+/// The foot on a straight whose places drift aside and along by a share of their length. One that
+/// is carried back faster than it advances has no feet.
 inline CCurveFoot footOnDriftingStraight(double length, const Point2D& drift, const Point2D& p) {
   const double advance = 1.0 + drift.y;
   if (p.y < 0.0) return footBeforeStart(-p.y);

@@ -35,8 +35,8 @@ class CVeralAlignment {
   CVeralAlignment() = default;
   explicit CVeralAlignment(const std::vector<CVeralPoint>& points);
 
-  /// Nothing outside the points, with fewer than two of them, or where the evaluation fails.
-  /// O(log n).
+  /// Height and grade at a stationing. Nothing outside the points, with fewer than two of them, or
+  /// where the evaluation fails. O(log n).
   std::optional<CHeightAndGrade> at(double stationing) const;
 
   /// Length in space from the first point to a stationing. Outside the points it grows by 1 per

@@ -84,7 +84,8 @@ struct Place {
   std::size_t index = 0;
 };
 
-/// In the order along the line, coincident points side by side in the order of their indices.
+/// The places in the order along the line, coincident points side by side in the order of their
+/// indices.
 std::vector<Place> placesAlong(const Line& line, const std::vector<ENHPoint>& points,
                                const std::vector<std::size_t>& indices) {
   std::vector<Place> places;

@@ -66,7 +66,7 @@ class FixPointField {
   void appendPartnersBetween(double low, double high, const Query& query,
                              std::vector<FieldPlace>& partners) const;
 
-  // Of each place:
+  // For each place:
   std::vector<double> m_along;  ///< position on the line, ascending
   std::vector<ENHPoint> m_points;
   std::vector<std::size_t> m_indices;

@@ -24,7 +24,7 @@ using Points = std::vector<Vector3d>;
 /// the space.
 constexpr std::size_t kFewestInPart = 16;
 
-/// In an order that does not depend on the one of adding.
+/// The distinct finite points, in an order that does not depend on the one of adding.
 Points distinctAmong(const std::vector<ENHPoint>& points) {
   Points distinct;
   distinct.reserve(points.size());

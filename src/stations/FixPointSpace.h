@@ -25,8 +25,9 @@ struct FixPointSpace {
   std::vector<Eigen::Vector3d> points;  ///< along the box's axes, the third one vertical
   Eigen::Vector3d extents;              ///< of the box
 
-  /// At most that of the box. A curved tunnel fills a small part of its box: the fix points are
-  /// halved across the longest extent, their halves likewise, and the boxes of the parts summed up.
+  /// The volume that they fill, at most that of the box. A curved tunnel fills a small part of its
+  /// box: the fix points are halved across the longest extent, their halves likewise, and the boxes
+  /// of the parts summed up.
   double volume = 0.0;
 };
 

@@ -95,7 +95,7 @@ bool Resection::addMeasurement(const std::wstring& id, const PolarPoint& measure
   if (place != measurements.end() && place->first == id) {
     place->second.push_back(measurement);
   } else {
-    // With its measurement at once: no id stays without one when memory runs out.
+    // Added with its measurement at once: no id stays without one when memory runs out.
     measurements.emplace_hint(place, id, std::vector<PolarPoint>(1, measurement));
   }
   return true;

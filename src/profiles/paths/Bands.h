@@ -10,8 +10,8 @@
 namespace Ruv {
 namespace Calculations {
 
-/// As Pathes::expandLines, but holes stay paths of their own, of negative area. Areas and further
-/// operations are the same, as both fill by the even-odd rule.
+/// Grows bands as Pathes::expandLines does, but holes stay paths of their own, of negative area.
+/// Areas and further operations are the same, as both fill by the even-odd rule.
 Pathes bandsWithHoles(const Pathes& lines, double halfWidth);
 
 /// What Pathes::expandLines makes of such bands: pieces without holes.

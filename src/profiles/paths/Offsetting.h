@@ -22,8 +22,9 @@ inline ClipperLib::cInt offsetUnits(double metres) {
   return gridUnits(metres);
 }
 
-/// As the clipping library offsets them, with round corners, and with holes as paths of negative
-/// orientation. Failure is that of FailsafeClipper: the library's own operation hands out nothing.
+/// Offsets paths as the clipping library does, with round corners, and with holes as paths of
+/// negative orientation. Failure is that of FailsafeClipper: the library's own operation hands out
+/// nothing.
 /// @param ends  closed polygons, or lines with flat ends
 /// @param distance in clipping units; lines have no band for one that is not positive
 ClipperLib::Paths offsetBy(ClipperLib::cInt distance, const PathViews& paths,

@@ -77,7 +77,8 @@ void appendArcTo(ClipperLib::Path& points, const Point2D& start, const Point2D& 
   const CChainSegment arc = arcBetween(start, end, radius);
   const int pieces = numPieces(arc.length);
   makeRoomFor(static_cast<std::size_t>(pieces) + 1, points);
-  // From the start on, which is so stored twice, but not to the end, which is appended as it is.
+  // The points begin with the start, which is so stored twice, and stop short of the end, which is
+  // appended as it is.
   for (int i = 0; i < pieces; ++i) {
     appendOnGrid(points, arc.at(i * (arc.length / pieces)).position);
   }

@@ -29,7 +29,8 @@ Polyline polylineOf(const Path& path) { return Polyline(pointsOf(path)); }
 std::vector<Polygon> polygonsOf(const Pathes& paths, double minArea) {
   std::vector<Polygon> areas;
   for (const Path& path : paths.paths()) {
-    // By magnitude, as holes have negative areas. A limit that is not a number leaves nothing out.
+    // Areas are compared by magnitude, as those of holes are negative. A limit that is not a number
+    // leaves nothing out.
     if (!(std::abs(path.area()) < minArea)) areas.push_back(polygonOf(path));
   }
   return areas;

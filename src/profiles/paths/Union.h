@@ -10,7 +10,7 @@
 namespace Ruv {
 namespace Calculations {
 
-/// In square clipping units; holes count negative.
+/// The area in square clipping units; holes count negative.
 double signedArea(const ClipperLib::Paths& paths);
 
 /// The same area by the even-odd rule; holes are paths of negative orientation. Failure is that of
