@@ -38,11 +38,11 @@ struct FittingMethod {
 /// @snippet snippets/Profiles.cpp FittingHelper
 struct CALCULATIONS_EXPORT FittingResult {
   FittingMethod::Method method;  ///< the fit that made it
-  Point2D center;                ///< of the circle or ellipse
-  double radius;                 ///< of the circle; 0 for an ellipse
+  Point2D center;                ///< centre of the circle or ellipse
+  double radius;                 ///< radius of the circle; 0 for an ellipse
   double semiAxisA;              ///< first semi-axis of the ellipse; the radius for a circle
   double semiAxisB;              ///< second semi-axis of the ellipse; the radius for a circle
-  double rotation;               ///< of the ellipse (rad); 0 for a circle
+  double rotation;               ///< direction of the longer semi-axis (rad); 0 for a circle
 
   /// All 0; the method is then CircleLegacy.
   FittingResult();

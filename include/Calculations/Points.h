@@ -65,9 +65,9 @@ struct PointComponents;
 /// @snippet snippets/Values.cpp Points
 template <>
 struct PointComponents<ENHPoint> {
-  double east;    ///< of the grid
-  double north;   ///< of the grid
-  double height;  ///< upwards
+  double east;    ///< coordinate to the east
+  double north;   ///< coordinate to the north
+  double height;  ///< coordinate upwards
 
  protected:
   /// @name For PointBase

@@ -21,8 +21,8 @@ namespace Calculations {
 /// @snippet snippets/Profiles.cpp ThProfileCalculator
 struct CALCULATIONS_EXPORT ProfilePointResult {
   Point2D profilePoint;    ///< the nearest point of the profile
-  double distance = 0.0;   ///< of the queried point from the profile
-  double derolment = 0.0;  ///< length along the profile from its crown, see below
+  double distance = 0.0;   ///< signed distance of the queried point from the profile
+  double derolment = 0.0;  ///< length along the profile from its crown, see above
 
   ProfilePointResult();
   /// Takes the values in the order of the members.
