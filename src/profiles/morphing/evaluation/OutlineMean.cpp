@@ -1,4 +1,14 @@
 // SPDX-License-Identifier: BSL-1.0
+// The mean at the share t of the way is built in three steps. First comes the base: every matched
+// piece has parallel chords and tangents in both outlines, so (1 - t) start + t end is a piece of
+// the same headings again. Of convex outlines without a floor this is the Minkowski sum of (1 - t)
+// times the one and t times the other (Schneider, Convex Bodies: The Brunn-Minkowski Theory), which
+// is convex and whose circumference is the mean of theirs.
+//
+// Then ditches, benches and niches are set on the base. Each has places on it, plan distances on a
+// floor and heights on a wall, and offsets from there. Last, the parts of the base below them are
+// left out, and all is carried back to where the outlines lie.
+
 #include "profiles/morphing/evaluation/OutlineMean.h"
 
 #include "foundation/MathConstants.h"
@@ -48,7 +58,8 @@ class MeanBase {
   TurningChords ring;
   Point2D firstNode;  ///< where the piece that was asked for starts
 
-  /// The place of the floor at a plan distance; at its nearer end when there is none.
+  /// The place of the floor at a plan distance; at its nearer end when there is none. The floor
+  /// leads from right to left, so the first piece that ends farther left holds it.
   ChainPlace onFloor(double x) const {
     for (std::size_t i = 0; i < m_numFloor; ++i) {
       const std::size_t index = (m_floorFirst + i) % ring.size();
@@ -85,7 +96,8 @@ class MeanBase {
   double rightFootHeight() const { return ring[m_numUpper - 1].end.y; }
 
  private:
-  /// How much of a piece on the left is bottom and not wall.
+  /// How much of a piece on the left is bottom and not wall. Headings grow on the way up, from
+  /// leftwards over the one of the wall to upwards, and within an arc in proportion to its length.
   static double fractionOfFlat(const TurningChord& piece) {
     const double start = turningBetween(kWallHeading, piece.headingAtStart());
     const double end = start + piece.turning;
@@ -146,6 +158,7 @@ class MeanDetour {
       const Point2D foot = pointAt(base.ring, placeOn(base, m_places[i]));
       nodes.push_back(foot + m_detour->offsetOf(i, m_t) * m_depth);
     }
+    // A bench ends on the wall itself, wherever that has come to be.
     if (m_detour->site == DetourSite::LeftFoot) nodes.back() = pointAt(base.ring, endOn(base));
     if (m_detour->site == DetourSite::RightFoot) nodes.front() = pointAt(base.ring, startOn(base));
     return nodes;
@@ -189,7 +202,7 @@ class MeanDetour {
   std::vector<double> m_places;
 };
 
-/// Neighbours that would overlap meet in the middle.
+/// Neighbours that would overlap meet in the middle. The order is that of their middles.
 void separate(std::vector<MeanDetour*>& detours) {
   std::sort(detours.begin(), detours.end(), [](const MeanDetour* a, const MeanDetour* b) {
     return a->low() + a->high() < b->low() + b->high();
@@ -259,6 +272,7 @@ TurningChords ringAt(const MatchedOutlines& outlines, double t) {
     }
   }
   if (replacements.empty()) return base.ring;
+  // In the order of the ring, so that one walk finds all that is left of the base between them.
   std::sort(replacements.begin(), replacements.end(),
             [](const Replacement& a, const Replacement& b) { return a.from < b.from; });
   TurningChords ring;
@@ -324,10 +338,13 @@ TurningChords meanOf(const MatchedOutlines& outlines, double t) {
   }
   const MorphPlacement& placement = outlines.placement;
   const Point2D base = mean(placement.startBase, placement.endBase, t);
+  // Both outlines were turned to be matched. The mean is turned back about its base, by the mean of
+  // both angles.
   const CDirection back = directionOfBearing(-mean(placement.startTurned, placement.endTurned, t));
   for (TurningChord& piece : ring)
     piece.start = base + turnedTo(back, piece.start);
   for (std::size_t i = 0; i < ring.size(); ++i) {
+    // One and the same double for both, so that the outline is closed to the last digit.
     ring[i].end = ring[(i + 1) % ring.size()].start;
   }
   return ring;

@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: BSL-1.0
+// Two segments cross where the ends of each lie on different sides of the other. To compare only
+// those that may cross, the edges are sorted by their left ends: an edge has to be compared with
+// those that begin before it ends. On outlines these are few, and only zigzags of long edges come
+// to all pairs.
+
 #include "profiles/morphing/evaluation/SelfCrossing.h"
 
 #include <algorithm>
@@ -36,7 +41,8 @@ std::vector<Edge> edgesByX(const std::vector<Point2D>& polygon) {
   return edges;
 }
 
-/// On which side of an edge a point lies, by the sign.
+/// On which side of an edge a point lies, by the sign. It is the cross product (to - from) x (p -
+/// from), positive on the left.
 double sideOf(const Edge& edge, const Point2D& p) {
   const Point2D along = edge.to - edge.from;
   const Point2D across = p - edge.from;
