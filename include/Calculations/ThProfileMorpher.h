@@ -29,7 +29,8 @@ class ThProfileMorpherImpl;
 ///   chain of straights and arcs in the sense of the start profile that moves continuously with
 ///   the stationing. It has tangent joints where both profiles have, is mirror-symmetric when
 ///   both are, convex when both are, and the same when the stretch is travelled backwards.
-/// Roll: a profile that stands rolled by up to 7 degrees against the other is turned on the way.
+/// Roll: a profile that stands rolled by up to 10.5 degrees against the other is turned on the way.
+///   From there on it is turned less, and from 14 degrees on not at all.
 /// Failure: an empty pointer when a profile encloses nothing, winds around more than once, has an
 ///   arc shorter than its chord or a coordinate that is not finite, and for outlines of thousands
 ///   of rough segments. Outlines that both cross themselves give an empty pointer or one that does.

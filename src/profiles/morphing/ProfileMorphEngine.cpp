@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: BSL-1.0
+// Coordinates change their frame twice during a preparation. First either outline is turned about
+// the origin of the profiles by half of the roll, then it is moved so that its base is the origin.
+// What the steps match is relative to the base; MorphPlacement keeps both motions, and meanOf
+// undoes them.
+
 #include "profiles/morphing/ProfileMorphEngine.h"
 
 #include "foundation/MathConstants.h"
@@ -128,6 +133,7 @@ int ProfileMorphEngine::prepare(double fromStationing, double toStationing,
 ProfileMorphEngine::Outcome ProfileMorphEngine::prepareRings(
     const std::vector<ProfileSegment>& start, const std::vector<ProfileSegment>& end,
     Outcome byParts) {
+  // Without floors and detours both have been read as rings already.
   if (!m_hasFloors && m_lists.detours.empty()) return byParts;
   if (byParts == Outcome::Failed || !isWaySimple(m_outlines)) m_firmness = 0.0;
   if (m_firmness == 1.0) return byParts;
@@ -263,6 +269,7 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::findBaseSegments() {
   const auto start = standOnBase(m_start.read, m_lists.sideProfiles.start);
   const auto end = standOnBase(m_end.read, m_lists.sideProfiles.end);
   if (!start || !end) return fail(MorphStatus::BaseSegment);
+  // Bases are kept in the frame of the inputs, for which they are turned back.
   const auto asRead = [](const Point2D& p, double turned) {
     return turnedFrom(directionOfBearing(turned), p);
   };
@@ -368,6 +375,8 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::mergeSegments() {
   return Outcome::GoOn;
 }
 
+/// The first node of the start outline is looked up by its place, as matching may have moved it to
+/// the middle of the ring, into a detour or into a longer piece.
 ProfileMorphEngine::Outcome ProfileMorphEngine::beginAtFirstNode() {
   const CDirection turned = directionOfBearing(m_placement.startTurned);
   const Point2D fromBase = m_start.store.nodes().front().point - m_placement.startBase;

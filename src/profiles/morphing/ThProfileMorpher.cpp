@@ -13,7 +13,8 @@ namespace {
 
 /// All steps, half circles allowed: a semicircular crown is the commonest of all.
 constexpr int kAllSteps = 31;
-/// Largest roll (degrees) between two profiles that is looked for.
+/// Largest roll between two profiles that is followed, in divisions of the default, 1.5 degrees
+/// each.
 constexpr int kMostDivisionsTurned = 7;
 constexpr int kFirstNumber = 1;
 constexpr int kDefaultDivisions = 0;
