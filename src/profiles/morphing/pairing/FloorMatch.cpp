@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: BSL-1.0
+// Floors lead from the right foot to the left one, so places on them fall. A kink is the change of
+// slope at a corner, negative at a crown and positive at a gutter.
+
 #include "profiles/morphing/pairing/FloorMatch.h"
 
 #include "profiles/morphing/reading/ChainPlaces.h"
@@ -48,7 +51,9 @@ const FloorCorner* sharpest(const std::vector<FloorCorner>& corners) {
   return found == corners.end() ? nullptr : &*found;
 }
 
-/// How much two corners are one: their ratio when they are bent alike.
+/// How much two corners are one: their ratio when they are bent alike, from 0 for a kink that is
+/// only appearing to 1 for equal ones. It is continuous, so that a small change of a floor is a
+/// small change of the match.
 double likeness(const FloorCorner* a, const FloorCorner* b) {
   if (!a || !b || !(a->kink * b->kink > 0.0)) return 0.0;
   return std::min(a->kink / b->kink, b->kink / a->kink);
@@ -102,6 +107,8 @@ MatchedPieces matchFloors(const TurningChords& start, const TurningChords& end,
     if (&corner == endMain && startMain) place += alike * (startMain->x - place);
     startPlaces.push_back(place);
   }
+  // Both lists have a place for every corner of either floor, so equally many, and are paired in
+  // their order.
   std::sort(startPlaces.rbegin(), startPlaces.rend());
   std::sort(endPlaces.rbegin(), endPlaces.rend());
   const TurningChords startPieces = cutAt(start, startPlaces);

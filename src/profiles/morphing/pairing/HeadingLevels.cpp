@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: BSL-1.0
+// The headings of two walks are sorted, and those that lie within a tolerance of the lowest one of
+// their group are one level. They are compared with the lowest and not with their neighbour,
+// because a row of headings of which each is near the next would become one level otherwise,
+// however far it leads.
+
 #include "profiles/morphing/pairing/HeadingLevels.h"
 
 #include <algorithm>
@@ -27,7 +32,8 @@ void collect(const SideWalk& walk, std::vector<double>& headings) {
 
 bool isNear(double heading, double level) { return std::abs(heading - level) <= kSameHeading; }
 
-/// Appends the parts of a turning step between neighbouring levels.
+/// Appends the parts of a turning step between neighbouring levels. The heading of an arc is linear
+/// in its length, so a level lies at the fraction of the length at which it lies of the turning.
 void cut(const LevelStep& step, const HeadingLevels& levels, LevelSteps& units) {
   const int direction = step.to > step.from ? 1 : -1;
   const double first = levels.headingOf(step.from);
@@ -84,6 +90,7 @@ LevelSteps levelSteps(const SideWalk& walk, const HeadingLevels& levels) {
 }
 
 std::optional<LevelSteps> unitSteps(const LevelSteps& steps, const HeadingLevels& levels) {
+  // Counted before anything is cut, as a ragged outline of n points has some n^2 of them.
   std::size_t count = 0;
   for (const LevelStep& step : steps) {
     count += static_cast<std::size_t>(std::abs(step.to - step.from)) + 1;

@@ -1,4 +1,19 @@
 // SPDX-License-Identifier: BSL-1.0
+// A walk of unit steps goes flat, up by one level or down by one. The main run of it only rises;
+// what leads down, and what makes up for that, is left out as excursions. The cheapest set of
+// excursions is a shortest way through the steps: from step k the walk goes on to step k + 1 for
+// nothing, unless that leads down, or jumps to a later step j that begins at the same level, for
+//
+//   w (S_j - S_k) + e
+//
+//   S_k            length of the walk up to step k, weighted by the direction of its pieces
+//   w              cost per metre of an excursion that turns in the sense in which this one begins
+//   e              cost of an excursion beside its length
+//
+// With C_j the cost from step j to the end, a jump from k costs (C_j + w S_j) - w S_k + e. The term
+// in brackets does not depend on k, so its least value per level is all that has to be remembered
+// while going backwards (dynamic programming), and n steps take O(n) instead of O(n^2).
+
 #include "profiles/morphing/pairing/HeadingRun.h"
 
 #include <cmath>
@@ -26,10 +41,6 @@ struct WayOn {
 };
 
 /// Finds the cheapest ways from all steps to the end of a walk, backwards.
-///
-/// A step is taken when it is flat or rises by a level; otherwise the walk jumps to a later step
-/// that starts at the same level, and pays for the length in between. The cost of a jump splits
-/// into a part of either end, so the best end is kept per level and no pair is looked at twice.
 class CheapestWays {
  public:
   CheapestWays(const LevelSteps& units, int lastLevel, const ExcursionCosts& costs)

@@ -1,4 +1,12 @@
 // SPDX-License-Identifier: BSL-1.0
+// Two walks are gone along together, and a place is kept that has been reached on either. A pair
+// begins at both places and moves them on; where one outline has nothing to give, its place stays
+// and its piece has no length. So the pieces of either outline make up its chain without a gap,
+// whatever grows or vanishes in between.
+//
+// Flat steps of one level are matched by fraction of the flat length of their section: both are cut
+// where a step of the other one ends.
+
 #include "profiles/morphing/pairing/PiecePairing.h"
 
 #include "profiles/morphing/pairing/ExcursionMatch.h"
@@ -181,6 +189,7 @@ void Pairing::pairExcursions(const LevelItem& start, const LevelItem& end) {
   } else {
     const std::vector<HeadingRun> startRuns = runsOf(start.steps);
     const std::vector<HeadingRun> endRuns = runsOf(end.steps);
+    // Excursions are matched only when they turn equally often, beginning in the same sense.
     for (std::size_t i = 0; i < startRuns.size(); ++i) {
       pairRuns(startRuns[i], endRuns[i]);
     }

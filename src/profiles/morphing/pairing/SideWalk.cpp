@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: BSL-1.0
+// Headings are counted on through all turnings and not taken modulo a full turn, because only their
+// sum tells an outline that turns back and forth from one that winds around. Around an outline that
+// does not cross itself it is one full turn (Hopf 1935, Compositio Math. 2), of which the way from
+// base to crown makes half.
+
 #include "profiles/morphing/pairing/SideWalk.h"
 
 #include <algorithm>
