@@ -7,6 +7,8 @@
 
 #include "stations/FigurePoses.h"
 
+#include "foundation/MathConstants.h"
+
 #include <Eigen/Geometry>
 
 #include <algorithm>
@@ -19,9 +21,6 @@ namespace {
 
 using Eigen::Matrix3d;
 using Eigen::Vector3d;
-
-/// A right angle (rad).
-constexpr double kHalfPi = 1.5707963267948966;
 
 /// Heights above the base below this part of it are rounding: the triangle is a stick.
 constexpr double kFlatness = 1e-9;

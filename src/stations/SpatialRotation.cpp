@@ -11,6 +11,8 @@
 
 #include "stations/SpatialRotation.h"
 
+#include "foundation/MathConstants.h"
+
 #include <cmath>
 
 namespace Ruv {
@@ -47,7 +49,6 @@ SpatialAngles anglesOf(const Eigen::Matrix3d& rotation) {
 }
 
 SpatialAngles withPositiveCosPhi(const SpatialAngles& angles) {
-  constexpr double kHalfPi = 1.5707963267948966;
   if (std::abs(angles.phi) <= kHalfPi) return angles;
   return anglesOf(spatialRotation(angles).matrix);
 }
