@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: BSL-1.0
-"""The release build: how its objects are compiled, what they read, how the tests are linked."""
+"""A release build that compiles each source alone: how its objects are compiled, what they read, how
+the tests are linked."""
 
 import json
 import shlex
@@ -16,14 +17,16 @@ class BuildTree:
 
     def __init__(self, root):
         self.root = root
-        self.folder = root / "build" / "release"
-        self.scratch = self.folder / "seeding"
+        self.folder = root / "build" / "seeding"
+        self.scratch = self.folder / "trials"
 
     def build(self):
         """Builds the tests as they are, and those that note which functions they enter."""
         targets = [name for program in TEST_PROGRAMS for name in (program, program + "Traced")]
         self._run("tools/install-packages", "--tests", cwd=self.root)
-        self._run("cmake", "--preset", "release", "-DBUILD_TESTING=ON", cwd=self.root)
+        self._run("cmake", "--preset", "release", "-B", self.folder, "-DCALCULATIONS_UNITY=OFF",
+                  "-DBUILD_PROGRAMS=OFF", "-DBUILD_EXAMPLES=OFF", "-DBUILD_BENCHMARKS=OFF",
+                  cwd=self.root)
         self._run("cmake", "--build", self.folder, "--target", *targets, cwd=self.root)
         self._read_compilations()
         self._read_dependencies()
