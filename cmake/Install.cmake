@@ -3,10 +3,18 @@
 # Component Tools, the programs: see apps.
 set(packageDir ${CMAKE_INSTALL_LIBDIR}/cmake/${PROJECT_NAME})
 
-install(TARGETS HadrelCommonCalculations2008
+set(libraries HadrelCommonCalculations2008)
+if(BUILD_SHARED_LIBS)
+  list(APPEND libraries HadrelCommonCalculations2008Archive)
+endif()
+install(TARGETS ${libraries}
   EXPORT CalculationsTargets
+  RUNTIME COMPONENT Runtime
   LIBRARY COMPONENT Runtime NAMELINK_COMPONENT Development
-  FILE_SET HEADERS COMPONENT Development)
+  ARCHIVE COMPONENT Development)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/Calculations
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+  COMPONENT Development)
 install(EXPORT CalculationsTargets
   FILE ${PROJECT_NAME}Targets.cmake
   NAMESPACE Ruv::
