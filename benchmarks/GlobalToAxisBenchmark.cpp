@@ -11,6 +11,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <map>
@@ -63,6 +64,41 @@ void axisPointOfEveryPointOfAScanFromABoostTree(benchmark::State& state) {
             [&](const ENHPoint& point) { toAxis(tree, point); });
 }
 
+/// Points of a list for one call.
+constexpr std::size_t kPointsOfList = kQuickAnswers;
+
+using PointList = std::vector<ENHPoint>;
+
+std::vector<PointList> inLists(const std::vector<ENHPoint>& points) {
+  std::vector<PointList> lists;
+  for (std::size_t i = 0; i + kPointsOfList <= points.size(); i += kPointsOfList) {
+    const auto begin = points.begin() + static_cast<std::ptrdiff_t>(i);
+    lists.emplace_back(begin, begin + static_cast<std::ptrdiff_t>(kPointsOfList));
+  }
+  return lists;
+}
+
+void toAxis(const AxisCalculator& calculator, const PointList& points) {
+  static std::array<AxisPoint, kPointsOfList> places;
+  std::size_t count = calculator.enhPointsToAxisPoints(points.data(), points.size(), places.data(),
+                                                       nullptr, false, true);
+  benchmark::DoNotOptimize(count);
+  benchmark::DoNotOptimize(places.data());
+}
+
+void axisPointsOfAList(benchmark::State& state) {
+  const AxisWorkload workload(static_cast<std::size_t>(state.range(0)));
+  const AxisCalculator calculator(workload.build());
+  const bool isInOrder = state.range(1) != 0;
+  const std::vector<ENHPoint> points = isInOrder
+                                           ? sectionsAlong(workload.exact(), kItemsOfLoop)
+                                           : scanAround(workload.exact(), kItemsOfLoop).points;
+  askInTurn(state, inLists(points), [&](const PointList& list) { toAxis(calculator, list); });
+}
+
+BENCHMARK(axisPointsOfAList)
+    ->ArgNames({"n", "inOrder"})
+    ->ArgsProduct({{10, 100, 1000, 10000}, {0, 1}});
 BENCHMARK(axisPointOfEveryPointOfAScan)
     ->RangeMultiplier(10)
     ->Range(10, 10000)
@@ -90,6 +126,9 @@ const std::map<std::size_t, ProjectionGoal>& projectionGoals() {
   return kGoals;
 }
 
+constexpr const char* kRandomList = "list of points of a scan in random order";
+constexpr const char* kSections = "list of points of a scan, section by section";
+
 constexpr const char* kWork = "axis point of every point of a scan";
 
 std::vector<ENHPoint> firstOf(const std::vector<ENHPoint>& points, std::size_t count) {
@@ -105,6 +144,10 @@ class ProjectionContest {
         m_workload(numElements),
         m_calculator(m_workload.build()),
         m_scan(scanAround(m_workload.exact(), effort.points)),
+        m_lists(inLists(m_scan.points)),
+        m_sections(sectionsAlong(m_workload.exact(), effort.points)),
+        m_listsOfSections(inLists(m_sections)),
+        m_sectionsOfTree(firstOf(m_sections, effort.pointsOfTrees)),
         m_pointsOfTree(firstOf(m_scan.points, effort.pointsOfTrees)),
         m_pointsOfLine(firstOf(m_scan.points, effort.pointsOfLinearSearches)) {
     if (m_size > effort.longestAxisOfTrees) return;
@@ -129,7 +172,27 @@ class ProjectionContest {
     return best[0];
   }
 
+  /// Lists of points, before single calls for the same points.
+  void judgeLists(int rounds, GoalTable& table) const {
+    std::vector<Contender> contenders = {list(m_lists), single(m_scan.points),
+                                         list(m_listsOfSections), single(m_sections)};
+    if (m_tree) contenders.push_back(tree(m_sectionsOfTree));
+    const std::vector<double> best = bestOfRounds(rounds, contenders);
+    const double random = best[0] / static_cast<double>(kPointsOfList);
+    const double inOrder = best[2] / static_cast<double>(kPointsOfList);
+    constexpr std::size_t kManyElements = 1000;
+    const bool hasMany = m_size >= kManyElements;
+    table.add({kRandomList, m_size, random, "single calls", best[1], atLeast(0.9, 1.0)});
+    table.add({kSections, m_size, inOrder, "single calls", best[3],
+               hasMany ? atLeast(1.5, 2.0) : atLeast(0.9, 1.0)});
+    if (m_tree) {
+      table.add({kSections, m_size, inOrder, "Boost R-tree", best[4],
+                 hasMany ? atLeast(5.0, 10.0) : atLeast(std::nullopt)});
+    }
+  }
+
   void check(GoalTable& table) const {
+    checkLists(table);
     checkOurs(table);
     if (m_tree) checkTree(table);
     if (m_line) checkLine(table);
@@ -143,16 +206,26 @@ class ProjectionContest {
                projectionGoals().at(m_size).clothoids * sc, atLeast(kTimesFasterThanClothoids)});
   }
 
-  Contender ours() const {
-    return [this] {
-      return timesPerItem(m_scan.points, kQuickAnswers,
+  Contender ours() const { return single(m_scan.points); }
+
+  Contender single(const std::vector<ENHPoint>& points) const {
+    return [this, &points] {
+      return timesPerItem(points, kQuickAnswers,
                           [&](const ENHPoint& point) { toAxis(m_calculator, point); });
     };
   }
 
-  Contender tree() const {
-    return [this] {
-      return timesPerItem(m_pointsOfTree, kSlowAnswers,
+  Contender list(const std::vector<PointList>& lists) const {
+    return [this, &lists] {
+      return timesPerItem(lists, 1, [&](const PointList& points) { toAxis(m_calculator, points); });
+    };
+  }
+
+  Contender tree() const { return tree(m_pointsOfTree); }
+
+  Contender tree(const std::vector<ENHPoint>& points) const {
+    return [this, &points] {
+      return timesPerItem(points, kSlowAnswers,
                           [&](const ENHPoint& point) { toAxis(*m_tree, point); });
     };
   }
@@ -169,6 +242,25 @@ class ProjectionContest {
   double stationingOnLine(const ENHPoint& point) const {
     return m_workload.exact().startStationing() +
            m_line->lengthTo(Point2D(point.east, point.north));
+  }
+
+  /// Before single calls, from which a list must not differ at all.
+  void checkLists(GoalTable& table) const {
+    double difference = 0.0;
+    for (const std::vector<ENHPoint>* points : {&m_scan.points, &m_sections}) {
+      std::vector<AxisPoint> places(points->size());
+      m_calculator.enhPointsToAxisPoints(points->data(), points->size(), places.data(), nullptr,
+                                         false, true);
+      for (std::size_t i = 0; i < places.size(); ++i) {
+        AxisPoint place;
+        m_calculator.enhPointToAxisPointVertical((*points)[i], place);
+        difference = worse(difference, std::abs(places[i].stationing - place.stationing));
+        difference = worse(difference, std::abs(places[i].offset - place.offset));
+        difference = worse(difference, std::abs(places[i].height - place.height));
+      }
+    }
+    table.add({"lists before single calls", m_size, m_scan.points.size() + m_sections.size(),
+               difference, "m", 0.0});
   }
 
   void checkOurs(GoalTable& table) const {
@@ -219,6 +311,10 @@ class ProjectionContest {
   AxisWorkload m_workload;
   AxisCalculator m_calculator;
   Scan m_scan;
+  std::vector<PointList> m_lists;
+  std::vector<ENHPoint> m_sections;
+  std::vector<PointList> m_listsOfSections;
+  std::vector<ENHPoint> m_sectionsOfTree;
   std::vector<ENHPoint> m_pointsOfTree;
   std::vector<ENHPoint> m_pointsOfLine;
   std::optional<AxisTree> m_tree;
@@ -232,6 +328,7 @@ void measureGlobalToAxis(const Effort& effort, GoalTable& table) {
   for (const std::size_t n : kAxisSizes) {
     const ProjectionContest contest(n, effort);
     times[n] = contest.judge(effort.rounds, table);
+    contest.judgeLists(effort.rounds, table);
     contest.check(table);
   }
   table.add({"growth", kAxisSizes.back(), times[kAxisSizes.back()], "n = 10",

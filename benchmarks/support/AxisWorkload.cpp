@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSL-1.0
 #include "support/AxisWorkload.h"
 
+#include "support/Angles.h"
 #include "testing/Random.h"
 
 #include <algorithm>
@@ -23,6 +24,7 @@ constexpr std::uint64_t kRadiusSeed = 1;
 constexpr std::uint64_t kGradeSeed = 2;
 constexpr std::uint64_t kPlaceSeed = 3;
 constexpr std::uint64_t kScanSeed = 4;
+constexpr std::uint64_t kSectionSeed = 5;
 
 constexpr double kScanWidth = 20.0;   // offsets to either side
 constexpr double kScanHeight = 10.0;  // above and below
@@ -163,6 +165,35 @@ Scan scanAround(const ExactAxis& axis, std::size_t count) {
                              static_cast<double>(axis.heightAt(stationing) + rise));
   }
   return scan;
+}
+
+std::vector<ENHPoint> sectionsAlong(const ExactAxis& axis, std::size_t count) {
+  constexpr std::size_t kPointsOfSection = 200;
+  constexpr double kRadius = 6.0;
+  constexpr double kSpread = 0.05;  // along the axis, of the points of a section
+  Random random(kSectionSeed);
+  const std::size_t numSections = std::max<std::size_t>(1, count / kPointsOfSection);
+  std::vector<ENHPoint> points;
+  points.reserve(numSections * kPointsOfSection);
+  for (std::size_t section = 0; section < numSections; ++section) {
+    const double share = (static_cast<double>(section) + 0.5) / static_cast<double>(numSections);
+    const double stationing = axis.startStationing() + axis.length() * share;
+    const ExactPlace foot = axis.at(stationing);
+    const auto height = static_cast<double>(axis.heightAt(stationing));
+    const auto azimuth = static_cast<double>(foot.azimuth);
+    for (std::size_t i = 0; i < kPointsOfSection; ++i) {
+      const double angle =
+          kFullTurn * static_cast<double>(i) / static_cast<double>(kPointsOfSection);
+      const double offset = kRadius * std::sin(angle);
+      const double ahead = kSpread * (random.uniform() - 0.5);
+      const double east = offset * std::cos(azimuth) + ahead * std::sin(azimuth);
+      const double north = ahead * std::cos(azimuth) - offset * std::sin(azimuth);
+      points.emplace_back(static_cast<double>(foot.east + east),
+                          static_cast<double>(foot.north + north),
+                          height + kRadius * std::cos(angle));
+    }
+  }
+  return points;
 }
 
 }  // namespace Benchmarks

@@ -68,6 +68,10 @@ struct Scan {
 
 Scan scanAround(const ExactAxis& axis, std::size_t count);
 
+/// The wall of a round tunnel as a scan has it that is ordered by sections: 200 points of one
+/// section after the other, sections at even distances along the whole axis.
+std::vector<ENHPoint> sectionsAlong(const ExactAxis& axis, std::size_t count);
+
 }  // namespace Benchmarks
 
 #endif

@@ -17,6 +17,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -69,6 +70,9 @@ class CALCULATIONS_EXPORT MeasuredProfileCalculator : public IProfileCalculator 
   ProfilePointResult calculateProfilePoint(const Point2D& point) const override;
   std::vector<ProfilePointResult> calculateProfilePoints(
       const std::vector<Point2D>& points) const override;
+  /// The same without a list of results of its own, see ThProfileCalculator.
+  std::size_t calculateProfilePoints(const Point2D* in, std::size_t count,
+                                     ProfilePointResult* out) const;
   /// @}
 
   /// @name Distances to the comparison

@@ -12,6 +12,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -67,6 +68,12 @@ class CALCULATIONS_EXPORT ThProfileCalculator : public IProfileCalculator {
   ProfilePointResult calculateProfilePoint(const Point2D& point) const override;
   std::vector<ProfilePointResult> calculateProfilePoints(
       const std::vector<Point2D>& points) const override;
+  /// The same without a list of results of its own.
+  /// @param      in  as many points as count says; may be null when that is 0
+  /// @param[out] out as many places; all zero where a point has no foot
+  /// @return the number of points that have a foot
+  std::size_t calculateProfilePoints(const Point2D* in, std::size_t count,
+                                     ProfilePointResult* out) const;
 
   /// The point at a distance from the profile on the normal through p: outside for a positive
   /// offset, inside for a negative one. (0, 0) when p has no foot on the profile.

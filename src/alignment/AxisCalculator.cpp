@@ -12,6 +12,7 @@
 #include "foundation/MathConstants.h"
 #include "shapes/AxisConversion.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace Ruv {
@@ -51,6 +52,22 @@ CConversionOptions conversionOptions(bool perpendicular, bool withTransSlope) {
 }
 
 bool isShaft(const AxisDefinitionImpl& axis) { return axis.axisType == AxisType::Shaft; }
+
+/// Tells the caller of a list about each point, if they want to know.
+class Tally {
+ public:
+  explicit Tally(bool* found) : m_found(found) {}
+
+  void note(std::size_t index, bool isFound) {
+    if (m_found != nullptr) m_found[index] = isFound;
+    if (isFound) ++m_count;
+  }
+  std::size_t count() const { return m_count; }
+
+ private:
+  bool* m_found;
+  std::size_t m_count = 0;
+};
 
 /// Both limits belong to the range. A stationing that is not a number is out of range, and so is
 /// every one where the alignments do not overlap, as the minimum then exceeds the maximum.
@@ -111,6 +128,17 @@ bool AxisCalculator::axisPointToEnhPoint(const AxisPoint& in, ENHPoint& out, boo
   return true;
 }
 
+std::size_t AxisCalculator::axisPointsToEnhPoints(const AxisPoint* in, std::size_t count,
+                                                  ENHPoint* out, bool* found, bool perpendicular,
+                                                  bool withTransSlope) const {
+  Tally tally(found);
+  for (std::size_t i = 0; i < count; ++i) {
+    const AxisPoint point = in[i];  // out may be the same memory
+    tally.note(i, axisPointToEnhPoint(point, out[i], perpendicular, withTransSlope));
+  }
+  return tally.count();
+}
+
 bool AxisCalculator::axisPointToEnhPointVertical(const AxisPoint& in, ENHPoint& out) const {
   return axisPointToEnhPoint(in, out, false, true);
 }
@@ -132,6 +160,29 @@ bool AxisCalculator::enhPointToAxisPoint(const ENHPoint& in, AxisPoint& out, boo
   if (!result) return false;
   out = *result;
   return true;
+}
+
+std::size_t AxisCalculator::enhPointsToAxisPoints(const ENHPoint* in, std::size_t count,
+                                                  AxisPoint* out, bool* found, bool perpendicular,
+                                                  bool withTransSlope) const {
+  Tally tally(found);
+  const AxisDefinitionImpl* axis = m_impl->usable();
+  if (axis == nullptr || isShaft(*axis)) {
+    for (std::size_t i = 0; i < count; ++i) {
+      const ENHPoint point = in[i];  // out may be the same memory
+      tally.note(i, enhPointToAxisPoint(point, out[i], perpendicular, withTransSlope));
+    }
+    return tally.count();
+  }
+  const CAxisGeometry& geometry = axis->container.geometry();
+  const CConversionOptions options = conversionOptions(perpendicular, withTransSlope);
+  CBoxTree::Neighbourhood around;
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto result = gridToAxis(geometry, in[i], options, around);
+    if (result) out[i] = *result;
+    tally.note(i, result.has_value());
+  }
+  return tally.count();
 }
 
 bool AxisCalculator::enhPointToAxisPointVertical(const ENHPoint& in, AxisPoint& out) const {

@@ -10,6 +10,7 @@
 #include "profiles/MeasuredProfileCalculatorImpl.h"
 #include "profiles/paths/PathPoints.h"
 
+#include <cstddef>
 #include <stdexcept>
 
 namespace Ruv {
@@ -90,6 +91,11 @@ ProfilePointResult MeasuredProfileCalculator::calculateProfilePoint(const Point2
 std::vector<ProfilePointResult> MeasuredProfileCalculator::calculateProfilePoints(
     const std::vector<Point2D>& points) const {
   return m_impl->calculator().calculateProfilePoints(points);
+}
+
+std::size_t MeasuredProfileCalculator::calculateProfilePoints(const Point2D* in, std::size_t count,
+                                                              ProfilePointResult* out) const {
+  return m_impl->calculator().calculateProfilePoints(in, count, out);
 }
 
 Point2D MeasuredProfileCalculator::horizontalDistanceToComparisonProfile(Point2D p) const {

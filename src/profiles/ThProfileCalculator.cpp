@@ -7,6 +7,7 @@
 #include "profiles/ThProfileCalculatorImpl.h"
 
 #include <cmath>
+#include <cstddef>
 
 namespace Ruv {
 namespace Calculations {
@@ -29,6 +30,11 @@ ProfilePointResult ThProfileCalculator::calculateProfilePoint(const Point2D& poi
 std::vector<ProfilePointResult> ThProfileCalculator::calculateProfilePoints(
     const std::vector<Point2D>& points) const {
   return m_impl->profilePoints(points);
+}
+
+std::size_t ThProfileCalculator::calculateProfilePoints(const Point2D* in, std::size_t count,
+                                                        ProfilePointResult* out) const {
+  return m_impl->profilePoints(in, count, out);
 }
 
 Point2D ThProfileCalculator::applyRadialOffset(const Point2D& p, double offset) const {

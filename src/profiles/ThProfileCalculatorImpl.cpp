@@ -80,28 +80,44 @@ double ThProfileCalculatorImpl::derolmentAt(double station) const {
   return derolment;
 }
 
-ProfilePointResult ThProfileCalculatorImpl::profilePoint(const Point2D& p) const {
-  const auto foot = m_chain.project(p);
+ProfilePointResult ThProfileCalculatorImpl::resultOf(const std::optional<CChainFoot>& foot) const {
   if (!foot) return ProfilePointResult();
   return ProfilePointResult(foot->point, foot->outside, derolmentAt(foot->station));
+}
+
+ProfilePointResult ThProfileCalculatorImpl::profilePoint(const Point2D& p) const {
+  return resultOf(m_chain.project(p));
+}
+
+/// Points of a list mostly follow the profile, so each has its foot near that of the one before.
+template <class Tell>
+void ThProfileCalculatorImpl::findFeet(const Point2D* points, std::size_t count,
+                                       const Tell& tell) const {
+  std::size_t hint = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto foot = m_chain.project(points[i], hint);
+    tell(i, foot);
+    if (foot) hint = foot->segment;
+  }
 }
 
 std::vector<ProfilePointResult> ThProfileCalculatorImpl::profilePoints(
     const std::vector<Point2D>& points) const {
   std::vector<ProfilePointResult> results;
   results.reserve(points.size());
-  // Points of a list mostly follow the profile, so each has its foot near that of the one before.
-  std::size_t hint = 0;
-  for (const Point2D& point : points) {
-    const auto foot = m_chain.project(point, hint);
-    if (foot) {
-      results.emplace_back(foot->point, foot->outside, derolmentAt(foot->station));
-      hint = foot->segment;
-    } else {
-      results.emplace_back();
-    }
-  }
+  findFeet(points.data(), points.size(),
+           [&](std::size_t, const auto& foot) { results.push_back(resultOf(foot)); });
   return results;
+}
+
+std::size_t ThProfileCalculatorImpl::profilePoints(const Point2D* points, std::size_t count,
+                                                   ProfilePointResult* results) const {
+  std::size_t numFound = 0;
+  findFeet(points, count, [&](std::size_t i, const auto& foot) {
+    results[i] = resultOf(foot);
+    if (foot) ++numFound;
+  });
+  return numFound;
 }
 
 Point2D ThProfileCalculatorImpl::pointAtDerolment(double derolment) const {

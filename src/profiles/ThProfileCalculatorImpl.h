@@ -12,6 +12,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <cstddef>
 #include <optional>
 #include <vector>
 
@@ -29,6 +30,8 @@ class ThProfileCalculatorImpl {
 
   ProfilePointResult profilePoint(const Point2D& p) const;
   std::vector<ProfilePointResult> profilePoints(const std::vector<Point2D>& points) const;
+  std::size_t profilePoints(const Point2D* points, std::size_t count,
+                            ProfilePointResult* results) const;
   std::optional<CChainFoot> footOf(const Point2D& p) const { return m_chain.project(p); }
   /// (0, 0) where the profile has no point.
   Point2D pointAtDerolment(double derolment) const;
@@ -43,6 +46,10 @@ class ThProfileCalculatorImpl {
   double diameterAt(const Point2D& p) const;
 
  private:
+  /// Shows tell() the foot of each point, if it has one.
+  template <class Tell>
+  void findFeet(const Point2D* points, std::size_t count, const Tell& tell) const;
+  ProfilePointResult resultOf(const std::optional<CChainFoot>& foot) const;
   /// Derolment as callers see it, counted from the crown.
   double derolmentAt(double station) const;
   double rawDerolmentOf(double station) const;

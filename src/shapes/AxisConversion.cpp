@@ -125,9 +125,12 @@ struct CSectionFoot {
   CSectionPoint section;
 };
 
+/// @param around one place of a list, or nothing for a point alone; so below
+template <class... Around>
 std::optional<CSectionFoot> footInVerticalPlane(const CAxisGeometry& axis, const ENHPoint& point,
-                                                const CConversionOptions& options) {
-  const auto foot = axis.horal.project(Point2D(point.east, point.north));
+                                                const CConversionOptions& options,
+                                                Around&... around) {
+  const auto foot = axis.horal.project(Point2D(point.east, point.north), around...);
   if (!foot) return std::nullopt;
   const auto stationing = forcedIntoRange(axis, foot->stationing);
   if (!stationing) return std::nullopt;
@@ -138,11 +141,26 @@ std::optional<CSectionFoot> footInVerticalPlane(const CAxisGeometry& axis, const
   return CSectionFoot{*stationing, {foot->offset, up}};
 }
 
+template <class... Around>
 std::optional<CSectionFoot> footInPerpendicularPlane(const CAxisGeometry& axis,
-                                                     const ENHPoint& point) {
-  const auto foot = perpendicularFoot(axis, point);
+                                                     const ENHPoint& point, Around&... around) {
+  const auto foot = perpendicularFoot(axis, point, around...);
   if (!foot) return std::nullopt;
   return CSectionFoot{foot->stationing, {foot->offset, foot->height}};
+}
+
+template <class... Around>
+std::optional<AxisPoint> axisPointOf(const CAxisGeometry& axis, const ENHPoint& point,
+                                     const CConversionOptions& options, Around&... around) {
+  if (!axis.isComplete) return std::nullopt;
+  const auto foot = options.plane == CProfilePlane::Perpendicular
+                        ? footInPerpendicularPlane(axis, point, around...)
+                        : footInVerticalPlane(axis, point, options, around...);
+  if (!foot) return std::nullopt;
+  CSectionPoint section = foot->section;
+  const double slope = transSlopeAt(axis, foot->stationing, options);
+  if (std::abs(slope) > kNegligibleTransSlopePercent) section = rolledBack(section, slope);
+  return AxisPoint(foot->stationing, section.right, section.up);
 }
 
 }  // namespace
@@ -166,15 +184,13 @@ std::optional<CAxisProperties> axisPropertiesAt(const CAxisGeometry& axis, doubl
 
 std::optional<AxisPoint> gridToAxis(const CAxisGeometry& axis, const ENHPoint& point,
                                     const CConversionOptions& options) {
-  if (!axis.isComplete) return std::nullopt;
-  const auto foot = options.plane == CProfilePlane::Perpendicular
-                        ? footInPerpendicularPlane(axis, point)
-                        : footInVerticalPlane(axis, point, options);
-  if (!foot) return std::nullopt;
-  CSectionPoint section = foot->section;
-  const double slope = transSlopeAt(axis, foot->stationing, options);
-  if (std::abs(slope) > kNegligibleTransSlopePercent) section = rolledBack(section, slope);
-  return AxisPoint(foot->stationing, section.right, section.up);
+  return axisPointOf(axis, point, options);
+}
+
+std::optional<AxisPoint> gridToAxis(const CAxisGeometry& axis, const ENHPoint& point,
+                                    const CConversionOptions& options,
+                                    CBoxTree::Neighbourhood& around) {
+  return axisPointOf(axis, point, options, around);
 }
 
 std::optional<double> tunnelMeterAt(const CAxisGeometry& axis, const CStationingMapping& mapping,

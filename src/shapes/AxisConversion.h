@@ -60,6 +60,13 @@ std::optional<Calculations::AxisPoint> gridToAxis(const CAxisGeometry& axis,
                                                   const Calculations::ENHPoint& point,
                                                   const CConversionOptions& options);
 
+/// The same, to the bit, for the points of a list one after the other: faster where they lie near
+/// each other.
+std::optional<Calculations::AxisPoint> gridToAxis(const CAxisGeometry& axis,
+                                                  const Calculations::ENHPoint& point,
+                                                  const CConversionOptions& options,
+                                                  CBoxTree::Neighbourhood& around);
+
 /// Ties the tunnel meter, the length in space along the axis, to the stationing.
 struct CStationingMapping {
   double origin2d = 0.0;         ///< a stationing

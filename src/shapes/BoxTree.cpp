@@ -5,6 +5,8 @@
 
 #include "shapes/BoxTree.h"
 
+#include "shapes/ShapeTolerances.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -57,6 +59,13 @@ void CBoxTree::Group::set(std::size_t place, const CBox& box) {
   halfHeight[place] = half.y;
 }
 
+void CBoxTree::Group::take(std::size_t place, const Group& other, std::size_t from) {
+  centreX[place] = other.centreX[from];
+  centreY[place] = other.centreY[from];
+  halfWidth[place] = other.halfWidth[from];
+  halfHeight[place] = other.halfHeight[from];
+}
+
 CBoxTree::CBoxTree(std::vector<CBox> boxes) {
   // Built from the leaves up: each level groups the boxes of the one below, until one group is
   // left.
@@ -72,6 +81,53 @@ CBoxTree::CBoxTree(std::vector<CBox> boxes) {
     if (around.size() == 1) return;
     boxes = std::move(around);
   }
+}
+
+double CBoxTree::distanceFrom(const Point2D& p, std::size_t box) const {
+  const Group& group = m_levels.front()[box / kGroup];
+  return std::sqrt(group.quadrupledSquaresFrom(p)[box % kGroup]) / 2.0;
+}
+
+bool CBoxTree::Neighbourhood::isDue() {
+  if (m_numServed >= kWorthMoving) m_pause = 1;
+  return ++m_numMissed >= m_pause;
+}
+
+void CBoxTree::Neighbourhood::moveTo(const Point2D& p, const CBoxTree& tree) {
+  m_place = p;
+  m_radius = kFarthestDistance;
+  std::array<double, kGroup> distances;
+  std::size_t count = 0;
+  tree.visitNear(
+      p, [&] { return m_radius; },
+      [&](std::size_t box) {
+        std::size_t place = count;
+        const double distance = tree.distanceFrom(p, box);
+        if (count < kGroup) {
+          ++count;
+        } else {
+          const auto farthest = std::max_element(distances.begin(), distances.end());
+          place = static_cast<std::size_t>(farthest - distances.begin());
+          m_radius = std::min(m_radius, std::max(distance, *farthest));
+          if (distance >= *farthest) return;
+        }
+        distances[place] = distance;
+        m_boxes[place] = box;
+      });
+  for (std::size_t place = 0; place < kGroup; ++place) {
+    if (place < count) {
+      m_group.take(place, tree.m_levels.front()[m_boxes[place] / kGroup], m_boxes[place] % kGroup);
+    } else {
+      m_group.set(place, CBox());
+    }
+  }
+  m_nearest = static_cast<std::size_t>(
+      std::min_element(distances.begin(), distances.begin() + static_cast<std::ptrdiff_t>(count)) -
+      distances.begin());
+  m_radius *= 1.0 - kRelativeMargin;
+  m_pause = std::min(2 * m_pause, kLongestPause);
+  m_numServed = 0;
+  m_numMissed = 0;
 }
 
 }  // namespace Ruv

@@ -48,6 +48,15 @@ class CBoxTree {
     if (!m_levels.empty()) visitGroup(m_levels.size() - 1, 0, p, reach, look);
   }
 
+  class Neighbourhood;
+
+  /// The same for the points of a list one after the other, each near the one before: looks at the
+  /// boxes around a place where one of them was, and through the tree only for points that leave
+  /// it. The boxes come in another order, and some twice.
+  template <class Reach, class Look>
+  void visitNear(const Point2D& p, const Reach& reach, const Look& look,
+                 Neighbourhood& around) const;
+
   /// The same, faster where reach() is small from the start: boxes of a group come in any order
   /// when few of them are within reach. Every look should shrink the reach to what it finds.
   template <class Reach, class Look>
@@ -57,6 +66,8 @@ class CBoxTree {
 
  private:
   static constexpr std::size_t kGroup = 8;
+  /// Trees of so few levels are searched as fast without a neighbourhood.
+  static constexpr std::size_t kFewLevels = 2;
   using Eight = std::array<double, kGroup>;
 
   /// Eight boxes, component by component, so that their distances are worked out side by side.
@@ -67,8 +78,25 @@ class CBoxTree {
     Eight halfHeight;
 
     void set(std::size_t place, const CBox& box);
+    /// A box of another group.
+    void take(std::size_t place, const Group& other, std::size_t from);
     Eight quadrupledSquaresFrom(const Point2D& p) const;
   };
+
+  /// What visitNear does with the places of one group.
+  template <class Reach, class Visit>
+  static void visitPlaces(const Group& group, const Point2D& p, const Reach& reach,
+                          const Visit& visit) {
+    Eight squares = group.quadrupledSquaresFrom(p);
+    std::size_t nearest = placeOfSmallest(squares);
+    if (!(squares[nearest] <= quadrupledSquare(reach()))) return;  // the others are farther still
+    for (;;) {
+      squares[nearest] = std::numeric_limits<double>::infinity();
+      visit(nearest);
+      if (placesWithin(squares, reach()) == 0) return;  // quicker told than the nearest
+      nearest = placeOfSmallest(squares);
+    }
+  }
 
   static double quadrupledSquare(double distance) { return 4.0 * distance * distance; }
   static std::size_t placeOfSmallest(const Eight& values);
@@ -83,20 +111,14 @@ class CBoxTree {
   template <class Reach, class Look>
   void visitGroup(std::size_t level, std::size_t index, const Point2D& p, const Reach& reach,
                   const Look& look) const {
-    Eight squares = m_levels[level][index].quadrupledSquaresFrom(p);
-    std::size_t nearest = placeOfSmallest(squares);
-    if (!(squares[nearest] <= quadrupledSquare(reach()))) return;  // the others are farther still
-    for (;;) {
-      squares[nearest] = std::numeric_limits<double>::infinity();
-      const std::size_t child = index * kGroup + nearest;
+    visitPlaces(m_levels[level][index], p, reach, [&](std::size_t place) {
+      const std::size_t child = index * kGroup + place;
       if (level == 0) {
         look(child);
       } else {
         visitGroup(level - 1, child, p, reach, look);
       }
-      if (placesWithin(squares, reach()) == 0) return;  // quicker told than the nearest
-      nearest = placeOfSmallest(squares);
-    }
+    });
   }
 
   template <class Reach, class Look>
@@ -124,10 +146,75 @@ class CBoxTree {
     }
   }
 
+  double distanceFrom(const Point2D& p, std::size_t box) const;
+
   // m_levels[0] are the boxes themselves, in groups; a box of level k + 1 encloses a group of
   // level k. The top level is one group.
   std::vector<std::vector<Group>> m_levels;
 };
+
+/// The eight boxes nearest to one place, and how far around it there is no other.
+///
+/// A point at a distance d from the place, with a reach r, has all that matters to it among these
+/// boxes where d + r is no more than that radius. In the lists that scanners write, hundreds of
+/// points follow each other in which that holds. In lists without order it never does; moving the
+/// place for each point would then cost as much as the search itself, so a place that has served
+/// few points is kept the longer, the more often that happens.
+class CBoxTree::Neighbourhood {
+ public:
+  /// Looks at the boxes that may hold something as near as reach().
+  /// @return false when others may hold such things too
+  template <class Reach, class Look>
+  bool visit(const Point2D& p, const Reach& reach, const Look& look) {
+    const double moved = (p - m_place).length();
+    if (!(moved < m_radius / 2.0)) return false;  // farther out, the reach seldom suffices
+    const auto visitPlace = [&](std::size_t place) {
+      const double before = reach();
+      look(m_boxes[place]);
+      if (reach() < before) m_nearest = place;
+    };
+    visitPlace(m_nearest);
+    const Eight squares = m_group.quadrupledSquaresFrom(p);
+    Places places = placesWithin(squares, reach()) & ~(1U << m_nearest);
+    if (areMany(places)) {
+      visitPlaces(m_group, p, reach, visitPlace);
+      places = 0;
+    }
+    for (; places != 0; places &= places - 1) {
+      const std::size_t place = lowestPlace(places);
+      if (squares[place] <= quadrupledSquare(reach())) visitPlace(place);
+    }
+    if (!(moved + reach() <= m_radius)) return false;
+    ++m_numServed;
+    return true;
+  }
+
+  /// To be asked once for each point that was not served.
+  bool isDue();
+  void moveTo(const Point2D& p, const CBoxTree& tree);
+
+ private:
+  static constexpr unsigned kWorthMoving = 4;    // points served
+  static constexpr unsigned kLongestPause = 64;  // points not served
+
+  Point2D m_place;
+  double m_radius = 0.0;
+  Group m_group{};
+  std::array<std::size_t, kGroup> m_boxes{};
+  std::size_t m_nearest = 0;  // place in the group of what was nearest to the point before
+  unsigned m_numServed = kWorthMoving;
+  unsigned m_pause = 1;
+  unsigned m_numMissed = 0;  // since the last move
+};
+
+template <class Reach, class Look>
+void CBoxTree::visitNear(const Point2D& p, const Reach& reach, const Look& look,
+                         Neighbourhood& around) const {
+  if (m_levels.size() <= kFewLevels) return visitNear(p, reach, look);
+  if (around.visit(p, reach, look)) return;
+  visitNear(p, reach, look);
+  if (around.isDue()) around.moveTo(p, *this);
+}
 
 /// Twice the distance of a coordinate outside an interval, squared and summed over both axes. The
 /// doubling spares the choice of a maximum: e + |e| is 0 or 2 e.

@@ -131,14 +131,29 @@ std::optional<CAlignmentPosition> CHoralAlignment::positionAt(double stationing)
 
 std::optional<CAlignmentFoot> CHoralAlignment::project(const Point2D& p) const {
   if (!isFinite(p)) return std::nullopt;
-  if (const auto foot = nearestFoot(p)) return foot;
+  const auto visit = [&](const auto& reach, const auto& look) {
+    m_boxes.visitNear(p, reach, look);
+  };
+  if (const auto foot = nearestFoot(p, visit)) return foot;
+  return nearestCorner(p);
+}
+
+std::optional<CAlignmentFoot> CHoralAlignment::project(const Point2D& p,
+                                                       CBoxTree::Neighbourhood& around) const {
+  if (!isFinite(p)) return std::nullopt;
+  const auto visit = [&](const auto& reach, const auto& look) {
+    m_boxes.visitNear(p, reach, look, around);
+  };
+  if (const auto foot = nearestFoot(p, visit)) return foot;
   return nearestCorner(p);
 }
 
 /// Visits the segments whose boxes are near, in any order: the index orders equally near feet as
 /// the walk along the alignment would. A wedge comes with the segment that leads into it, as its
 /// tip is that segment's end and so lies in the same box.
-std::optional<CAlignmentFoot> CHoralAlignment::nearestFoot(const Point2D& p) const {
+template <class Visit>
+std::optional<CAlignmentFoot> CHoralAlignment::nearestFoot(const Point2D& p,
+                                                           const Visit& visit) const {
   CNearestFoot<CAlignmentFoot> nearest;
   const auto look = [&](std::size_t index) {
     const CHoralSegment& segment = m_segments[index];
@@ -156,8 +171,7 @@ std::optional<CAlignmentFoot> CHoralAlignment::nearestFoot(const Point2D& p) con
       nearest.regular.offer(std::abs(offset), order, {segment.stationingEnd, offset});
     }
   };
-  m_boxes.visitNear(
-      p, [&] { return nearest.reach(); }, look);
+  visit([&] { return nearest.reach(); }, look);
   return nearest.chosen();
 }
 

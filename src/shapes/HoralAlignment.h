@@ -55,11 +55,16 @@ class CHoralAlignment {
   /// the distance as offset. Nothing when there is neither. O(log n) for points that have a foot
   /// near the alignment, O(n) for those that have none.
   std::optional<CAlignmentFoot> project(const Point2D& p) const;
+  /// The same, to the bit, for the points of a list one after the other: faster where they lie near
+  /// each other.
+  std::optional<CAlignmentFoot> project(const Point2D& p, CBoxTree::Neighbourhood& around) const;
 
  private:
   void findWedges();
   const CHoralSegment* segmentAt(double stationing) const;
-  std::optional<CAlignmentFoot> nearestFoot(const Point2D& p) const;
+  /// @param visit shows a function the segments that may lie within a reach
+  template <class Visit>
+  std::optional<CAlignmentFoot> nearestFoot(const Point2D& p, const Visit& visit) const;
   std::optional<CAlignmentFoot> nearestCorner(const Point2D& p) const;
 
   double m_startStationing = 0.0;

@@ -105,10 +105,12 @@ class CPerpendicularSearch {
   CPerpendicularSearch(const CAxisGeometry& axis, const Calculations::ENHPoint& point)
       : m_axis(axis), m_point(point) {}
 
-  std::optional<CSpatialFoot> nearest() {
+  /// @param around one place of a list, or nothing for a point alone
+  template <class... Around>
+  std::optional<CSpatialFoot> nearest(Around&... around) {
     m_axis.horal.boxes().visitNear(
         Point2D(m_point.east, m_point.north), [&] { return m_nearest.reach(); },
-        [&](std::size_t index) { searchSegment(index); });
+        [&](std::size_t index) { searchSegment(index); }, around...);
     return m_nearest.chosen();
   }
 
@@ -117,6 +119,7 @@ class CPerpendicularSearch {
   void searchSegment(std::size_t index) {
     const CHoralSegment& segment = m_axis.horal.segments()[index];
     if (!segment.isEvaluable) return;
+    m_order = static_cast<double>(index);
     const double from = std::max(segment.stationingStart, m_axis.minimumStationing);
     const double to = std::min(segment.stationingEnd, m_axis.maximumStationing);
     if (!(from < to)) return;
@@ -155,7 +158,7 @@ class CPerpendicularSearch {
     const auto outOf = after.viewFrom(stationing - after.segment->stationingStart, m_point);
     if (!into || !outOf) return;
     if (into->forward.value > 0.0 && outOf->forward.value < 0.0) {
-      m_nearest.regular.offer(outOf->distance(), stationing, wedgeFoot(stationing, *into, *outOf));
+      m_nearest.regular.offer(outOf->distance(), m_order, wedgeFoot(stationing, *into, *outOf));
     }
   }
 
@@ -175,7 +178,7 @@ class CPerpendicularSearch {
     const auto found = [&](double length) {
       if (!seen) return;
       const double stationing = std::min(stretch.segment->stationingStart + length, toStationing);
-      m_nearest.regular.offer(seen->distance(), stationing, squareFoot(stationing, *seen));
+      m_nearest.regular.offer(seen->distance(), m_order, squareFoot(stationing, *seen));
     };
     const auto nodeAt = [&](double place) {
       return place == to ? CSearchNode{to, last->forward} : CSearchNode{place, forwardAt(place)};
@@ -194,22 +197,34 @@ class CPerpendicularSearch {
   void offerJustOutside(double stationing, const CView& view) {
     const double outside = std::abs(view.forward.value / view.forward.slope);
     if (!(view.forward.slope < 0.0 && outside <= kFootTolerance)) return;
-    m_nearest.justOutside.offer(view.distance(), stationing, squareFoot(stationing, view));
+    m_nearest.justOutside.offer(view.distance(), m_order, squareFoot(stationing, view));
   }
 
   const CAxisGeometry& m_axis;
   const Calculations::ENHPoint m_point;
+  // The segment that is searched. Where two share a joint, the foot there is that of the first,
+  // whichever is searched first; those on one segment are found in order.
+  double m_order = 0.0;
   CNearestFoot<CSpatialFoot> m_nearest;
 };
+
+bool isSearched(const CAxisGeometry& axis, const Calculations::ENHPoint& point) {
+  return axis.isComplete && std::isfinite(point.east + point.north + point.height);
+}
 
 }  // namespace
 
 std::optional<CSpatialFoot> perpendicularFoot(const CAxisGeometry& axis,
                                               const Calculations::ENHPoint& point) {
-  if (!axis.isComplete || !std::isfinite(point.east + point.north + point.height)) {
-    return std::nullopt;
-  }
+  if (!isSearched(axis, point)) return std::nullopt;
   return CPerpendicularSearch(axis, point).nearest();
+}
+
+std::optional<CSpatialFoot> perpendicularFoot(const CAxisGeometry& axis,
+                                              const Calculations::ENHPoint& point,
+                                              CBoxTree::Neighbourhood& around) {
+  if (!isSearched(axis, point)) return std::nullopt;
+  return CPerpendicularSearch(axis, point).nearest(around);
 }
 
 }  // namespace Ruv

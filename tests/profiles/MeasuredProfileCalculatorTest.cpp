@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <map>
 #include <stdexcept>
@@ -85,6 +86,19 @@ TEST(MeasuredProfileCalculator, TellsPointsRelativeToAnyReference) {
     const double radius = (points[i] - Point2D(0, 4)).length();
     EXPECT_NEAR(byMeasured.calculateProfilePoint(points[i]).distance, radius - 5.0, 1.2e-3);
   }
+  points[7].x = std::nan("");
+  const auto expectLikeSingleCalls = [&](const auto& calculator) {
+    std::vector<ProfilePointResult> list(points.size(), ProfilePointResult({1, 2}, 3, 4));
+    EXPECT_EQ(calculator.calculateProfilePoints(points.data(), points.size(), list.data()),
+              points.size() - 1);
+    for (std::size_t i = 0; i < points.size(); ++i) {
+      const ProfilePointResult expected = calculator.calculateProfilePoint(points[i]);
+      EXPECT_EQ(std::memcmp(&list[i], &expected, sizeof expected), 0) << i;
+    }
+  };
+  expectLikeSingleCalls(theoretical);
+  expectLikeSingleCalls(byDesign);
+  expectLikeSingleCalls(byMeasured);
 }
 
 TEST(MeasuredProfileCalculator, LeavesOutAreasOfLessThanASquareCentimetre) {

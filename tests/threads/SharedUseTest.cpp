@@ -17,6 +17,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstring>
 #include <iostream>
 #include <thread>
 #include <vector>
@@ -122,6 +123,42 @@ TEST(SharedUse, GivesEveryThreadTheAnswersOfASingleOne) {
     }
   }
   std::clog.rdbuf(log);
+}
+
+TEST(SharedUse, GivesThreadsThatSplitAListTheResultsOfTheWhole) {
+  constexpr std::size_t kThreads = 4;
+  constexpr std::size_t kPoints = 4000;
+  const SharedObjects shared;
+  Random random(5);
+  std::vector<AxisPoint> places;
+  for (std::size_t i = 0; i < kPoints; ++i) {
+    places.emplace_back(shared.start + 0.1 * static_cast<double>(i), random.uniform(-9.0, 9.0),
+                        1.0);
+  }
+  std::vector<ENHPoint> grid(kPoints);
+  const std::size_t count =
+      AxisCalculator(curvedAxis())
+          .axisPointsToEnhPoints(places.data(), kPoints, grid.data(), nullptr, true, true);
+  std::vector<AxisPoint> whole(kPoints);
+  AxisCalculator(curvedAxis())
+      .enhPointsToAxisPoints(grid.data(), kPoints, whole.data(), nullptr, true, true);
+  std::vector<AxisPoint> parts(kPoints);
+  std::atomic<std::size_t> found{0};
+  std::vector<std::thread> threads;
+  for (std::size_t i = 0; i < kThreads; ++i) {
+    threads.emplace_back([&, begin = i * kPoints / kThreads] {
+      found += shared.calculator.enhPointsToAxisPoints(&grid[begin], kPoints / kThreads,
+                                                       &parts[begin], nullptr, true, true);
+    });
+  }
+  for (std::thread& thread : threads) {
+    thread.join();
+  }
+  EXPECT_GT(count, kPoints / 2);
+  EXPECT_GE(found, count);
+  for (std::size_t i = 0; i < kPoints; ++i) {
+    EXPECT_EQ(std::memcmp(&parts[i], &whole[i], sizeof whole[i]), 0) << i;
+  }
 }
 
 }  // namespace
