@@ -194,8 +194,8 @@ class CBoxTree::Neighbourhood {
   void moveTo(const Point2D& p, const CBoxTree& tree);
 
  private:
-  static constexpr unsigned kWorthMoving = 4;    // points served
-  static constexpr unsigned kLongestPause = 64;  // points not served
+  static constexpr unsigned kWorthMoving = 4;     // points served
+  static constexpr unsigned kLongestPause = 256;  // points not served
 
   Point2D m_place;
   double m_radius = 0.0;
