@@ -1,0 +1,275 @@
+"""Axes in plan and profile, and shafts."""
+
+from dataclasses import astuple, dataclass
+from typing import Any, List, NamedTuple, Sequence, Tuple, Union
+
+import numpy as np
+
+from . import _native
+from ._arrays import HadrelError, check, is_perpendicular, numbers, per_value, rows
+
+
+@dataclass(frozen=True)
+class Straight:
+    """A straight in plan, from a stationing and point in the direction of an azimuth."""
+
+    stationing: float
+    east: float
+    north: float
+    azimuth: float
+    length: float
+
+
+@dataclass(frozen=True)
+class Arc:
+    """A circular arc in plan; a positive radius curves to the right."""
+
+    stationing: float
+    east: float
+    north: float
+    azimuth: float
+    length: float
+    radius: float
+
+
+@dataclass(frozen=True)
+class Clothoid:
+    """A curve whose curvature changes linearly; a radius of 0 is infinite."""
+
+    stationing: float
+    east: float
+    north: float
+    azimuth: float
+    length: float
+    radius_start: float
+    radius_end: float
+
+
+@dataclass(frozen=True)
+class Kink:
+    """A point of intersection of two grades, not rounded."""
+
+    stationing: float
+    height: float
+
+
+@dataclass(frozen=True)
+class ArcRounding:
+    """A point of intersection of two grades, rounded by a circle."""
+
+    stationing: float
+    height: float
+    radius: float
+
+
+@dataclass(frozen=True)
+class ParabolaRounding:
+    """A point of intersection of two grades, rounded by a parabola of curvature 1 / value."""
+
+    stationing: float
+    height: float
+    value: float
+
+
+@dataclass(frozen=True)
+class Cant:
+    """A transverse slope (percent, the right side lower where positive) that changes linearly."""
+
+    stationing_from: float
+    stationing_to: float
+    slope_from: float
+    slope_to: float
+
+
+Horizontal = Union[Straight, Arc, Clothoid]
+Vertical = Union[Kink, ArcRounding, ParabolaRounding]
+
+
+class AxisProperties(NamedTuple):
+    """Direction and slopes of an axis; arrays of the shape of the stationings."""
+
+    azimuth: Any
+    radius: Any
+    slope: Any
+    slope_percent: Any
+    cant: Any
+    cant_percent: Any
+
+
+def _taken(values: Sequence[Any], kinds: Tuple[type, ...], name: str) -> Tuple[Any, ...]:
+    for index, value in enumerate(values):
+        if not isinstance(value, kinds):
+            expected = ", ".join(kind.__name__ for kind in kinds)
+            raise TypeError(f"{name}[{index}]: expected {expected}, got {type(value).__name__}")
+    return tuple(values)
+
+
+def _entries(elements: Sequence[Any]) -> List[Tuple[str, List[float]]]:
+    return [(type(e).__name__, [float(value) for value in astuple(e)]) for e in elements]
+
+
+class Axis:
+    """A tunnel axis.
+
+    :param horizontal: `Straight`, `Arc` and `Clothoid`, in order
+    :param vertical: `Kink`, `ArcRounding` and `ParabolaRounding`; two at least
+    :param cant: transverse slopes
+    :param tunnelmeter: a stationing and the tunnel meter there
+
+    >>> axis = Axis(horizontal=[Straight(100, 5000, 2000, azimuth=0, length=50)],
+    ...             vertical=[Kink(100, 400), Kink(150, 401)])
+    >>> axis.to_axis([5002, 2010, 403])
+    array([110. ,   2. ,   2.8])
+    >>> axis.to_grid([110, 2, 2.8])
+    array([5002., 2010.,  403.])
+    """
+
+    __slots__ = ("_definition", "_native")
+    _definition: Tuple[Any, ...]
+    _native: Any
+
+    def __init__(self, *, horizontal: Sequence[Horizontal], vertical: Sequence[Vertical],
+                 cant: Sequence[Cant] = (), tunnelmeter: Tuple[float, float] = (0.0, 0.0)) -> None:
+        plan = _taken(horizontal, (Straight, Arc, Clothoid), "horizontal")
+        profile = _taken(vertical, (Kink, ArcRounding, ParabolaRounding), "vertical")
+        slopes = _taken(cant, (Cant,), "cant")
+        origin, value = (float(number) for number in tunnelmeter)
+        native = _native.Axis(_entries(plan + profile + slopes), origin, value)
+        self._become(("alignment", plan, profile, slopes, (origin, value)), native)
+        first, last = self.range
+        if not first < last:
+            raise HadrelError("horizontal and vertical alignment: no stationing in common")
+
+    @classmethod
+    def shaft(cls, *, east: float, north: float, height_start: float, height_end: float,
+              stationing: float = 0.0) -> "Axis":
+        """A vertical shaft; its stationing runs from `stationing` at `height_start`.
+
+        >>> Axis.shaft(east=1000, north=2000, height_start=500, height_end=460).to_grid([10, 1, 2])
+        array([1001., 2002.,  490.])
+        """
+        values = tuple(float(v) for v in (east, north, height_start, height_end, stationing))
+        return cls._made(("shaft",) + values, _native.Axis.shaft(*values))
+
+    @classmethod
+    def _made(cls, definition: Tuple[Any, ...], native: Any) -> "Axis":
+        axis = object.__new__(cls)
+        axis._become(definition, native)
+        return axis
+
+    def _become(self, definition: Tuple[Any, ...], native: Any) -> None:
+        object.__setattr__(self, "_definition", definition)
+        object.__setattr__(self, "_native", native)
+
+    def __setattr__(self, name: str, value: Any) -> None:
+        raise AttributeError("an axis never changes")
+
+    def __eq__(self, other: object) -> bool:
+        return isinstance(other, Axis) and self._definition == other._definition
+
+    def __hash__(self) -> int:
+        return hash(self._definition)
+
+    def __reduce__(self) -> Tuple[Any, ...]:
+        return _restored, self._definition
+
+    def __repr__(self) -> str:
+        first, last = self.range
+        return f"<hadrel.Axis ({self._definition[0]}) from {first:g} to {last:g}>"
+
+    @property
+    def range(self) -> Tuple[float, float]:
+        """The first and the last stationing."""
+        first, last = self._native.range()
+        return first, last
+
+    def to_axis(self, points: Any, plane: str = "vertical", cant: bool = True,
+                errcheck: bool = False) -> np.ndarray:
+        """Stationing, offset and height of grid points.
+
+        Scans in the order of their sections are the fastest.
+
+        :param points: east, north, height; shape (..., 3)
+        :param plane: "vertical", square to the axis in plan, or "perpendicular", in space
+        :param cant: whether the transverse slope turns offset and height
+        :param errcheck: raise `HadrelError` for the first point without a foot on the axis
+        :return: the same shape; not a number for points without a foot
+        """
+        array, shape = rows(points, 3, "points")
+        result = self._native.to_axis(array, is_perpendicular(plane), cant)
+        if errcheck:
+            check(result, "points", "no foot on the axis")
+        return result.reshape(shape + (3,))
+
+    def to_grid(self, points: Any, plane: str = "vertical", cant: bool = True,
+                errcheck: bool = False) -> np.ndarray:
+        """East, north and height of axis points: the inverse of `to_axis`.
+
+        :param points: stationing, offset, height; shape (..., 3)
+        :return: the same shape; not a number where the axis does not reach
+        """
+        array, shape = rows(points, 3, "points")
+        result = self._native.to_grid(array, is_perpendicular(plane), cant)
+        if errcheck:
+            check(result, "points", "stationing outside the axis")
+        return result.reshape(shape + (3,))
+
+    def properties(self, stationing: Any, errcheck: bool = False) -> AxisProperties:
+        """Azimuth, signed radius (0 on a straight), slopes along and across, at stationings."""
+        array = numbers(stationing, "stationing")
+        result = self._native.properties(array.reshape(-1))
+        if errcheck:
+            check(result, "stationing", "outside the axis")
+        shape = np.shape(stationing)
+        columns = (result[:, i].reshape(shape) if shape else float(result[0, i]) for i in range(6))
+        return AxisProperties(*columns)
+
+    def tunnelmeter(self, stationing: Any, errcheck: bool = False) -> Any:
+        """The tunnel meter, the length in space along the axis, at stationings."""
+        return per_value(self._native.tunnelmeter, stationing, "stationing", "outside the axis",
+                         errcheck)
+
+    def stationing(self, tunnelmeter: Any, errcheck: bool = False) -> Any:
+        """The stationing at tunnel meters: the inverse of `tunnelmeter`."""
+        return per_value(self._native.stationing, tunnelmeter, "tunnelmeter", "outside the axis",
+                         errcheck)
+
+    def polyline(self, step: float) -> List[np.ndarray]:
+        """East and north along each segment of the plan, one array for each."""
+        return self._native.plan_polylines(float(step))
+
+    def profile_polyline(self, step: float) -> np.ndarray:
+        """Stationing and height along the vertical alignment; shape (n, 2)."""
+        return self._native.profile_polyline(float(step))
+
+    @property
+    def misclosures(self) -> np.ndarray:
+        """How far each segment begins from the end before it (m), and turned by how much."""
+        return self._native.misclosures()
+
+    def block(self, start: float, end: float) -> "Axis":
+        """The axis of a block: the chord between two stationings, and 2 m beyond either end."""
+        first, last = self.range
+        if not first <= start < end <= last:
+            raise ValueError(f"block: expected {first:g} <= start < end <= {last:g}, "
+                             f"got {start:g} and {end:g}")
+        return self._made(("block", self, float(start), float(end)),
+                          self._native.block(float(start), float(end)))
+
+
+def _restored(kind: str, *values: Any) -> Axis:
+    if kind == "shaft":
+        return Axis.shaft(east=values[0], north=values[1], height_start=values[2],
+                          height_end=values[3], stationing=values[4])
+    if kind == "block":
+        return values[0].block(values[1], values[2])
+    return Axis(horizontal=values[0], vertical=values[1], cant=values[2], tunnelmeter=values[3])
+
+
+def map_between(source: Axis, target: Axis, values: Any, *, tunnelmeter: bool = False,
+                result_tunnelmeter: bool = False, errcheck: bool = False) -> Any:
+    """Carries stationings of one axis to another; the flags make tunnel meters of them."""
+    return per_value(
+        lambda array: _native.mapped(source._native, target._native, array, tunnelmeter,
+                                     result_tunnelmeter),
+        values, "values", "no counterpart on the target", errcheck)

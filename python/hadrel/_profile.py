@@ -1,0 +1,220 @@
+"""Design profiles, measured ones before them, and what lies between two of them."""
+
+import math
+from dataclasses import dataclass
+from typing import Any, NamedTuple, Optional, Sequence, Tuple, Union
+
+import numpy as np
+
+from . import _native
+from ._arrays import HadrelError, check, numbers, one_of, rows
+
+
+class ProfilePosition(NamedTuple):
+    """Where points lie relative to a profile.
+
+    :param foot: the nearest point of the profile; shape (..., 2)
+    :param distance: from the profile, positive outside
+    :param derolment: developed length from the crown, positive clockwise
+    """
+
+    foot: Any
+    distance: Any
+    derolment: Any
+
+
+class Profile:
+    """A closed design profile, x to the right and y up.
+
+    :param nodes: (x, y) or (x, y, radius) of each corner, from the first and back to it. The
+        radius is that of the segment that ends there: 0 for a straight, positive for an arc
+        passed clockwise, negative for one passed anticlockwise; arcs are at most half circles.
+
+    >>> circle = Profile([(-5, 0), (5, 0, 5), (-5, 0, 5)])
+    >>> round(circle.position([0, 6]).distance, 9)
+    1.0
+    """
+
+    __slots__ = ("_nodes", "_native")
+    _nodes: Tuple[Tuple[float, float, float], ...]
+    _native: Any
+
+    def __init__(self, nodes: Sequence[Sequence[float]]) -> None:
+        complete = []
+        for index, node in enumerate(nodes):
+            values = tuple(float(value) for value in node)
+            if len(values) not in (2, 3) or not all(map(math.isfinite, values)):
+                raise ValueError(f"nodes[{index}]: expected (x, y) or (x, y, radius), got {node!r}")
+            complete.append((values + (0.0,))[:3])
+        if len(complete) < 3 or complete[0][:2] != complete[-1][:2]:
+            raise ValueError("nodes: expected two segments or more that lead back to the first node")
+        native = _native.Profile(np.array(complete))
+        if not native.circumference() > 0.0:
+            raise ValueError("nodes: an arc is shorter than its chord, or all nodes coincide")
+        object.__setattr__(self, "_nodes", tuple(complete))
+        object.__setattr__(self, "_native", native)
+
+    def __setattr__(self, name: str, value: Any) -> None:
+        raise AttributeError("a profile never changes")
+
+    def __eq__(self, other: object) -> bool:
+        return isinstance(other, Profile) and self._nodes == other._nodes
+
+    def __hash__(self) -> int:
+        return hash(self._nodes)
+
+    def __reduce__(self) -> Tuple[Any, ...]:
+        return Profile, (self._nodes,)
+
+    def __repr__(self) -> str:
+        return f"<hadrel.Profile, {len(self._nodes) - 1} segments, {self.circumference:.3f} m round>"
+
+    @property
+    def nodes(self) -> Tuple[Tuple[float, float, float], ...]:
+        """x, y and radius of each node."""
+        return self._nodes
+
+    @property
+    def circumference(self) -> float:
+        """The length of all segments."""
+        return self._native.circumference()
+
+    @property
+    def area(self) -> float:
+        """The area inside (m2) as comparisons count it: arcs are chords, which costs 0.02 percent."""
+        return self._native.area()
+
+    def position(self, points: Any, errcheck: bool = False) -> ProfilePosition:
+        """Foot, distance and derolment of points; shape (..., 2)."""
+        array, shape = rows(points, 2, "points")
+        result = self._native.position(array)
+        if errcheck:
+            check(result, "points", "no foot on the profile")
+        if not shape:
+            return ProfilePosition(result[0, :2], float(result[0, 2]), float(result[0, 3]))
+        return ProfilePosition(result[:, :2].reshape(shape + (2,)), result[:, 2].reshape(shape),
+                               result[:, 3].reshape(shape))
+
+    def at(self, derolment: Any) -> np.ndarray:
+        """The points of the profile at derolments; shape (..., 2)."""
+        array = numbers(derolment, "derolment")
+        return self._native.at(array.reshape(-1)).reshape(np.shape(derolment) + (2,))
+
+    def outline(self, step: float) -> np.ndarray:
+        """Points every `step` metres and at all nodes, clockwise; shape (n, 2)."""
+        if not step > 0.0:
+            raise ValueError(f"step: expected a positive length, got {step!r}")
+        return self._native.outline(float(step))
+
+
+@dataclass(frozen=True)
+class Wedge:
+    """Leaves out what lies between two bearings (clockwise from up) from a centre."""
+
+    start: float
+    end: float
+    centre: Tuple[float, float]
+
+
+@dataclass(frozen=True)
+class Filters:
+    """What a comparison leaves out."""
+
+    above: Optional[float] = None
+    below: Optional[float] = None
+    left_of: Optional[float] = None
+    right_of: Optional[float] = None
+    wedges: Tuple[Wedge, ...] = ()
+
+
+@dataclass(frozen=True)
+class Geology:
+    """Which part of the over profile counts as geological.
+
+    :param outer: distance from the design beyond which excavation is geological
+    :param method: "band": with it the band from the design to `outer` beside those places;
+        "between": that from `inner` to `outer`; "beyond": none
+    """
+
+    outer: float
+    inner: float = 0.0
+    method: str = "band"
+
+
+@dataclass(frozen=True, eq=False)
+class Comparison:
+    """A measured profile before a design: areas (m2), and outlines as tuples of (n, 2) arrays."""
+
+    design_area: float
+    measured_area: float
+    over_area: float
+    under_area: float
+    geological_area: float
+    over: Tuple[np.ndarray, ...]
+    under: Tuple[np.ndarray, ...]
+    geological: Tuple[np.ndarray, ...]
+    remaining: Tuple[np.ndarray, ...]
+
+
+_METHODS = ("band", "between", "beyond")
+
+
+def compare(design: Union[Profile, Any], measured: Any, *, filters: Optional[Filters] = None,
+            geology: Optional[Geology] = None) -> Comparison:
+    """Over and under profile of a measured section.
+
+    :param design: a `Profile`, or an earlier section of shape (n, 2)
+    :param measured: the points of the section in order round it; shape (n, 2)
+
+    >>> section = [(-2, -2), (-2, 2), (3, 2), (3, -2)]
+    >>> square = Profile([(-2, -2), (-2, 2), (2, 2), (2, -2), (-2, -2)])
+    >>> round(compare(square, section).over_area, 3)
+    4.0
+    """
+    points, _ = rows(measured, 2, "measured")
+    limits = filters or Filters()
+    wedges = [(w.start, w.end, w.centre[0], w.centre[1]) for w in limits.wedges]
+    division = None
+    if geology is not None:
+        division = (_METHODS.index(one_of(geology.method, _METHODS, "method")),
+                    float(geology.outer), float(geology.inner))
+    options = ((limits.above, limits.below, limits.left_of, limits.right_of), wedges, division)
+    if isinstance(design, Profile):
+        found = _native.compared(design._native, points, *options)
+    else:
+        found = _native.compared_scans(rows(design, 2, "design")[0], points, *options)
+    return Comparison(**{name: tuple(value) if isinstance(value, list) else value
+                         for name, value in found.items()})
+
+
+@dataclass(frozen=True)
+class Morph:
+    """The design at any stationing between two designs; call it with a stationing."""
+
+    start: Profile
+    end: Profile
+    start_stationing: float
+    end_stationing: float
+
+    def __call__(self, stationing: float) -> Profile:
+        try:
+            nodes = _native.morphed(self.start._native, self.end._native, self.start_stationing,
+                                    self.end_stationing, float(stationing))
+        except RuntimeError as reason:
+            raise ValueError(str(reason)) from None
+        if nodes is None:
+            raise HadrelError("the profiles cannot be morphed into each other")
+        return Profile(nodes.tolist())
+
+
+def morph(start: Profile, end: Profile, start_stationing: float, end_stationing: float) -> Morph:
+    """What lies between two profiles, at a widening or before a lay-by.
+
+    >>> small, large = (Profile([(-r, 0), (r, 0, r), (-r, 0, r)]) for r in (4, 6))
+    >>> morph(small, large, 100, 110)(100) == small
+    True
+    """
+    if not start_stationing < end_stationing:
+        raise ValueError(f"expected start_stationing < end_stationing, got {start_stationing!r} "
+                         f"and {end_stationing!r}")
+    return Morph(start, end, float(start_stationing), float(end_stationing))

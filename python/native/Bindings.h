@@ -1,0 +1,39 @@
+/// @file
+/// What the parts of the extension give each other.
+
+#ifndef HADREL_BINDINGS_H
+#define HADREL_BINDINGS_H
+
+#include <Calculations/AxisCalculator.h>
+#include <Calculations/ThProfileCalculator.h>
+
+#include <pybind11/pybind11.h>
+#include <boost/shared_ptr.hpp>
+
+namespace Hadrel {
+
+/// An axis that nothing changes any more.
+struct Axis {
+  explicit Axis(boost::shared_ptr<const Ruv::Calculations::AxisDefinition> axis)
+      : definition(std::move(axis)), calculator(definition) {}
+
+  boost::shared_ptr<const Ruv::Calculations::AxisDefinition> definition;
+  Ruv::Calculations::AxisCalculator calculator;
+};
+
+/// A design profile that nothing changes any more.
+struct Profile {
+  explicit Profile(boost::shared_ptr<const Ruv::Calculations::ThProfileDefinition> profile)
+      : definition(std::move(profile)), calculator(definition) {}
+
+  boost::shared_ptr<const Ruv::Calculations::ThProfileDefinition> definition;
+  Ruv::Calculations::ThProfileCalculator calculator;
+};
+
+void bindAxis(pybind11::module_& module);
+void bindProfile(pybind11::module_& module);
+void bindStation(pybind11::module_& module);
+
+}  // namespace Hadrel
+
+#endif

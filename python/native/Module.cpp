@@ -1,0 +1,8 @@
+#include "Bindings.h"
+
+PYBIND11_MODULE(_native, module) {
+  module.doc() = "The library behind hadrel. Arrays come prepared; use the package.";
+  Hadrel::bindAxis(module);
+  Hadrel::bindProfile(module);
+  Hadrel::bindStation(module);
+}

@@ -1,0 +1,240 @@
+// Profiles, their comparison, morphing and fits.
+
+#include "Arrays.h"
+#include "Bindings.h"
+
+#include <Calculations/FittingHelper.h>
+#include <Calculations/MeasuredProfileCalculator.h>
+#include <Calculations/ThProfileMorpher.h>
+
+#include <pybind11/stl.h>
+
+#include <array>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace Hadrel {
+
+using namespace Ruv::Calculations;
+
+namespace {
+
+constexpr double kNotFound = std::numeric_limits<double>::quiet_NaN();
+
+/// @param nodes rows of x, y and the radius of the segment that ends there
+std::unique_ptr<Profile> profileOf(const Array& nodes) {
+  const boost::shared_ptr<ThProfileDefinition> profile(new ThProfileDefinition);
+  const double* node = nodes.data();
+  for (std::size_t i = 1; i < numRows(nodes); ++i, node += 3) {
+    if (node[5] == 0.0) {
+      profile->addSegmentStraight(node[0], node[1], node[3], node[4]);
+    } else {
+      profile->addSegmentArc(node[0], node[1], node[3], node[4], node[5]);
+    }
+  }
+  return std::make_unique<Profile>(profile);
+}
+
+Array nodesOf(const ThProfileDefinition& profile) {
+  const unsigned count = profile.getNumSegments();
+  Array nodes = newArray(count + 1U, 3);
+  double* out = nodes.mutable_data();
+  const auto put = [&](const Point2D& point, double radius) {
+    *out++ = point.x;
+    *out++ = point.y;
+    *out++ = radius;
+  };
+  put(profile.getSegmentStartAt(0), 0.0);
+  for (unsigned i = 0; i < count; ++i) {
+    put(profile.getSegmentEndAt(i), profile.getSegmentRadiusAt(i));
+  }
+  return nodes;
+}
+
+boost::shared_ptr<MeasuredProfile> measuredOf(const Array& points) {
+  boost::shared_ptr<MeasuredProfile> measured(new MeasuredProfile);
+  for (const Point2D& point : listOf(points)) {
+    measured->addPoint(point);
+  }
+  return measured;
+}
+
+/// Rows of foot x, foot y, distance and derolment. A point without a foot reads as all zero, which
+/// only a profile through the origin has as a position, that of the origin.
+template <class Calculator>
+Array positions(const Calculator& calculator, const Array& points) {
+  static_assert(sizeof(ProfilePointResult) == 4 * sizeof(double), "a result is a row");
+  const std::size_t count = numRows(points);
+  Array result = newArray(count, 4);
+  const auto* in = pointsOf<Point2D>(points);
+  auto* out = pointsOf<ProfilePointResult>(result);
+  const py::gil_scoped_release others;
+  if (calculator.calculateProfilePoints(in, count, out) == count) return result;
+  for (std::size_t i = 0; i < count; ++i) {
+    const ProfilePointResult& r = out[i];
+    const bool isZero = r.profilePoint.x == 0.0 && r.profilePoint.y == 0.0 && r.distance == 0.0 &&
+                        r.derolment == 0.0;
+    if (isZero && !(in[i].x == 0.0 && in[i].y == 0.0)) {
+      out[i] = ProfilePointResult({kNotFound, kNotFound}, kNotFound, kNotFound);
+    }
+  }
+  return result;
+}
+
+using Limits = std::array<std::optional<double>, 4>;  // above, below, left of, right of
+using Wedge = std::array<double, 4>;                  // start and end angle, centre
+using Geology = std::tuple<int, double, double>;
+
+void setFilters(MeasuredProfileCalculator& calculator, const Limits& limits,
+                const std::vector<Wedge>& wedges) {
+  if (limits[0]) calculator.setFilterExcludeAbove(*limits[0]);
+  if (limits[1]) calculator.setFilterExcludeBelow(*limits[1]);
+  if (limits[2]) calculator.setFilterExcludeLeftOf(*limits[2]);
+  if (limits[3]) calculator.setFilterExcludeRightOf(*limits[3]);
+  for (const Wedge& wedge : wedges) {
+    calculator.setFilterExcludeBetweenAngles(wedge[0], wedge[1], {wedge[2], wedge[3]});
+  }
+}
+
+/// Everything that a comparison tells.
+struct Findings {
+  double designArea = 0.0;
+  double measuredArea = 0.0;
+  double overArea = 0.0;
+  double underArea = 0.0;
+  double geologicalArea = kNotFound;
+  std::vector<Polygon> over;
+  std::vector<Polygon> under;
+  std::pair<std::vector<Polygon>, std::vector<Polygon>> divided;
+};
+
+Findings findingsOf(const MeasuredProfileCalculator& calculator,
+                    const std::optional<Geology>& geology) {
+  Findings findings;
+  findings.designArea = calculator.referenceArea();
+  findings.measuredArea = calculator.comparisonArea();
+  findings.overArea = calculator.overProfileArea();
+  findings.underArea = calculator.underProfileArea();
+  findings.over = calculator.overProfileAreaPathes();
+  findings.under = calculator.underProfileAreaPathes();
+  if (geology) {
+    const auto method = static_cast<GeologicalOverProfileMethod::Method>(std::get<0>(*geology));
+    const double a = std::get<1>(*geology);
+    const double b = std::get<2>(*geology);
+    findings.geologicalArea = calculator.geologicalOverProfileArea(method, a, b);
+    findings.divided = calculator.overProfileDividedByGeologicalAreaPathes(method, a, b);
+  }
+  return findings;
+}
+
+py::dict dictOf(const Findings& findings) {
+  py::dict dict;
+  dict["design_area"] = findings.designArea;
+  dict["measured_area"] = findings.measuredArea;
+  dict["over_area"] = findings.overArea;
+  dict["under_area"] = findings.underArea;
+  dict["geological_area"] = findings.geologicalArea;
+  dict["over"] = arraysOf(findings.over);
+  dict["under"] = arraysOf(findings.under);
+  dict["geological"] = arraysOf(findings.divided.first);
+  dict["remaining"] = arraysOf(findings.divided.second);
+  return dict;
+}
+
+template <class Reference>
+py::dict comparedWith(const boost::shared_ptr<const Reference>& reference, const Array& measured,
+                      const Limits& limits, const std::vector<Wedge>& wedges,
+                      const std::optional<Geology>& geology) {
+  MeasuredProfileCalculator calculator(reference, measuredOf(measured));
+  setFilters(calculator, limits, wedges);
+  Findings findings;
+  {
+    const py::gil_scoped_release others;
+    findings = findingsOf(calculator, geology);
+  }
+  return dictOf(findings);
+}
+
+py::tuple tupleOf(const FittingResult& fit) {
+  return py::make_tuple(fit.center.x, fit.center.y, fit.radius, fit.semiAxisA, fit.semiAxisB,
+                        fit.rotation);
+}
+
+FittingResult circle(const std::vector<Point2D>& points, int method) {
+  if (method == FittingMethod::CircleLegacy) return FittingHelper::circleFitRuvLegacy(points);
+  if (method == FittingMethod::CircleKasa) return FittingHelper::circleFitKasa(points);
+  return FittingHelper::circleFitLandau(points);
+}
+
+}  // namespace
+
+void bindProfile(py::module_& module) {
+  py::class_<Profile>(module, "Profile")
+      .def(py::init(&profileOf))
+      .def("position", [](const Profile& profile,
+                          const Array& points) { return positions(profile.calculator, points); })
+      .def("circumference",
+           [](const Profile& profile) { return profile.definition->getCircumference(); })
+      .def("area",
+           [](const Profile& profile) {
+             return MeasuredProfileCalculator(profile.definition, measuredOf(newArray(0, 2)))
+                 .referenceArea();
+           })
+      .def("outline",
+           [](const Profile& profile, double step) {
+             return arrayOf(profile.calculator.pointsOnProfileByInterval(step, true));
+           })
+      .def("at", [](const Profile& profile, const Array& derolments) {
+        Array result = newArray(numRows(derolments), 2);
+        auto* out = pointsOf<Point2D>(result);
+        const double* in = derolments.data();
+        for (std::size_t i = 0; i < numRows(derolments); ++i) {
+          out[i] = profile.calculator.calcPointOnProfileAtDerolment(in[i]);
+        }
+        return result;
+      });
+  module.def("compared",
+             [](const Profile& design, const Array& measured, const Limits& limits,
+                const std::vector<Wedge>& wedges, const std::optional<Geology>& geology) {
+               return comparedWith(design.definition, measured, limits, wedges, geology);
+             });
+  module.def("compared_scans",
+             [](const Array& reference, const Array& measured, const Limits& limits,
+                const std::vector<Wedge>& wedges, const std::optional<Geology>& geology) {
+               return comparedWith(boost::shared_ptr<const MeasuredProfile>(measuredOf(reference)),
+                                   measured, limits, wedges, geology);
+             });
+  module.def(
+      "morphed",
+      [](const Profile& start, const Profile& end, double from, double to,
+         double at) -> std::optional<Array> {
+        const auto profile =
+            ThProfileMorpher(start.definition, end.definition, from, to).getMorphedProfile(at);
+        if (!profile) return std::nullopt;
+        return nodesOf(*profile);
+      });
+  module.def("circle", [](const Array& points, int method) {
+    const std::vector<Point2D> list = listOf(points);
+    FittingResult fit;
+    {
+      const py::gil_scoped_release others;
+      fit = circle(list, method);
+    }
+    return tupleOf(fit);
+  });
+  module.def("ellipse", [](const Array& points, int rounds) {
+    const std::vector<Point2D> list = listOf(points);
+    std::vector<bool> used;
+    FittingResult fit;
+    {
+      const py::gil_scoped_release others;
+      fit = FittingHelper::ellipseFitFitzgibbon(list, used, rounds);
+    }
+    return py::make_tuple(tupleOf(fit), used);
+  });
+}
+
+}  // namespace Hadrel

@@ -1,0 +1,35 @@
+"""Builds the extension with CMake, from the sources beside this folder."""
+
+import os
+import subprocess
+import sys
+from pathlib import Path
+
+from setuptools import Extension, setup
+from setuptools.command.build_ext import build_ext
+
+ROOT = Path(__file__).resolve().parent.parent
+
+
+class CMakeBuild(build_ext):
+    """Takes the one extension from CMake's build folder."""
+
+    def build_extension(self, ext: Extension) -> None:
+        folder = Path(os.environ.get("HADREL_BUILD_DIR", Path(self.build_temp).resolve() / "cmake"))
+        options = {
+            "BUILD_PYTHON": "ON",
+            "BUILD_BENCHMARKS": "OFF",
+            "BUILD_EXAMPLES": "OFF",
+            "BUILD_PROGRAMS": "OFF",
+            "BUILD_TESTING": "OFF",
+            "CMAKE_BUILD_TYPE": "Release",
+            "Python3_EXECUTABLE": sys.executable,
+        }
+        subprocess.run(["cmake", "-G", "Ninja", "-S", ROOT, "-B", folder]
+                       + [f"-D{name}={value}" for name, value in options.items()], check=True)
+        subprocess.run(["cmake", "--build", folder, "--target", "hadrelNative"], check=True)
+        built, = (folder / "python" / "hadrel").glob("_native*")
+        self.copy_file(str(built), self.get_ext_fullpath(ext.name))
+
+
+setup(ext_modules=[Extension("hadrel._native", sources=[])], cmdclass={"build_ext": CMakeBuild})

@@ -1,0 +1,136 @@
+"""Axes and guidance: results of the library, shapes, errors, objects."""
+
+import pickle
+import threading
+import time
+
+import numpy as np
+import pytest
+
+import hadrel
+from hadrel import (Arc, ArcRounding, Axis, Cant, Clothoid, GuidanceVector, HadrelError, Kink,
+                    ParabolaRounding, Straight, map_between)
+
+
+def curve():
+    """A straight, a clothoid and an arc in national coordinates."""
+    straight = Axis(horizontal=[Straight(100, 600000, 200000, 0.3, 80)],
+                    vertical=[Kink(100, 0), Kink(180, 0)]).to_grid([180, 0, 0])
+    return [Straight(100, 600000, 200000, 0.3, 80),
+            Clothoid(180, straight[0], straight[1], 0.3, 60, 0, 400)]
+
+
+@pytest.fixture(scope="module")
+def axis():
+    return Axis(horizontal=curve(),
+                vertical=[Kink(100, 400), ArcRounding(150, 401, 2000), ParabolaRounding(200, 400, 900),
+                          Kink(240, 402)],
+                cant=[Cant(100, 240, 2, -4)], tunnelmeter=(120, 1000))
+
+
+@pytest.mark.parametrize("plane", ["vertical", "perpendicular"])
+@pytest.mark.parametrize("cant", [True, False])
+def test_there_and_back(axis, plane, cant):
+    random = np.random.default_rng(1)
+    places = random.uniform([105, -9, -4], [235, 9, 8], (20, 50, 3))
+    grid = axis.to_grid(places, plane, cant, errcheck=True)
+    assert grid.shape == places.shape
+    np.testing.assert_allclose(axis.to_axis(grid, plane=plane, cant=cant), places, atol=2e-9)
+    alone = np.array([axis.to_axis(p, plane, cant) for p in grid[3]])
+    np.testing.assert_array_equal(alone, axis.to_axis(grid, plane, cant)[3])
+
+
+def test_known_places():
+    straight = Axis(horizontal=[Straight(0, 1000, 2000, np.pi / 2, 300)],
+                    vertical=[Kink(0, 50), Kink(300, 62)])
+    np.testing.assert_allclose(straight.to_grid([100, 3, 2]), [1100, 1997, 56], atol=1e-9)
+    assert straight.tunnelmeter(100) == pytest.approx(100 * np.hypot(1, 0.04), abs=1e-9)
+    assert straight.stationing(straight.tunnelmeter(77.0)) == pytest.approx(77, abs=1e-9)
+    properties = straight.properties([10.0, 20.0])
+    assert properties.azimuth == pytest.approx([np.pi / 2] * 2)
+    assert properties.slope_percent == pytest.approx([4, 4])
+    right = Axis(horizontal=[Arc(0, 0, 0, 0, 50, radius=100)], vertical=[Kink(0, 0), Kink(50, 0)])
+    np.testing.assert_allclose(right.to_axis([100 - 90 * np.cos(0.2), 90 * np.sin(0.2), 1]),
+                               [20, 10, 1], atol=1e-9)
+    assert right.properties(5.0).radius == 100
+    assert right.polyline(1.0)[0].shape[1] == right.profile_polyline(1.0).shape[1] == 2
+    assert right.misclosures.tolist() == [[0, 0]]
+
+
+def test_blocks_shafts_and_other_axes(axis):
+    block = axis.block(120, 150)
+    assert map_between(axis, block, 130.0) == pytest.approx(130, abs=0.05)
+    assert np.isnan(map_between(axis, block, [130.0, 230.0])).tolist() == [False, True]
+    with pytest.raises(HadrelError, match=r"values\[1\]"):
+        map_between(axis, block, [130.0, 230.0], errcheck=True)
+    with pytest.raises(ValueError, match="100 <= start"):
+        axis.block(90, 120)
+    shaft = Axis.shaft(east=1000, north=2000, height_start=500, height_end=460)
+    assert np.isnan(shaft.to_axis([1000, 2000, 501])).all()
+    for same in (axis, block, shaft):
+        assert pickle.loads(pickle.dumps(same)) == same
+        assert hash(pickle.loads(pickle.dumps(same))) == hash(same)
+    assert axis != block
+    with pytest.raises(AttributeError):
+        axis.range = (0, 1)
+
+
+def test_what_is_not_found_and_what_is_wrong(axis):
+    points = axis.to_grid([[110, 1, 1], [120, 1, 1]])
+    points[1] += 1e6
+    assert np.isnan(axis.to_axis(points)).all(axis=1).tolist() == [False, True]
+    with pytest.raises(HadrelError, match=r"points\[1\]: no foot"):
+        axis.to_axis(points, errcheck=True)
+    with pytest.raises(HadrelError, match=r"stationing\[0\]"):
+        axis.properties(99.0, errcheck=True)
+    assert np.isnan(axis.tunnelmeter(99.0))
+    assert axis.to_axis(np.empty((0, 3))).shape == (0, 3)
+    wrong = [(lambda: axis.to_axis([1, 2]), ValueError, r"shape \(..., 3\), got \(2,\)"),
+             (lambda: axis.to_axis(["a", "b", "c"]), TypeError, "expected numbers"),
+             (lambda: axis.to_axis([1, 2, 3], plane="level"), ValueError, "vertical, perpendicular"),
+             (lambda: Axis(horizontal=[Kink(0, 0)], vertical=[]), TypeError, r"horizontal\[0\]"),
+             (lambda: Axis(horizontal=curve(), vertical=[Kink(0, 0)]), HadrelError, "in common"),
+             (lambda: GuidanceVector.straight([1, 2, 3], [0, 0, 0]), ValueError, "direction")]
+    for act, kind, message in wrong:
+        with pytest.raises(kind, match=message):
+            act()
+
+
+def test_guidance(axis):
+    ahead = GuidanceVector.between(axis, [110, 1, 1], [130, 1, 1], cant=True)
+    start, target = axis.to_grid([[110, 1, 1], [130, 1, 1]])
+    offsets = ahead.offsets(axis, [start, target])
+    np.testing.assert_allclose(offsets[:, 1:], 0, atol=1e-9)
+    assert offsets[1, 0] == pytest.approx(np.linalg.norm(target - start))
+    along = GuidanceVector.parallel([110, 1, 1])
+    np.testing.assert_array_equal(np.isnan(along.offsets(axis, [start, start + 1e6])[:, 0]),
+                                  [False, True])
+    with pytest.raises(HadrelError, match=r"points\[0\]"):
+        along.offsets(axis, start + 1e6, errcheck=True)
+    np.testing.assert_allclose(offsets[0], 0, atol=1e-9)
+    up = GuidanceVector.in_section([110, 0, 0], 0.0)
+    assert up.direction == (0, 0, 1)
+    circle = hadrel.Profile([(-5, 0), (5, 0, 5), (-5, 0, 5)])
+    assert GuidanceVector.radial(circle, [110, 3, 0]).direction == pytest.approx((0, 1, 0))
+    assert pickle.loads(pickle.dumps(up)) == up
+
+
+def test_other_threads_go_on_meanwhile(axis):
+    """A thread that counts in Python advances while an array is converted."""
+    points = axis.to_grid(np.tile([110.0, 3, 2], (200000, 1)))
+    ticks = []
+    done = threading.Event()
+
+    def count():
+        while not done.is_set():
+            ticks.append(time.perf_counter())
+            time.sleep(0.001)
+
+    thread = threading.Thread(target=count)
+    thread.start()
+    begin = time.perf_counter()
+    axis.to_axis(points)
+    end = time.perf_counter()
+    done.set()
+    thread.join()
+    assert sum(begin < tick < end for tick in ticks) > 3

@@ -1,0 +1,125 @@
+"""Profiles, comparison, morphing, fits and stations."""
+
+import pickle
+
+import numpy as np
+import pytest
+
+from hadrel import (Filters, Geology, HadrelError, Profile, Wedge, compare, fit_circle, fit_ellipse,
+                    identify, morph, resect)
+
+
+def circle(radius):
+    return Profile([(-radius, 0), (radius, 0, radius), (-radius, 0, radius)])
+
+
+def ring(radius, count=720):
+    angle = np.linspace(0, 2 * np.pi, count, endpoint=False)
+    return radius * np.column_stack([np.cos(angle), np.sin(angle)])
+
+
+def test_position():
+    tunnel = circle(5)
+    points = np.stack([ring(5.5, 40), ring(4, 40)])
+    position = tunnel.position(points)
+    assert position.foot.shape == (2, 40, 2) and position.derolment.shape == (2, 40)
+    np.testing.assert_allclose(position.distance, [[0.5] * 40, [-1] * 40], atol=1e-9)
+    np.testing.assert_allclose(tunnel.at(position.derolment), position.foot, atol=1e-9)
+    assert tunnel.position([0, 6]).derolment == pytest.approx(0, abs=1e-6)
+    assert tunnel.position([6, 0]).derolment == pytest.approx(5 * np.pi / 2)
+    assert tunnel.circumference == pytest.approx(10 * np.pi)
+    assert tunnel.area == pytest.approx(25 * np.pi, abs=2e-2)
+    np.testing.assert_allclose(np.hypot(*tunnel.outline(0.1).T), 5)
+    assert np.isnan(tunnel.position([[0, 6], [np.nan, 0]]).distance).tolist() == [False, True]
+    with pytest.raises(HadrelError, match=r"points\[1\]"):
+        tunnel.position([[0, 6], [np.nan, 0]], errcheck=True)
+    through_origin = Profile([(0, 0), (0, 2), (2, 2), (0, 0)])
+    assert through_origin.position([0, 0]).distance == 0
+    assert pickle.loads(pickle.dumps(tunnel)) == tunnel != circle(6)
+
+
+def test_comparison():
+    over = compare(circle(5), ring(5.2))
+    assert over.over_area == pytest.approx(np.pi * (5.2**2 - 25), abs=2e-2)
+    assert over.under_area == 0 and over.under == ()
+    assert np.isnan(over.geological_area) and over.geological == ()
+    lower = compare(circle(5), ring(5.2), filters=Filters(above=0.0))
+    assert lower.over_area == pytest.approx(over.over_area / 2, abs=1e-2)
+    quarter = Filters(wedges=(Wedge(0, np.pi / 2, (0, 0)),))
+    assert compare(circle(5), ring(5.2), filters=quarter).over_area == pytest.approx(
+        0.75 * over.over_area, abs=1e-2)
+    beyond = compare(circle(5), ring(5.2), geology=Geology(0.1, method="beyond"))
+    assert beyond.geological_area == pytest.approx(np.pi * (5.2**2 - 5.1**2), abs=2e-2)
+    assert len(beyond.remaining) > 0 and beyond.remaining[0].shape[1] == 2
+    assert compare(ring(5), ring(4.8)).under_area == pytest.approx(np.pi * (25 - 4.8**2), abs=2e-2)
+    with pytest.raises(ValueError, match="band, between, beyond"):
+        compare(circle(5), ring(5), geology=Geology(0.1, method="all"))
+
+
+def test_morph():
+    between = morph(circle(4), circle(6), 100, 110)
+    np.testing.assert_allclose(np.hypot(*between(105).outline(0.2).T), 5, atol=1e-6)
+    assert pickle.loads(pickle.dumps(between)) == between
+    with pytest.raises(ValueError, match="atStationing is out of range"):
+        between(111)
+    with pytest.raises(ValueError, match="start_stationing < end"):
+        morph(circle(4), circle(6), 110, 100)
+
+
+@pytest.mark.parametrize("nodes, message", [
+    ([(0, 0), (1, 0)], "lead back"), ([(0, 0), (1, 0), (1, 1)], "lead back"),
+    ([(0, 0), (9, 0, 2), (0, 0)], "shorter"), ([(0, 0), (np.nan, 0), (0, 0)], r"nodes\[1\]")])
+def test_profiles_that_are_none(nodes, message):
+    with pytest.raises(ValueError, match=message):
+        Profile(nodes)
+
+
+def test_fits():
+    points = ring(5, 60) + [600000, 200000]
+    for method in ("landau", "kasa"):
+        found = fit_circle(points, method=method)
+        assert found.centre == pytest.approx((600000, 200000), abs=1e-8)
+        assert found.radius == pytest.approx(5, abs=1e-8)
+    outlier = np.vstack([ring(1, 60) * [6, 4], [[9, 9]]])
+    ellipse = fit_ellipse(outlier)
+    assert ellipse.semi_axes == pytest.approx((6, 4), abs=1e-6)
+    assert ellipse.used.tolist() == [True] * 60 + [False]
+    for fit in (fit_circle, fit_ellipse):
+        with pytest.raises(HadrelError, match="determine no"):
+            fit([(0, 0), (1, 1), (2, 2)])
+
+
+FIX_POINTS = {"a": (10, 20, 5), "b": (40, -10, 8), "c": (-20, 30, 1), "d": (25, 55, 9),
+              "e": (-31, -18, 4)}
+
+
+def sights(station, orientation):
+    """Directions and distances to the fix points, by ids of the measurer's own."""
+    for name, point in FIX_POINTS.items():
+        east, north, up = np.subtract(point, station)
+        flat = np.hypot(east, north)
+        yield "m" + name, (np.arctan2(east, north) - orientation, np.arctan2(flat, up),
+                           np.hypot(flat, up))
+
+
+@pytest.mark.parametrize("method", ["space", "plan"])
+def test_stations(method, capfd):
+    named = [(name[1:], sight) for name, sight in sights((3, 4, 5), 0.7)]
+    found = resect(FIX_POINTS, named, method=method)
+    assert found.station == pytest.approx((3, 4, 5), abs=1e-8)
+    assert found.orientation == pytest.approx(0.7, abs=1e-9)
+    assert found.scale == pytest.approx(1, abs=1e-9)
+    with pytest.raises(HadrelError, match="three sights"):
+        resect(FIX_POINTS, named[:2], method=method)
+    assert capfd.readouterr() == ("", "")
+
+
+def test_identification():
+    measured = dict(sights((3, 4, 5), 0.7))
+    measured["stray"] = (1.0, 1.5, 12.0)
+    found = identify(FIX_POINTS, measured)
+    assert found.matches == {"m" + name: name for name in FIX_POINTS}
+    assert found.significant and found.expected_by_chance < 0.01
+    assert identify(FIX_POINTS, measured, robust=False) is None
+    with pytest.raises(ValueError, match="expected 3 numbers"):
+        identify(FIX_POINTS, {"m": (1, 2)})
