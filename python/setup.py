@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Builds the extension with CMake, from the sources beside this folder."""
 
 import os

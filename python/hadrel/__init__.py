@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Geometry for surveying in tunnels: axes, profiles, fits, stations and guidance.
 
 Lengths are metres, angles radians, slopes percent where the name says so. Azimuths count clockwise

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Arrays as callers have them, and as the extension takes them."""
 
 from typing import Any, Callable, Iterable, Tuple

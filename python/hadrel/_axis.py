@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Axes in plan and profile, and shafts."""
 
 from dataclasses import astuple, dataclass

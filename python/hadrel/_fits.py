@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Circles and ellipses through measured points."""
 
 import math

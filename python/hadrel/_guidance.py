@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Vectors along which machines are steered."""
 
 from dataclasses import dataclass

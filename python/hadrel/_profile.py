@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Design profiles, measured ones before them, and what lies between two of them."""
 
 import math

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Free stations, and which fix points were measured."""
 
 from dataclasses import dataclass

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "Arrays.h"
 
 #include <algorithm>

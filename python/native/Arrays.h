@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 /// @file
 /// Arrays of Python as lists of the library's points, without copying.
 

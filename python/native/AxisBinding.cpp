@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Axes and guidance vectors.
 
 #include "Arrays.h"

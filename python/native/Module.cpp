@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 #include "Bindings.h"
 
 PYBIND11_MODULE(_native, module) {

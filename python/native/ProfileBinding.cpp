@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Profiles, their comparison, morphing and fits.
 
 #include "Arrays.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSL-1.0
 // Free stations and identification of measured fix points.
 
 #include "Arrays.h"

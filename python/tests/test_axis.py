@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Axes and guidance: results of the library, shapes, errors, objects."""
 
 import pickle

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSL-1.0
 """Profiles, comparison, morphing, fits and stations."""
 
 import pickle
