@@ -20,6 +20,19 @@ namespace {
 constexpr double kRelativeMargin = 1e-12;
 constexpr double kAbsoluteMargin = 1e-9;
 
+/// Width and height together, of the boxes that have a size.
+double meanSizeOf(const std::vector<CBox>& boxes) {
+  double sum = 0.0;
+  std::size_t count = 0;
+  for (const CBox& box : boxes) {
+    const Point2D size = box.high - box.low;
+    if (box.isEmpty() || !isFinite(size)) continue;
+    sum += size.x + size.y;
+    ++count;
+  }
+  return count == 0 ? 0.0 : sum / static_cast<double>(count);
+}
+
 }  // namespace
 
 void CBox::include(const CBox& other) {
@@ -67,6 +80,7 @@ void CBoxTree::Group::take(std::size_t place, const Group& other, std::size_t fr
 }
 
 CBoxTree::CBoxTree(std::vector<CBox> boxes) {
+  m_meanSize = meanSizeOf(boxes);
   // Built from the leaves up: each level groups the boxes of the one below, until one group is
   // left.
   while (!boxes.empty()) {
@@ -86,11 +100,6 @@ CBoxTree::CBoxTree(std::vector<CBox> boxes) {
 double CBoxTree::distanceFrom(const Point2D& p, std::size_t box) const {
   const Group& group = m_levels.front()[box / kGroup];
   return std::sqrt(group.quadrupledSquaresFrom(p)[box % kGroup]) / 2.0;
-}
-
-bool CBoxTree::Neighbourhood::isDue() {
-  if (m_numServed >= kWorthMoving) m_pause = 1;
-  return ++m_numMissed >= m_pause;
 }
 
 void CBoxTree::Neighbourhood::moveTo(const Point2D& p, const CBoxTree& tree) {
@@ -121,10 +130,17 @@ void CBoxTree::Neighbourhood::moveTo(const Point2D& p, const CBoxTree& tree) {
       m_group.set(place, CBox());
     }
   }
-  m_nearest = static_cast<std::size_t>(
-      std::min_element(distances.begin(), distances.begin() + static_cast<std::ptrdiff_t>(count)) -
-      distances.begin());
+  const auto end = distances.begin() + static_cast<std::ptrdiff_t>(count);
+  const auto nearest = std::min_element(distances.begin(), end);
+  m_first = static_cast<std::size_t>(nearest - distances.begin());
+  m_nearest = m_first;
   m_radius *= 1.0 - kRelativeMargin;
+  m_radiusOfFirst = m_radius;
+  if (nearest != end) {
+    *nearest = m_radius;
+    m_radiusOfFirst = std::min(m_radius, *std::min_element(distances.begin(), end));
+    m_radiusOfFirst *= 1.0 - kRelativeMargin;
+  }
   m_pause = std::min(2 * m_pause, kLongestPause);
   m_numServed = 0;
   m_numMissed = 0;

@@ -151,15 +151,18 @@ class CBoxTree {
   // m_levels[0] are the boxes themselves, in groups; a box of level k + 1 encloses a group of
   // level k. The top level is one group.
   std::vector<std::vector<Group>> m_levels;
+  double m_meanSize = 0.0;  // width and height of a box together
 };
 
 /// The eight boxes nearest to one place, and how far around it there is no other.
 ///
 /// A point at a distance d from the place, with a reach r, has all that matters to it among these
-/// boxes where d + r is no more than that radius. In the lists that scanners write, hundreds of
-/// points follow each other in which that holds. In lists without order it never does; moving the
-/// place for each point would then cost as much as the search itself, so a place that has served
-/// few points is kept the longer, the more often that happens.
+/// boxes where d + r is no more than that radius; and in the nearest box alone where it is no more
+/// than the distance of the second one. In the lists that scanners write, hundreds of points follow
+/// each other in which that holds. In lists without order it never does, and moving the place costs
+/// as much as several searches. So it moves only after two points in a row that were not served and
+/// lie near each other, and a place that has served few points is kept the longer, the more often
+/// that happens.
 class CBoxTree::Neighbourhood {
  public:
   /// Looks at the boxes that may hold something as near as reach().
@@ -173,7 +176,12 @@ class CBoxTree::Neighbourhood {
       look(m_boxes[place]);
       if (reach() < before) m_nearest = place;
     };
+    const bool mayBeAlone = m_nearest == m_first;
     visitPlace(m_nearest);
+    if (mayBeAlone && moved + reach() <= m_radiusOfFirst) {
+      ++m_numServed;
+      return true;
+    }
     const Eight squares = m_group.quadrupledSquaresFrom(p);
     Places places = placesWithin(squares, reach()) & ~(1U << m_nearest);
     if (areMany(places)) {
@@ -190,17 +198,27 @@ class CBoxTree::Neighbourhood {
   }
 
   /// To be asked once for each point that was not served.
-  bool isDue();
+  bool isDue(const Point2D& p, const CBoxTree& tree) {
+    const Point2D step = p - m_missed;
+    m_missed = p;
+    if (m_numServed >= kWorthMoving) m_pause = 1;
+    ++m_numMissed;
+    const bool isNear = std::abs(step.x) + std::abs(step.y) <= tree.m_meanSize;
+    return isNear && m_numMissed >= m_pause;
+  }
   void moveTo(const Point2D& p, const CBoxTree& tree);
 
  private:
-  static constexpr unsigned kWorthMoving = 4;     // points served
-  static constexpr unsigned kLongestPause = 256;  // points not served
+  static constexpr unsigned kWorthMoving = 4;      // points served
+  static constexpr unsigned kLongestPause = 1024;  // points not served
 
   Point2D m_place;
   double m_radius = 0.0;
+  double m_radiusOfFirst = 0.0;  // within which the nearest box of the place is alone
+  Point2D m_missed{std::numeric_limits<double>::infinity(), 0.0};  // the last point not served
   Group m_group{};
   std::array<std::size_t, kGroup> m_boxes{};
+  std::size_t m_first = 0;    // place in the group of the nearest box
   std::size_t m_nearest = 0;  // place in the group of what was nearest to the point before
   unsigned m_numServed = kWorthMoving;
   unsigned m_pause = 1;
@@ -213,7 +231,7 @@ void CBoxTree::visitNear(const Point2D& p, const Reach& reach, const Look& look,
   if (m_levels.size() <= kFewLevels) return visitNear(p, reach, look);
   if (around.visit(p, reach, look)) return;
   visitNear(p, reach, look);
-  if (around.isDue()) around.moveTo(p, *this);
+  if (around.isDue(p, *this)) around.moveTo(p, *this);
 }
 
 /// Twice the distance of a coordinate outside an interval, squared and summed over both axes. The
