@@ -67,19 +67,38 @@ double difference(double azimuth, double other) {
 
 std::string gonText(double angle) { return fixed(Utilities::rad2gon(angle), 4) + " gon"; }
 
-void addElement(AxisDefinition& axis, const PlanElement& element, double station,
-                const PlanPoint& start, double azimuth) {
-  switch (element.kind) {
+PlacedElement placed(const PlanElement& element, double station, const PlanPoint& start,
+                     double azimuth) {
+  return {element.kind,        station,          start, azimuth, element.length,
+          element.radiusStart, element.radiusEnd};
+}
+
+void addElement(AxisDefinition& axis, const PlacedElement& e) {
+  switch (e.kind) {
     case ElementKind::Straight:
-      axis.addHoralSegmentStraight(station, start.east, start.north, azimuth, element.length);
+      axis.addHoralSegmentStraight(e.station, e.start.east, e.start.north, e.azimuth, e.length);
       break;
     case ElementKind::Arc:
-      axis.addHoralSegmentArc(station, start.east, start.north, azimuth, element.radiusStart,
-                              element.length);
+      axis.addHoralSegmentArc(e.station, e.start.east, e.start.north, e.azimuth, e.radiusStart,
+                              e.length);
       break;
     case ElementKind::Clothoid:
-      axis.addHoralSegmentClothoid(station, start.east, start.north, azimuth, element.radiusStart,
-                                   element.radiusEnd, element.length);
+      axis.addHoralSegmentClothoid(e.station, e.start.east, e.start.north, e.azimuth, e.radiusStart,
+                                   e.radiusEnd, e.length);
+      break;
+  }
+}
+
+void addPoint(AxisDefinition& axis, const PlacedPoint& point) {
+  switch (point.rounding) {
+    case RoundingKind::None:
+      axis.addVeralPointKink(point.station, point.height);
+      break;
+    case RoundingKind::Circle:
+      axis.addVeralPointArc(point.station, point.height, point.radius);
+      break;
+    case RoundingKind::Parabola:
+      axis.addVeralPointParabola(point.station, point.height, point.radius);
       break;
   }
 }
@@ -87,7 +106,7 @@ void addElement(AxisDefinition& axis, const PlanElement& element, double station
 /// Where the element ends when it is laid out from a point in a direction.
 PlanPoint endOf(const PlanElement& element, const PlanPoint& start, double azimuth) {
   const std::unique_ptr<AxisDefinition> axis(AxisDefinitionFactory::createHoralVeralAxis());
-  addElement(*axis, element, 0.0, start, azimuth);
+  addElement(*axis, placed(element, 0.0, start, azimuth));
   const auto* end = dynamic_cast<const CHoralElement*>(axis->getHoralSegmentAt(0));
   return end == nullptr ? start : PlanPoint{end->getEast(), end->getNorth()};
 }
@@ -214,7 +233,8 @@ class AxisBuilder {
     if (bendsAwayFrom(element)) return refuse(element, "rot contradicts the position of PI");
     m_built.largestMisfit = std::max(m_built.largestMisfit, misfit);
     if (isDirected) noteAngles(element, azimuth);
-    addElement(*m_axis, element, m_station, element.start, azimuth);
+    m_built.plan.push_back(placed(element, m_station, element.start, azimuth));
+    addElement(*m_axis, m_built.plan.back());
     m_station += element.length;
     m_azimuth = azimuth + turnOf(element);
     m_end = element.end;
@@ -271,21 +291,28 @@ class AxisBuilder {
   void appendProfile() {
     m_built.hasHeights = !m_alignment.profile.empty();
     if (!m_built.hasHeights) {
-      m_axis->addVeralPointKink(m_alignment.startStation, 0.0);
-      m_axis->addVeralPointKink(m_station, 0.0);
+      m_built.profile = {{RoundingKind::None, m_alignment.startStation, 0.0, 0.0},
+                         {RoundingKind::None, m_station, 0.0, 0.0}};
     }
     for (std::size_t i = 0; i < m_alignment.profile.size(); ++i) {
-      const ProfilePoint& point = m_alignment.profile[i];
-      const double change =
-          point.rounding == RoundingKind::None ? 0.0 : std::abs(gradeAfter(i) - gradeAfter(i - 1));
-      if (change < kSmallestGradeChange) {
-        m_axis->addVeralPointKink(point.station, point.height);
-      } else if (point.rounding == RoundingKind::Circle) {
-        m_axis->addVeralPointArc(point.station, point.height, point.size);
-      } else {
-        m_axis->addVeralPointParabola(point.station, point.height, point.size / change);
-      }
+      m_built.profile.push_back(placedPoint(i));
     }
+    for (const PlacedPoint& point : m_built.profile) {
+      addPoint(*m_axis, point);
+    }
+  }
+
+  PlacedPoint placedPoint(std::size_t index) const {
+    const ProfilePoint& point = m_alignment.profile[index];
+    const double change = point.rounding == RoundingKind::None
+                              ? 0.0
+                              : std::abs(gradeAfter(index) - gradeAfter(index - 1));
+    if (change < kSmallestGradeChange) {
+      return {RoundingKind::None, point.station, point.height, 0.0};
+    }
+    const bool isCircle = point.rounding == RoundingKind::Circle;
+    return {point.rounding, point.station, point.height,
+            isCircle ? point.size : point.size / change};
   }
 
   bool roundingsFit() {
@@ -346,7 +373,9 @@ class AxisBuilder {
         return;
       }
       if (to > from) {
-        m_axis->addTransSlopeSegmentLinear(from, to, slopeOf(points[i - 1]), slopeOf(points[i]));
+        const PlacedSlope slope = {from, to, slopeOf(points[i - 1]), slopeOf(points[i])};
+        m_axis->addTransSlopeSegmentLinear(from, to, slope.slopeFrom, slope.slopeTo);
+        m_built.slopes.push_back(slope);
       }
     }
     if (points.back().station > m_station + kLargestContradiction) {

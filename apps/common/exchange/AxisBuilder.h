@@ -14,8 +14,38 @@
 
 namespace Exchange {
 
+/// An element of the plan as the axis has it.
+struct PlacedElement {
+  ElementKind kind = ElementKind::Straight;
+  double station = 0.0;
+  PlanPoint start;
+  double azimuth = 0.0;
+  double length = 0.0;
+  double radiusStart = 0.0;  ///< positive to the right, 0 infinite
+  double radiusEnd = 0.0;
+};
+
+/// A point of the profile as the axis has it.
+struct PlacedPoint {
+  RoundingKind rounding = RoundingKind::None;
+  double station = 0.0;
+  double height = 0.0;
+  double radius = 0.0;  ///< of a parabola in its vertex
+};
+
+/// Transverse slopes (percent) between two stations as the axis has them.
+struct PlacedSlope {
+  double stationFrom = 0.0;
+  double stationTo = 0.0;
+  double slopeFrom = 0.0;
+  double slopeTo = 0.0;
+};
+
 struct BuiltAxis {
   boost::shared_ptr<const Ruv::Calculations::AxisDefinition> axis;
+  std::vector<PlacedElement> plan;
+  std::vector<PlacedPoint> profile;
+  std::vector<PlacedSlope> slopes;
   Stationing stationing;       ///< the stations that people read
   bool hasHeights = true;      ///< else the axis lies at height 0
   bool hasCant = false;        ///< the axis has transverse slopes

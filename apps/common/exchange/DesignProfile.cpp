@@ -94,6 +94,26 @@ DesignProfile profileOf(const std::vector<Element>& elements) {
 
 }  // namespace
 
+double enclosedArea(const ThProfileDefinition& profile) {
+  const unsigned count = profile.getNumSegments();
+  if (count == 0) return 0.0;
+  const auto triangle = [](const Point2D& a, const Point2D& b) {
+    return (b.x * a.y - a.x * b.y) / 2.0;
+  };
+  double clockwise = triangle(profile.getSegmentEndAt(count - 1),  // it may not close exactly
+                              profile.getSegmentStartAt(0));
+  for (unsigned i = 0; i < count; ++i) {
+    const Point2D a = profile.getSegmentStartAt(i);
+    const Point2D b = profile.getSegmentEndAt(i);
+    clockwise += triangle(a, b);
+    const double radius = profile.getSegmentRadiusAt(i);
+    if (radius == 0.0) continue;
+    // Clockwise arcs bulge out of a clockwise profile.
+    clockwise += std::copysign(areaBesideChord((b - a).length(), std::abs(radius)), radius);
+  }
+  return std::abs(clockwise);
+}
+
 DesignProfile::DesignProfile(const Definition& definition)
     : m_definition(definition),
       m_calculator(boost::make_shared<const ThProfileCalculator>(definition)),
@@ -105,25 +125,6 @@ std::vector<double> DesignProfile::joints() const {
     derolments.push_back(m_calculator->calculateProfilePoint(point).derolment);
   }
   return derolments;
-}
-
-double DesignProfile::area() const {
-  const unsigned count = m_definition->getNumSegments();
-  const auto triangle = [](const Point2D& a, const Point2D& b) {
-    return (b.x * a.y - a.x * b.y) / 2.0;
-  };
-  double clockwise = triangle(m_definition->getSegmentEndAt(count - 1),  // it may not close exactly
-                              m_definition->getSegmentStartAt(0));
-  for (unsigned i = 0; i < count; ++i) {
-    const Point2D a = m_definition->getSegmentStartAt(i);
-    const Point2D b = m_definition->getSegmentEndAt(i);
-    clockwise += triangle(a, b);
-    const double radius = m_definition->getSegmentRadiusAt(i);
-    if (radius == 0.0) continue;
-    // Clockwise arcs bulge out of a clockwise profile.
-    clockwise += std::copysign(areaBesideChord((b - a).length(), std::abs(radius)), radius);
-  }
-  return std::abs(clockwise);
 }
 
 Point2D DesignProfile::centroid() const {

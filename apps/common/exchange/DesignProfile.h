@@ -15,6 +15,9 @@
 
 namespace Exchange {
 
+/// The area inside a closed profile, with the arcs as such, not as chords.
+double enclosedArea(const Ruv::Calculations::ThProfileDefinition& profile);
+
 /// A closed profile. Copies share it.
 class DesignProfile {
  public:
@@ -31,8 +34,7 @@ class DesignProfile {
   /// Derolments at which its elements meet.
   std::vector<double> joints() const;
   Point2D crown() const { return m_calculator->calcPointOnProfileAtDerolment(0.0); }
-  /// With the arcs as such, not as chords.
-  double area() const;
+  double area() const { return enclosedArea(*m_definition); }
   Point2D centroid() const;
   Point2D lowerLeft() const;
   Point2D upperRight() const;
