@@ -10,6 +10,9 @@ set(CPACK_COMPONENTS_ALL Runtime Development)
 if(BUILD_PROGRAMS)
   list(APPEND CPACK_COMPONENTS_ALL Tools)
 endif()
+if(BUILD_PYTHON)
+  list(APPEND CPACK_COMPONENTS_ALL Python)
+endif()
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
@@ -46,8 +49,21 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${CPACK_DEBIAN_RUNTIME_PACKAGE_NAME} (= 
 set(CPACK_DEBIAN_TOOLS_DESCRIPTION "${abilities}
 The programs tunnel_survey and free_station.")
 
+# The extension is for one version of Python, and holds the library itself.
+if(BUILD_PYTHON)
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  math(EXPR nextPython "${Python3_VERSION_MINOR} + 1")
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-hadrel)
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+    "python3 (>= 3.${Python3_VERSION_MINOR}~), python3 (<< 3.${nextPython}), python3-numpy")
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS python3-matplotlib)
+  set(CPACK_DEBIAN_PYTHON_DESCRIPTION "${abilities}\nFor Python and numpy.")
+endif()
+
 # Where Debian looks for the licences of a package.
-foreach(component Runtime Development Tools)
+foreach(component Runtime Development Tools Python)
   string(TOUPPER ${component} key)
   if(component IN_LIST CPACK_COMPONENTS_ALL)
     install(FILES cmake/copyright COMPONENT ${component}

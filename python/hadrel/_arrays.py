@@ -4,13 +4,16 @@
 from typing import Any, Callable, Iterable, Tuple
 
 import numpy as np
+import numpy.typing as npt
+
+Floats = npt.NDArray[np.float64]
 
 
 class HadrelError(ValueError):
     """Something that was asked for has no result."""
 
 
-def numbers(values: Any, name: str) -> np.ndarray:
+def numbers(values: Any, name: str) -> Floats:
     """Doubles in a row of memory; what they are called stands in the message."""
     try:
         return np.ascontiguousarray(values, dtype=np.float64)
@@ -18,7 +21,7 @@ def numbers(values: Any, name: str) -> np.ndarray:
         raise TypeError(f"{name}: expected numbers, got {values!r:.80}") from reason
 
 
-def rows(values: Any, columns: int, name: str) -> Tuple[np.ndarray, Tuple[int, ...]]:
+def rows(values: Any, columns: int, name: str) -> Tuple[Floats, Tuple[int, ...]]:
     """The points one below the other, and the shape they came in without the last dimension."""
     array = np.asarray(values)
     if array.ndim == 0 or array.shape[-1] != columns:
@@ -34,7 +37,7 @@ def vector(values: Any, length: int, name: str) -> Tuple[float, ...]:
     return tuple(float(value) for value in array)
 
 
-def per_value(ask: Callable[[np.ndarray], np.ndarray], values: Any, name: str, reason: str,
+def per_value(ask: Callable[[Floats], Floats], values: Any, name: str, reason: str,
               errcheck: bool) -> Any:
     """One result for each number: a float for a float, else an array of the same shape."""
     array = numbers(values, name)
@@ -45,7 +48,7 @@ def per_value(ask: Callable[[np.ndarray], np.ndarray], values: Any, name: str, r
     return result.reshape(shape) if shape else float(result[0])
 
 
-def check(result: np.ndarray, name: str, reason: str) -> None:
+def check(result: Floats, name: str, reason: str) -> None:
     """Raises for the first row that is not a number."""
     flags = np.isnan(result) if result.ndim == 1 else np.isnan(result).any(axis=1)
     if flags.any():

@@ -2,12 +2,15 @@
 """Axes in plan and profile, and shafts."""
 
 from dataclasses import astuple, dataclass
-from typing import Any, List, NamedTuple, Sequence, Tuple, Union
+from os import PathLike
+from pathlib import Path
+from typing import Any, List, NamedTuple, Optional, Sequence, Tuple, Union
 
 import numpy as np
 
 from . import _native
-from ._arrays import HadrelError, check, is_perpendicular, numbers, per_value, rows
+from ._arrays import Floats, HadrelError, check, is_perpendicular, numbers, per_value, rows
+from ._native import Axis as NativeAxis
 
 
 @dataclass(frozen=True)
@@ -109,6 +112,15 @@ def _entries(elements: Sequence[Any]) -> List[Tuple[str, List[float]]]:
     return [(type(e).__name__, [float(value) for value in astuple(e)]) for e in elements]
 
 
+_KINDS = {kind.__name__: kind for kind in (Straight, Arc, Clothoid, Kink, ArcRounding,
+                                           ParabolaRounding, Cant)}
+
+
+def _elements(entries: Sequence[Tuple[str, List[float]]]) -> List[Any]:
+    """The inverse of `_entries`."""
+    return [_KINDS[kind](*values) for kind, values in entries]
+
+
 class Axis:
     """A tunnel axis.
 
@@ -125,9 +137,10 @@ class Axis:
     array([5002., 2010.,  403.])
     """
 
-    __slots__ = ("_definition", "_native")
+    __slots__ = ("_definition", "_native", "_notes")
     _definition: Tuple[Any, ...]
-    _native: Any
+    _native: NativeAxis
+    _notes: Tuple[str, ...]
 
     def __init__(self, *, horizontal: Sequence[Horizontal], vertical: Sequence[Vertical],
                  cant: Sequence[Cant] = (), tunnelmeter: Tuple[float, float] = (0.0, 0.0)) -> None:
@@ -153,14 +166,42 @@ class Axis:
         return cls._made(("shaft",) + values, _native.Axis.shaft(*values))
 
     @classmethod
-    def _made(cls, definition: Tuple[Any, ...], native: Any) -> "Axis":
+    def from_landxml(cls, path: "Union[str, PathLike[str]]", alignment: Optional[str] = None,
+                     profile: Optional[str] = None, *,
+                     cant_base: Optional[float] = None) -> "Axis":
+        """Reads an alignment from LandXML 1.x, as the programs read it.
+
+        Directions come from the coordinates of the elements. The tunnel meter is 0 where the axis
+        begins, and heights are 0 where the file has none. What had to be assumed is in `notes`.
+
+        :param alignment: its name; by default the first one
+        :param profile: its name; by default the only one, or the proposed one
+        :param cant_base: distance of the rails (m), which makes transverse slopes of the cant
+        :raises HadrelError: when the file contradicts itself or cannot be read, with its line
+        """
+        xml = Path(path).read_bytes()
+        if cant_base is not None and not 0.1 <= cant_base <= 10.0:
+            raise ValueError(f"cant_base: expected a length from 0.1 to 10 m, got {cant_base!r}")
+        try:
+            plan, heights, slopes, origin, notes = _native.read_landxml(
+                xml, alignment or "", profile or "", cant_base)
+        except ValueError as reason:
+            raise HadrelError(f"{path}: {reason}") from None
+        axis = cls(horizontal=_elements(plan), vertical=_elements(heights),
+                   cant=_elements(slopes), tunnelmeter=(origin, 0.0))
+        object.__setattr__(axis, "_notes", tuple(notes))
+        return axis
+
+    @classmethod
+    def _made(cls, definition: Tuple[Any, ...], native: NativeAxis) -> "Axis":
         axis = object.__new__(cls)
         axis._become(definition, native)
         return axis
 
-    def _become(self, definition: Tuple[Any, ...], native: Any) -> None:
+    def _become(self, definition: Tuple[Any, ...], native: NativeAxis) -> None:
         object.__setattr__(self, "_definition", definition)
         object.__setattr__(self, "_native", native)
+        object.__setattr__(self, "_notes", ())
 
     def __setattr__(self, name: str, value: Any) -> None:
         raise AttributeError("an axis never changes")
@@ -172,11 +213,34 @@ class Axis:
         return hash(self._definition)
 
     def __reduce__(self) -> Tuple[Any, ...]:
-        return _restored, self._definition
+        return _restored, (self._notes,) + self._definition
 
     def __repr__(self) -> str:
         first, last = self.range
         return f"<hadrel.Axis ({self._definition[0]}) from {first:g} to {last:g}>"
+
+    @property
+    def horizontal(self) -> Tuple[Horizontal, ...]:
+        """The elements of the plan; none of a shaft and of a block."""
+        return self._part(1)
+
+    @property
+    def vertical(self) -> Tuple[Vertical, ...]:
+        """The points of intersection of grades; none of a shaft and of a block."""
+        return self._part(2)
+
+    @property
+    def cant(self) -> Tuple[Cant, ...]:
+        """The transverse slopes."""
+        return self._part(3)
+
+    def _part(self, index: int) -> Tuple[Any, ...]:
+        return tuple(self._definition[index]) if self._definition[0] == "alignment" else ()
+
+    @property
+    def notes(self) -> Tuple[str, ...]:
+        """What had to be assumed when it was read from a file; it does not count in comparisons."""
+        return self._notes
 
     @property
     def range(self) -> Tuple[float, float]:
@@ -185,7 +249,7 @@ class Axis:
         return first, last
 
     def to_axis(self, points: Any, plane: str = "vertical", cant: bool = True,
-                errcheck: bool = False) -> np.ndarray:
+                errcheck: bool = False) -> Floats:
         """Stationing, offset and height of grid points.
 
         Scans in the order of their sections are the fastest.
@@ -203,7 +267,7 @@ class Axis:
         return result.reshape(shape + (3,))
 
     def to_grid(self, points: Any, plane: str = "vertical", cant: bool = True,
-                errcheck: bool = False) -> np.ndarray:
+                errcheck: bool = False) -> Floats:
         """East, north and height of axis points: the inverse of `to_axis`.
 
         :param points: stationing, offset, height; shape (..., 3)
@@ -235,16 +299,16 @@ class Axis:
         return per_value(self._native.stationing, tunnelmeter, "tunnelmeter", "outside the axis",
                          errcheck)
 
-    def polyline(self, step: float) -> List[np.ndarray]:
+    def polyline(self, step: float) -> List[Floats]:
         """East and north along each segment of the plan, one array for each."""
         return self._native.plan_polylines(float(step))
 
-    def profile_polyline(self, step: float) -> np.ndarray:
+    def profile_polyline(self, step: float) -> Floats:
         """Stationing and height along the vertical alignment; shape (n, 2)."""
         return self._native.profile_polyline(float(step))
 
     @property
-    def misclosures(self) -> np.ndarray:
+    def misclosures(self) -> Floats:
         """How far each segment begins from the end before it (m), and turned by how much."""
         return self._native.misclosures()
 
@@ -258,13 +322,16 @@ class Axis:
                           self._native.block(float(start), float(end)))
 
 
-def _restored(kind: str, *values: Any) -> Axis:
+def _restored(notes: Tuple[str, ...], kind: str, *values: Any) -> Axis:
     if kind == "shaft":
-        return Axis.shaft(east=values[0], north=values[1], height_start=values[2],
+        axis = Axis.shaft(east=values[0], north=values[1], height_start=values[2],
                           height_end=values[3], stationing=values[4])
-    if kind == "block":
-        return values[0].block(values[1], values[2])
-    return Axis(horizontal=values[0], vertical=values[1], cant=values[2], tunnelmeter=values[3])
+    elif kind == "block":
+        axis = values[0].block(values[1], values[2])
+    else:
+        axis = Axis(horizontal=values[0], vertical=values[1], cant=values[2], tunnelmeter=values[3])
+    object.__setattr__(axis, "_notes", notes)
+    return axis
 
 
 def map_between(source: Axis, target: Axis, values: Any, *, tunnelmeter: bool = False,

@@ -6,6 +6,7 @@ from dataclasses import dataclass
 from typing import Any, Tuple
 
 import numpy as np
+import numpy.typing as npt
 
 from . import _native
 from ._arrays import HadrelError, one_of, rows
@@ -32,7 +33,7 @@ class Ellipse:
     centre: Tuple[float, float]
     semi_axes: Tuple[float, float]
     rotation: float
-    used: np.ndarray
+    used: npt.NDArray[np.bool_]
 
 
 def fit_circle(points: Any, *, method: str = "landau") -> Circle:

@@ -8,7 +8,7 @@ from typing import Any, Tuple
 import numpy as np
 
 from . import _native
-from ._arrays import HadrelError, check, is_perpendicular, rows, vector
+from ._arrays import Floats, HadrelError, check, is_perpendicular, rows, vector
 from ._axis import Axis
 from ._profile import Profile
 
@@ -74,7 +74,7 @@ class GuidanceVector:
         return cls((place[0], place[1], place[2]), (direction[0], direction[1], direction[2]))
 
     def offsets(self, axis: Axis, points: Any, plane: str = "vertical",
-                errcheck: bool = False) -> np.ndarray:
+                errcheck: bool = False) -> Floats:
         """How far grid points lie forward along the vector, to its right and above it.
 
         :param points: east, north, height; shape (..., 3)

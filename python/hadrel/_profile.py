@@ -3,12 +3,15 @@
 
 import math
 from dataclasses import dataclass
+from os import PathLike
+from pathlib import Path
 from typing import Any, NamedTuple, Optional, Sequence, Tuple, Union
 
 import numpy as np
 
 from . import _native
-from ._arrays import HadrelError, check, numbers, one_of, rows
+from ._arrays import Floats, HadrelError, check, numbers, one_of, rows
+from ._native import Profile as NativeProfile
 
 
 class ProfilePosition(NamedTuple):
@@ -22,6 +25,9 @@ class ProfilePosition(NamedTuple):
     foot: Any
     distance: Any
     derolment: Any
+
+
+_GAP = 0.001  # by which printed profiles do not close
 
 
 class Profile:
@@ -38,7 +44,7 @@ class Profile:
 
     __slots__ = ("_nodes", "_native")
     _nodes: Tuple[Tuple[float, float, float], ...]
-    _native: Any
+    _native: NativeProfile
 
     def __init__(self, nodes: Sequence[Sequence[float]]) -> None:
         complete = []
@@ -47,13 +53,29 @@ class Profile:
             if len(values) not in (2, 3) or not all(map(math.isfinite, values)):
                 raise ValueError(f"nodes[{index}]: expected (x, y) or (x, y, radius), got {node!r}")
             complete.append((values + (0.0,))[:3])
-        if len(complete) < 3 or complete[0][:2] != complete[-1][:2]:
+        if len(complete) < 3 or math.dist(complete[0][:2], complete[-1][:2]) > _GAP:
             raise ValueError("nodes: expected two segments or more that lead back to the first node")
         native = _native.Profile(np.array(complete))
         if not native.circumference() > 0.0:
             raise ValueError("nodes: an arc is shorter than its chord, or all nodes coincide")
         object.__setattr__(self, "_nodes", tuple(complete))
         object.__setattr__(self, "_native", native)
+
+    @classmethod
+    def from_csv(cls, path: "Union[str, PathLike[str]]") -> "Profile":
+        """Reads the elements of a closed profile: start_x, start_y, end_x, end_y and radius.
+
+        Separators, decimal commas, headings and units are recognised, as the programs do it.
+
+        :raises HadrelError: when it does not close within a millimetre or cannot be read, with
+            the line
+        """
+        text = Path(path).read_bytes()
+        try:
+            nodes = _native.read_profile(text)
+        except ValueError as reason:
+            raise HadrelError(f"{path}: {reason}") from None
+        return cls(nodes.tolist())
 
     def __setattr__(self, name: str, value: Any) -> None:
         raise AttributeError("a profile never changes")
@@ -82,7 +104,7 @@ class Profile:
 
     @property
     def area(self) -> float:
-        """The area inside (m2) as comparisons count it: arcs are chords, which costs 0.02 percent."""
+        """The area inside (m2), with arcs as such; comparisons count them as short chords."""
         return self._native.area()
 
     def position(self, points: Any, errcheck: bool = False) -> ProfilePosition:
@@ -96,12 +118,12 @@ class Profile:
         return ProfilePosition(result[:, :2].reshape(shape + (2,)), result[:, 2].reshape(shape),
                                result[:, 3].reshape(shape))
 
-    def at(self, derolment: Any) -> np.ndarray:
+    def at(self, derolment: Any) -> Floats:
         """The points of the profile at derolments; shape (..., 2)."""
         array = numbers(derolment, "derolment")
         return self._native.at(array.reshape(-1)).reshape(np.shape(derolment) + (2,))
 
-    def outline(self, step: float) -> np.ndarray:
+    def outline(self, step: float) -> Floats:
         """Points every `step` metres and at all nodes, clockwise; shape (n, 2)."""
         if not step > 0.0:
             raise ValueError(f"step: expected a positive length, got {step!r}")
@@ -151,10 +173,10 @@ class Comparison:
     over_area: float
     under_area: float
     geological_area: float
-    over: Tuple[np.ndarray, ...]
-    under: Tuple[np.ndarray, ...]
-    geological: Tuple[np.ndarray, ...]
-    remaining: Tuple[np.ndarray, ...]
+    over: Tuple[Floats, ...]
+    under: Tuple[Floats, ...]
+    geological: Tuple[Floats, ...]
+    remaining: Tuple[Floats, ...]
 
 
 _METHODS = ("band", "between", "beyond")

@@ -5,6 +5,8 @@
 #ifndef HADREL_BINDINGS_H
 #define HADREL_BINDINGS_H
 
+#include "Arrays.h"
+
 #include <Calculations/AxisCalculator.h>
 #include <Calculations/ThProfileCalculator.h>
 
@@ -31,7 +33,11 @@ struct Profile {
   Ruv::Calculations::ThProfileCalculator calculator;
 };
 
+/// Rows of x, y and the radius of the segment that ends there.
+Array nodesOf(const Ruv::Calculations::ThProfileDefinition& profile);
+
 void bindAxis(pybind11::module_& module);
+void bindFiles(pybind11::module_& module);
 void bindProfile(pybind11::module_& module);
 void bindStation(pybind11::module_& module);
 

@@ -4,6 +4,7 @@
 PYBIND11_MODULE(_native, module) {
   module.doc() = "The library behind hadrel. Arrays come prepared; use the package.";
   Hadrel::bindAxis(module);
+  Hadrel::bindFiles(module);
   Hadrel::bindProfile(module);
   Hadrel::bindStation(module);
 }

@@ -4,6 +4,8 @@
 #include "Arrays.h"
 #include "Bindings.h"
 
+#include "common/exchange/DesignProfile.h"
+
 #include <Calculations/FittingHelper.h>
 #include <Calculations/MeasuredProfileCalculator.h>
 #include <Calculations/ThProfileMorpher.h>
@@ -37,22 +39,6 @@ std::unique_ptr<Profile> profileOf(const Array& nodes) {
     }
   }
   return std::make_unique<Profile>(profile);
-}
-
-Array nodesOf(const ThProfileDefinition& profile) {
-  const unsigned count = profile.getNumSegments();
-  Array nodes = newArray(count + 1U, 3);
-  double* out = nodes.mutable_data();
-  const auto put = [&](const Point2D& point, double radius) {
-    *out++ = point.x;
-    *out++ = point.y;
-    *out++ = radius;
-  };
-  put(profile.getSegmentStartAt(0), 0.0);
-  for (unsigned i = 0; i < count; ++i) {
-    put(profile.getSegmentEndAt(i), profile.getSegmentRadiusAt(i));
-  }
-  return nodes;
 }
 
 boost::shared_ptr<MeasuredProfile> measuredOf(const Array& points) {
@@ -172,6 +158,22 @@ FittingResult circle(const std::vector<Point2D>& points, int method) {
 
 }  // namespace
 
+Array nodesOf(const ThProfileDefinition& profile) {
+  const unsigned count = profile.getNumSegments();
+  Array nodes = newArray(count + 1U, 3);
+  double* out = nodes.mutable_data();
+  const auto put = [&](const Point2D& point, double radius) {
+    *out++ = point.x;
+    *out++ = point.y;
+    *out++ = radius;
+  };
+  put(profile.getSegmentStartAt(0), 0.0);
+  for (unsigned i = 0; i < count; ++i) {
+    put(profile.getSegmentEndAt(i), profile.getSegmentRadiusAt(i));
+  }
+  return nodes;
+}
+
 void bindProfile(py::module_& module) {
   py::class_<Profile>(module, "Profile")
       .def(py::init(&profileOf))
@@ -180,10 +182,7 @@ void bindProfile(py::module_& module) {
       .def("circumference",
            [](const Profile& profile) { return profile.definition->getCircumference(); })
       .def("area",
-           [](const Profile& profile) {
-             return MeasuredProfileCalculator(profile.definition, measuredOf(newArray(0, 2)))
-                 .referenceArea();
-           })
+           [](const Profile& profile) { return Exchange::enclosedArea(*profile.definition); })
       .def("outline",
            [](const Profile& profile, double step) {
              return arrayOf(profile.calculator.pointsOnProfileByInterval(step, true));

@@ -4,6 +4,7 @@
 import pickle
 import threading
 import time
+from pathlib import Path
 
 import numpy as np
 import pytest
@@ -11,6 +12,9 @@ import pytest
 import hadrel
 from hadrel import (Arc, ArcRounding, Axis, Cant, Clothoid, GuidanceVector, HadrelError, Kink,
                     ParabolaRounding, Straight, map_between)
+
+
+DATA = Path(__file__).parents[2] / "examples" / "data"
 
 
 def curve():
@@ -116,22 +120,49 @@ def test_guidance(axis):
     assert pickle.loads(pickle.dumps(up)) == up
 
 
-def test_other_threads_go_on_meanwhile(axis):
-    """A thread that counts in Python advances while an array is converted."""
-    points = axis.to_grid(np.tile([110.0, 3, 2], (200000, 1)))
-    ticks = []
+def test_two_threads_run_at_once(axis):
+    """While one converts a long array, another one begins and ends calls of its own."""
+    points = axis.to_grid(np.tile([110.0, 3, 2], (400000, 1)))
+    calls = []
     done = threading.Event()
 
-    def count():
+    def convert():
         while not done.is_set():
-            ticks.append(time.perf_counter())
-            time.sleep(0.001)
+            begin = time.perf_counter()
+            axis.to_axis(points[:1000])
+            calls.append((begin, time.perf_counter()))
 
-    thread = threading.Thread(target=count)
+    thread = threading.Thread(target=convert)
     thread.start()
     begin = time.perf_counter()
     axis.to_axis(points)
     end = time.perf_counter()
     done.set()
     thread.join()
-    assert sum(begin < tick < end for tick in ticks) > 3
+    assert sum(begin < first and last < end for first, last in calls) > 3
+
+
+def test_landxml(tmp_path):
+    path = DATA / "metro_th_3122m.xml"
+    metro = Axis.from_landxml(path)
+    assert len(metro.horizontal) > 43 and not metro.cant
+    printed = np.genfromtxt(DATA / "metro_th_3122m_source_points.csv", delimiter=",", names=True)
+    inside = (printed["station"] >= metro.range[0]) & (printed["station"] <= metro.range[1])
+    printed = printed[inside & (printed["offset"] == 0)]
+    grid = metro.to_grid(np.column_stack([printed["station"], 0 * printed["station"],
+                                          printed["height_above_axis"]]), errcheck=True)
+    np.testing.assert_allclose(grid[:, 0], printed["east"], atol=2e-3)
+    np.testing.assert_allclose(grid[:, 1], printed["north"], atol=2e-3)
+    np.testing.assert_allclose(grid[:, 2], printed["height"], atol=2e-3)
+    assert metro.tunnelmeter(metro.range[0]) == 0
+    again = pickle.loads(pickle.dumps(metro))
+    assert again == metro and again.notes == metro.notes
+    np.testing.assert_array_equal(again.to_grid(grid * 0 + [7300, 1, 2]),
+                                  metro.to_grid(grid * 0 + [7300, 1, 2]))
+    broken = tmp_path / "broken.xml"
+    broken.write_text(path.read_text().replace("<Spiral", "<Wave", 1).replace("</Spiral>",
+                                                                             "</Wave>", 1))
+    with pytest.raises(HadrelError, match=r"broken.xml: line \d+: "):
+        Axis.from_landxml(broken)
+    with pytest.raises(HadrelError, match="none"):
+        Axis.from_landxml(path, alignment="none")

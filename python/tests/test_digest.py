@@ -1,0 +1,112 @@
+# SPDX-License-Identifier: BSL-1.0
+"""Results equal those of C++ to the bit: the digest's groups of axis conversions, anew from here."""
+
+import csv
+import os
+import subprocess
+from collections import defaultdict
+from pathlib import Path
+
+import numpy as np
+import pytest
+
+from hadrel import Arc, ArcRounding, Axis, Cant, Clothoid, Kink, ParabolaRounding, Straight
+
+GOLDEN = Path(__file__).parents[2] / "tests" / "golden" / "alignments"
+NAMES = ("metro_th_3122m", "rail_ch_2500m", "rail_ch_a50068a", "rail_fr_v1", "rail_it_1030m",
+         "road_au_12d_6", "road_au_12d_8", "road_de_roundabout_30m", "tram_fr_san1_com",
+         "tram_fr_san1_xd_b02")
+PLACES = 40
+
+
+class Random:
+    """splitmix64, as the digest seeds it."""
+
+    def __init__(self, seed):
+        self.state = seed
+
+    def uniform(self, low, high):
+        mask = 2**64 - 1
+        self.state = (self.state + 0x9E3779B97F4A7C15) & mask
+        z = self.state
+        z = ((z ^ (z >> 30)) * 0xBF58476D1CE4E5B9) & mask
+        z = ((z ^ (z >> 27)) * 0x94D049BB133111EB) & mask
+        return low + (high - low) * (((z ^ (z >> 31)) >> 11) * 2.0**-53)
+
+
+def table(path):
+    if not path.exists():
+        return []
+    lines = [line for line in path.read_text().splitlines() if not line.startswith("#")]
+    return list(csv.DictReader(lines))
+
+
+def number(row, column):
+    return float(row[column] or 0)
+
+
+def golden_axis(name):
+    horizontal = []
+    for row in table(GOLDEN / name / "horizontal.csv"):
+        place = [number(row, c) for c in ("start_station", "east", "north", "azimuth", "length")]
+        radii = [number(row, c) for c in ("radius_start", "radius_end")]
+        horizontal.append({"straight": lambda: Straight(*place), "arc": lambda: Arc(*place, radii[0]),
+                           "clothoid": lambda: Clothoid(*place, *radii)}[row["kind"]]())
+    vertical = []
+    for row in table(GOLDEN / name / "vertical.csv"):
+        point = [number(row, "station"), number(row, "height")]
+        kind = {"kink": Kink, "arc": ArcRounding}.get(row["kind"], ParabolaRounding)
+        vertical.append(kind(*point) if kind is Kink else kind(*point, number(row, "rounding")))
+    cant = [Cant(*(number(row, c) for c in ("station_from", "station_to", "slope_from_percent",
+                                            "slope_to_percent")))
+            for row in table(GOLDEN / name / "transverse_slope.csv")]
+    return Axis(horizontal=horizontal, vertical=vertical, cant=cant)
+
+
+@pytest.fixture(scope="module")
+def digest():
+    program = os.environ.get("HADREL_DIGEST")
+    if not program:
+        pytest.skip("HADREL_DIGEST names no program; tools/test-python builds it")
+    groups = defaultdict(list)
+    for line in subprocess.run([program], check=True, capture_output=True, text=True).stdout.split("\n"):
+        group, *numbers = line.split(" ")
+        groups[group].append(tuple(map(float.fromhex, numbers[1:])))
+    return groups
+
+
+def rounded(values, per_unit=1e4):
+    """As std::round does it: halves away from zero."""
+    return np.copysign(np.floor(np.abs(values) * per_unit + 0.5), values) / per_unit
+
+
+def test_axes_to_the_bit(digest):
+    random = Random(20080601)
+    begin = 0
+    for name in NAMES:
+        axis = golden_axis(name)
+        first, last = axis.range
+        places = np.array([[random.uniform(first, last), random.uniform(-12.0, 12.0),
+                            random.uniform(-6.0, 6.0)] for _ in range(PLACES)])
+        rows = slice(begin, begin + PLACES)
+        for way in range(4):
+            options = {"plane": ("vertical", "perpendicular")[way & 1], "cant": bool(way & 2)}
+            grid = axis.to_grid(places[way::4], **options)
+            expected = np.array(digest["axis-to-grid"][rows][way::4])
+            assert expected[:, 0].all()
+            np.testing.assert_array_equal(grid, expected[:, 1:])
+            found = axis.to_axis(rounded(grid), **options)
+            expected = np.array(digest["grid-to-axis"][rows][way::4])
+            np.testing.assert_array_equal(~np.isnan(found[:, 0]), expected[:, 0] == 1)
+            np.testing.assert_array_equal(found[expected[:, 0] == 1],
+                                          expected[expected[:, 0] == 1, 1:])
+        properties = axis.properties(places[:, 0])
+        np.testing.assert_array_equal(properties.radius, [r for _, r in digest["axis-radius"][rows]])
+        np.testing.assert_array_equal(
+            np.column_stack([properties.azimuth, properties.slope, properties.slope_percent,
+                             properties.cant, properties.cant_percent]),
+            digest["axis-direction"][rows])
+        meters = axis.tunnelmeter(places[:, 0])
+        np.testing.assert_array_equal(np.column_stack([meters, axis.stationing(rounded(meters))]),
+                                      digest["tunnel-meter"][rows])
+        begin += PLACES
