@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: BSL-1.0
 #include "tunnel_survey/SectionComparison.h"
 
-#include "tunnel_survey/AreaFrame.h"
+#include "common/exchange/AreaFrame.h"
 
 #include <boost/make_shared.hpp>
 
@@ -94,7 +94,7 @@ void comparePoints(SectionResult& result, const Exchange::DesignProfile& design,
       calculator.leastSquarePointOfComparisonProfile(FittingMethod::EllipseFitzgibbonIterative);
 }
 
-ComparisonRule movedInto(const AreaFrame& frame, ComparisonRule rule) {
+ComparisonRule movedInto(const Exchange::AreaFrame& frame, ComparisonRule rule) {
   if (rule.excludeAbove) rule.excludeAbove = frame.movedHeight(*rule.excludeAbove);
   if (rule.excludeBelow) rule.excludeBelow = frame.movedHeight(*rule.excludeBelow);
   return rule;
@@ -105,7 +105,7 @@ void compareAreas(SectionResult& result, const Exchange::DesignProfile& design,
                   const ComparisonRule& rule) {
   constexpr double kMargin = 1.0;
   const double beyond = rule.geology ? rule.geology->beyond : 0.0;
-  const AreaFrame frame(design, result.outline, beyond + kMargin);
+  const Exchange::AreaFrame frame(design, result.outline, beyond + kMargin);
   std::vector<Point2D> outline;
   for (const Point2D& point : result.outline) {
     outline.push_back(frame.moved(point));

@@ -104,8 +104,13 @@ class Profile:
 
     @property
     def area(self) -> float:
-        """The area inside (m2), with arcs as such; comparisons count them as short chords."""
+        """The area inside (m2), with arcs as such, not as chords."""
         return self._native.area()
+
+    @property
+    def centroid(self) -> Tuple[float, float]:
+        """The centre of the area inside."""
+        return self._native.centroid()
 
     def position(self, points: Any, errcheck: bool = False) -> ProfilePosition:
         """Foot, distance and derolment of points; shape (..., 2)."""
@@ -182,11 +187,23 @@ class Comparison:
 _METHODS = ("band", "between", "beyond")
 
 
+def _finite(points: Any, name: str) -> Floats:
+    array, _ = rows(points, 2, name)
+    known = np.isfinite(array).all(axis=1)
+    if not known.all():
+        index = int(known.argmin())
+        raise ValueError(f"{name}[{index}]: expected numbers, got {array[index].tolist()}")
+    return array
+
+
 def compare(design: Union[Profile, Any], measured: Any, *, filters: Optional[Filters] = None,
             geology: Optional[Geology] = None) -> Comparison:
     """Over and under profile of a measured section.
 
     :param design: a `Profile`, or an earlier section of shape (n, 2)
+    Areas are those of true arcs to 0.1 cm2 or so, as in the programs; those between two sections are
+    the library's own, on a grid of 0.1 mm.
+
     :param measured: the points of the section in order round it; shape (n, 2)
 
     >>> section = [(-2, -2), (-2, 2), (3, 2), (3, -2)]
@@ -194,7 +211,7 @@ def compare(design: Union[Profile, Any], measured: Any, *, filters: Optional[Fil
     >>> round(compare(square, section).over_area, 3)
     4.0
     """
-    points, _ = rows(measured, 2, "measured")
+    points = _finite(measured, "measured")
     limits = filters or Filters()
     wedges = [(w.start, w.end, w.centre[0], w.centre[1]) for w in limits.wedges]
     division = None
@@ -205,7 +222,7 @@ def compare(design: Union[Profile, Any], measured: Any, *, filters: Optional[Fil
     if isinstance(design, Profile):
         found = _native.compared(design._native, points, *options)
     else:
-        found = _native.compared_scans(rows(design, 2, "design")[0], points, *options)
+        found = _native.compared_scans(_finite(design, "design"), points, *options)
     return Comparison(**{name: tuple(value) if isinstance(value, list) else value
                          for name, value in found.items()})
 

@@ -197,7 +197,7 @@ class Survey:
     lowest: Floats
     highest: Floats
     histogram: Whole
-    _sections: Tuple[Tuple[float, Floats], ...] = ()
+    _sections: Tuple[Tuple[float, Floats], ...] = ()  # those without points too
     unread: Tuple[ChunkError, ...] = ()
 
     @property
@@ -212,6 +212,11 @@ class Survey:
     def derolment(self) -> Floats:
         half = self.design.circumference / 2
         return np.asarray(self.size[1] * (self.cells[:, 1] + 0.5) - half)
+
+    @property
+    def sections(self) -> Tuple[float, ...]:
+        """The stationings asked for at which there are three points or more, ascending."""
+        return tuple(asked for asked, points in self._sections if len(points) >= 3)
 
     def section(self, stationing: float) -> Floats:
         """The points near one of the sections asked for, in order round the design; (n, 2)."""
@@ -253,7 +258,7 @@ class _Part:
     lowest: Floats
     highest: Floats
     histogram: Whole
-    near: Tuple[Floats, ...]
+    near: Floats  # place of the section in the list, offset, height
     unread: Tuple[ChunkError, ...]
 
 
@@ -279,8 +284,7 @@ def _part(chunk: Any, read: Callable[[Any], Any], job: _Job) -> _Part:
         place = np.searchsorted(job.bins, over, side="right") - 1
         inside = (place >= 0) & (place < bins.shape[1])
         bins[np.flatnonzero(inside), place[inside]] = 1
-    near = tuple(places[np.abs(places[:, 0] - asked) <= job.half_width, 1:]
-                 for asked in job.sections)
+    near = _near(places, job)
     whole = np.rint(over * _NANOMETRES).astype(np.int64)
     return _reduced(job, _Part(len(points), int(len(points) - known.sum()), row * _COLUMNS + column,
                                np.ones(len(over), dtype=np.int64), whole, over, over, bins, near, ()))
@@ -290,7 +294,19 @@ def _empty(job: _Job, unread: Tuple[ChunkError, ...] = ()) -> _Part:
     whole, none = np.empty(0, dtype=np.int64), np.empty(0)
     return _Part(0, 0, whole, whole, whole, none, none,
                  np.empty((0, max(len(job.bins) - 1, 0)), dtype=np.int64),
-                 tuple(np.empty((0, 2)) for _ in job.sections), unread)
+                 np.empty((0, 3)), unread)
+
+
+def _near(places: Floats, job: _Job) -> Floats:
+    """Points go to the nearest section, if that is near enough; of two, to the first."""
+    if not job.sections:
+        return np.empty((0, 3))
+    sections, along = np.array(job.sections), places[:, 0]
+    above = np.clip(np.searchsorted(sections, along), 0, len(sections) - 1)
+    below = np.maximum(above - 1, 0)
+    nearest = np.where(along - sections[below] <= sections[above] - along, below, above)
+    inside = np.abs(along - sections[nearest]) <= job.half_width
+    return np.column_stack([nearest[inside], places[inside, 1:]])
 
 
 def _reduced(job: _Job, part: _Part) -> _Part:
@@ -312,17 +328,16 @@ def _merged(parts: Sequence[_Part], job: _Job) -> _Part:
     def all_of(name: str) -> Any:
         return np.concatenate([getattr(part, name) for part in parts])
 
-    near = tuple(np.concatenate(points) for points in zip(*(part.near for part in parts)))
     return _reduced(job, _Part(
         sum(part.points for part in parts), sum(part.without_foot for part in parts),
         all_of("keys"), all_of("count"), all_of("sums"), all_of("lowest"), all_of("highest"),
-        all_of("histogram"), near, tuple(error for part in parts for error in part.unread)))
+        all_of("histogram"), all_of("near"), tuple(error for part in parts for error in part.unread)))
 
 
 def _round_the_wall(points: Floats, design: Profile) -> Floats:
-    """In order of the derolment; those alike by their coordinates, so that the order is one."""
-    derolment = design.position(points).derolment
-    return np.asarray(points[np.lexsort((points[:, 1], points[:, 0], derolment))])
+    """Clockwise round the design; those of one bearing by their coordinates: the order is one."""
+    x, y = (points - np.array(design.centroid)).T
+    return np.asarray(points[np.lexsort((y, x, np.arctan2(x, y)))])
 
 
 _FAN_IN = 8
@@ -338,7 +353,7 @@ def survey(source: Any, axis: Axis, design: Profile, *, plane: str = "vertical",
     :param source: a path, several paths, or chunks of the caller's own for `read`
     :param cells: length along the axis and width round the wall of the map's cells (m)
     :param bins: ascending limits of the histogram of distances in each cell
-    :param sections: stationings; points within `half_width` of one make a section
+    :param sections: stationings; points within `half_width` of the nearest one make a section
     :param read: from one of the chunks in `source` to its points, shape (n, 3); it raises
         `ChunkError` where it cannot
     :param points: in a chunk, of those made here
@@ -354,7 +369,7 @@ def survey(source: Any, axis: Axis, design: Profile, *, plane: str = "vertical",
     if not (min(cells) > 0 and half_width > 0):
         raise ValueError("cells and half_width: expected positive lengths")
     job = _Job(axis, design, is_perpendicular(plane), (float(cells[0]), float(cells[1])),
-               axis.range[0], tuple(map(float, bins)), tuple(map(float, sections)),
+               axis.range[0], tuple(map(float, bins)), tuple(sorted(map(float, sections))),
                float(half_width), errors == "pass")
     chunks = _chunks_of(source, points) if read is None else list(source)
     reader = read or Chunk.read
@@ -368,8 +383,10 @@ def survey(source: Any, axis: Axis, design: Profile, *, plane: str = "vertical",
 
 def _survey_of(whole: _Part, job: _Job) -> Survey:
     cells = np.column_stack([whole.keys // _COLUMNS, whole.keys % _COLUMNS])
-    rings = tuple((asked, _round_the_wall(points, job.design))
-                  for asked, points in zip(job.sections, whole.near))
+    near = whole.near[np.argsort(whole.near[:, 0], kind="stable")]
+    limits = np.searchsorted(near[:, 0], np.arange(len(job.sections) + 1))
+    rings = tuple((asked, _round_the_wall(near[first:last, 1:], job.design))
+                  for asked, first, last in zip(job.sections, limits, limits[1:]))
     unread = tuple(sorted(whole.unread, key=lambda error: (error.path, error.offset)))
     return Survey(job.design, job.size, job.start, whole.points, whole.without_foot, cells,
                   whole.count, whole.sums, whole.lowest, whole.highest, whole.histogram, rings,

@@ -4,6 +4,7 @@
 #include "Arrays.h"
 #include "Bindings.h"
 
+#include "common/exchange/AreaFrame.h"
 #include "common/exchange/DesignProfile.h"
 
 #include <Calculations/FittingHelper.h>
@@ -41,9 +42,9 @@ std::unique_ptr<Profile> profileOf(const Array& nodes) {
   return std::make_unique<Profile>(profile);
 }
 
-boost::shared_ptr<MeasuredProfile> measuredOf(const Array& points) {
+boost::shared_ptr<MeasuredProfile> measuredOf(const std::vector<Point2D>& points) {
   boost::shared_ptr<MeasuredProfile> measured(new MeasuredProfile);
-  for (const Point2D& point : listOf(points)) {
+  for (const Point2D& point : points) {
     measured->addPoint(point);
   }
   return measured;
@@ -131,11 +132,57 @@ py::dict dictOf(const Findings& findings) {
   return dict;
 }
 
-template <class Reference>
-py::dict comparedWith(const boost::shared_ptr<const Reference>& reference, const Array& measured,
-                      const Limits& limits, const std::vector<Wedge>& wedges,
-                      const std::optional<Geology>& geology) {
-  MeasuredProfileCalculator calculator(reference, measuredOf(measured));
+Limits movedInto(const Exchange::AreaFrame& frame, Limits limits) {
+  const Point2D origin = frame.moved({0.0, 0.0});
+  for (std::size_t i = 0; i < limits.size(); ++i) {
+    if (limits[i]) *limits[i] += i < 2 ? origin.y : origin.x;
+  }
+  return limits;
+}
+
+std::vector<Wedge> movedInto(const Exchange::AreaFrame& frame, std::vector<Wedge> wedges) {
+  for (Wedge& wedge : wedges) {
+    const Point2D centre = frame.moved({wedge[2], wedge[3]});
+    wedge[2] = centre.x;
+    wedge[3] = centre.y;
+  }
+  return wedges;
+}
+
+/// Where arcs count as such, as in the programs.
+Findings compareExactly(const Profile& design, std::vector<Point2D> points, const Limits& limits,
+                        const std::vector<Wedge>& wedges, const std::optional<Geology>& geology) {
+  constexpr double kMargin = 1.0;
+  const double beyond = geology ? std::get<1>(*geology) : 0.0;
+  const Exchange::DesignProfile drawn(design.definition);
+  const Exchange::AreaFrame frame(drawn, points, beyond + kMargin);
+  for (Point2D& point : points) {
+    point = frame.moved(point);
+  }
+  MeasuredProfileCalculator calculator(frame.design(), measuredOf(points));
+  setFilters(calculator, movedInto(frame, limits), movedInto(frame, wedges));
+  Findings findings = findingsOf(calculator, geology);
+  findings.over = frame.back(findings.over);
+  findings.under = frame.back(findings.under);
+  findings.divided = {frame.back(findings.divided.first), frame.back(findings.divided.second)};
+  return findings;
+}
+
+py::dict compared(const Profile& design, const Array& measured, const Limits& limits,
+                  const std::vector<Wedge>& wedges, const std::optional<Geology>& geology) {
+  Findings findings;
+  std::vector<Point2D> points = listOf(measured);
+  {
+    const py::gil_scoped_release others;
+    findings = compareExactly(design, std::move(points), limits, wedges, geology);
+  }
+  return dictOf(findings);
+}
+
+py::dict comparedScans(const Array& reference, const Array& measured, const Limits& limits,
+                       const std::vector<Wedge>& wedges, const std::optional<Geology>& geology) {
+  const boost::shared_ptr<const MeasuredProfile> earlier = measuredOf(listOf(reference));
+  MeasuredProfileCalculator calculator(earlier, measuredOf(listOf(measured)));
   setFilters(calculator, limits, wedges);
   Findings findings;
   {
@@ -183,6 +230,11 @@ void bindProfile(py::module_& module) {
            [](const Profile& profile) { return profile.definition->getCircumference(); })
       .def("area",
            [](const Profile& profile) { return Exchange::enclosedArea(*profile.definition); })
+      .def("centroid",
+           [](const Profile& profile) {
+             const Point2D centre = Exchange::DesignProfile(profile.definition).centroid();
+             return std::make_pair(centre.x, centre.y);
+           })
       .def("outline",
            [](const Profile& profile, double step) {
              return arrayOf(profile.calculator.pointsOnProfileByInterval(step, true));
@@ -196,17 +248,8 @@ void bindProfile(py::module_& module) {
         }
         return result;
       });
-  module.def("compared",
-             [](const Profile& design, const Array& measured, const Limits& limits,
-                const std::vector<Wedge>& wedges, const std::optional<Geology>& geology) {
-               return comparedWith(design.definition, measured, limits, wedges, geology);
-             });
-  module.def("compared_scans",
-             [](const Array& reference, const Array& measured, const Limits& limits,
-                const std::vector<Wedge>& wedges, const std::optional<Geology>& geology) {
-               return comparedWith(boost::shared_ptr<const MeasuredProfile>(measuredOf(reference)),
-                                   measured, limits, wedges, geology);
-             });
+  module.def("compared", &compared);
+  module.def("compared_scans", &comparedScans);
   module.def(
       "morphed",
       [](const Profile& start, const Profile& end, double from, double to,

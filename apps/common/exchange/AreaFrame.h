@@ -7,8 +7,8 @@
 /// cm2. A polygon of the same area as the profile, with its corners on the grid to the right of and
 /// above the origin, keeps it within 0.1 cm2.
 
-#ifndef CALCULATIONS_APPS_TUNNEL_SURVEY_AREA_FRAME_H
-#define CALCULATIONS_APPS_TUNNEL_SURVEY_AREA_FRAME_H
+#ifndef CALCULATIONS_APPS_COMMON_EXCHANGE_AREA_FRAME_H
+#define CALCULATIONS_APPS_COMMON_EXCHANGE_AREA_FRAME_H
 
 #include "common/exchange/DesignProfile.h"
 
@@ -16,7 +16,7 @@
 
 #include <vector>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 /// Coordinates of a profile, moved so that all are positive.
 class AreaFrame {
@@ -24,11 +24,10 @@ class AreaFrame {
   using Point2D = Ruv::Calculations::Point2D;
 
   /// @param reach of what is computed beyond the design and the points (m)
-  AreaFrame(const Exchange::DesignProfile& design, const std::vector<Point2D>& points,
-            double reach);
+  AreaFrame(const DesignProfile& design, const std::vector<Point2D>& points, double reach);
 
   /// A polygon of the design's area there, at no place more than 0.2 mm beside the design.
-  Exchange::DesignProfile::Definition design() const;
+  DesignProfile::Definition design() const;
 
   Point2D moved(const Point2D& point) const { return point + m_way; }
   double movedHeight(double height) const { return height + m_way.y; }
@@ -47,10 +46,10 @@ class AreaFrame {
   }
 
  private:
-  const Exchange::DesignProfile& m_design;
+  const DesignProfile& m_design;
   Point2D m_way;  // so that the design's lower left corner lies on the grid
 };
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange
 
 #endif

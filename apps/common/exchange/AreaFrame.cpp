@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: BSL-1.0
-#include "tunnel_survey/AreaFrame.h"
+#include "common/exchange/AreaFrame.h"
 
 #include <boost/make_shared.hpp>
 
@@ -7,7 +7,7 @@
 #include <cmath>
 #include <cstddef>
 
-namespace TunnelSurvey {
+namespace Exchange {
 
 namespace {
 
@@ -98,8 +98,7 @@ std::vector<Point2D> cornersOnGrid(const std::vector<Point2D>& corners) {
 
 }  // namespace
 
-AreaFrame::AreaFrame(const Exchange::DesignProfile& design, const std::vector<Point2D>& points,
-                     double reach)
+AreaFrame::AreaFrame(const DesignProfile& design, const std::vector<Point2D>& points, double reach)
     : m_design(design) {
   Point2D lowest = design.lowerLeft();
   for (const Point2D& point : points) {
@@ -110,7 +109,7 @@ AreaFrame::AreaFrame(const Exchange::DesignProfile& design, const std::vector<Po
   m_way = Point2D(upToGrid(wish.x), upToGrid(wish.y)) - corner;
 }
 
-Exchange::DesignProfile::Definition AreaFrame::design() const {
+DesignProfile::Definition AreaFrame::design() const {
   const ThProfileDefinition& given = *m_design.definition();
   std::vector<Point2D> corners;
   for (unsigned i = 0; i < given.getNumSegments(); ++i) {
@@ -130,4 +129,4 @@ Exchange::DesignProfile::Definition AreaFrame::design() const {
   return definition;
 }
 
-}  // namespace TunnelSurvey
+}  // namespace Exchange
