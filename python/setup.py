@@ -23,6 +23,7 @@ class CMakeBuild(build_ext):
             "BUILD_EXAMPLES": "OFF",
             "BUILD_PROGRAMS": "OFF",
             "BUILD_TESTING": "OFF",
+            "CALCULATIONS_UNITY": "ON",
             "CMAKE_BUILD_TYPE": "Release",
             "Python3_EXECUTABLE": sys.executable,
         }
