@@ -2,6 +2,7 @@
 """Builds the extension with CMake, from the sources beside this folder."""
 
 import os
+import re
 import subprocess
 import sys
 from pathlib import Path
@@ -10,6 +11,13 @@ from setuptools import Extension, setup
 from setuptools.command.build_ext import build_ext
 
 ROOT = Path(__file__).resolve().parent.parent
+
+
+def version() -> str:
+    """That of the library."""
+    found = re.search(r"^  VERSION ([0-9.]+)$", (ROOT / "CMakeLists.txt").read_text(), re.M)
+    assert found, "CMakeLists.txt has no version"
+    return found.group(1)
 
 
 class CMakeBuild(build_ext):
@@ -34,4 +42,4 @@ class CMakeBuild(build_ext):
         self.copy_file(str(built), self.get_ext_fullpath(ext.name))
 
 
-setup(ext_modules=[Extension("hadrel._native", sources=[])], cmdclass={"build_ext": CMakeBuild})
+setup(version=version(), ext_modules=[Extension("hadrel._native", sources=[])], cmdclass={"build_ext": CMakeBuild})
