@@ -38,6 +38,7 @@ constexpr unsigned kWithheld = 0x80;
 constexpr unsigned kExtendedWithheld = 0x04;
 
 constexpr std::size_t kPointsAtOnce = 20000;
+constexpr std::size_t kBytesAtOnce = 1U << 20U;  // records may have 65 535 bytes
 
 template <class Integer>
 Integer integerAt(const std::string& bytes, std::size_t place) {
@@ -171,8 +172,8 @@ bool LasCloud::isWithheld(std::size_t record) const {
 bool LasCloud::next(std::vector<CloudPoint>& points) {
   points.clear();
   while (points.empty() && m_done < m_count) {
-    const auto count =
-        static_cast<std::size_t>(std::min<std::uint64_t>(kPointsAtOnce, m_count - m_done));
+    const std::size_t most = std::min(kPointsAtOnce, kBytesAtOnce / m_recordLength);
+    const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(most, m_count - m_done));
     read(m_block, count * m_recordLength);
     const std::size_t complete = m_block.size() / m_recordLength;
     for (std::size_t i = 0; i < complete; ++i) {
