@@ -100,7 +100,8 @@ bool suits(const std::vector<std::string>& names, const Exchange::TableSchema& s
     return isSkipped(name) || columnNamed(schema, name) != nullptr;
   };
   const auto isGiven = [&names](const Exchange::TableColumn& column) {
-    return !column.isRequired || std::count(names.begin(), names.end(), column.name) == 1;
+    return !column.isRequired || column.isCounted ||
+           std::count(names.begin(), names.end(), column.name) == 1;
   };
   return std::all_of(names.begin(), names.end(), isKnown) &&
          std::all_of(schema.columns.begin(), schema.columns.end(), isGiven);
@@ -130,7 +131,7 @@ void checkColumns(const std::string& text, const std::vector<NamedTable>& tables
   for (const NamedTable& table : tables) {
     known += (known.empty() ? "" : "; ") + table.name + ":";
     for (const Exchange::TableColumn& column : table.schema->columns) {
-      known += ' ' + column.name + (column.isRequired ? "" : "?");
+      known += ' ' + column.name + (column.isRequired && !column.isCounted ? "" : "?");
     }
   }
   throw WrongUsage("--columns " + text + " suits no table of this command (" + known +

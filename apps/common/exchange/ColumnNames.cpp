@@ -8,6 +8,7 @@
 #include <array>
 #include <map>
 #include <set>
+#include <unordered_map>
 
 namespace Exchange {
 
@@ -31,7 +32,8 @@ const std::map<std::string, Synonyms, std::less<>>& synonyms() {
          "punktnr",   "punktnummer", "punktname",   "pkt",         "pktnr",
          "pktid",     "pktname",     "ziel",        "zielpunkt",   "target",
          "targetid",  "messung",     "measurement", "bezeichnung", "label",
-         "ident",     "identifier",  "zielnr",      "zielpunktnr", "punktbezeichnung"},
+         "ident",     "identifier",  "zielnr",      "zielpunktnr", "punktbezeichnung",
+         "pnr",       "ptname",      "pno",         "pname",       "vermessungspunkt"},
         {"name", "nr", "no", "number", "nummer", "num"}}},
       {"east",
        {{"east",        "easting",        "eastings",    "e",
@@ -103,7 +105,6 @@ const std::map<std::string, Synonyms, std::less<>>& synonyms() {
        {{"zenithangle", "zenith", "zenithdistance", "zenit", "zenitwinkel", "zenitdistanz", "v",
          "vz", "va", "vangle", "verticalangle", "vertikalwinkel", "vwinkel", "zd", "za", "vert"},
         {}}},
-      {"elevation_angle", {{"elevationangle", "altitudeangle", "hoehenwinkel", "hohenwinkel"}, {}}},
       {"slope_distance",
        {{"slopedistance", "slopedist", "sdist", "sd", "sdistance", "schraegdistanz",
          "schraegstrecke", "schragdistanz", "raumstrecke", "slope"},
@@ -120,10 +121,29 @@ const std::map<std::string, Synonyms, std::less<>>& synonyms() {
   return table;
 }
 
-const Synonyms& synonymsOf(const std::string& column) {
-  static const Synonyms none;
-  const auto found = synonyms().find(column);
-  return found == synonyms().end() ? none : found->second;
+enum class Fit { None, Weak, Proper };
+
+/// A column that a name may mean, and how well it does.
+struct Meaning {
+  std::string_view column;
+  Fit fit = Fit::None;
+};
+
+/// The synonyms, by name.
+const std::unordered_map<std::string, std::vector<Meaning>>& meanings() {
+  static const auto table = [] {
+    std::unordered_map<std::string, std::vector<Meaning>> found;
+    for (const auto& [column, names] : synonyms()) {
+      for (const std::string& name : names.proper) {
+        found[name].push_back({column, Fit::Proper});
+      }
+      for (const std::string& name : names.weak) {
+        found[name].push_back({column, Fit::Weak});
+      }
+    }
+    return found;
+  }();
+  return table;
 }
 
 struct Heading {
@@ -132,48 +152,95 @@ struct Heading {
   std::string inner;  ///< plain name in brackets that is no unit: "East" of "Y (East)"
   std::optional<Unit> unit;
   std::string unknownUnit;
+  std::vector<Fit> fits;  ///< by column of the schema
+  char letter = 0;        ///< x or y for a heading that is just one of them
 };
 
-bool isKnownTo(const TableSchema& schema, const std::string& name) {
-  if (name == "x" || name == "y") return true;
-  return std::any_of(schema.columns.begin(), schema.columns.end(), [&](const TableColumn& column) {
-    const Synonyms& known = synonymsOf(column.name);
-    return known.proper.count(name) > 0 || known.weak.count(name) > 0;
-  });
+/// What the columns of a schema are called.
+struct Vocabulary {
+  /// How well a name fits each column.
+  std::vector<Fit> fitsOf(const std::string& name) const {
+    std::vector<Fit> fits(schema.columns.size(), Fit::None);
+    const auto found = meanings().find(name);
+    if (found == meanings().end()) return fits;
+    for (const Meaning& meaning : found->second) {
+      for (std::size_t i = 0; i < fits.size(); ++i) {
+        if (schema.columns[i].name == meaning.column) fits[i] = meaning.fit;
+      }
+    }
+    return fits;
+  }
+
+  bool knows(const std::string& name) const {
+    if (name == "x" || name == "y") return true;
+    const std::vector<Fit> fits = fitsOf(name);
+    return std::any_of(fits.begin(), fits.end(), [](Fit fit) { return fit != Fit::None; });
+  }
+
+  const TableSchema& schema;
+};
+
+/// Words that add nothing to a name, without the numbers of reference systems: "Grid East",
+/// "Punkt Nr.", "Ost LV95", "Höhe ü. M."
+bool isFiller(const std::string& word) {
+  static const Names fillers = {
+      "coordinate", "coordinates", "koordinate", "coord", "koord", "value",  "grid",
+      "local",      "utm",         "gk",         "lv",    "ln",    "lhn",    "dhhn",
+      "nn",         "nhn",         "ue",         "nr",    "no",    "number", "name"};
+  return fillers.count(word.substr(0, word.find_first_of("0123456789"))) > 0;
 }
 
-/// Words that add nothing to a name: "Rechtswert Y", "Grid East", "Punkt Nr."
-std::string withoutFillers(const Heading& heading, const TableSchema& schema) {
-  static const Names fillers = {"coordinate", "coordinates", "koordinate", "coord", "koord",
-                                "value",      "grid",        "local",      "utm",   "gk",
-                                "lv95",       "nn",          "nhn",        "nr",    "no",
-                                "number",     "name"};
+/// The only word that says something. Letters alone only explain a word, as in "Rechtswert Y", but
+/// are the name where there is none: "Y Coord".
+std::string withoutFillers(const Heading& heading, const Vocabulary& vocabulary) {
   std::string found;
+  std::string letter;
   std::size_t start = 0;
   while (start < heading.text.size()) {
     const std::size_t end =
         std::min(heading.text.find_first_of(" ._-/=:", start), heading.text.size());
     const std::string word = plainName(std::string_view(heading.text).substr(start, end - start));
     start = end + 1;
-    if (word.size() < 2 || fillers.count(word) > 0) continue;
-    if (!found.empty() || !isKnownTo(schema, word)) return {};
+    if (word.size() < 2) letter += word;
+    if (word.size() < 2 || isFiller(word)) continue;
+    if (!found.empty() || !vocabulary.knows(word)) return {};
     found = word;
   }
-  return found;
+  return found.empty() && letter.size() == 1 && vocabulary.knows(letter) ? letter : found;
 }
 
-/// Takes the unit off the end of a name as in "height_m" and "Hz gon".
-void splitTrailingUnit(Heading& heading, const TableSchema& schema) {
+/// Takes the unit off the end of a name as in "height_m", "Hz gon" and "east in m".
+void splitTrailingUnit(Heading& heading, const Vocabulary& vocabulary) {
   const std::size_t end = heading.text.find_last_of("_ /");
-  if (end == std::string::npos || isKnownTo(schema, heading.name)) return;
+  if (end == std::string::npos || vocabulary.knows(heading.name)) return;
   const auto unit = unitNamed(std::string_view(heading.text).substr(end + 1));
-  const std::string name = plainName(std::string_view(heading.text).substr(0, end));
-  if (!unit || !isKnownTo(schema, name)) return;
+  std::string_view rest = trimmed(std::string_view(heading.text).substr(0, end));
+  constexpr std::string_view kIn = " in";
+  if (rest.size() > kIn.size() && rest.substr(rest.size() - kIn.size()) == kIn) {
+    rest.remove_suffix(kIn.size());
+  }
+  const std::string name = plainName(rest);
+  if (!unit || !vocabulary.knows(name)) return;
   heading.unit = unit;
   heading.name = name;
 }
 
-Heading headingOf(std::string_view cell, const TableSchema& schema) {
+/// Which columns the heading may name.
+void settleMeaning(Heading& heading, const Vocabulary& vocabulary) {
+  // "Y (East)": what stands in brackets explains the name.
+  const bool isExplained = !heading.inner.empty() && heading.inner != "x" && heading.inner != "y" &&
+                           vocabulary.knows(heading.inner);
+  const std::string& name = isExplained ? heading.inner : heading.name;
+  heading.fits = vocabulary.fitsOf(name);
+  constexpr std::array<std::string_view, 4> kAfterLetter = {"", "koordinate", "coordinate",
+                                                            "coord"};
+  const bool isLetter =
+      !name.empty() && (name[0] == 'x' || name[0] == 'y') &&
+      std::count(kAfterLetter.begin(), kAfterLetter.end(), std::string_view(name).substr(1)) > 0;
+  if (isLetter) heading.letter = name[0];
+}
+
+Heading headingOf(std::string_view cell, const Vocabulary& vocabulary) {
   Heading heading;
   const std::string whole(trimmed(cell));
   heading.text = whole;
@@ -182,7 +249,7 @@ Heading headingOf(std::string_view cell, const TableSchema& schema) {
   heading.name = plainName(heading.text.substr(0, open));
   if (open == std::string::npos || close == std::string::npos) {
     heading.name = plainName(heading.text);
-    splitTrailingUnit(heading, schema);
+    splitTrailingUnit(heading, vocabulary);
   } else {
     const std::string inside = heading.text.substr(open + 1, close - open - 1);
     heading.unit = unitNamed(inside);
@@ -190,36 +257,33 @@ Heading headingOf(std::string_view cell, const TableSchema& schema) {
     if (!heading.unit) heading.unit = unitNamed(inside.substr(0, inside.find_first_of(" +")));
     if (!heading.unit) heading.inner = plainName(inside);
     // By custom square brackets hold units and nothing else.
-    const bool isUnit = heading.text[open] == '[' && !isKnownTo(schema, heading.inner);
+    const bool isUnit = heading.text[open] == '[' && !vocabulary.knows(heading.inner);
     if (!heading.unit && isUnit) heading.unknownUnit = inside;
     heading.text.resize(open);
   }
-  if (!isKnownTo(schema, heading.name)) {
-    const std::string name = withoutFillers(heading, schema);
+  if (!vocabulary.knows(heading.name)) {
+    const std::string name = withoutFillers(heading, vocabulary);
     if (!name.empty()) heading.name = name;
   }
   heading.text = whole;
+  settleMeaning(heading, vocabulary);
   return heading;
 }
-using Headings = std::vector<Heading>;
 
-std::vector<std::size_t> placesNamed(const Headings& headings, const Names& names,
-                                     const TableSchema& schema) {
+using Headings = std::vector<const Heading*>;
+
+std::vector<std::size_t> placesThatFit(const Headings& headings, std::size_t column, Fit fit) {
   std::vector<std::size_t> places;
   for (std::size_t i = 0; i < headings.size(); ++i) {
-    const Heading& heading = headings[i];
-    // "Y (East)": what stands in brackets explains the name.
-    const bool isExplained = !heading.inner.empty() && heading.inner != "x" &&
-                             heading.inner != "y" && isKnownTo(schema, heading.inner);
-    if (names.count(isExplained ? heading.inner : heading.name) > 0) places.push_back(i);
+    if (headings[i]->fits[column] == fit) places.push_back(i);
   }
   return places;
 }
 
 std::string conflictOf(const std::string& column, const Headings& headings,
                        const std::vector<std::size_t>& places) {
-  return "the headings " + quoted(headings[places[0]].text) + " and " +
-         quoted(headings[places[1]].text) + " both mean " + column +
+  return "the headings " + quoted(headings[places[0]]->text) + " and " +
+         quoted(headings[places[1]]->text) + " both mean " + column +
          ": name the columns by --columns, with - for those that are not wanted";
 }
 
@@ -235,10 +299,15 @@ void matchPlane(const Headings& headings, const TableSchema& schema, HeadingMatc
   const std::size_t north = indexOf("north");
   const std::size_t count = schema.columns.size();
   if (east == count || north == count || match.places[east] || match.places[north]) return;
-  const Names yNames = {"y", "ykoordinate", "ycoordinate", "ycoord"};
-  const Names xNames = {"x", "xkoordinate", "xcoordinate", "xcoord"};
-  const auto y = placesNamed(headings, yNames, schema);
-  const auto x = placesNamed(headings, xNames, schema);
+  const auto placesOf = [&headings](char letter) {
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < headings.size(); ++i) {
+      if (headings[i]->letter == letter) places.push_back(i);
+    }
+    return places;
+  };
+  const auto y = placesOf('y');
+  const auto x = placesOf('x');
   if (y.size() != 1 || x.size() != 1) return;
   if (x[0] < y[0] && !schema.isScan) {
     match.conflict =
@@ -254,10 +323,10 @@ void matchPlane(const Headings& headings, const TableSchema& schema, HeadingMatc
 /// The same name twice.
 std::string repeatedName(const Headings& headings) {
   std::set<std::string> seen;
-  for (const Heading& heading : headings) {
-    const std::string whole = plainName(heading.text);
+  for (const Heading* heading : headings) {
+    const std::string whole = plainName(heading->text);
     if (!whole.empty() && !seen.insert(whole).second) {
-      return "two columns are named " + quoted(heading.text) +
+      return "two columns are named " + quoted(heading->text) +
              ": name the columns by --columns, with - for those that are not wanted";
     }
   }
@@ -275,7 +344,7 @@ std::string badUnit(const Headings& headings, const TableSchema& schema,
   for (std::size_t i = 0; i < schema.columns.size(); ++i) {
     const Quantity quantity = schema.columns[i].quantity;
     if (!match.places[i] || quantity == Quantity::Text) continue;
-    const Heading& heading = headings[*match.places[i]];
+    const Heading& heading = *headings[*match.places[i]];
     const std::string option = quantity == Quantity::Angle ? "--angles" : "--lengths";
     if (!heading.unknownUnit.empty()) {
       return "the unit of " + quoted(heading.text) +
@@ -291,65 +360,100 @@ std::string badUnit(const Headings& headings, const TableSchema& schema,
   return {};
 }
 
+/// An umlaut or a sharp s by the second of its bytes; the first is always the same.
+std::string_view germanLetter(char second) {
+  switch (second) {
+    case '\xA4':
+    case '\x84':
+      return "ae";
+    case '\xB6':
+    case '\x96':
+      return "oe";
+    case '\xBC':
+    case '\x9C':
+      return "ue";
+    case '\x9F':
+      return "ss";
+    default:
+      return {};
+  }
+}
+
+/// Whether there is something that no column of the schema takes, with a heading or without.
+bool hasFurther(const Headings& headings, const HeadingMatch& match) {
+  const auto last = std::find_if(headings.rbegin(), headings.rend(),
+                                 [](const Heading* heading) { return !heading->text.empty(); });
+  return static_cast<std::size_t>(headings.rend() - last) > match.matched;
+}
+
+/// Required columns that no heading names. Rows of a table that has all others, and nothing else,
+/// are counted.
+std::vector<std::string> missingColumns(const Headings& headings, const TableSchema& schema,
+                                        const HeadingMatch& match) {
+  std::vector<std::string> missing;
+  const bool mayCount = !hasFurther(headings, match);
+  for (std::size_t i = 0; i < schema.columns.size(); ++i) {
+    const TableColumn& column = schema.columns[i];
+    const bool isNeeded = column.isRequired && !(column.isCounted && mayCount);
+    if (isNeeded && !match.places[i]) missing.push_back(column.name);
+  }
+  return missing;
+}
+
 }  // namespace
 
 std::string plainName(std::string_view heading) {
-  struct Replacement {
-    std::string_view from;
-    std::string_view to;
-  };
-  constexpr std::array<Replacement, 7> kLetters = {{{"\xC3\xA4", "ae"},
-                                                    {"\xC3\xB6", "oe"},
-                                                    {"\xC3\xBC", "ue"},
-                                                    {"\xC3\x84", "ae"},
-                                                    {"\xC3\x96", "oe"},
-                                                    {"\xC3\x9C", "ue"},
-                                                    {"\xC3\x9F", "ss"}}};
+  constexpr char kFirstOfGerman = '\xC3';
   std::string name;
-  while (!heading.empty()) {
-    const auto* found = std::find_if(kLetters.begin(), kLetters.end(), [&](const Replacement& r) {
-      return heading.compare(0, r.from.size(), r.from) == 0;
-    });
-    if (found != kLetters.end()) {
-      name += found->to;
-      heading.remove_prefix(found->from.size());
-      continue;
-    }
-    const char letter = heading[0];
+  for (std::size_t i = 0; i < heading.size(); ++i) {
+    const char letter = heading[i];
     const bool isCapital = letter >= 'A' && letter <= 'Z';
     const bool isKept = (letter >= 'a' && letter <= 'z') || (letter >= '0' && letter <= '9');
     if (isCapital) name += static_cast<char>(letter - 'A' + 'a');
     if (isKept) name += letter;
-    heading.remove_prefix(1);
+    if (letter == kFirstOfGerman && i + 1 < heading.size()) name += germanLetter(heading[i + 1]);
   }
   return name;
 }
 
-HeadingMatch matchHeadings(const std::vector<std::string_view>& cells, const TableSchema& schema) {
+struct HeadingReader::Memory {
+  explicit Memory(const TableSchema& schema) : vocabulary{schema} {}
+
+  Vocabulary vocabulary;
+  std::map<std::string, Heading, std::less<>> seen;  // by the text of their cell
+};
+
+HeadingReader::HeadingReader(const TableSchema& schema)
+    : m_memory(std::make_unique<Memory>(schema)) {}
+
+HeadingReader::~HeadingReader() = default;
+
+HeadingMatch HeadingReader::match(const std::vector<std::string_view>& cells) {
+  const TableSchema& schema = m_memory->vocabulary.schema;
   Headings headings;
   for (const std::string_view cell : cells) {
-    headings.push_back(headingOf(cell, schema));
+    auto found = m_memory->seen.find(cell);
+    if (found == m_memory->seen.end()) {
+      found = m_memory->seen.emplace(cell, headingOf(cell, m_memory->vocabulary)).first;
+    }
+    headings.push_back(&found->second);
   }
   HeadingMatch match;
   match.places.resize(schema.columns.size());
-  for (const Heading& heading : headings) {
-    match.units.push_back(heading.unit);
+  for (const Heading* heading : headings) {
+    match.units.push_back(heading->unit);
   }
   for (std::size_t i = 0; i < schema.columns.size(); ++i) {
-    const std::string& column = schema.columns[i].name;
-    const Synonyms& names = synonymsOf(column);
-    auto places = placesNamed(headings, names.proper, schema);
-    if (places.empty()) places = placesNamed(headings, names.weak, schema);
-    if (places.size() > 1) match.conflict = conflictOf(column, headings, places);
+    auto places = placesThatFit(headings, i, Fit::Proper);
+    if (places.empty()) places = placesThatFit(headings, i, Fit::Weak);
+    if (places.size() > 1) match.conflict = conflictOf(schema.columns[i].name, headings, places);
     if (places.size() == 1) match.places[i] = places[0];
   }
   if (match.conflict.empty()) matchPlane(headings, schema, match);
-  for (std::size_t i = 0; i < schema.columns.size(); ++i) {
-    if (match.places[i]) ++match.matched;
-    if (!match.places[i] && schema.columns[i].isRequired) {
-      match.missing.push_back(schema.columns[i].name);
-    }
+  for (const auto& place : match.places) {
+    if (place) ++match.matched;
   }
+  match.missing = missingColumns(headings, schema, match);
   if (match.conflict.empty() && match.missing.empty()) match.conflict = repeatedName(headings);
   if (match.conflict.empty()) match.conflict = badUnit(headings, schema, match);
   return match;

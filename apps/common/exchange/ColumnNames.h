@@ -8,6 +8,7 @@
 #include "common/exchange/TableFormat.h"
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,12 +34,27 @@ struct HeadingMatch {
   bool isComplete() const { return conflict.empty() && missing.empty(); }
 };
 
-/// Headings name a column in English or German, and may name a unit: "East [m]", "Rechtswert",
-/// "Hz (gon)", "height_m". Y and X are east and north, as geodesists write them, when Y comes
-/// first; x and y are so in scans; otherwise they may be either, which is a conflict. So are two
-/// headings for one column, and two of the same name.
-HeadingMatch matchHeadings(const std::vector<std::string_view>& headings,
-                           const TableSchema& schema);
+/// Recognises the headings of tables. It remembers the cells that it has seen, since a line that is
+/// split in one way after the other gives the same ones again and again.
+class HeadingReader {
+ public:
+  /// The schema must live as long.
+  explicit HeadingReader(const TableSchema& schema);
+  ~HeadingReader();
+  HeadingReader(const HeadingReader&) = delete;
+  HeadingReader& operator=(const HeadingReader&) = delete;
+
+  /// Headings name a column in English or German, and may name a unit: "East [m]", "Rechtswert",
+  /// "Hz (gon)", "height_m". Y and X are east and north, as geodesists write them, when Y comes
+  /// first; x and y are so in scans; otherwise they may be either, which is a conflict. So are two
+  /// headings for one column, and two of the same name.
+  HeadingMatch match(const std::vector<std::string_view>& cells);
+
+ private:
+  struct Memory;
+
+  std::unique_ptr<Memory> m_memory;
+};
 
 /// Whether every cell names a unit or is empty: the line below the headings of some tables.
 bool areUnits(const std::vector<std::string_view>& cells);

@@ -55,20 +55,24 @@ std::string withoutGroups(std::string_view text, char separator, char decimal) {
   return plain;
 }
 
-/// The letters that other programs write for a minus, an apostrophe and narrow blanks, as plain
-/// ones.
+/// The letters that other programs write for a minus, and between thousands, as plain ones.
 std::string withPlainLetters(std::string_view text) {
   struct Replacement {
     std::string_view from;
     char to;
   };
-  constexpr std::array<Replacement, 6> kReplacements = {{{"\xE2\x88\x92", '-'},     // U+2212
+  constexpr std::array<Replacement, 7> kReplacements = {{{" ", '\''},
+                                                         {"\xE2\x88\x92", '-'},     // U+2212
                                                          {"\xE2\x80\x99", '\''},    // U+2019
                                                          {"\xC2\xA0", '\''},        // no-break
                                                          {"\xE2\x80\x89", '\''},    // thin
                                                          {"\xE2\x80\xAF", '\''},    // narrow
                                                          {"\xE2\x80\x87", '\''}}};  // figure
   std::string plain;
+  const bool isPlain = std::all_of(text.begin(), text.end(), [](char letter) {
+    return letter > ' ' && static_cast<unsigned char>(letter) < 0x80U;
+  });
+  if (isPlain) return std::string(text);
   while (!text.empty()) {
     const auto* found = std::find_if(
         kReplacements.begin(), kReplacements.end(),
@@ -81,7 +85,9 @@ std::string withPlainLetters(std::string_view text) {
 
 /// Decimal commas, groups, and letters beyond the plain ones.
 std::optional<double> unusualNumber(std::string_view text, char decimal) {
-  if (text.size() > kLongestNumber) return std::nullopt;
+  if (text.size() > kLongestNumber || std::none_of(text.begin(), text.end(), isDigit)) {
+    return std::nullopt;
+  }
   std::string plain = withPlainLetters(text);
   const char otherSeparator = decimal == ',' ? '.' : ',';
   const auto count = [&plain](char letter) {

@@ -30,8 +30,9 @@ Outcome<CheckPoint> checkPointOf(const TableRow& row) {
 }  // namespace
 
 const TableSchema& surveyedPointColumns() {
-  static const TableSchema schema = {{{"id", Quantity::Text}, {"east"}, {"north"}, {"height"}},
-                                     {"id", "east", "north", "height"}};
+  static const TableSchema schema = {
+      {{"id", Quantity::Text, true, true}, {"east"}, {"north"}, {"height"}},
+      {"id", "east", "north", "height"}};
   return schema;
 }
 
@@ -50,7 +51,13 @@ const TableSchema& checkPointColumns() {
 }
 
 Outcome<PointFile<SurveyedPoint>> readSurveyedPoints(std::istream& in, const TableFormat& format) {
-  return readPoints<SurveyedPoint>(in, surveyedPointColumns(), format, surveyedPointOf);
+  auto file = readPoints<SurveyedPoint>(in, surveyedPointColumns(), format, surveyedPointOf);
+  if (!file.value) return file;
+  std::vector<SurveyedPoint>& points = file.value->points;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    if (points[i].id.empty()) points[i].id = "#" + std::to_string(i + 1);
+  }
+  return file;
 }
 
 Outcome<PointFile<CheckPoint>> readCheckPoints(std::istream& in, const TableFormat& format) {

@@ -66,7 +66,7 @@ Outcome<PointFile<P>> readPoints(std::istream& in, const TableSchema& schema,
   return Outcome<PointFile<P>>::success(std::move(file));
 }
 
-/// Columns id, east, north, height.
+/// Columns id, east, north, height. Points without ids become "#1", "#2" and so on.
 const TableSchema& surveyedPointColumns();
 Outcome<PointFile<SurveyedPoint>> readSurveyedPoints(std::istream& in,
                                                      const TableFormat& format = {});

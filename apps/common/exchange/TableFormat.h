@@ -46,6 +46,8 @@ struct TableColumn {
   std::string name;
   Quantity quantity = Quantity::Length;
   bool isRequired = true;
+  /// Names: where a table has no such column, and none that is not known, its rows are counted.
+  bool isCounted = false;
 };
 
 /// Columns that a reader knows.

@@ -60,19 +60,22 @@ bool isRule(const Cells& cells) {
 class Recognition {
  public:
   Recognition(const TableSample& sample, const TableSchema& schema, const TableFormat& format)
-      : m_sample(sample), m_schema(schema), m_format(format) {}
+      : m_sample(sample), m_schema(schema), m_format(format), m_headings(schema) {}
 
   Outcome<RecognisedTable> run();
 
  private:
   using Result = Outcome<RecognisedTable>;
 
-  Attempt attempt(Separator separator, char decimal) const;
+  bool mayMean(Separator separator) const;
+  Attempt columnsFor(Separator separator);
+  void readWith(char decimal, Attempt& attempt) const;
   void takeGivenColumns(Attempt& attempt) const;
-  bool takeHeadings(Attempt& attempt) const;
-  bool takeHeadingsFromComments(Attempt& attempt) const;
+  void skipLinesWithoutNumbers(Attempt& attempt) const;
+  bool takeHeadings(Attempt& attempt);
+  bool takeHeadingsFromComments(Attempt& attempt);
   void takeUsualOrder(Attempt& attempt) const;
-  Cells headingCells(const std::string& line, Separator separator, TableCells& store) const;
+  Cells headingCells(const std::string& line, Separator separator, TableCells& store);
   void useHeadings(Attempt& attempt, const Cells& cells, const HeadingMatch& match) const;
   void takeUnitLine(Attempt& attempt) const;
   void settleUnits(Attempt& attempt) const;
@@ -84,13 +87,27 @@ class Recognition {
   bool mayHideDecimalCommas(const Attempt& chosen) const;
   Remark withoutColumns() const;
   Remark withoutRows(const Attempt& chosen) const;
-  std::string describe(const Attempt& chosen) const;
+  std::string describe(const Attempt& chosen);
 
   const TableSample& m_sample;
   const TableSchema& m_schema;
   const TableFormat& m_format;
+  HeadingReader m_headings;
   std::vector<Attempt> m_attempts;
 };
+
+/// Whether a separator need be tried: one that no line holds gives a single column.
+bool Recognition::mayMean(Separator separator) const {
+  const auto isNeeded = [](const TableColumn& column) { return column.isRequired; };
+  const bool isEnough =
+      std::count_if(m_schema.columns.begin(), m_schema.columns.end(), isNeeded) < 2;
+  const auto isDivided = [separator](const TextLine& line) {
+    TableCells store;
+    return store.split(line.text, separator).size() > 1;
+  };
+  return isEnough || separator == Separator::Comma ||
+         std::any_of(m_sample.lines.begin(), m_sample.lines.end(), isDivided);
+}
 
 std::optional<std::size_t> Recognition::columnNamed(const std::string& name) const {
   for (std::size_t i = 0; i < m_schema.columns.size(); ++i) {
@@ -99,7 +116,7 @@ std::optional<std::size_t> Recognition::columnNamed(const std::string& name) con
   return std::nullopt;
 }
 
-/// As given by the option; lines without any number in these columns are headings.
+/// As given by the option.
 void Recognition::takeGivenColumns(Attempt& attempt) const {
   TableLayout& layout = attempt.layout;
   layout.width = m_format.columns.size();
@@ -107,6 +124,11 @@ void Recognition::takeGivenColumns(Attempt& attempt) const {
     if (const auto column = columnNamed(m_format.columns[i])) layout.places[*column] = i;
   }
   attempt.hasColumns = true;
+}
+
+/// Lines without any number in the given columns are headings.
+void Recognition::skipLinesWithoutNumbers(Attempt& attempt) const {
+  const TableLayout& layout = attempt.layout;
   TableCells store;
   const auto hasNumber = [&](const std::string& line) {
     const Cells& cells = store.split(line, layout.separator);
@@ -125,8 +147,7 @@ void Recognition::takeGivenColumns(Attempt& attempt) const {
 }
 
 /// Names may hold blanks where blanks separate: "Point ID   East [m]".
-Cells Recognition::headingCells(const std::string& line, Separator separator,
-                                TableCells& store) const {
+Cells Recognition::headingCells(const std::string& line, Separator separator, TableCells& store) {
   Cells cells = store.split(line, separator);
   if (separator != Separator::Blanks) return cells;
   Cells joined;
@@ -140,7 +161,7 @@ Cells Recognition::headingCells(const std::string& line, Separator separator,
       joined.push_back(cell);
     }
   }
-  if (matchHeadings(joined, m_schema).isComplete()) return joined;
+  if (m_headings.match(joined).isComplete()) return joined;
   return store.split(line, Separator::WideBlanks);
 }
 
@@ -155,12 +176,12 @@ void Recognition::useHeadings(Attempt& attempt, const Cells& cells,
   attempt.hasColumns = true;
 }
 
-bool Recognition::takeHeadings(Attempt& attempt) const {
+bool Recognition::takeHeadings(Attempt& attempt) {
   TableCells store;
   const std::size_t last = std::min(m_sample.lines.size(), kMostLinesBeforeHeadings);
   for (std::size_t i = 0; i < last; ++i) {
     const Cells cells = headingCells(m_sample.lines[i].text, attempt.layout.separator, store);
-    const HeadingMatch match = matchHeadings(cells, m_schema);
+    const HeadingMatch match = m_headings.match(cells);
     if (match.isComplete()) {
       useHeadings(attempt, cells, match);
       attempt.firstRow = i + 1;
@@ -171,7 +192,7 @@ bool Recognition::takeHeadings(Attempt& attempt) const {
   return false;
 }
 
-bool Recognition::takeHeadingsFromComments(Attempt& attempt) const {
+bool Recognition::takeHeadingsFromComments(Attempt& attempt) {
   TableCells store;
   const std::size_t width =
       m_sample.lines.empty() ? 0
@@ -179,7 +200,7 @@ bool Recognition::takeHeadingsFromComments(Attempt& attempt) const {
   for (auto comment = m_sample.comments.rbegin(); comment != m_sample.comments.rend(); ++comment) {
     for (const Separator separator : {attempt.layout.separator, Separator::Blanks}) {
       const Cells cells = headingCells(comment->text, separator, store);
-      const HeadingMatch match = matchHeadings(cells, m_schema);
+      const HeadingMatch match = m_headings.match(cells);
       if (!match.isComplete() || cells.size() != width) continue;
       useHeadings(attempt, cells, match);
       return true;
@@ -252,10 +273,10 @@ void Recognition::readRows(Attempt& attempt) const {
   }
 }
 
-Attempt Recognition::attempt(Separator separator, char decimal) const {
+/// What does not depend on the decimal.
+Attempt Recognition::columnsFor(Separator separator) {
   Attempt attempt;
   attempt.layout.separator = separator;
-  attempt.layout.decimal = decimal;
   const std::size_t count = m_schema.columns.size();
   attempt.layout.places.resize(count);
   attempt.layout.metresPerLength.assign(count, 1.0);
@@ -267,9 +288,14 @@ Attempt Recognition::attempt(Separator separator, char decimal) const {
   } else if (!takeHeadingsFromComments(attempt) && (m_schema.isScan || m_format.hasNoHeader)) {
     takeUsualOrder(attempt);
   }
+  return attempt;
+}
+
+void Recognition::readWith(char decimal, Attempt& attempt) const {
+  attempt.layout.decimal = decimal;
+  if (!m_format.columns.empty()) skipLinesWithoutNumbers(attempt);
   if (attempt.hasColumns) settleUnits(attempt);
   if (attempt.hasColumns) readRows(attempt);
-  return attempt;
 }
 
 /// Another reading that gives a row another meaning.
@@ -416,7 +442,7 @@ Remark Recognition::withoutRows(const Attempt& chosen) const {
 }
 
 /// Nothing for commas, decimal points and the plain names.
-std::string Recognition::describe(const Attempt& chosen) const {
+std::string Recognition::describe(const Attempt& chosen) {
   const TableLayout& layout = chosen.layout;
   std::string text;
   if (layout.separator != Separator::Comma) text += nameOf(layout.separator);
@@ -427,8 +453,11 @@ std::string Recognition::describe(const Attempt& chosen) const {
     headings = headingCells(m_sample.lines[chosen.firstRow - 1].text, layout.separator, store);
   }
   for (std::size_t i = 0; i < m_schema.columns.size(); ++i) {
-    if (!layout.places[i]) continue;
     const TableColumn& column = m_schema.columns[i];
+    if (!layout.places[i]) {
+      if (column.isCounted) text += (text.empty() ? "" : ", ") + std::string("rows counted");
+      continue;
+    }
     const bool isNamed = *layout.places[i] < headings.size() && !chosen.headings.places.empty();
     const std::string heading = isNamed ? visible(headings[*layout.places[i]]) : column.name;
     std::string unit;
@@ -447,10 +476,12 @@ Outcome<RecognisedTable> Recognition::run() {
   if (m_sample.lines.empty()) return Result::failure({0, "there is no header line"});
   for (const Separator separator : {Separator::Comma, Separator::Semicolon, Separator::Tab,
                                     Separator::Bar, Separator::Blanks, Separator::WideBlanks}) {
-    if (m_format.separator && separator != *m_format.separator) continue;
+    if (m_format.separator ? separator != *m_format.separator : !mayMean(separator)) continue;
+    const Attempt columns = columnsFor(separator);
     for (const char decimal : {'.', ','}) {
       if (m_format.decimal && decimal != *m_format.decimal) continue;
-      m_attempts.push_back(attempt(separator, decimal));
+      m_attempts.push_back(columns);
+      readWith(decimal, m_attempts.back());
     }
   }
   const auto best = std::max_element(

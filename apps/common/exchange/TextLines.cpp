@@ -16,7 +16,7 @@ namespace Exchange {
 
 namespace {
 
-constexpr std::size_t kBlock = 1U << 20U;
+constexpr std::size_t kBlock = 1U << 14U;
 constexpr std::size_t kLongestLine = 1U << 20U;
 
 struct ByteOrderMark {
