@@ -9,8 +9,10 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <csignal>
@@ -19,7 +21,9 @@ namespace {
 
 namespace fs = std::filesystem;
 using Console::ResultFolder;
+using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::ThrowsMessage;
 using testing::UnorderedElementsAre;
 
 class ResultFolderTest : public testing::Test {
@@ -85,6 +89,62 @@ TEST_F(ResultFolderTest, LinksAreReplacedAndNeverFollowed) {
   results.write("pages/a.csv", "new");
   EXPECT_THROW(results.publish(), Console::Failure);
   EXPECT_EQ(textOf(m_path / "elsewhere" / "a.csv"), "kept");
+}
+
+TEST_F(ResultFolderTest, WhatIsNoFileIsNotReplaced) {
+  fs::create_directories(fs::path(folder()) / "a.csv");
+  ASSERT_EQ(mkfifo((folder() + "/b.csv").c_str(), 0600), 0);
+  std::ofstream(folder() + "/c.csv") << "kept";
+  const struct {
+    const char* name;
+    const char* reason;
+  } cases[] = {{"a.csv", "a.csv: is a directory"},
+               {"b.csv", "a device or a pipe"},
+               {"c.csv/d.csv", "c.csv: File exists"}};
+  for (const auto& c : cases) {
+    ResultFolder results(folder());
+    results.write(c.name, "new");
+    results.write("e.csv", "new");
+    EXPECT_THAT([&] { results.publish(); }, ThrowsMessage<Console::Failure>(HasSubstr(c.reason)));
+  }
+  EXPECT_THAT(names(), UnorderedElementsAre("a.csv", "b.csv", "c.csv"));
+  EXPECT_EQ(textOf(folder() + "/c.csv"), "kept");
+}
+
+TEST_F(ResultFolderTest, DevicesAndPipesTakeTextAtOnce) {
+  // By a link of our own: a device that was replaced would be missing everywhere.
+  const fs::path full = m_path / "full";
+  fs::create_symlink("/dev/full", full);
+  EXPECT_THAT([&] { Console::writeResult(full.string(), "1"); },
+              ThrowsMessage<Console::Failure>(HasSubstr("full: cannot be written")));
+  EXPECT_TRUE(fs::is_symlink(full));
+  const std::string fifo = (m_path / "pipe").string();
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+  std::thread writer([&fifo] { Console::writeResult(fifo, "through"); });
+  EXPECT_EQ(textOf(fifo), "through");
+  writer.join();
+  EXPECT_TRUE(fs::is_fifo(fifo));
+}
+
+TEST_F(ResultFolderTest, FoldersThatCannotBeMadeAreTold) {
+  std::ofstream(m_path / "file") << "kept";
+  for (const char* name : {"file", "file/below"}) {
+    EXPECT_THAT([&] { ResultFolder((m_path / name).string()); },
+                ThrowsMessage<Console::Failure>(HasSubstr("Not a directory")));
+  }
+  EXPECT_THROW(ResultFolder("/proc/results"), Console::Failure);  // not even by root
+}
+
+TEST_F(ResultFolderTest, IgnoredSignalsStayIgnored) {
+  std::signal(SIGHUP, SIG_IGN);  // as nohup does
+  {
+    ResultFolder results(folder());
+    raise(SIGHUP);
+    results.write("a.csv", "1");
+    results.publish();
+  }
+  std::signal(SIGHUP, SIG_DFL);
+  EXPECT_THAT(names(), UnorderedElementsAre("a.csv"));
 }
 
 TEST_F(ResultFolderTest, ASignalLeavesNothingBehind) {

@@ -48,6 +48,27 @@ void tellUnreadable(const std::set<std::string>& words) {
   std::cerr << ": install one for that script (on Debian, fonts-noto)\n";
 }
 
+/// Files and links may be replaced; directories, devices and pipes may not.
+fs::path replaceablePlace(const fs::path& place) {
+  const fs::file_status status = fs::symlink_status(place);
+  if (fs::is_directory(status)) throw Failure(place.string() + ": is a directory");
+  if (fs::is_other(status)) throw Failure(place.string() + ": is a device or a pipe, not a file");
+  return place;
+}
+
+/// A device or a pipe, or what leads to one, as /dev/stdout: nothing that could be replaced.
+bool takesText(const fs::path& place) {
+  std::error_code problem;
+  return fs::is_other(place, problem) || fs::absolute(place).parent_path() == "/dev";
+}
+
+void writeChecked(const fs::path& file, const std::string& place, const std::string& text) {
+  std::ofstream out(file, std::ios::binary);
+  out << text;
+  out.close();
+  if (!out) throw Failure(place + ": cannot be written");
+}
+
 /// A draft and its place, both to be told apart before anything is moved.
 struct Move {
   fs::path from;
@@ -94,10 +115,7 @@ fs::path ResultFolder::draft(const std::string& name) {
 }
 
 void ResultFolder::write(const std::string& name, const std::string& text) {
-  std::ofstream file(draft(name), std::ios::binary);
-  file << text;
-  file.close();
-  if (!file) throw Failure(placeOf(name) + ": cannot be written");
+  writeChecked(draft(name), placeOf(name), text);
 }
 
 void ResultFolder::writePicture(const std::string& name, const Drawing::Picture& picture) {
@@ -125,11 +143,8 @@ void ResultFolder::publish() {
     const fs::path relative = entry.path().lexically_relative(m_drafts);
     if (entry.is_directory()) {
       createdPlace(relative);
-    } else if (const fs::path place = m_folder / relative;
-               fs::is_directory(fs::symlink_status(place))) {
-      throw Failure(place.string() + ": is a directory");
     } else {
-      moves.push_back({entry.path(), place});
+      moves.push_back({entry.path(), replaceablePlace(m_folder / relative)});
     }
   }
   for (const Move& move : moves) {
@@ -143,6 +158,10 @@ void ResultFolder::publish() {
 
 void writeResult(const std::string& path, const std::string& text) {
   const std::filesystem::path file(path);
+  if (takesText(file)) {
+    writeChecked(file, path, text);
+    return;
+  }
   ResultFolder folder(file.has_parent_path() ? file.parent_path().string() : ".");
   folder.write(file.filename().string(), text);
   folder.publish();

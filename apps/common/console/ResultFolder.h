@@ -63,7 +63,7 @@ class ResultFolder {
   std::set<std::string> m_unreadable;  // words in pictures
 };
 
-/// A single file, in the same way.
+/// A single file, in the same way; to a device or a pipe, as /dev/stdout, at once.
 void writeResult(const std::string& path, const std::string& text);
 
 }  // namespace Console
