@@ -174,7 +174,7 @@ std::string newPointsAsCsv(const Survey& survey) {
 
 std::string asJson(const Survey& survey) {
   Json station = Json::object();
-  for (const Quantity& q : quantitiesOf(survey)) {
+  for (const Quantity& q : survey.hasStation ? quantitiesOf(survey) : std::vector<Quantity>()) {
     Json quantity = Json::object();
     quantity.set("value", q.value).set("unit", q.unit);
     if (q.deviation) {
@@ -188,14 +188,15 @@ std::string asJson(const Survey& survey) {
     doubts.add(doubt);
   }
   Json json = Json::object();
-  json.set("station", station)
-      .set("sightings", sightingsOf(survey))
+  json.set("assignments_expected_by_chance", survey.identification.expectedByChance)
+      .set("doubts", doubts)
+      .set("station", survey.hasStation ? station : Json());
+  if (!survey.hasStation) return json.text();
+  json.set("sightings", sightingsOf(survey))
       .set("critical_w", survey.reliability.criticalW)
-      .set("assignments_expected_by_chance", survey.identification.expectedByChance)
       .set("points", newPointsOf(survey));
   if (survey.hasAxis()) json.set("on_axis", jsonOf(survey.stationOnAxis, survey.stationing));
   if (survey.isGuided()) json.set("guidance", guidanceOf(survey));
-  json.set("doubts", doubts);
   return json.text();
 }
 

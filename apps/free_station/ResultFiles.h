@@ -20,7 +20,8 @@ std::string residualsAsCsv(const Survey& survey);
 /// A row for each measured point that is no fix point.
 std::string newPointsAsCsv(const Survey& survey);
 
-/// All of these and the guidance. Metres, gon, parts per million.
+/// All of these and the guidance. Metres, gon, parts per million. Without a station only why there
+/// is none.
 std::string asJson(const Survey& survey);
 
 }  // namespace FreeStation

@@ -41,12 +41,12 @@ Console::ExitCode run(const Options& options) {
   const Survey survey = surveyWith(options);
   printReport(survey);
   Console::printDoubts(options.measurements, survey.doubts);
+  if (!options.json.empty()) Console::writeResult(options.json, asJson(survey));
   if (!survey.hasStation) {
     std::cerr << "No station is computed from a doubtful identification, but with --accept.\n";
     return Console::ExitCode::Doubtful;
   }
   if (!options.output.empty()) writeResults(options.output, survey);
-  if (!options.json.empty()) Console::writeResult(options.json, asJson(survey));
   const bool isFine = survey.doubts.empty() || options.accept;
   return isFine ? Console::ExitCode::Fine : Console::ExitCode::Doubtful;
 }
