@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <iostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace TunnelSurvey {
@@ -59,9 +60,8 @@ void printPoints(const std::vector<Exchange::ConvertedPoint>& points,
   if (points.size() > shown) std::cout << "  and " << points.size() - shown << " more\n";
 }
 
-std::vector<Exchange::ConvertedPoint> convertPointFile(const Options& options,
-                                                       const AxisCalculator& calculator,
-                                                       const SurveyPicture& picture) {
+void convertPointFile(const Options& options, const AxisCalculator& calculator,
+                      SurveyPicture& picture) {
   const auto file =
       Console::readTable(options.points, Exchange::readSurveyedPoints, options.formatOf("points"));
   const Exchange::PointPlacer placer(calculator, options.largestOffset);
@@ -80,7 +80,11 @@ std::vector<Exchange::ConvertedPoint> convertPointFile(const Options& options,
                                          "--columns id,north,east,height, in their order"
                                        : ""));
   }
-  return converted.points;
+  if (converted.swapped > converted.points.size()) {
+    picture.doubts.emplace_back("most points lie beside the axis only with east and north swapped");
+    Console::printDoubts(options.points, picture.doubts);
+  }
+  picture.points = std::move(converted.points);
 }
 
 CheckReport compareWithCheckFile(const Options& options, const AxisCalculator& calculator,
@@ -123,7 +127,7 @@ SurveyPicture surveyAxis(const Options& options) {
   print(std::cout, stationTable(picture));
   picture.name = alignment.name;
   picture.source = Console::fileName(options.landXml);
-  if (!options.points.empty()) picture.points = convertPointFile(options, calculator, picture);
+  if (!options.points.empty()) convertPointFile(options, calculator, picture);
   if (!options.setOut.empty()) picture.setOut = setOut(options, calculator, picture);
   if (!options.check.empty())
     picture.check = compareWithCheckFile(options, calculator, picture.stationing);

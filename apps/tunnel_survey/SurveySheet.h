@@ -41,6 +41,7 @@ struct SurveyPicture {
   std::optional<Exchange::StationRange> sections;  ///< where the tunnel is compared with its design
   Exchange::Stationing stationing;  ///< the stations that people read, from those of the axis
   bool hasHeights = true;           ///< else the axis lies at height 0
+  std::vector<std::string> doubts;  ///< why the points may be wrong, in sentences
 };
 
 /// The elements, or their parts, inside a range.

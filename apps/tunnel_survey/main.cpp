@@ -60,6 +60,7 @@ Console::ExitCode run(const Options& options) {
   if (!options.output.empty()) writeResults(options, results);
   if (!options.json.empty()) Console::writeResult(options.json, jsonOf(results).text());
   const bool isDoubtful = isTransitionDoubtful(options, results) ||
+                          (results.axis && !results.axis->doubts.empty()) ||
                           (results.sections && !results.sections->doubts.empty());
   return isDoubtful && !options.accept ? Console::ExitCode::Doubtful : Console::ExitCode::Fine;
 }
