@@ -39,6 +39,9 @@ CLI::Validator rangeCheck(double lowest, double highest) {
   return CLI::Validator(complaint, range);
 }
 
+/// An empty text is what a script gives whose variable is not set.
+std::string complaintOnEmpty(const std::string& text) { return text.empty() ? "is empty" : ""; }
+
 /// A file that is opened while a standard stream is closed would take its place, and get its text.
 /// A closed pipe is an output that cannot be written, not a reason to end without a word.
 void keepStandardStreams() {
@@ -88,7 +91,7 @@ Option& Option::excludes(const Option& other) {
 }
 
 Option OptionGroup::add(const std::string& name, std::string& target, const std::string& purpose) {
-  return Option(m_app->add_option(name, target, purpose));
+  return Option(m_app->add_option(name, target, purpose)->check(complaintOnEmpty));
 }
 
 Option OptionGroup::add(const std::string& name, double& target, const std::string& purpose) {
@@ -96,11 +99,6 @@ Option OptionGroup::add(const std::string& name, double& target, const std::stri
 }
 
 Option OptionGroup::add(const std::string& name, std::optional<double>& target,
-                        const std::string& purpose) {
-  return Option(m_app->add_option(name, target, purpose));
-}
-
-Option OptionGroup::add(const std::string& name, std::vector<double>& target,
                         const std::string& purpose) {
   return Option(m_app->add_option(name, target, purpose));
 }

@@ -52,7 +52,6 @@ class OptionGroup {
   Option add(const std::string& name, std::string& target, const std::string& purpose);
   Option add(const std::string& name, double& target, const std::string& purpose);
   Option add(const std::string& name, std::optional<double>& target, const std::string& purpose);
-  Option add(const std::string& name, std::vector<double>& target, const std::string& purpose);
   /// May be given several times.
   Option add(const std::string& name, std::vector<std::string>& target, const std::string& purpose);
   /// True when given.

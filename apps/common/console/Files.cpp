@@ -25,7 +25,7 @@ std::ifstream openFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) throw Failure(path + ": cannot be read");
   if (file.peek() == std::ifstream::traits_type::eof()) {
-    throw Failure(path + ": the file is empty");
+    throw Failure(path + (file.bad() ? ": cannot be read" : ": the file is empty"));
   }
   return file;
 }
