@@ -74,6 +74,7 @@ class Recognition {
   void skipLinesWithoutNumbers(Attempt& attempt) const;
   bool takeHeadings(Attempt& attempt);
   bool takeHeadingsFromComments(Attempt& attempt);
+  bool mayHaveUsualOrder(const Attempt& attempt) const;
   void takeUsualOrder(Attempt& attempt) const;
   Cells headingCells(const std::string& line, Separator separator, TableCells& store);
   void useHeadings(Attempt& attempt, const Cells& cells, const HeadingMatch& match) const;
@@ -209,6 +210,11 @@ bool Recognition::takeHeadingsFromComments(Attempt& attempt) {
   return false;
 }
 
+/// A scan needs no headings, but may not contradict those that it has.
+bool Recognition::mayHaveUsualOrder(const Attempt& attempt) const {
+  return m_format.hasNoHeader || (m_schema.isScan && attempt.headings.conflict.empty());
+}
+
 void Recognition::takeUsualOrder(Attempt& attempt) const {
   for (std::size_t i = 0; i < m_schema.usualOrder.size(); ++i) {
     if (const auto column = columnNamed(m_schema.usualOrder[i])) {
@@ -285,7 +291,7 @@ Attempt Recognition::columnsFor(Separator separator) {
     takeGivenColumns(attempt);
   } else if (takeHeadings(attempt)) {
     takeUnitLine(attempt);
-  } else if (!takeHeadingsFromComments(attempt) && (m_schema.isScan || m_format.hasNoHeader)) {
+  } else if (!takeHeadingsFromComments(attempt) && mayHaveUsualOrder(attempt)) {
     takeUsualOrder(attempt);
   }
   return attempt;
