@@ -120,6 +120,14 @@ std::optional<std::string> wordFor(const std::string& table,
   return word;
 }
 
+void checkTable(const std::string& text, const std::vector<NamedTable>& tables) {
+  const std::string name = scopedOf(text).table;
+  const bool isKnown =
+      name.empty() || std::any_of(tables.begin(), tables.end(),
+                                  [&](const NamedTable& table) { return table.name == name; });
+  if (!isKnown) throw WrongUsage(text + ": this command reads no table " + name);
+}
+
 void checkColumns(const std::string& text, const std::vector<NamedTable>& tables) {
   const Scoped scoped = scopedOf(text);
   const std::vector<std::string> names = namesIn(scoped.word);
@@ -143,11 +151,7 @@ void checkColumns(const std::string& text, const std::vector<NamedTable>& tables
 void TableOptions::check(const std::vector<NamedTable>& tables) const {
   for (const auto* given : {&delimiters, &decimals, &columns, &angles, &lengths}) {
     for (const std::string& text : *given) {
-      const std::string table = scopedOf(text).table;
-      const bool isKnown =
-          table.empty() || std::any_of(tables.begin(), tables.end(),
-                                       [&](const NamedTable& t) { return t.name == table; });
-      if (!isKnown) throw WrongUsage(text + ": this command reads no table " + table);
+      checkTable(text, tables);
     }
   }
   for (const std::string& text : columns) {

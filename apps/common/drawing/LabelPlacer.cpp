@@ -30,7 +30,7 @@ std::size_t cellsAlong(double size) {
 }
 
 std::size_t cellAt(double distance, std::size_t cells) {
-  const double last = static_cast<double>(cells - 1);
+  const auto last = static_cast<double>(cells - 1);
   const double cell = std::floor(distance / kCellSize);
   return cell > 0.0 ? static_cast<std::size_t>(std::min(cell, last)) : 0;
 }

@@ -13,21 +13,13 @@ struct Json::Value {
 
 Json::Json() : m_value(new Value{nullptr}) {}
 Json::Json(double number) : m_value(new Value{number}) {}
-Json::Json(int number) : m_value(new Value{number}) {}
 Json::Json(std::size_t number) : m_value(new Value{number}) {}
 Json::Json(bool truth) : m_value(new Value{truth}) {}
 Json::Json(const char* text) : m_value(new Value{text}) {}
 Json::Json(const std::string& text) : m_value(new Value{text}) {}
-Json::Json(const std::optional<double>& number) : Json() {
-  if (number) m_value->json = *number;
-}
 Json::Json(const std::vector<double>& numbers) : m_value(new Value{numbers}) {}
 Json::Json(const Json& other) : m_value(new Value(*other.m_value)) {}
 Json::Json(Json&& other) noexcept = default;
-Json& Json::operator=(Json other) noexcept {
-  std::swap(m_value, other.m_value);
-  return *this;
-}
 Json::~Json() = default;
 
 Json Json::object() {

@@ -7,7 +7,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,16 +23,14 @@ class Json {
  public:
   Json();               ///< null
   Json(double number);  ///< null when it is not finite
-  Json(int number);
   Json(std::size_t number);
   Json(bool truth);
   Json(const char* text);
   Json(const std::string& text);  ///< bytes that are no UTF-8 are shown as U+FFFD
-  Json(const std::optional<double>& number);
   Json(const std::vector<double>& numbers);
   Json(const Json& other);
   Json(Json&& other) noexcept;
-  Json& operator=(Json other) noexcept;
+  Json& operator=(const Json&) = delete;
   ~Json();
 
   static Json object();

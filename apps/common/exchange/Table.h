@@ -44,7 +44,6 @@ class TableStream {
   /// @return why it cannot be read; an empty message when it can
   Remark open();
   const TableLayout& layout() const { return m_layout; }
-  bool has(std::size_t column) const { return m_layout.places[column].has_value(); }
 
   /// @param[out] row when one was found
   /// @param[out] remark on a bad row, or on why the table ends before its end; else unchanged
