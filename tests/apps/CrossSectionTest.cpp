@@ -16,6 +16,7 @@
 #include <cmath>
 #include <cstddef>
 #include <random>
+#include <set>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -196,6 +197,39 @@ TEST(SectionCutter, PointsGoToTheNearestGivenStationClockwiseFromBelow) {
   EXPECT_THAT(sections[1].points, ElementsAre(at(around[4]), at(around[1]), at(around[2]),
                                               at(around[0]), at(around[3])));
   EXPECT_THAT(sections[2].points, ElementsAre(at({8.0, 8.0})));
+}
+
+TEST(SectionCutter, CrowdedSectionsBecomeMeansOfCells) {
+  SectionCutter cutter({{10.0}, 5.0, 1.0});
+  std::mt19937 random(7);
+  std::uniform_real_distribution<double> angle(-kPi, kPi);
+  std::uniform_real_distribution<double> radius(4.9, 5.1);
+  for (int i = 0; i < 60000; ++i) {
+    const double bearing = angle(random);
+    const Point2D point = Point2D(std::sin(bearing), std::cos(bearing)) * radius(random);
+    cutter.add(AxisPoint(10.0, point.x, point.y));
+  }
+  const auto points = cutter.sections({0.0, 0.0}).front().points;
+  EXPECT_EQ(cutter.thinnedSections(), 1U);
+  EXPECT_LE(points.size(), 8000U);
+  EXPECT_GE(points.size(), 1000U);
+  const double cell = cutter.largestCell();
+  EXPECT_LE(cell, 0.08);
+  std::set<std::pair<double, double>> cells;
+  for (const Point2D& point : points) {
+    EXPECT_LT(std::abs(point.length() - 5.0), 0.1);
+    cells.emplace(std::floor(point.x / cell), std::floor(point.y / cell));
+  }
+  EXPECT_EQ(cells.size(), points.size());  // one of each cell
+}
+
+TEST(SectionComparison, OutlinesMayFollowTheDesign) {
+  ComparisonRule along;
+  along.followDesign = true;
+  const MeasuredSection few{"few", 10.0, pointsAround(5.1, 12)};
+  const double ring = kPi * (5.1 * 5.1 - kRadius * kRadius);
+  EXPECT_NEAR(compareWithDesign(few, circle(), along).overArea, ring, 0.01);
+  EXPECT_LT(compareWithDesign(few, circle(), {}).overArea, 0.5 * ring);  // chords cut corners
 }
 
 TEST(SectionComparison, SidesAndSigns) {

@@ -91,6 +91,18 @@ TEST(LandXmlReader, WhatProgramsWriteDifferentlyGivesTheSameAxis) {
        "><Start>2097.52877 1016.3714</Start><PI>2145.4713 1042.56254</PI>", nullptr},
       {"length=\"100\" dirStart=\"0\"", "constant=\"100\" dirStart=\"0\"", nullptr},
       {"\"INF\"", "\"0\"", nullptr},
+      {"\"INF\"", "\"Infinity\"", nullptr},
+      {"radius=\"100\" length=\"100\" staStart=\"110\"><Start>2097.52877 1016.3714</Start>\n"
+       "<Center>2049.58622 1104.12966 7</Center>",
+       "><Start>2097.52877 1016.3714</Start><PI>2145.4713 1042.56254</PI>", nullptr},
+      {"length=\"100\" staStart=\"110\"><Start>2097.52877 1016.3714</Start>\n"
+       "<Center>2049.58622 1104.12966 7</Center>",
+       "delta=\"1\"><Start>2097.52877 1016.3714</Start>", nullptr},
+      {"<Line ",
+       "<Feature/><Curve rot=\"cw\" length=\"0\"><Start>2149.33572 1097.05594</Start>"
+       "<End>2149.33572 1097.05594</End></Curve><Spiral spiType=\"clothoid\" length=\"0\">"
+       "<Start>2149.33572 1097.05594</Start><End>2149.33572 1097.05594</End></Spiral><Line ",
+       nullptr},
       {"<Line ",
        "<Line><Start>2149.33572 1097.05594</Start><End>2149.33572 1097.05594</End>"
        "</Line><Line ",
@@ -214,6 +226,12 @@ TEST(LandXmlReader, EveryUnitBecomesMetresAndRadians) {
   ASSERT_TRUE(feet.value) << feet.error.message;
   EXPECT_DOUBLE_EQ(feet.value->plan[1].radiusStart, 100 * 1200.0 / 3937);
   EXPECT_DOUBLE_EQ(feet.value->profile[3].height, 52.8 * 1200.0 / 3937);
+  // Who counts lengths in survey feet means the same by feet of heights.
+  const auto heights = Exchange::readLandXml(
+      changed(R"(Metric linearUnit="meter")",
+              R"(Imperial linearUnit="US Survey Feet" elevationUnit="feet")"));
+  ASSERT_TRUE(heights.value) << heights.error.message;
+  EXPECT_EQ(heights.value->profile[3].height, feet.value->profile[3].height);
   constexpr double kHalfPi = 1.5707963267948966;
   EXPECT_DOUBLE_EQ(Exchange::toRadians(100, Exchange::AngleUnit::Gon), kHalfPi);
   EXPECT_DOUBLE_EQ(Exchange::toRadians(-90, Exchange::AngleUnit::Degree), -kHalfPi);
@@ -222,6 +240,52 @@ TEST(LandXmlReader, EveryUnitBecomesMetresAndRadians) {
               45.5 / 90 * kHalfPi, 1e-12);
   EXPECT_NEAR(Exchange::toRadians(-0.30256, Exchange::AngleUnit::DegreeMinuteSecond),
               -1825.6 / 324e3 * kHalfPi, 1e-12);
+}
+
+TEST(LandXmlReader, WhatMayBeWrongIsTold) {
+  const std::string cant = "<Cant><CantStation station=\"10\" appliedCant=\"0\"/>";
+  const struct {
+    const char* from;
+    std::string to;
+    const char* note;
+  } cases[] = {
+      {"rot=\"cw\" radius=", "rot=\"cw\" delta=\"2\" radius=",
+       "turn by 63.6620 gon, not by the printed 127.3240 gon"},
+      {"<End>2152.87258", "<End>2153.0", "Line: turns off the element before by 0.16"},
+      {"dirStart=\"0\"", "dirStart=\"30\"", "not in the printed 30.0000 gon"},
+      {"<Profile>",
+       cant + "<CantStation station=\"60\" appliedCant=\"50\"/>"
+              "<CantStation station=\"20\" appliedCant=\"50\"/></Cant><Profile>",
+       "before the one above it"},
+      {"<Profile>", cant + "<CantStation station=\"900\" appliedCant=\"0.05\"/></Cant><Profile>",
+       "lies at 900.000, beyond the end"}};
+  for (const auto& c : cases) {
+    EXPECT_THAT(notesOn(changed(c.from, c.to), 1.5), testing::Contains(HasSubstr(c.note)));
+  }
+}
+
+TEST(LandXmlReader, FilesThatHoldNoAlignmentAreRefused) {
+  const struct {
+    const char* xml;
+    const char* message;
+  } cases[] = {
+      {" \n", "the file is empty"},
+      {"<a/>", "the root element is not LandXML"},
+      {"<LandXML/>", "element Units is missing"},
+      {"<LandXML><Units><Metric linearUnit=\"m\"/></Units></LandXML>", "holds no alignment"}};
+  for (const auto& c : cases) {
+    EXPECT_THAT(Exchange::readLandXml(c.xml).error.message, HasSubstr(c.message));
+  }
+  std::string wide = "\xff\xfe";
+  for (const char letter : kFile) {
+    wide += {letter, '\0'};
+  }
+  EXPECT_THAT(notesOn(wide), testing::IsEmpty());
+  wide.pop_back();  // half a letter: no UTF-16, and no XML
+  EXPECT_THAT(notesOn(wide), testing::ElementsAre(HasSubstr("not well-formed")));
+  EXPECT_EQ(Exchange::readLandXml(kFile, {"first", "p"}).value->profile.size(), 4U);
+  EXPECT_THAT(Exchange::readLandXml(kFile, {"first", "q"}).error.message,
+              HasSubstr("no profile is named \"q\"; there is \"p\""));
 }
 
 TEST(LandXmlReader, SlipsAreToldWithTheirLine) {
@@ -246,7 +310,51 @@ TEST(LandXmlReader, SlipsAreToldWithTheirLine) {
       {"length=\"40\"", "length=\"190\"", 11, "rounding reaches"},
       {"length=\"100\" staStart=\"110\"", "length=\"0\"", 6, "start and end lie apart"},
       {"<Profile>", "<StaEquation staAhead=\"1\"/><Profile>", 10, "staInternal and staBack"},
-      {"<Start>2149", "<Start pntRef=\"9\"/><Start>2149", 8, "not among the CgPoints"}};
+      {"<Start>2149", "<Start pntRef=\"9\"/><Start>2149", 8, "not among the CgPoints"},
+      {"rot=\"cw\" radius=", "rot=\"right\" radius=", 6, "neither cw nor ccw"},
+      {"radius=\"100\" length=\"100\" staStart=\"110\"><Start>2097.52877 1016.3714</Start>\n"
+       "<Center>2049.58622 1104.12966 7</Center>",
+       "><Start>2097.52877 1016.3714</Start>", 6, "neither Center nor PI gives it"},
+      {" length=\"100\" staStart=\"110\"><Start>2097.52877 1016.3714</Start>\n"
+       "<Center>2049.58622 1104.12966 7</Center>",
+       "><Start>2097.52877 1016.3714</Start>", 6, "to tell the shorter way"},
+      {"radius=\"100\" l", "radius=\"1e300\" l", 6, "larger than any alignment"},
+      {"radiusEnd=\"100\"", "radiusEnd=\"INF\"", 4, "both INF"},
+      {" length=\"100\" dirStart=\"0\"", "", 4, "length is missing, and so is constant"},
+      {" length=\"100\" dirStart=\"0\"", " constant=\"1e6\"", 4, "give no length"},
+      {"<End>2152.87258", "<End>1e300", 8, "lie outside any grid"},
+      {"staStart=\"110\"", "staStart=\"1e300\"", 6, "staStart is too large"},
+      {"<Start>2149.33572 1097.05594", "<Start>2149.33572 1097.1", 8,
+       "from the end of the element"},
+      {"10 50</PVI>", "10</PVI>", 11, "is not station and height"},
+      {"<PVI>260 52.8</PVI>", "<Chain/>", 12, "not supported, only PVI"},
+      {"<ParaCurve length=\"40\">100 53.6</ParaCurve>",
+       "<UnsymParaCurve lengthIn=\"0\" lengthOut=\"2\">100 53.6</UnsymParaCurve>", 11, "is 0"},
+      {"<PVI>10 50</PVI>", "<ParaCurve length=\"2\">10 50</ParaCurve>", 11, "cannot be rounded"},
+      {"<PVI>10 50</PVI><ParaCurve length=\"40\">100 53.6</ParaCurve>\n"
+       "<CircCurve radius=\"1000\">200 51.6</CircCurve><PVI>260 52.8</PVI>",
+       "<PVI>10 50</PVI>", 10, "fewer than two points"},
+      {"<PVI>10 50</PVI>", "<PVI>-5 50</PVI><PVI>-4 50</PVI></ProfAlign><ProfAlign>", 2,
+       "choose one by --profile"},
+      {"<Profile>",
+       "<StaEquation staBack=\"99\" staAhead=\"1\" staIncrement=\"decreasing\"/>"
+       "<Profile>",
+       10, "decrease ahead"},
+      {"<Profile>",
+       "<StaEquation staInternal=\"99\" staAhead=\"1\"/>"
+       "<StaEquation staInternal=\"98\" staAhead=\"1\"/><Profile>",
+       10, "before the equation"},
+      {"<Profile>", "<Cant><CantStation station=\"10\"/></Cant><Profile>", 10, "are needed"},
+      {"<Profile>", "<Cant><CantStation station=\"10\" appliedCant=\"900\"/></Cant><Profile>", 10,
+       "larger than any cant"},
+      {"linearUnit=\"meter\"", "linearUnit=\"ell\"", 1, "linearUnit \"ell\" is not known"},
+      {"linearUnit=\"meter\"", "linearUnit=\"meter\" elevationUnit=\"ell\"", 1, "elevationUnit"},
+      {"directionUnit=\"grads\"", "directionUnit=\"ell\"", 1, "directionUnit \"ell\""},
+      {"<Metric", "<Natural", 1, "neither Metric nor Imperial"},
+      {"<PVI>10 50</PVI>",
+       "<PVI>1000 50</PVI><PVI>2000 50</PVI><Feature/></ProfAlign></Profile>"
+       "<Profile><ProfAlign state=\"old\"/></Profile><Profile><ProfAlign>",
+       2, "by --profile"}};
   for (const auto& slip : slips) {
     SCOPED_TRACE(slip.to);
     const auto alignment = Exchange::readLandXml(changed(slip.from, slip.to));

@@ -13,6 +13,8 @@ import unittest
 import xml.etree.ElementTree as ElementTree
 
 import ezdxf
+from ezdxf.lldxf.encoding import decode_dxf_unicode
+from ezdxf.tools.text import plain_text
 from PIL import Image
 
 PROGRAM, DATA = sys.argv[1], pathlib.Path(sys.argv[2])
@@ -214,6 +216,205 @@ class Results(unittest.TestCase):
         self.assertGreater(drawn, 100)
         self.assertGreaterEqual(drawn + left_out, count)
         self.assertLess(drawn + left_out, count + 100)  # elements have labels too
+
+
+    def test_names_of_any_letters_stay_what_they_are(self):
+        names = ["100%", "a^b", '"q" <&>', "=1+1", "S\u00fcd", "\u4e2d\u5fc3", "#7", "-", "a, b; c"]
+        points = pathlib.Path(self.folder.name) / "names.csv"
+        with open(points, "w", newline="") as file:
+            writer = csv.writer(file, quoting=csv.QUOTE_ALL)
+            writer.writerow(["id", "east", "north", "height"])
+            for name, place in zip(names, rows_of(self.axis / "points_on_axis.csv")[::4]):
+                writer.writerow([name, place["east"], place["north"], place["height"]])
+        target = pathlib.Path(self.folder.name) / "names"
+        folder = run(target, AXIS, "--points", points, "--json", target.with_suffix(".json"))
+        self.assertEqual([p["id"] for p in self.json_of(folder)["points"]], names)
+        space, errors = drawing(folder / "plan.dxf")
+        self.assertEqual(errors, [])
+        drawn = [plain_text(decode_dxf_unicode(t.dxf.text)) for t in on("POINT_NAMES", space, "TEXT")]
+        self.assertEqual(sorted(drawn), sorted(names))
+        root = ElementTree.parse(folder / "plan.svg").getroot()
+        words = {"".join(text.itertext()) for text in root.iter(SVG + "text")}
+        self.assertLessEqual(set(names), words)
+        self.assertNotIn("<&>", (folder / "report.html").read_text())
+        given = [row["point"] for row in rows_of(folder / "points_on_axis.csv")]
+        self.assertEqual([name.lstrip("'") for name in given], names)
+
+    def test_station_equations_are_read_and_drawn(self):
+        axis = self.scratch("equation.xml", AXIS.read_text().replace(
+            "<Profile", '<StaEquation staInternal="8000" staAhead="500"/><Profile', 1))
+        target = pathlib.Path(self.folder.name) / "equation"
+        folder = run(target, axis, "--points", DATA / "surveyed_points.csv", "--json", target.with_suffix(".json"))
+        plain = {row["point"]: float(row["stationing"]) for row in rows_of(self.axis / "points_on_axis.csv")}
+        for row in rows_of(folder / "points_on_axis.csv"):
+            station, *ahead = row["stationing"].split()
+            place = plain[row["point"]]
+            self.assertEqual(ahead, ["ahead"] if place > 8000 else [])
+            self.assertAlmostEqual(float(station), place - 7500 if ahead else place, delta=1e-9)
+        self.assertIn("8+000.000 = 0+500.000 ahead", (folder / "plan.svg").read_text())
+        self.assertTrue(any("station" in place for place in self.json_of(folder)["axis"]["stations"]))
+
+    def scratch(self, name, text):
+        path = pathlib.Path(self.folder.name) / name
+        path.write_text(text)
+        return path
+
+    def test_an_axis_without_profile_and_a_strange_name(self):
+        text = AXIS.read_text()
+        start, end = text.index("<Profile"), text.index("</Profile>") + len("</Profile>")
+        axis = self.scratch("plan\x1b<&>.xml", text[:start] + text[end:])
+        target = pathlib.Path(self.folder.name) / "plan"
+        folder = run(target, axis, "--points", DATA / "surveyed_points.csv", "--json", target.with_suffix(".json"))
+        self.assertFalse((folder / "section.svg").exists())
+        point = self.json_of(folder)["points"][0]
+        self.assertIsNone(point["height_above_axis"])
+        plain = rows_of(self.axis / "points_on_axis.csv")[0]
+        self.assertAlmostEqual(point["offset"], float(plain["offset"]), delta=1e-4)
+        words = "".join(ElementTree.parse(folder / "plan.svg").getroot().itertext())
+        self.assertIn("<&>.xml", words)
+        for path in (folder / "plan.svg", folder / "report.html"):
+            self.assertNotIn("\x1b", path.read_text())
+
+    def test_sections_need_no_stations(self):
+        rows = [f"{name},{2.95 * math.sin(a / 100)},{2.95 * math.cos(a / 100)}" for name in "ab" for a in range(629)]
+        sections = self.scratch("bare.csv", "\n".join(["section,x,y", *rows]))
+        folder = run(pathlib.Path(self.folder.name) / "bare", "--design", DATA / "lining_5800_design.csv",
+                     "--sections", sections)
+        for row in rows_of(folder / "sections.csv"):
+            self.assertAlmostEqual(float(row["over area"]), math.pi * (2.95**2 - 2.9**2), delta=0.02)
+            self.assertNotIn("stationing", row)
+        self.assertFalse((folder / "volumes.csv").exists())
+
+    def test_what_does_not_fit_is_told(self):
+        points = (DATA / "surveyed_points.csv").read_text().splitlines()[3:]
+        swapped = [",".join([p[0], p[2], p[1], p[3]]) for p in (line.split(",") for line in points[:6])]
+        head = "id,east,north,height\n"
+        check = "station,offset,height_above_axis,east,north,height,azimuth\n"
+        place = ",0,0,662670.304,1521355.848,67.2,"
+        equation = AXIS.read_text().replace("<Profile", '<StaEquation staInternal="8000" staAhead="7500"/><Profile', 1)
+        triangle = "{0},{1},0,3\n{0},{1},3,0\n{0},{1},-3,-2\n"
+        rings = ["--design", DATA / "lining_5800_design.csv", "--sections"]
+        scan = ["--design", DATA / "road_t9p5_design.csv", "--scan"]
+        cases = [
+            (["--points"], head + "\n".join(swapped + points[-1:]), 3, "most points lie beside the axis only with east"),
+            (["--points"], head + "\n".join(swapped), 1, "east and north are swapped: name the columns"),
+            (["--points"], head + "1,5,5,5", 1, "1 lies beside no part of the axis"),
+            (["--check"], check + "7225" + place + "150.9", 1, "more than a full circle"),
+            (["--check"], check + "7225" + place + "2.6\n99999" + place + "2.6", 0, "station 99+999.000 ahead lies outside"),
+            (["--check"], "a,b\n1,2", 1, "there is no column station"),
+            (["--setout"], "station\n7310\n99999", 0, "2: the stationing 99+999.000 ahead lies outside the axis"),
+            (["--setout"], "station\n99999", 1, "no point lies beside the axis"),
+            (["--setout"], "a\n1", 1, "there is no column station"),
+            (rings, "x,y\n1,2\n", 1, "there is no column section, ring or station"),
+            (rings, "a,b\n1,2\n", 1, "there is no column x"),
+            (rings, "section,station,x,y\n" + "".join(triangle.format(i, 8001 + i) for i in range(2001)), 1,
+             "2001 sections, more than 2000"),
+            (rings, "section,station,x,y\n" + triangle.format(1, 7700) + triangle.format(2, 7300), 0,
+             "section 1: station 7+700.000 is there more than once"),
+            (scan, "3\n662715.958 1521273.490 67.754\n", 1, "the file ends after 1 of its 3 points"),
+            (scan, "1521273.490 662715.958 67.754\n", 1, "east and north are swapped"),
+            (["--exclude-above", "1", "--exclude-below", "2", *scan], "1 2 3\n", 2, "--exclude-below must be less"),
+        ]
+        axis = self.scratch("equation.xml", equation)
+        for i, (options, text, code, told) in enumerate(cases):
+            done = subprocess.run([PROGRAM, *map(str, (axis, *options, self.scratch(f"{i}.csv", text)))],
+                                  stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, universal_newlines=True)
+            self.assertEqual((done.returncode, told in done.stderr), (code, True), f"{told}: {done.stderr}")
+
+    def test_rings_with_every_option(self):
+        rings = pathlib.Path(self.folder.name) / "rings.csv"
+        lines = (DATA / "lining_5800_rings.csv").read_text().splitlines()
+        rings.write_text("\n".join(line for line in lines if line.split(",")[0] in ("ring", "0", "1", "2")) + "\n3,1,0,0,0,1,1")
+        target = pathlib.Path(self.folder.name) / "rings"
+        folder = run(target, "--design", DATA / "lining_5800_design.csv", "--sections", rings, "--origins",
+                     DATA / "lining_5800_origins.csv", "--sort", "--follow-design", "--magnify", "20",
+                     "--exclude-above", "2", "--exclude-below", "-2", "--geology-beyond", "0.04",
+                     "--geology-from", "0", "--json", target.with_suffix(".json"))
+        results = self.json_of(folder)["sections"]["results"]
+        self.assertEqual([result["name"] for result in results], ["2", "1", "0"])
+        for result in results:
+            self.assertLess(result["points_compared"], result["points"])
+            self.assertLess(abs(result["largest_over"]["distance"]), 0.06)
+        self.assertIn("drawn 20\u00d7", next((folder / "sections").glob("001*.svg")).read_text())
+
+
+STATION = [DATA / "machine_targets.csv", DATA / "machine_measurements.csv"]
+
+
+class Station(unittest.TestCase):
+    def run(self, result=None):
+        with tempfile.TemporaryDirectory() as folder:
+            self.folder = pathlib.Path(folder)
+            return super().run(result)
+
+    def station(self, *options, fix_points=STATION[0], measurements=STATION[1]):
+        json_file = self.folder / "station.json"
+        done = subprocess.run([PROGRAM.replace("tunnel_survey", "free_station"), *map(str, (
+            fix_points, measurements, "--json", json_file, "--output", self.folder / "station", *options))],
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE, universal_newlines=True)
+        return done, json.loads(json_file.read_text()) if json_file.exists() else None
+
+    def written(self, name, text):
+        (self.folder / name).write_text(text)
+        return self.folder / name
+
+    def test_guidance_and_places_on_the_axis(self):
+        done, results = self.station("--axis", AXIS, "--origin", "9+214,1.2,2.9", "--boom", "101")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertAlmostEqual(results["on_axis"]["station"], 9212.0, delta=0.1)
+        boom = next(point for point in results["points"] if point["id"] == "101")
+        self.assertAlmostEqual(boom["on_axis"]["height_above_axis"], 1.2, delta=2.0)
+        parallel, straight = results["guidance"]
+        for line in (parallel, straight):  # five metres ahead of the boom
+            ahead = line["ahead"]
+            self.assertLess(math.dist([ahead[k] for k in ("east", "north")], [boom[k] for k in ("east", "north")]), 6.0)
+
+    def test_both_faces_and_heights_of_instrument_and_targets(self):
+        head, *rows = STATION[1].read_text().split()
+        faces = []
+        for row in rows:
+            name, horizontal, zenith, distance = row.split(",")
+            faces += [row + ",0,1.5", f"{name},{(float(horizontal) + 200) % 400},{400 - float(zenith)},{distance},0,1.5"]
+        done, results = self.station(measurements=self.written(
+            "faces.csv", "\n".join([head + ",target_height,instrument_height", *faces])))
+        _, plain = self.station()
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertIn("Repeated sightings", done.stdout)
+        self.assertRegex(done.stdout, r"101 +2 +both")
+        height = results["station"]["height"]["value"]
+        self.assertAlmostEqual(height, plain["station"]["height"]["value"], delta=1e-6)
+        self.assertAlmostEqual(results["station"]["height of the ground point"]["value"], height - 1.5, delta=1e-9)
+
+    def test_what_is_doubtful_or_wrong(self):
+        targets, measured = STATION[0].read_text(), STATION[1].read_text()
+        cases = [
+            ({"fix_points": targets + targets.splitlines()[1]}, 0, "fix point T1 is given in line 2 already"),
+            ({"fix_points": targets + "T1,662169.3268,1519480.5570,62.8590\n"}, 3, "T1 is given twice, 0.100 m apart"),
+            ({"measurements": measured + "101,209.2131,124.9910,6.6762\n"}, 3, "the sightings of 101 differ by"),
+            ({"measurements": measured + "x,208.7131,424.9910,6.6762\n"}, 0, "the zenith angle is none from 0"),
+            ({"measurements": "id,hz,v,sd,hi\n101,208.6131,124.9910,6.6762,1.5\n102,184.2897,78.7052,6.4271,1.6\n"},
+             1, "another set-up"),
+            ({"measurements": measured.replace("103,226.1631,92.9196,6.4781", "103,226.1631,92.9196,6.5081")}, 0, ""),
+            ({"measurements": "\n".join(line + (",1.5" if i else ",th") for i, line in enumerate(measured.split()))},
+             3, "the instrument is tilted by 0.110 gon"),
+            ({"options": ("--axis", AXIS, "--origin", "9214,x,2")}, 2, "x is no distance in metres"),
+            ({"options": ("--axis", AXIS, "--origin", "99+000,0,2", "--boom", "101")}, 1, "lies beyond the axis"),
+        ]
+        for case, code, told in cases:
+            files = {key: self.written(key + ".csv", text) for key, text in case.items() if key != "options"}
+            done, _ = self.station(*case.get("options", ()), **files)
+            self.assertEqual((done.returncode, told in done.stderr), (code, True), f"{told}: {done.stderr}")
+            outlier = "measurement 103 to fix point" in done.stdout  # 3 cm too far, within the tolerance
+            self.assertEqual(outlier, "6.5081" in str(case))
+
+    def test_a_station_that_is_not_computed_is_null(self):
+        head, *rows = STATION[1].read_text().split()
+        degrees = [",".join([r[0], str(float(r[1]) * 0.9), str(float(r[2]) * 0.9), r[3]])
+                   for r in (row.split(",") for row in rows)]
+        done, results = self.station(measurements=self.written("degrees.csv", "\n".join([head, *degrees])))
+        self.assertEqual(done.returncode, 3)
+        self.assertIsNone(results["station"])
+        self.assertTrue(any("--angles deg" in doubt for doubt in results["doubts"]))
 
 
 unittest.main(argv=sys.argv[:1])
