@@ -79,6 +79,7 @@ class Recognition {
   Cells headingCells(const std::string& line, Separator separator, TableCells& store);
   void useHeadings(Attempt& attempt, const Cells& cells, const HeadingMatch& match) const;
   void takeUnitLine(Attempt& attempt) const;
+  bool showsMinutes(const Attempt& attempt, std::size_t place) const;
   void settleUnits(Attempt& attempt) const;
   void readRows(Attempt& attempt) const;
   std::optional<std::size_t> columnNamed(const std::string& name) const;
@@ -88,6 +89,8 @@ class Recognition {
   bool mayHideDecimalCommas(const Attempt& chosen) const;
   Remark withoutColumns() const;
   Remark withoutRows(const Attempt& chosen) const;
+  std::string describeColumn(const Attempt& chosen, const Cells& headings,
+                             std::size_t column) const;
   std::string describe(const Attempt& chosen);
 
   const TableSample& m_sample;
@@ -238,10 +241,20 @@ void Recognition::takeUnitLine(Attempt& attempt) const {
   }
 }
 
+/// Whether a row has degrees and minutes at a place.
+bool Recognition::showsMinutes(const Attempt& attempt, std::size_t place) const {
+  TableCells store;
+  const auto hasMinutes = [&](const TextLine& line) {
+    const Cells& cells = store.split(line.text, attempt.layout.separator);
+    return place < cells.size() && isSexagesimal(cells[place], attempt.layout.decimal);
+  };
+  const auto rows = m_sample.lines.begin() + static_cast<std::ptrdiff_t>(attempt.firstRow);
+  return std::any_of(rows, m_sample.lines.end(), hasMinutes);
+}
+
 /// The options come first, then the headings, then what the angles show by themselves.
 void Recognition::settleUnits(Attempt& attempt) const {
   TableLayout& layout = attempt.layout;
-  TableCells store;
   for (std::size_t i = 0; i < m_schema.columns.size(); ++i) {
     if (!layout.places[i]) continue;
     const std::size_t place = *layout.places[i];
@@ -259,12 +272,7 @@ void Recognition::settleUnits(Attempt& attempt) const {
       return;
     }
     layout.angleUnits[i] = named ? named->angle : m_schema.angleUnit;
-    for (std::size_t row = attempt.firstRow; row < m_sample.lines.size() && !named; ++row) {
-      const Cells& cells = store.split(m_sample.lines[row].text, layout.separator);
-      if (place < cells.size() && isSexagesimal(cells[place], layout.decimal)) {
-        layout.angleUnits[i] = AngleUnit::Sexagesimal;
-      }
-    }
+    if (!named && showsMinutes(attempt, place)) layout.angleUnits[i] = AngleUnit::Sexagesimal;
   }
 }
 
@@ -388,10 +396,11 @@ std::string listOf(const Cells& cells) {
   return list + (cells.size() > kMost ? ", ..." : "");
 }
 
-std::string joined(const std::vector<std::string>& names) {
+std::string joined(const std::vector<std::string>& words, const char* between) {
   std::string text;
-  for (const std::string& name : names) {
-    text += (text.empty() ? "" : ",") + name;
+  for (const std::string& word : words) {
+    if (!text.empty()) text += between;
+    text += word;
   }
   return text;
 }
@@ -426,7 +435,8 @@ Remark Recognition::withoutColumns() const {
   const std::string seen = std::to_string(found.size()) + " columns separated by " +
                            nameOf(separator) + ": " + listOf(found);
   const std::string advice = "; name the columns in their order, as --columns " +
-                             joined(m_schema.usualOrder) + ", with - for those that are not wanted";
+                             joined(m_schema.usualOrder, ",") +
+                             ", with - for those that are not wanted";
   const bool isHeading = !hasNumbers || (best != nullptr && best->headings.matched > 1);
   if (!isHeading) {
     return {line.number, "there is no header line, but " + seen + advice +
@@ -447,35 +457,36 @@ Remark Recognition::withoutRows(const Attempt& chosen) const {
               "; if that is wrong, give --delimiter, --decimal or --columns)"};
 }
 
+/// Nothing for a plain name.
+std::string Recognition::describeColumn(const Attempt& chosen, const Cells& headings,
+                                        std::size_t column) const {
+  const TableColumn& known = m_schema.columns[column];
+  const auto place = chosen.layout.places[column];
+  if (!place) return known.isCounted ? "rows counted" : "";
+  const bool isNamed = *place < headings.size() && !chosen.headings.places.empty();
+  const std::string heading = isNamed ? visible(headings[*place]) : known.name;
+  if (heading == known.name) return {};
+  const auto unit = chosen.layout.angleUnits[column];
+  const bool hasUnit = known.quantity == Quantity::Angle && unit;
+  return heading + " as " + known.name + (hasUnit ? " in " + nameOf(*unit) : "");
+}
+
 /// Nothing for commas, decimal points and the plain names.
 std::string Recognition::describe(const Attempt& chosen) {
   const TableLayout& layout = chosen.layout;
-  std::string text;
-  if (layout.separator != Separator::Comma) text += nameOf(layout.separator);
-  if (layout.decimal == ',') text += (text.empty() ? "" : ", ") + std::string("decimal commas");
+  std::vector<std::string> parts;
+  if (layout.separator != Separator::Comma) parts.push_back(nameOf(layout.separator));
+  if (layout.decimal == ',') parts.emplace_back("decimal commas");
   TableCells store;
   Cells headings;
   if (chosen.firstRow > 0) {
     headings = headingCells(m_sample.lines[chosen.firstRow - 1].text, layout.separator, store);
   }
   for (std::size_t i = 0; i < m_schema.columns.size(); ++i) {
-    const TableColumn& column = m_schema.columns[i];
-    if (!layout.places[i]) {
-      if (column.isCounted) text += (text.empty() ? "" : ", ") + std::string("rows counted");
-      continue;
-    }
-    const bool isNamed = *layout.places[i] < headings.size() && !chosen.headings.places.empty();
-    const std::string heading = isNamed ? visible(headings[*layout.places[i]]) : column.name;
-    std::string unit;
-    if (column.quantity == Quantity::Angle && layout.angleUnits[i]) {
-      unit = nameOf(*layout.angleUnits[i]);
-    }
-    if (heading != column.name) {
-      text += (text.empty() ? "" : ", ") + heading + " as " + column.name +
-              (unit.empty() ? "" : " in " + unit);
-    }
+    const std::string part = describeColumn(chosen, headings, i);
+    if (!part.empty()) parts.push_back(part);
   }
-  return text;
+  return joined(parts, ", ");
 }
 
 Outcome<RecognisedTable> Recognition::run() {
