@@ -73,7 +73,7 @@ class MeanBase {
   ChainPlace onLeftWall(double y) const {
     for (std::size_t i = 0; i < m_numUpper; ++i) {
       const double foot = m_hasFloor ? 0.0 : fractionOfFlat(ring[i]);
-      if (foot == 1.0 || ring[i].end.y < y) continue;
+      if (foot == 1.0 || !comesUpTo(ring[i], y)) continue;
       return {i, std::max(foot, fractionUpwards(ring[i], y))};
     }
     return {m_numUpper - 1, 1.0};
@@ -84,7 +84,7 @@ class MeanBase {
     for (std::size_t i = m_numUpper; i-- > 0;) {
       const TurningChord piece = ring[i].reversed().mirrored();
       const double foot = m_hasFloor ? 0.0 : fractionOfFlat(piece);
-      if (foot == 1.0 || piece.end.y < y) continue;
+      if (foot == 1.0 || !comesUpTo(piece, y)) continue;
       return {i, 1.0 - std::max(foot, fractionUpwards(piece, y))};
     }
     return {0, 0.0};

@@ -78,7 +78,7 @@ std::vector<Point2D> nodesOf(const TurningChords& chain) {
 /// The point of a left wall at a height, first met from below.
 Point2D wallAt(const TurningChords& upper, double y) {
   for (const TurningChord& piece : upper) {
-    if (piece.end.y >= y) return piece.pointAt(fractionUpwards(piece, y));
+    if (comesUpTo(piece, y)) return piece.pointAt(fractionUpwards(piece, y));
   }
   return upper.back().end;
 }

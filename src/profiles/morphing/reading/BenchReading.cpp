@@ -17,6 +17,9 @@ namespace {
 /// The top of a bench is no higher above the floor than this part of the outline's height.
 constexpr double kTallestBench = 0.35;
 
+/// Arcs are looked at in steps of this turning (rad): a crown is then known to a thousandth.
+constexpr double kSampleTurning = 0.1;
+
 /// Where a wall, lengthened downwards, meets a floor.
 Point2D footBelow(const TurningChord& wall, const FloorLine& floor) {
   const double height = floor.heightOf(wall.start);
@@ -67,10 +70,11 @@ std::optional<double> crossingOf(const TurningChord& piece, const FloorLine& flo
   return high;
 }
 
+/// Crowns of arcs included.
 double heightAbove(const FloorLine& floor, const TurningChords& chain) {
   double height = 0.0;
-  for (const TurningChord& piece : chain) {
-    height = std::max(height, floor.heightOf(piece.end));
+  for (const Point2D& p : sampled(chain, kSampleTurning)) {
+    height = std::max(height, floor.heightOf(p));
   }
   return height;
 }

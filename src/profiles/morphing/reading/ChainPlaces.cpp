@@ -19,11 +19,17 @@ TurningChord quarterTurned(const TurningChord& piece) {
           piece.turning};
 }
 
+/// True when an arc turns on clockwise beyond upwards: it has then been farther left than its end.
+bool bulgesLeft(const TurningChord& piece) {
+  const double first = turningBetween(kLeftwards, piece.headingAtStart());
+  return piece.isArc() && first < kHalfPi && first + piece.turning > kHalfPi;
+}
+
 }  // namespace
 
 double fractionLeftwards(const TurningChord& piece, double x) {
   if (!(x < piece.start.x)) return 0.0;
-  if (!(x > piece.end.x)) return 1.0;
+  if (!(x > piece.end.x) && !bulgesLeft(piece)) return 1.0;
   if (!piece.isArc()) return (x - piece.start.x) / piece.chord().x;
   // A point on an arc lies left of its centre by the radius times the cosine of the heading.
   const double first = turningBetween(kLeftwards, piece.headingAtStart());
@@ -34,6 +40,14 @@ double fractionLeftwards(const TurningChord& piece, double x) {
 /// The same question a quarter turn later.
 double fractionUpwards(const TurningChord& piece, double y) {
   return fractionLeftwards(quarterTurned(piece), -y);
+}
+
+bool comesUpTo(const TurningChord& piece, double y) {
+  if (piece.end.y >= y) return true;
+  const TurningChord turned = quarterTurned(piece);
+  if (!bulgesLeft(turned)) return false;
+  const double first = turningBetween(kLeftwards, turned.headingAtStart());
+  return piece.start.y + piece.radius() * (1.0 - std::sin(first)) >= y;
 }
 
 void appendPart(TurningChords& to, const TurningChords& chain, const ChainPlace& from,

@@ -33,6 +33,9 @@ double fractionLeftwards(const TurningChord& piece, double x);
 /// The same for one that leads upwards.
 double fractionUpwards(const TurningChord& piece, double y);
 
+/// True when a piece is as high as y somewhere, an arc perhaps at its crown only.
+bool comesUpTo(const TurningChord& piece, double y);
+
 /// Appends what lies between two places, of which the first comes first.
 void appendPart(TurningChords& to, const TurningChords& chain, const ChainPlace& from,
                 const ChainPlace& end);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Ruv {
 namespace Calculations {
@@ -41,6 +42,42 @@ bool continuesFloor(const TurningChord& last, const TurningChord& next, bool isN
   return isNeighbour || (gap.x < 0.0 && std::abs(gap.y - slope * gap.x) <= -gap.x * kLargestStep);
 }
 
+/// Goes along a floor to the left, over the mouths of ditches.
+/// @param ring begins with the part of the floor from which it is read
+LeftHalf readLeftwards(const TurningChords& ring) {
+  LeftHalf half;
+  std::size_t last = 0;
+  for (std::size_t next = 1; next < ring.size(); ++next) {
+    if (!continuesFloor(ring[last], ring[next], next == last + 1)) continue;
+    if (next > last + 1) {
+      half.detours.push_back({DetourSite::Floor, part(ring, last + 1, next)});
+      half.floor.push_back(continuedTo(ring[next].start, ring[last]));
+    }
+    half.floor.push_back(ring[next]);
+    half.isLastJoined = next == last + 1;
+    half.width -= ring[next].chord().x;
+    half.widestPart = std::max(half.widestPart, -ring[next].chord().x);
+    last = next;
+  }
+  half.numRead = last + 1;
+  return half;
+}
+
+/// The floor of which a piece is a part. The outline is begun with that piece and read from there
+/// to the left, and its mirror image likewise; so both halves are read alike.
+FloorReading readAround(TurningChords::const_iterator piece, const TurningChords& elements) {
+  FloorReading floor;
+  floor.ring.assign(piece, elements.end());
+  floor.ring.insert(floor.ring.end(), elements.begin(), piece);
+  floor.ringFromRight = mirrored(floor.ring);
+  std::rotate(floor.ringFromRight.begin(), floor.ringFromRight.end() - 1,
+              floor.ringFromRight.end());
+  floor.left = readLeftwards(floor.ring);
+  floor.right = readLeftwards(floor.ringFromRight);
+  floor.width = floor.left.width + floor.right.width - piece->chord().x;
+  return floor;
+}
+
 }  // namespace
 
 double Fading::operator()(double value) const {
@@ -54,30 +91,19 @@ double slopeOf(const TurningChord& piece) {
 
 bool isLedge(const TurningChord& piece) { return !piece.isArc() && leadsLeft(piece); }
 
-TurningChords::const_iterator mainPartOf(const TurningChords& elements) {
-  auto main = elements.end();
+/// A floor is read from its widest part: from there the mouth of a ditch does not lead up to a
+/// bench. The mouths do not count: two benches of one height would otherwise make a floor with a
+/// ditch of what is a floor between benches.
+std::optional<FloorReading> readWidestFloor(const TurningChords& elements) {
+  std::optional<FloorReading> widest;
   for (auto piece = elements.begin(); piece != elements.end(); ++piece) {
     if (!isFloorLike(*piece)) continue;
-    if (main == elements.end() || piece->chord().x < main->chord().x) main = piece;
+    FloorReading floor = readAround(piece, elements);
+    const double wider = std::max(floor.left.widestPart, floor.right.widestPart);
+    if (wider > -piece->chord().x) continue;
+    if (!widest || floor.width > widest->width) widest = std::move(floor);
   }
-  return main;
-}
-
-LeftHalf readFloorLeftwards(const TurningChords& ring) {
-  LeftHalf half;
-  std::size_t last = 0;
-  for (std::size_t next = 1; next < ring.size(); ++next) {
-    if (!continuesFloor(ring[last], ring[next], next == last + 1)) continue;
-    if (next > last + 1) {
-      half.detours.push_back({DetourSite::Floor, part(ring, last + 1, next)});
-      half.floor.push_back(continuedTo(ring[next].start, ring[last]));
-    }
-    half.floor.push_back(ring[next]);
-    half.isLastJoined = next == last + 1;
-    last = next;
-  }
-  half.numRead = last + 1;
-  return half;
+  return widest;
 }
 
 }  // namespace Calculations

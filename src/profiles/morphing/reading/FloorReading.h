@@ -8,6 +8,7 @@
 #include "profiles/morphing/reading/Detour.h"
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace Ruv {
@@ -38,20 +39,27 @@ double slopeOf(const TurningChord& piece);
 /// True when a straight leads to the left and is nearly level: the top of a bench.
 bool isLedge(const TurningChord& piece);
 
-/// The widest part of a floor; the end when there is none.
-TurningChords::const_iterator mainPartOf(const TurningChords& elements);
-
-/// The left half of an outline as read: how the floor goes on from its main part, and the rest.
+/// The left half of a floor: how it goes on from one of its parts.
 struct LeftHalf {
-  TurningChords floor;  ///< without the main part
+  TurningChords floor;  ///< without the part from which it is read
   std::vector<Detour> detours;
-  std::size_t numRead = 0;   ///< pieces, main part included
+  double width = 0.0;        ///< of the parts, mouths left out
+  double widestPart = 0.0;   ///< of them
+  std::size_t numRead = 1;   ///< pieces of the outline, the first part included
   bool isLastJoined = true;  ///< to the part before it, without a detour
 };
 
-/// Goes along a floor to the left, over the mouths of ditches.
-/// @param ring begins with the main part of the floor
-LeftHalf readFloorLeftwards(const TurningChords& ring);
+/// A floor as read from one of its parts to both sides.
+struct FloorReading {
+  TurningChords ring;           ///< the outline, begun with that part
+  TurningChords ringFromRight;  ///< its mirror image, begun likewise
+  LeftHalf left;
+  LeftHalf right;  ///< mirrored
+  double width = 0.0;
+};
+
+/// The floor that is widest; nothing when there is none.
+std::optional<FloorReading> readWidestFloor(const TurningChords& elements);
 
 }  // namespace Calculations
 }  // namespace Ruv

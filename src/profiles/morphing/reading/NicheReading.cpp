@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <optional>
+#include <vector>
 
 namespace Ruv {
 namespace Calculations {
@@ -23,6 +25,9 @@ constexpr double kDent = 0.3;
 
 /// The mouth of a niche is no higher than this part of the outline.
 constexpr double kHighestMouth = 0.4;
+
+/// Arcs are looked at in steps of this turning (rad): a crown is then known to a thousandth.
+constexpr double kSampleTurning = 0.1;
 
 /// A detour leaves and comes back at corners or by fillets, and it has a dent.
 bool isDetour(const TurningChords& chain, std::size_t first, std::size_t last) {
@@ -48,14 +53,12 @@ bool continuesWall(const TurningChord& last, const TurningChord& next) {
   return std::abs(aside) <= kAsideWall;
 }
 
+/// Crowns of arcs included.
 double heightOf(const TurningChords& chain) {
-  double low = chain.front().start.y;
-  double high = low;
-  for (const TurningChord& piece : chain) {
-    low = std::min(low, piece.end.y);
-    high = std::max(high, piece.end.y);
-  }
-  return high - low;
+  const std::vector<Point2D> points = sampled(chain, kSampleTurning);
+  const auto [low, high] = std::minmax_element(
+      points.begin(), points.end(), [](const Point2D& a, const Point2D& b) { return a.y < b.y; });
+  return high->y - low->y;
 }
 
 /// A niche in a chain of pieces: where it begins, and the piece behind it.
@@ -64,20 +67,29 @@ struct Niche {
   std::size_t next = 0;
 };
 
-/// The niches of the left wall, from the foot up.
+/// The lowest piece below a niche, when the wall goes on there that ends above it. Of several the
+/// nearest: two niches are not one, and a bench below a niche is no part of it.
+std::optional<std::size_t> wallBelow(const TurningChords& upper, std::size_t next, double highest) {
+  for (std::size_t last = next - 1; last-- > 0;) {
+    const double mouth = upper[next].start.y - upper[last].end.y;
+    if (!(mouth > 0.0 && mouth <= highest)) continue;
+    if (continuesWall(upper[last], upper[next]) && isDetour(upper, last + 1, next)) return last;
+  }
+  return std::nullopt;
+}
+
+/// The niches of the left wall, from the foot up. The wall is followed from the crown down, where
+/// there is most of it: what lies beside its continuation at the foot is a bench.
 std::vector<Niche> leftNichesOf(const TurningChords& upper) {
   std::vector<Niche> niches;
   const double highest = kHighestMouth * heightOf(upper);
-  for (std::size_t i = 0; i < upper.size(); ++i) {
-    for (std::size_t next = i + 2; next < upper.size(); ++next) {
-      const double mouth = upper[next].start.y - upper[i].end.y;
-      if (!(mouth > 0.0 && mouth <= highest)) continue;
-      if (!continuesWall(upper[i], upper[next]) || !isDetour(upper, i + 1, next)) continue;
-      niches.push_back({i + 1, next});
-      i = next - 1;
-      break;
-    }
+  for (std::size_t next = upper.size() - 1; next > 1; --next) {
+    const auto last = wallBelow(upper, next, highest);
+    if (!last) continue;
+    niches.push_back({*last + 1, next});
+    next = *last + 1;
   }
+  std::reverse(niches.begin(), niches.end());
   return niches;
 }
 

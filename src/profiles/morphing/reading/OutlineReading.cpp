@@ -39,21 +39,13 @@ bool isNearlyConvex(const TurningChords& ring) {
   return turningBackOf(ring) + std::max(0.0, -joint) <= kShallowDents;
 }
 
-/// The ring is begun with the main part of the floor and read from there to the left, and its
-/// mirror image likewise; so both sides are read alike, and a mirrored outline is read as the
-/// mirror image. What neither half takes for floor are walls and crown, from which niches are cut
-/// next and benches at the feet last.
+/// What is not floor are walls and crown, from which niches are cut first and benches at the feet
+/// last. Left and right are read alike, so a mirrored outline is read as the mirror image.
 OutlineReading readOutline(const TurningChords& elements, bool cutsFeet) {
   OutlineReading none{elements, {}, {}, 0.0};
-  const auto main = mainPartOf(elements);
-  if (main == elements.end()) return none;
-  TurningChords ring(main, elements.end());
-  ring.insert(ring.end(), elements.begin(), main);
-  TurningChords ringFromRight = mirrored(ring);
-  std::rotate(ringFromRight.begin(), ringFromRight.end() - 1, ringFromRight.end());
-
-  LeftHalf left = readFloorLeftwards(ring);
-  LeftHalf right = readFloorLeftwards(ringFromRight);
+  auto found = readWidestFloor(elements);
+  if (!found) return none;
+  auto& [ring, ringFromRight, left, right, width] = *found;
   if (left.numRead + right.numRead > ring.size()) return none;
   TurningChords upper = part(ring, left.numRead, ring.size() + 1 - right.numRead);
   OutlineReading reading;
