@@ -14,48 +14,67 @@ namespace Calculations {
 
 namespace {
 
-/// The top of a bench is no higher above the floor than this part of the outline's height.
-constexpr double kTallestBench = 0.35;
+/// The top of a bench is no higher above the floor than this part of the outline's height: below
+/// the crown, that is.
+constexpr double kTallestBench = 0.8;
+
+/// The part of a bench's height over which the wall above it is looked at to see how it goes on
+/// below. Walls that are plumb for a fifth of that height are plumb behind the bench.
+constexpr double kCourseReach = 0.2;
+
+/// Walls behind benches lean by no more than this (rad) from the plumb line ...
+constexpr double kLargestLean = 1.0;
+/// ... and fall by at least this much per length towards the floor.
+constexpr double kLeastFall = 0.3;
+
+/// Enough for a lengthening to be known to the last digit where it is as long as the radius.
+constexpr int kLengtheningSteps = 40;
 
 /// Arcs are looked at in steps of this turning (rad): a crown is then known to a thousandth.
 constexpr double kSampleTurning = 0.1;
 
-/// Where a wall, lengthened downwards, meets a floor.
-Point2D footBelow(const TurningChord& wall, const FloorLine& floor) {
-  const double height = floor.heightOf(wall.start);
-  const double heading = wall.headingAtStart();
-  const double fall = std::cos(heading) - floor.slope * std::sin(heading);
-  // Without a slope worth the name: plumb.
-  const Point2D plumb(wall.start.x, wall.start.y - height);
-  if (!(fall > 0.5)) return plumb;
-  const Point2D straight =
-      wall.start - Point2D(std::sin(heading), std::cos(heading)) * (height / fall);
-  if (!wall.isArc()) return straight;
-  const double radius = wall.radius();
-  const Point2D centre = wall.start + Point2D(std::cos(heading), -std::sin(heading)) * radius;
-  const double norm = std::hypot(1.0, floor.slope);
-  const double distance = floor.heightOf(centre) / norm;
-  if (!(std::abs(distance) < std::abs(radius))) return straight;
-  // Of both intersections the one on the wall's side of the centre.
-  const double half = std::sqrt((radius - distance) * (radius + distance));
-  const Point2D middle = centre + Point2D(floor.slope, -1.0) * (distance / norm);
-  const Point2D along = Point2D(1.0, floor.slope) * (half / norm);
-  const Point2D foot = wall.start.x < centre.x ? middle - along : middle + along;
-  return (foot - wall.start).length() < 3.0 * std::abs(height) ? foot : straight;
+/// How a wall leads at its lower end.
+struct Course {
+  double heading = 0.0;    ///< upwards
+  double curvature = 0.0;  ///< turning by length
+};
+
+/// The mean course over some length. A wall that the bench beside it has nearly used up must not
+/// let the vault above it take over at once.
+Course courseOf(const TurningChords& upper, double length) {
+  const double first = upper.front().headingAtStart();
+  double passed = 0.0;
+  double turned = 0.0;
+  double moment = 0.0;
+  for (const TurningChord& piece : upper) {
+    const double part = std::min(1.0, (length - passed) / piece.length());
+    const double middle = piece.headingAtStart() + part * piece.turning / 2.0;
+    moment += part * piece.length() * turningBetween(first, middle);
+    turned += part * piece.turning;
+    passed += part * piece.length();
+    if (part < 1.0) break;
+  }
+  return {first + moment / passed - turned / 2.0, turned / passed};
 }
 
-/// The wall with its lengthening down to the foot.
-TurningChords lengthened(const TurningChords& upper, const Point2D& foot) {
-  const TurningChord& wall = upper.front();
-  const Point2D gap = wall.start - foot;
-  double bend = 0.0;
-  if (wall.isArc()) {
-    const double half = gap.length() / 2.0 / wall.radius();
-    bend = 2.0 * std::asin(std::clamp(half, -1.0, 1.0));
+/// A wall lengthened down to a floor: bent as it is above, an arc goes on as the same arc. The
+/// chord c of the lengthening leads back from the heading by asin(c k / 2) for the curvature k, and
+/// c follows from the direction in which the chord falls.
+TurningChord lengthening(const TurningChords& upper, const FloorLine& floor) {
+  const Point2D top = upper.front().start;
+  const double height = floor.heightOf(top);
+  const Course course = courseOf(upper, kCourseReach * height);
+  TurningChord piece{top, top, 0.0};
+  for (int i = 0; i < kLengtheningSteps; ++i) {
+    const double halfBend =
+        std::asin(std::clamp(piece.chord().length() * course.curvature / 2.0, -1.0, 1.0));
+    const double lean = std::clamp(turningBetween(0.0, course.heading - halfBend), -kLargestLean,
+                                   kLargestLean);
+    const double fall = std::max(std::cos(lean) - floor.slope * std::sin(lean), kLeastFall);
+    piece.start = top - Point2D(std::sin(lean), std::cos(lean)) * (height / fall);
+    piece.turning = 2.0 * halfBend;
   }
-  TurningChords chain{{foot, wall.start, bend}};
-  chain.insert(chain.end(), upper.begin(), upper.end());
-  return merged(chain);
+  return piece;
 }
 
 /// How far a piece is passed until it meets a floor from below; nothing when it does not.
@@ -84,22 +103,25 @@ double heightAbove(const FloorLine& floor, const TurningChords& chain) {
 /// Up to the last ledge that is low enough all belongs to the bench. Where the wall behind it
 /// begins above the floor, it is lengthened down to the foot on the floor; where it begins below,
 /// in a ditch beside the wall, what lies below the floor belongs to the ditch.
-std::optional<Detour> cutFootDetour(TurningChords& upper, const FloorLine& floor) {
+std::optional<Detour> cutFootDetour(TurningChords& upper, const TurningChord& lastOfFloor) {
+  const FloorLine floor{lastOfFloor.end, slopeOf(lastOfFloor)};
   const double tallest = kTallestBench * heightAbove(floor, upper);
   std::size_t count = 0;
   for (std::size_t i = 0; i < upper.size(); ++i) {
-    if (floor.heightOf(upper[i].end) > tallest) break;
+    if (heightAbove(floor, {upper[i]}) > tallest || floor.heightOf(upper[i].end) > tallest) break;
     if (isLedge(upper[i])) count = i + 1;
   }
   if (count == 0 || count == upper.size()) return std::nullopt;
-  // A bench turns back from its front, or the wall from its top.
-  const TurningChords bench = part(upper, 0, count + 1);
+  // A bench turns back from its front, the wall from its top, or a ditch from the floor.
+  TurningChords bench = part(upper, 0, count + 1);
+  bench.insert(bench.begin(), lastOfFloor);
   if (!(turningBackOf(bench) > 0.0)) return std::nullopt;
   Detour detour{DetourSite::LeftFoot, part(upper, 0, count)};
   upper = part(upper, count, upper.size());
   const double height = floor.heightOf(upper.front().start);
   if (height > kSamePoint) {
-    upper = lengthened(upper, footBelow(upper.front(), floor));
+    upper.insert(upper.begin(), lengthening(upper, floor));
+    upper = merged(upper);
   } else if (height < -kSamePoint) {
     detour.site = DetourSite::Floor;
     while (upper.size() > 1) {

@@ -14,7 +14,8 @@ namespace Calculations {
 
 /// The bench or ditch between a floor and the left wall, when there is one.
 /// @param upper from the end of the floor on; on return from the foot on
-std::optional<Detour> cutFootDetour(TurningChords& upper, const FloorLine& floor);
+/// @param lastOfFloor the part of the floor that leads to the bench
+std::optional<Detour> cutFootDetour(TurningChords& upper, const TurningChord& lastOfFloor);
 
 }  // namespace Calculations
 }  // namespace Ruv

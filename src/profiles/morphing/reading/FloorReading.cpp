@@ -19,8 +19,8 @@ constexpr double kSteepestFloor = 0.466;
 constexpr double kLargestKink = 0.35;
 
 /// Over the mouth of a ditch one part of a floor is no more than this part of the mouth beside the
-/// continuation of the other.
-constexpr double kLargestStep = 0.6;
+/// continuation of the other: what is higher is a walkway, and the ditch beside it a part of that.
+constexpr double kLargestStep = 0.3;
 
 /// True when a piece leads to the left and is nearly level.
 bool leadsLeft(const TurningChord& piece) {

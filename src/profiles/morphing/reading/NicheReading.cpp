@@ -24,7 +24,7 @@ constexpr double kAsideWall = 0.6;
 constexpr double kDent = 0.3;
 
 /// The mouth of a niche is no higher than this part of the outline.
-constexpr double kHighestMouth = 0.4;
+constexpr double kHighestMouth = 0.8;
 
 /// Arcs are looked at in steps of this turning (rad): a crown is then known to a thousandth.
 constexpr double kSampleTurning = 0.1;

@@ -3,6 +3,7 @@
 
 #include "profiles/morphing/reading/BenchReading.h"
 #include "profiles/morphing/reading/ChainParts.h"
+#include "profiles/morphing/reading/ChainPlaces.h"
 #include "profiles/morphing/reading/FloorFirmness.h"
 #include "profiles/morphing/reading/FloorReading.h"
 #include "profiles/morphing/reading/NicheReading.h"
@@ -23,6 +24,20 @@ Detour mirrored(const Detour& detour) {
   Detour other{detour.site, mirrored(detour.pieces)};
   if (detour.site == DetourSite::LeftFoot) other.site = DetourSite::RightFoot;
   return other;
+}
+
+/// A floor goes on under a bench to the foot of the wall behind it. Where that wall leans so far
+/// inwards below that its foot lies before the bench, the floor is shorter.
+void endAt(TurningChords& floor, const Point2D& foot) {
+  while (floor.size() > 1 && foot.x >= floor.back().start.x)
+    floor.pop_back();
+  TurningChord& last = floor.back();
+  if (foot.x < last.end.x) {
+    floor.push_back({last.end, foot, 0.0});
+  } else {
+    last = last.part(0.0, fractionLeftwards(last, foot.x));
+    last.end = foot;
+  }
 }
 
 }  // namespace
@@ -51,23 +66,23 @@ OutlineReading readOutline(const TurningChords& elements, bool cutsFeet) {
   OutlineReading reading;
   if (!cutNiches(upper, reading.detours)) return none;
 
-  const auto cutFoot = [&](LeftHalf& half, const TurningChord& first) {
-    const TurningChord last = half.floor.empty() ? first : half.floor.back();
-    const FloorLine line{last.end, slopeOf(last)};
-    const auto detour = cutFootDetour(upper, line);
-    if (!detour) return;
-    half.detours.push_back(*detour);
-    half.floor.push_back({last.end, upper.front().start, 0.0});
-  };
-  if (cutsFeet) cutFoot(left, ring.front());
-  upper = mirrored(upper);
-  if (cutsFeet) cutFoot(right, ringFromRight.front());
-  reading.upper = mirrored(upper);
-
   reading.floor = mirrored(right.floor);
   reading.floor.push_back(ring.front());
   reading.floor.insert(reading.floor.end(), left.floor.begin(), left.floor.end());
-  reading.floor = merged(reading.floor);
+
+  const auto cutFoot = [&](std::vector<Detour>& detours) {
+    const auto detour = cutFootDetour(upper, reading.floor.back());
+    if (!detour) return;
+    detours.push_back(*detour);
+    endAt(reading.floor, upper.front().start);
+  };
+  if (cutsFeet) cutFoot(left.detours);
+  upper = mirrored(upper);
+  reading.floor = mirrored(reading.floor);
+  if (cutsFeet) cutFoot(right.detours);
+  reading.upper = mirrored(upper);
+  reading.floor = merged(mirrored(reading.floor));
+
   reading.detours.insert(reading.detours.end(), left.detours.begin(), left.detours.end());
   for (const Detour& detour : right.detours) {
     reading.detours.push_back(mirrored(detour));
