@@ -30,14 +30,32 @@ namespace {
 /// Where a bottom becomes a wall: halfway between leftwards and upwards.
 constexpr double kWallHeading = 1.75 * kPi;
 
+/// Arcs of floors turn by no more than this (rad).
+constexpr double kMostTurning = 0.99 * kPi;
+
 template <class Value>
 Value mean(const Value& start, const Value& end, double t) {
   return start * (1.0 - t) + end * t;
 }
 
+/// Height of an arc above the middle of its chord c, which turns by w: c / 2 tan(w / 4).
+double sagittaOf(const TurningChord& piece) {
+  return piece.chord().length() / 2.0 * std::tan(piece.turning / 4.0);
+}
+
+/// Floors have no tangents to keep. Their arcs take the mean sagitta, which makes them the mean of
+/// both arcs at every place to the second order; so a corner that another floor has somewhere
+/// changes the more the sharper it is, and a mere joint changes next to nothing.
 TurningChord meanOf(const MatchedPiece& piece, double t) {
-  return {mean(piece.start.start, piece.end.start, t), mean(piece.start.end, piece.end.end, t),
-          mean(piece.start.turning, piece.end.turning, t)};
+  TurningChord found{mean(piece.start.start, piece.end.start, t),
+                     mean(piece.start.end, piece.end.end, t),
+                     mean(piece.start.turning, piece.end.turning, t)};
+  if (piece.isFloor && found.isArc()) {
+    const double sagitta = mean(sagittaOf(piece.start), sagittaOf(piece.end), t);
+    const double turning = 4.0 * std::atan2(2.0 * sagitta, found.chord().length());
+    found.turning = std::clamp(turning, -kMostTurning, kMostTurning);
+  }
+  return found;
 }
 
 /// The base of a mean outline, on which places are looked for.
