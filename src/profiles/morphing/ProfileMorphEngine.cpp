@@ -13,6 +13,7 @@
 #include "profiles/morphing/pairing/FloorMatch.h"
 #include "profiles/morphing/pairing/RollSearch.h"
 #include "profiles/morphing/reading/BaseSegment.h"
+#include "profiles/morphing/reading/FloorReading.h"
 #include "profiles/morphing/reading/SegmentMerging.h"
 
 #include <algorithm>
@@ -40,6 +41,10 @@ void turn(OutlineReading& read, double angle) {
     }
   }
 }
+
+/// An outline is ragged from the first value on, and in full from the second (rad of all dents). Up
+/// to there headings match it evenly, because its dents are taken for level.
+constexpr Fading kNotRagged{0.35, 0.7};
 
 /// Parts of the way between which ragged outlines are looked at for crossings. Of seven pairs in
 /// 200 that crossed themselves, five did so between the quarters only.
@@ -74,6 +79,14 @@ OutlineNodes nodesFrom(const TurningChords& outline, bool isAnticlockwise) {
     }
   }
   return nodes;
+}
+
+/// Two outlines at the same place of the way differ by how they were matched only. What lies between
+/// them is found by rays; nothing when no point sees both.
+std::optional<TurningChords> between(const TurningChords& a, const TurningChords& b, double weight) {
+  const auto match = matchByBearings(a, b, 0.0);
+  if (!match) return std::nullopt;
+  return meanOf(match->outlines, weight);
 }
 
 /// A result as the input of another preparation; the last node leads back to the first.
@@ -111,6 +124,8 @@ void ProfileMorphEngine::clearResults() {
   m_hasFloors = false;
   m_firmness = 1.0;
   m_rings.reset();
+  m_rays.reset();
+  m_raggedness = 0.0;
   m_lists = MorphLists();
 }
 
@@ -206,7 +221,9 @@ void ProfileMorphEngine::readBottoms() {
   m_start.read = readOutline(m_start.store.elements(), true);
   m_end.read = readOutline(m_end.store.elements(), true);
   m_hasFloors = m_start.read.hasFloor() && m_end.read.hasFloor();
-  m_firmness = m_start.read.firmness * m_end.read.firmness;
+  m_start.firmness = m_start.read.firmness;
+  m_end.firmness = m_end.read.firmness;
+  m_firmness = m_start.firmness * m_end.firmness;
   if (m_hasFloors) return;
   readNichesOnly();
 }
@@ -351,22 +368,39 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::generateBottom() {
 
 ProfileMorphEngine::Outcome ProfileMorphEngine::assembleSegments() {
   m_lists.segments = ringOf(m_lists.sides);
-  if (!m_hasFloors && m_lists.detours.empty()) giveWayToBearings();
+  if (!m_hasFloors && m_lists.detours.empty()) pairByRays();
   return Outcome::GoOn;
 }
 
-/// Caves may be so ragged that headings lead their outlines across themselves. What is then known
-/// of them are the rays from a point inside. Profiles are not turned for that. Outlines without
-/// dents worth the name never cross themselves, and need not be tried.
-void ProfileMorphEngine::giveWayToBearings() {
+/// How much an outline is that of a cave: dented, and without a floor.
+double ProfileMorphEngine::Outline::raggedness() const {
+  return (1.0 - firmness) * (1.0 - kNotRagged(dentsOf(store.elements())));
+}
+
+/// Headings say little of caves: which dent becomes which is a guess, the next one may be better
+/// where a node has moved a little, and outlines may be led across themselves. What is then known
+/// of them are the rays from a point inside. Where it is doubtful whether an outline is a cave, the
+/// result lies between both matches. Outlines without dents worth the name never cross themselves,
+/// and need not be tried.
+void ProfileMorphEngine::pairByRays() {
   const TurningChords& start = m_start.store.elements();
   const TurningChords& end = m_end.store.elements();
-  if (isNearlyConvex(start) && isNearlyConvex(end)) return;
-  if (isWaySimple({m_lists.segments, {}, {}, {}}, kPartsOfRaggedWay)) return;
-  auto match = matchByBearings(start, end);
-  if (!match || !isWaySimple({match->ring, {}, {}, {}}, kPartsOfRaggedWay)) return;
-  m_lists.segments = std::move(match->ring);
-  m_placement = {match->centre, match->centre, 0.0, 0.0};
+  const bool mayCross = !isNearlyConvex(start) || !isNearlyConvex(end);
+  const double raggedness = std::max(m_start.raggedness(), m_end.raggedness());
+  if (!mayCross && raggedness == 0.0) return;
+  auto match = matchByBearings(start, end, 2.0 * m_placement.startTurned);
+  if (!match) return;
+  double weight = match->visibility * raggedness;
+  const MatchedOutlines byHeadings{m_lists.segments, {}, {}, {}};
+  if (mayCross && weight < 1.0 && !isWaySimple(byHeadings, kPartsOfRaggedWay)) weight = 1.0;
+  if (weight == 0.0 || !isWaySimple(match->outlines, kPartsOfRaggedWay)) return;
+  if (weight < 1.0) {
+    m_rays = std::move(match->outlines);
+    m_raggedness = weight;
+  } else {
+    m_lists.segments = std::move(match->outlines.ring);
+    m_placement = match->outlines.placement;
+  }
 }
 
 ProfileMorphEngine::Outcome ProfileMorphEngine::mergeSegments() {
@@ -444,15 +478,17 @@ std::optional<OutlineNodes> ProfileMorphEngine::evaluate(double atStationing) {
 /// between them is found by morphing from one to the other, as rings and without a roll.
 OutlineNodes ProfileMorphEngine::evaluateBetween(const OutlineNodes& asRings,
                                                  const OutlineNodes& byParts) const {
-  const auto between = engineForRings();
-  between->m_mostDivisionsTurned = 0;
+  const auto engine = engineForRings();
+  engine->m_mostDivisionsTurned = 0;
   const int status =
-      between->prepare(0.0, 1.0, segmentsOf(asRings), segmentsOf(byParts), m_divisions);
-  return status == 0 ? between->evaluateOwn(m_firmness) : byParts;
+      engine->prepare(0.0, 1.0, segmentsOf(asRings), segmentsOf(byParts), m_divisions);
+  return status == 0 ? engine->evaluateOwn(m_firmness) : byParts;
 }
 
 OutlineNodes ProfileMorphEngine::evaluateOwn(double t) const {
-  return nodesFrom(meanOf(m_outlines, t), m_start.store.wasAnticlockwise());
+  TurningChords outline = meanOf(m_outlines, t);
+  if (m_rays) outline = between(outline, meanOf(*m_rays, t), m_raggedness).value_or(outline);
+  return nodesFrom(outline, m_start.store.wasAnticlockwise());
 }
 
 /// An engine with the same settings that reads every outline as a ring.

@@ -112,7 +112,7 @@ class ProfileMorphEngine {
   void readBottoms();
   void readNichesOnly();
   std::unique_ptr<ProfileMorphEngine> engineForRings() const;
-  void giveWayToBearings();
+  void pairByRays();
   OutlineNodes evaluateOwn(double t) const;
   OutlineNodes evaluateBetween(const OutlineNodes& asRings, const OutlineNodes& byParts) const;
   void matchFloor();
@@ -136,6 +136,8 @@ class ProfileMorphEngine {
   struct Outline {
     OutlineStore store;
     OutlineReading read;
+    double firmness = 0.0;  // of its floor, also where the other outline has none
+    double raggedness() const;
   };
   Outline m_start;
   Outline m_end;
@@ -145,6 +147,8 @@ class ProfileMorphEngine {
   bool m_readsParts = true;
   double m_firmness = 1.0;                      // of both floors
   std::unique_ptr<ProfileMorphEngine> m_rings;  // where the floors are less than firm
+  std::optional<MatchedOutlines> m_rays;        // where outlines are between convex and ragged
+  double m_raggedness = 0.0;                    // the weight of the rays
   MorphLists m_lists;
 };
 

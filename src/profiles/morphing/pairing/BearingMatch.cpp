@@ -23,6 +23,9 @@ constexpr double kSampleTurning = 0.1;
 /// would run along its pieces.
 constexpr double kSmallestKernel = 1e-4;
 
+/// An outline is seen well from a kernel of this part of the area of the box around it.
+constexpr double kWideKernel = 0.003;
+
 /// Rays closer than this (rad) are one: 10 nm at 10 m.
 constexpr double kSameBearing = 1e-9;
 
@@ -72,8 +75,14 @@ Polygon boxAround(const TurningChords& outline, const Point2D& origin) {
   return {low, Point2D(low.x, high.y), high, Point2D(high.x, low.y)};
 }
 
-/// Centroid of a clockwise polygon, which changes evenly with it; nothing when it is too small.
-std::optional<Point2D> centroidOf(const Polygon& polygon) {
+struct Surface {
+  double area = 0.0;
+  Point2D centroid;
+};
+
+/// Of a clockwise polygon, with which it changes evenly. Reduced to a node, far from the origin
+/// products would lose the digits of the area.
+Surface surfaceOf(const Polygon& polygon) {
   double area = 0.0;
   Point2D moment;
   for (std::size_t i = 1; i + 1 < polygon.size(); ++i) {
@@ -83,20 +92,30 @@ std::optional<Point2D> centroidOf(const Polygon& polygon) {
     area += triangle;
     moment = moment + (a + b) * (triangle / 3.0);
   }
-  if (!(area > kSmallestKernel)) return std::nullopt;
-  return polygon.front() + moment / area;
+  if (!(area > kSmallestKernel)) return {};
+  return {area, polygon.front() + moment / area};
 }
 
-/// Coordinates are reduced to a node before areas are taken.
-std::optional<Point2D> centreOf(const TurningChords& start, const TurningChords& end) {
-  const Point2D origin = start.front().start;
-  Polygon kernel = boxAround(start, origin);
-  clipToKernel(kernel, start, origin);
-  clipToKernel(kernel, end, origin);
-  const auto centre = centroidOf(kernel);
-  if (!centre) return std::nullopt;
-  return origin + *centre;
-}
+/// An outline turned about its own centroid.
+struct TurnedOutline {
+  Point2D pivot;
+  CDirection direction;
+  TurningChords pieces;
+
+  TurnedOutline(const TurningChords& outline, double by)
+      : pivot(surfaceOf(sampled(outline, kSampleTurning)).centroid),
+        direction(directionOfBearing(by)),
+        pieces(outline) {
+    for (TurningChord& piece : pieces) {
+      piece.start = pivot + turnedTo(direction, piece.start - pivot);
+      piece.end = pivot + turnedTo(direction, piece.end - pivot);
+    }
+  }
+
+  Point2D turnedBack(const Point2D& p) const {
+    return pivot + turnedFrom(direction, p - pivot);
+  }
+};
 
 /// An outline around the origin, taken from the front ray by ray.
 class RayReader {
@@ -163,13 +182,27 @@ class RayReader {
 
 }  // namespace
 
-std::optional<BearingMatch> matchByBearings(const TurningChords& start, const TurningChords& end) {
-  const auto centre = centreOf(start, end);
-  if (!centre) return std::nullopt;
-  BearingMatch match{*centre, {}};
-  const Point2D first = start.front().start - *centre;
-  RayReader fromStart(start, *centre, first);
-  RayReader fromEnd(end, *centre, first);
+/// Either outline is turned by half of the roll, so that none of them is preferred.
+std::optional<BearingMatch> matchByBearings(const TurningChords& start, const TurningChords& end,
+                                            double roll) {
+  const TurnedOutline startTurned(start, roll / 2.0);
+  const TurnedOutline endTurned(end, -roll / 2.0);
+  const Point2D origin = startTurned.pieces.front().start;
+  Polygon kernel = boxAround(startTurned.pieces, origin);
+  const double boxArea = surfaceOf(kernel).area;
+  clipToKernel(kernel, startTurned.pieces, origin);
+  clipToKernel(kernel, endTurned.pieces, origin);
+  const Surface seeing = surfaceOf(kernel);
+  if (!(seeing.area > 0.0)) return std::nullopt;
+  const Point2D centre = origin + seeing.centroid;
+
+  BearingMatch match;
+  match.visibility = std::min(1.0, seeing.area / (kWideKernel * boxArea));
+  match.outlines.placement = {startTurned.turnedBack(centre), endTurned.turnedBack(centre),
+                              roll / 2.0, -roll / 2.0};
+  const Point2D first = origin - centre;
+  RayReader fromStart(startTurned.pieces, centre, first);
+  RayReader fromEnd(endTurned.pieces, centre, first);
   while (!fromStart.isDone() && !fromEnd.isDone()) {
     const double ahead = fromStart.nextBearing() - fromEnd.nextBearing();
     const Point2D startNode = fromStart.nextNode();
@@ -177,7 +210,7 @@ std::optional<BearingMatch> matchByBearings(const TurningChords& start, const Tu
     MatchedPiece piece;
     piece.start = ahead > kSameBearing ? fromStart.takeUpTo(endNode) : fromStart.takeWhole();
     piece.end = ahead < -kSameBearing ? fromEnd.takeUpTo(startNode) : fromEnd.takeWhole();
-    match.ring.push_back(piece);
+    match.outlines.ring.push_back(piece);
   }
   return match;
 }

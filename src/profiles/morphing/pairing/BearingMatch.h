@@ -5,7 +5,7 @@
 #ifndef CALCULATIONS_PROFILES_MORPHING_PAIRING_BEARING_MATCH_H
 #define CALCULATIONS_PROFILES_MORPHING_PAIRING_BEARING_MATCH_H
 
-#include "profiles/morphing/pairing/PiecePairing.h"
+#include "profiles/morphing/evaluation/OutlineMean.h"
 
 #include <optional>
 
@@ -14,18 +14,21 @@ namespace Calculations {
 
 /// Two outlines matched ray by ray.
 struct BearingMatch {
-  Point2D centre;      ///< from which every ray meets either outline once
-  MatchedPieces ring;  ///< clockwise, coordinates relative to the centre
+  MatchedOutlines outlines;  ///< begun at the first node of the start
+  double visibility = 0.0;   ///< from 0 to 1: how well both are seen
 };
 
 /// Pairs what lies on the same ray from a point that sees all of both outlines. Nodes then move
 /// along their rays, so their order never changes and straights cannot cross on the way; headings
-/// and tangents are not kept, which is why this is the way for caves only.
+/// and tangents are not kept, which is why this is the way for caves only. The match changes evenly
+/// with the outlines.
 ///
 /// The point is the centroid of all that see both outlines: the common kernel. Nothing when there
 /// is none. O(n k) for n pieces and a kernel of k corners.
 /// @param start,end clockwise
-std::optional<BearingMatch> matchByBearings(const TurningChords& start, const TurningChords& end);
+/// @param roll of the end against the start (rad, clockwise), taken out before
+std::optional<BearingMatch> matchByBearings(const TurningChords& start, const TurningChords& end,
+                                            double roll);
 
 }  // namespace Calculations
 }  // namespace Ruv

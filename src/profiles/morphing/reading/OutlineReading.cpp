@@ -49,10 +49,12 @@ TurningChords OutlineReading::ring() const {
 }
 
 /// The joint of the last with the first piece counts as well.
-bool isNearlyConvex(const TurningChords& ring) {
+double dentsOf(const TurningChords& ring) {
   const double joint = turningBetween(ring.back().headingAtEnd(), ring.front().headingAtStart());
-  return turningBackOf(ring) + std::max(0.0, -joint) <= kShallowDents;
+  return turningBackOf(ring) + std::max(0.0, -joint);
 }
+
+bool isNearlyConvex(const TurningChords& ring) { return dentsOf(ring) <= kShallowDents; }
 
 /// What is not floor are walls and crown, from which niches are cut first and benches at the feet
 /// last. Left and right are read alike, so a mirrored outline is read as the mirror image.
