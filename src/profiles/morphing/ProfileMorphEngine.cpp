@@ -217,13 +217,15 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::prepareStores() {
 /// Both outlines need a floor for floors to be matched. With one that has none, the other is read
 /// as a ring, too, and keeps at most its niches and ditches apart.
 void ProfileMorphEngine::readBottoms() {
+  for (Outline* outline : {&m_start, &m_end}) {
+    const TurningChords& elements = outline->store.elements();
+    if (m_readsParts) outline->read = readOutline(elements, true);
+    // That of a cave is dented and has no floor.
+    outline->raggedness = (1.0 - outline->read.firmness) * (1.0 - kNotRagged(dentsOf(elements)));
+  }
   if (!m_readsParts) return;
-  m_start.read = readOutline(m_start.store.elements(), true);
-  m_end.read = readOutline(m_end.store.elements(), true);
   m_hasFloors = m_start.read.hasFloor() && m_end.read.hasFloor();
-  m_start.firmness = m_start.read.firmness;
-  m_end.firmness = m_end.read.firmness;
-  m_firmness = m_start.firmness * m_end.firmness;
+  m_firmness = m_start.read.firmness * m_end.read.firmness;
   if (m_hasFloors) return;
   readNichesOnly();
 }
@@ -368,13 +370,8 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::generateBottom() {
 
 ProfileMorphEngine::Outcome ProfileMorphEngine::assembleSegments() {
   m_lists.segments = ringOf(m_lists.sides);
-  if (!m_hasFloors && m_lists.detours.empty()) pairByRays();
+  if (has(MorphFlags::kSegmentsMatch) && !m_hasFloors && m_lists.detours.empty()) pairByRays();
   return Outcome::GoOn;
-}
-
-/// How much an outline is that of a cave: dented, and without a floor.
-double ProfileMorphEngine::Outline::raggedness() const {
-  return (1.0 - firmness) * (1.0 - kNotRagged(dentsOf(store.elements())));
 }
 
 /// Headings say little of caves: which dent becomes which is a guess, the next one may be better
@@ -386,7 +383,7 @@ void ProfileMorphEngine::pairByRays() {
   const TurningChords& start = m_start.store.elements();
   const TurningChords& end = m_end.store.elements();
   const bool mayCross = !isNearlyConvex(start) || !isNearlyConvex(end);
-  const double raggedness = std::max(m_start.raggedness(), m_end.raggedness());
+  const double raggedness = std::max(m_start.raggedness, m_end.raggedness);
   if (!mayCross && raggedness == 0.0) return;
   auto match = matchByBearings(start, end, 2.0 * m_placement.startTurned);
   if (!match) return;

@@ -136,8 +136,7 @@ class ProfileMorphEngine {
   struct Outline {
     OutlineStore store;
     OutlineReading read;
-    double firmness = 0.0;  // of its floor, also where the other outline has none
-    double raggedness() const;
+    double raggedness = 0.0;  // how much it is that of a cave
   };
   Outline m_start;
   Outline m_end;

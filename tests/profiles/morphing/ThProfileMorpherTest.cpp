@@ -209,8 +209,10 @@ TEST(ThProfileMorpher, ChangesPartsInProportion) {
       rectangle(4, 6), horseshoe(4, 2), 0.5,
       profileThrough(
           {{-4, 0, 0}, {-4, 4, 0}, {-2, 6, 2}, {2, 6, 0}, {4, 4, 2}, {4, 0, 0}, {-4, 0, 0}}));
-  // An arc over the same chord that turns by half of 60 degrees.
-  expectBetween(rectangle(5, 4), boxWithInvert(10), 0.5, boxWithInvert(5 / std::sin(kPi / 12)));
+  // An arc over the same chord that is half as deep as one of 60 degrees.
+  const double depth = 5 * (1 - std::cos(kPi / 6));
+  expectBetween(rectangle(5, 4), boxWithInvert(10), 0.5,
+                boxWithInvert((25 + depth * depth) / (2 * depth)));
   // Benches stay benches where the sections differ elsewhere.
   const std::vector<ProfileNode> boxy = {{-6.3, 0, 0},  {-6.3, 1.5, 0}, {-7, 1.5, 0},
                                          {-7, 8, 0},    {7, 8, 0},      {7, 1.5, 0},

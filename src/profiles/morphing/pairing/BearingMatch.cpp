@@ -26,8 +26,8 @@ constexpr double kSmallestKernel = 1e-4;
 /// An outline is seen well from a kernel of this part of the area of the box around it.
 constexpr double kWideKernel = 0.003;
 
-/// Rays closer than this (rad) are one: 10 nm at 10 m.
-constexpr double kSameBearing = 1e-9;
+/// Rays closer than this (rad) are one: the rounding of bearings.
+constexpr double kSameBearing = 1e-12;
 
 /// Halvings of a piece until its crossing with a ray is known to the last digit.
 constexpr int kHalvings = 60;
@@ -65,12 +65,16 @@ void clipToKernel(Polygon& kernel, const TurningChords& outline, const Point2D& 
   }
 }
 
-Polygon boxAround(const TurningChords& outline, const Point2D& origin) {
-  Point2D low = outline.front().start - origin;
+/// Of both outlines, so that exchanging them changes nothing.
+Polygon boxAround(const TurningChords& start, const TurningChords& end, const Point2D& origin) {
+  Point2D low = start.front().start - origin;
   Point2D high = low;
-  for (const Point2D& p : sampled(outline, kSampleTurning)) {
-    low = Point2D(std::min(low.x, p.x - origin.x), std::min(low.y, p.y - origin.y));
-    high = Point2D(std::max(high.x, p.x - origin.x), std::max(high.y, p.y - origin.y));
+  for (const TurningChords* outline : {&start, &end}) {
+    for (const Point2D& sample : sampled(*outline, kSampleTurning)) {
+      const Point2D p = sample - origin;
+      low = Point2D(std::min(low.x, p.x), std::min(low.y, p.y));
+      high = Point2D(std::max(high.x, p.x), std::max(high.y, p.y));
+    }
   }
   return {low, Point2D(low.x, high.y), high, Point2D(high.x, low.y)};
 }
@@ -165,6 +169,10 @@ class RayReader {
 
   /// Where a piece meets a ray: up to there bearings are smaller.
   static double fractionAt(const TurningChord& piece, const Point2D& ray) {
+    if (!piece.isArc()) {
+      const double ahead = cross(piece.start, ray);
+      return std::clamp(ahead / (ahead - cross(piece.end, ray)), 0.0, 1.0);
+    }
     const double bearing = bearingFrom(piece.start, ray);
     double low = 0.0;
     double high = 1.0;
@@ -188,7 +196,7 @@ std::optional<BearingMatch> matchByBearings(const TurningChords& start, const Tu
   const TurnedOutline startTurned(start, roll / 2.0);
   const TurnedOutline endTurned(end, -roll / 2.0);
   const Point2D origin = startTurned.pieces.front().start;
-  Polygon kernel = boxAround(startTurned.pieces, origin);
+  Polygon kernel = boxAround(startTurned.pieces, endTurned.pieces, origin);
   const double boxArea = surfaceOf(kernel).area;
   clipToKernel(kernel, startTurned.pieces, origin);
   clipToKernel(kernel, endTurned.pieces, origin);
