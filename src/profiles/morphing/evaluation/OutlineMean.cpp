@@ -13,6 +13,7 @@
 
 #include "foundation/MathConstants.h"
 #include "profiles/morphing/evaluation/SelfCrossing.h"
+#include "profiles/morphing/reading/ChainParts.h"
 #include "profiles/morphing/reading/ChainPlaces.h"
 #include "profiles/morphing/reading/OutlineStore.h"
 #include "shapes/ShapeTolerances.h"
@@ -203,11 +204,39 @@ class MeanDetour {
   void appendTo(TurningChords& chain, const MeanBase& base) const {
     const std::vector<Point2D> nodes = nodesOn(base);
     for (std::size_t i = 0; i + 1 < nodes.size(); ++i) {
-      chain.push_back({nodes[i], nodes[i + 1], m_detour->turningOf(i, m_t)});
+      appendPiece(chain, base, i, nodes[i], nodes[i + 1]);
     }
   }
 
  private:
+  /// A piece follows the base between the places of its nodes, arcs and corners and all, at the
+  /// offsets of the nodes and bulging as far as it has grown.
+  void appendPiece(TurningChords& chain, const MeanBase& base, std::size_t index,
+                   const Point2D& start, const Point2D& end) const {
+    const ChainPlace from = placeOn(base, m_places[index]);
+    const ChainPlace to = placeOn(base, m_places[index + 1]);
+    const double turning = m_detour->turningOf(index, m_t) * m_depth;
+    TurningChords parts;
+    if (from < to) appendPart(parts, base.ring, from, to);
+    const double length = lengthOf(parts);
+    if (!(length > 0.0)) {
+      chain.push_back({start, end, turning});
+      return;
+    }
+    const Point2D startOffset = start - parts.front().start;
+    const Point2D endOffset = end - parts.back().end;
+    double passed = 0.0;
+    Point2D reached = start;
+    for (const TurningChord& part : parts) {
+      const double share = part.length() / length;
+      passed = &part == &parts.back() ? 1.0 : passed + share;
+      const Point2D next = part.end + startOffset * (1.0 - passed) + endOffset * passed +
+                           m_detour->bulgeOf(index, passed, m_t) * m_depth;
+      chain.push_back({reached, next, part.turning + share * turning});
+      reached = next;
+    }
+  }
+
   ChainPlace placeOn(const MeanBase& base, double place) const {
     if (m_detour->site == DetourSite::LeftWall) return base.onLeftWall(place);
     if (m_detour->site == DetourSite::RightWall) return base.onRightWall(place);

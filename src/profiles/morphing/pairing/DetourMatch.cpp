@@ -62,6 +62,7 @@ struct Side {
 struct PlacedDetour {
   DetourSite site = DetourSite::Floor;
   TurningChords pieces;
+  std::vector<TurningChords> bases;  ///< of the pieces
   std::vector<double> places;
   std::vector<Point2D> offsets;
   double low = 0.0;  ///< of the places
@@ -75,20 +76,16 @@ std::vector<Point2D> nodesOf(const TurningChords& chain) {
   return nodes;
 }
 
-/// The point of a left wall at a height, first met from below.
-Point2D wallAt(const TurningChords& upper, double y) {
-  for (const TurningChord& piece : upper) {
-    if (comesUpTo(piece, y)) return piece.pointAt(fractionUpwards(piece, y));
+/// What lies between two places; the straight when the second one comes first.
+TurningChords partBetween(const TurningChords& chain, const ChainPlace& from,
+                          const ChainPlace& to) {
+  TurningChords parts;
+  if (from < to) {
+    appendPart(parts, chain, from, to);
+  } else {
+    parts.push_back({pointAt(chain, from), pointAt(chain, to), 0.0});
   }
-  return upper.back().end;
-}
-
-/// The point of a floor at a plan distance; floors lead from right to left.
-Point2D floorAt(const TurningChords& floor, double x) {
-  for (const TurningChord& piece : floor) {
-    if (piece.end.x <= x) return piece.pointAt(fractionLeftwards(piece, x));
-  }
-  return floor.back().end;
+  return parts;
 }
 
 /// Every node of a detour is the sum of a place on the base and an offset from there. The place is
@@ -96,26 +93,26 @@ Point2D floorAt(const TurningChords& floor, double x) {
 /// has offsets that are plumb, a niche with level ones level ones. A bench ends on the wall, and
 /// its last offset is its height above the foot.
 PlacedDetour placed(const Detour& detour, const Side& side) {
-  PlacedDetour found{detour.site, detour.pieces, {}, {}, 0.0, 0.0};
+  PlacedDetour found{detour.site, detour.pieces, {}, {}, {}, 0.0, 0.0};
   const std::vector<Point2D> nodes = nodesOf(detour.pieces);
   const bool isOnWall = detour.site == DetourSite::LeftWall;
+  const TurningChords& base = isOnWall ? side.upper : side.floor;
+  std::vector<ChainPlace> feet;
   for (const Point2D& node : nodes) {
-    double place = 0.0;
-    Point2D foot;
-    if (isOnWall) {
-      place = std::clamp(node.y, std::min(nodes.front().y, nodes.back().y),
-                         std::max(nodes.front().y, nodes.back().y));
-      foot = wallAt(side.upper, place);
-    } else {
-      place = std::clamp(node.x, side.leftFoot, side.rightFoot);
-      foot = floorAt(side.floor, place);
-    }
+    const double low = isOnWall ? std::min(nodes.front().y, nodes.back().y) : side.leftFoot;
+    const double high = isOnWall ? std::max(nodes.front().y, nodes.back().y) : side.rightFoot;
+    const double place = std::clamp(isOnWall ? node.y : node.x, low, high);
+    feet.push_back(isOnWall ? placeUpwards(base, place) : placeLeftwards(base, place));
     found.places.push_back(place);
-    found.offsets.push_back(node - foot);
+    found.offsets.push_back(node - pointAt(base, feet.back()));
   }
   if (detour.site == DetourSite::LeftFoot) {
+    feet.back() = {base.size() - 1, 1.0};
     found.places.back() = side.leftFoot;
     found.offsets.back() = Point2D(0.0, nodes.back().y - side.footHeight);
+  }
+  for (std::size_t i = 1; i < feet.size(); ++i) {
+    found.bases.push_back(partBetween(base, feet[i - 1], feet[i]));
   }
   found.low = std::min(found.places.front(), found.places.back());
   found.high = std::max(found.places.front(), found.places.back());
@@ -193,16 +190,13 @@ void divideAlike(PlacedDetour& a, const Side& sideOfA, PlacedDetour& b, const Si
   b = placed({b.site, cutAt(b.pieces, fractionsOfB, all)}, sideOfB);
 }
 
-std::vector<double> turningsOf(const TurningChords& pieces) {
-  std::vector<double> turnings;
-  for (const TurningChord& piece : pieces)
-    turnings.push_back(piece.turning);
-  return turnings;
-}
-
 /// The nodes of a detour of the start, with the places that they have on both bases.
 DetourShape startShapeOf(const PlacedDetour& detour, const BothSides& sides) {
-  DetourShape shape{{}, turningsOf(detour.pieces), 0.0};
+  DetourShape shape;
+  for (std::size_t i = 0; i < detour.pieces.size(); ++i) {
+    shape.pieces.push_back({{detour.pieces[i]}, detour.bases[i]});
+    shape.size = std::max(shape.size, shape.pieces.back().bulgeAt(0.5).length());
+  }
   for (std::size_t i = 0; i < detour.places.size(); ++i) {
     const double place = detour.places[i];
     const double other = onOther(detour, place, sides.start, sides.end, sides.shift * -1.0);
@@ -225,6 +219,8 @@ DetourShape endShapeOf(const PlacedDetour& detour, const BothSides& sides) {
 DetourShape flattened(DetourShape shape) {
   for (DetourNode& node : shape.nodes)
     node.offset = {};
+  for (DetourPiece& piece : shape.pieces)
+    piece.own = piece.base;
   shape.size = 0.0;
   return shape;
 }
@@ -232,7 +228,10 @@ DetourShape flattened(DetourShape shape) {
 /// Back from the mirror image. Heights stay, plan distances change their sign.
 void mirrorBack(DetourShape& shape, bool isOnFloor) {
   std::reverse(shape.nodes.begin(), shape.nodes.end());
-  std::reverse(shape.turnings.begin(), shape.turnings.end());
+  std::reverse(shape.pieces.begin(), shape.pieces.end());
+  for (DetourPiece& piece : shape.pieces) {
+    piece = {mirrored(piece.own), mirrored(piece.base)};
+  }
   for (DetourNode& node : shape.nodes) {
     node.offset.x = -node.offset.x;
     if (!isOnFloor) continue;
@@ -340,6 +339,24 @@ std::vector<MatchedDetour> matchPlaced(PlacedDetours starts, PlacedDetours ends,
 
 }  // namespace
 
+double DetourPiece::turning() const {
+  double turning = 0.0;
+  for (const TurningChord& piece : own)
+    turning += piece.turning;
+  for (const TurningChord& piece : base)
+    turning -= piece.turning;
+  return turning;
+}
+
+Point2D DetourPiece::bulgeAt(double fraction) const {
+  const auto fromChord = [fraction](const TurningChords& chain) {
+    const Point2D start = chain.front().start;
+    const Point2D chord = chain.back().end - start;
+    return pointAlong(chain, fraction * lengthOf(chain)) - (start + chord * fraction);
+  };
+  return fromChord(own) - fromChord(base);
+}
+
 /// Of both places the mean at the fraction of the way, weighted by the sizes: a ditch that hardly
 /// is there must not draw the mouth of a large one to itself.
 double MatchedDetour::placeOf(std::size_t node, double t) const {
@@ -358,9 +375,14 @@ Point2D MatchedDetour::offsetOf(std::size_t node, double t) const {
   return start.nodes[node].offset * (1.0 - t) + end.nodes[node].offset * t;
 }
 
-/// Linear like the offsets: an arc of a detour that grows from the wall keeps its turning.
+/// Linear like the offsets: an arc of a detour grows from its base.
 double MatchedDetour::turningOf(std::size_t piece, double t) const {
-  return start.turnings[piece] * (1.0 - t) + end.turnings[piece] * t;
+  return start.pieces[piece].turning() * (1.0 - t) + end.pieces[piece].turning() * t;
+}
+
+Point2D MatchedDetour::bulgeOf(std::size_t piece, double fraction, double t) const {
+  return start.pieces[piece].bulgeAt(fraction) * (1.0 - t) +
+         end.pieces[piece].bulgeAt(fraction) * t;
 }
 
 /// The left side and the floor as they are, the right side mirrored: then all that is said of

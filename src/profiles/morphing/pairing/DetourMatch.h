@@ -26,10 +26,21 @@ struct DetourNode {
   Point2D offset;
 };
 
-/// Nodes and turnings (rad) of a detour and its size: the longest offset.
+/// A piece of a detour and what lies on its own base between the places of both of its nodes. What
+/// it is bent more than its base is its own; so one that has not grown yet is bent as the base is.
+struct DetourPiece {
+  TurningChords own;  ///< one piece, or what lies on the base
+  TurningChords base;
+
+  double turning() const;
+  /// How much farther the piece bulges from its chord at a fraction of the length.
+  Point2D bulgeAt(double fraction) const;
+};
+
+/// Nodes and pieces of a detour and its size: the longest offset or bulge.
 struct DetourShape {
   std::vector<DetourNode> nodes;
-  std::vector<double> turnings;
+  std::vector<DetourPiece> pieces;
   double size = 0.0;
 };
 
@@ -44,6 +55,7 @@ struct MatchedDetour {
   double placeOf(std::size_t node, double t) const;
   Point2D offsetOf(std::size_t node, double t) const;
   double turningOf(std::size_t piece, double t) const;
+  Point2D bulgeOf(std::size_t piece, double fraction, double t) const;
   std::size_t numNodes() const { return start.nodes.size(); }
 };
 

@@ -50,6 +50,20 @@ bool comesUpTo(const TurningChord& piece, double y) {
   return piece.start.y + piece.radius() * (1.0 - std::sin(first)) >= y;
 }
 
+ChainPlace placeUpwards(const TurningChords& wall, double y) {
+  for (std::size_t i = 0; i < wall.size(); ++i) {
+    if (comesUpTo(wall[i], y)) return {i, fractionUpwards(wall[i], y)};
+  }
+  return {wall.size() - 1, 1.0};
+}
+
+ChainPlace placeLeftwards(const TurningChords& floor, double x) {
+  for (std::size_t i = 0; i < floor.size(); ++i) {
+    if (floor[i].end.x <= x) return {i, fractionLeftwards(floor[i], x)};
+  }
+  return {floor.size() - 1, 1.0};
+}
+
 void appendPart(TurningChords& to, const TurningChords& chain, const ChainPlace& from,
                 const ChainPlace& end) {
   if (from.index == end.index) {

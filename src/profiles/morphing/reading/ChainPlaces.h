@@ -36,6 +36,12 @@ double fractionUpwards(const TurningChord& piece, double y);
 /// True when a piece is as high as y somewhere, an arc perhaps at its crown only.
 bool comesUpTo(const TurningChord& piece, double y);
 
+/// The place at which a left wall is first as high as y; its end when it is nowhere.
+ChainPlace placeUpwards(const TurningChords& wall, double y);
+
+/// The place of a floor, which leads from right to left, at a plan distance; its end likewise.
+ChainPlace placeLeftwards(const TurningChords& floor, double x);
+
 /// Appends what lies between two places, of which the first comes first.
 void appendPart(TurningChords& to, const TurningChords& chain, const ChainPlace& from,
                 const ChainPlace& end);

@@ -20,9 +20,57 @@ namespace {
 /// All dents of a nearly convex outline turn by no more than this (rad).
 constexpr double kShallowDents = 0.75;
 
+/// The ends (m) of a detour are found again with the digits that bridging its mouth leaves.
+constexpr double kFoundAgain = 1e-6;
+
 Detour mirrored(const Detour& detour) {
   Detour other{detour.site, mirrored(detour.pieces)};
-  if (detour.site == DetourSite::LeftFoot) other.site = DetourSite::RightFoot;
+  switch (detour.site) {
+    case DetourSite::Floor:
+      break;
+    case DetourSite::LeftFoot:
+      other.site = DetourSite::RightFoot;
+      break;
+    case DetourSite::RightFoot:
+      other.site = DetourSite::LeftFoot;
+      break;
+    case DetourSite::LeftWall:
+      other.site = DetourSite::RightWall;
+      break;
+    case DetourSite::RightWall:
+      other.site = DetourSite::LeftWall;
+      break;
+  }
+  return other;
+}
+
+bool isAt(const TurningChords& chain, const ChainPlace& place, const Point2D& p) {
+  return (pointAt(chain, place) - p).length() < kFoundAgain;
+}
+
+/// True when the ends of all detours on the floor and the left side are where the base has their
+/// heights or plan distances first. Others, in a wall that leads up and down, could not be put back
+/// to their places. The beginning of a bench is the end of the floor.
+bool areFoundAgain(const OutlineReading& reading) {
+  return std::all_of(reading.detours.begin(), reading.detours.end(), [&](const Detour& detour) {
+    const Point2D start = detour.pieces.front().start;
+    const Point2D end = detour.pieces.back().end;
+    const auto isOnWall = [&](const Point2D& p) {
+      return isAt(reading.upper, placeUpwards(reading.upper, p.y), p);
+    };
+    const auto isOnFloor = [&](const Point2D& p) {
+      return isAt(reading.floor, placeLeftwards(reading.floor, p.x), p);
+    };
+    if (detour.site == DetourSite::LeftWall) return isOnWall(start) && isOnWall(end);
+    if (detour.site == DetourSite::LeftFoot) return isOnWall(end);
+    return detour.site != DetourSite::Floor || (isOnFloor(start) && isOnFloor(end));
+  });
+}
+
+OutlineReading mirrored(const OutlineReading& reading) {
+  OutlineReading other{mirrored(reading.upper), mirrored(reading.floor), {}, reading.firmness};
+  for (const Detour& detour : reading.detours)
+    other.detours.push_back(mirrored(detour));
   return other;
 }
 
@@ -89,6 +137,7 @@ OutlineReading readOutline(const TurningChords& elements, bool cutsFeet) {
   for (const Detour& detour : right.detours) {
     reading.detours.push_back(mirrored(detour));
   }
+  if (!areFoundAgain(reading) || !areFoundAgain(mirrored(reading))) return none;
   reading.firmness = firmnessOf(reading, left, right);
   return reading.firmness > 0.0 ? reading : none;
 }
