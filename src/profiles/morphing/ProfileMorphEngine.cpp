@@ -81,6 +81,11 @@ OutlineNodes nodesFrom(const TurningChords& outline, bool isAnticlockwise) {
   return nodes;
 }
 
+bool hasArc(const TurningChords& outline) {
+  return std::any_of(outline.begin(), outline.end(),
+                     [](const TurningChord& piece) { return piece.isArc(); });
+}
+
 /// Two outlines at the same place of the way differ by how they were matched only. What lies between
 /// them is found by rays; nothing when no point sees both.
 std::optional<TurningChords> between(const TurningChords& a, const TurningChords& b, double weight) {
@@ -390,7 +395,10 @@ void ProfileMorphEngine::pairByRays() {
   double weight = match->visibility * raggedness;
   const MatchedOutlines byHeadings{m_lists.segments, {}, {}, {}};
   if (mayCross && weight < 1.0 && !isWaySimple(byHeadings, kPartsOfRaggedWay)) weight = 1.0;
-  if (weight == 0.0 || !isWaySimple(match->outlines, kPartsOfRaggedWay)) return;
+  if (weight == 0.0) return;
+  // Straights between rays cannot cross, arcs may bulge over each other.
+  const bool mayBulge = hasArc(start) || hasArc(end);
+  if (mayBulge && !isWaySimple(match->outlines, kPartsOfRaggedWay)) return;
   if (weight < 1.0) {
     m_rays = std::move(match->outlines);
     m_raggedness = weight;
@@ -469,6 +477,11 @@ std::optional<OutlineNodes> ProfileMorphEngine::evaluate(double atStationing) {
   const OutlineNodes asRings = m_rings->evaluateOwn(t);
   if (m_firmness == 0.0) return asRings;
   return evaluateBetween(asRings, evaluateOwn(t));
+}
+
+bool hasArc(const TurningChords& outline) {
+  return std::any_of(outline.begin(), outline.end(),
+                     [](const TurningChord& piece) { return piece.isArc(); });
 }
 
 /// Two outlines at the same place of the way differ by how they were matched only. The outline
