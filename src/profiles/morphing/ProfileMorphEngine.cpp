@@ -86,9 +86,10 @@ bool hasArc(const TurningChords& outline) {
                      [](const TurningChord& piece) { return piece.isArc(); });
 }
 
-/// Two outlines at the same place of the way differ by how they were matched only. What lies between
-/// them is found by rays; nothing when no point sees both.
-std::optional<TurningChords> between(const TurningChords& a, const TurningChords& b, double weight) {
+/// Two outlines at the same place of the way differ by how they were matched only. What lies
+/// between them is found by rays; nothing when no point sees both.
+std::optional<TurningChords> between(const TurningChords& a, const TurningChords& b,
+                                     double weight) {
   const auto match = matchByBearings(a, b, 0.0);
   if (!match) return std::nullopt;
   return meanOf(match->outlines, weight);
@@ -477,11 +478,6 @@ std::optional<OutlineNodes> ProfileMorphEngine::evaluate(double atStationing) {
   const OutlineNodes asRings = m_rings->evaluateOwn(t);
   if (m_firmness == 0.0) return asRings;
   return evaluateBetween(asRings, evaluateOwn(t));
-}
-
-bool hasArc(const TurningChords& outline) {
-  return std::any_of(outline.begin(), outline.end(),
-                     [](const TurningChord& piece) { return piece.isArc(); });
 }
 
 /// Two outlines at the same place of the way differ by how they were matched only. The outline

@@ -116,9 +116,7 @@ struct TurnedOutline {
     }
   }
 
-  Point2D turnedBack(const Point2D& p) const {
-    return pivot + turnedFrom(direction, p - pivot);
-  }
+  Point2D turnedBack(const Point2D& p) const { return pivot + turnedFrom(direction, p - pivot); }
 };
 
 /// An outline around the origin, taken from the front ray by ray.

@@ -30,9 +30,6 @@ constexpr double kLeastFall = 0.3;
 /// Enough for a lengthening to be known to the last digit where it is as long as the radius.
 constexpr int kLengtheningSteps = 40;
 
-/// Arcs are looked at in steps of this turning (rad): a crown is then known to a thousandth.
-constexpr double kSampleTurning = 0.1;
-
 /// How a wall leads at its lower end.
 struct Course {
   double heading = 0.0;    ///< upwards
@@ -68,8 +65,8 @@ TurningChord lengthening(const TurningChords& upper, const FloorLine& floor) {
   for (int i = 0; i < kLengtheningSteps; ++i) {
     const double halfBend =
         std::asin(std::clamp(piece.chord().length() * course.curvature / 2.0, -1.0, 1.0));
-    const double lean = std::clamp(turningBetween(0.0, course.heading - halfBend), -kLargestLean,
-                                   kLargestLean);
+    const double lean =
+        std::clamp(turningBetween(0.0, course.heading - halfBend), -kLargestLean, kLargestLean);
     const double fall = std::max(std::cos(lean) - floor.slope * std::sin(lean), kLeastFall);
     piece.start = top - Point2D(std::sin(lean), std::cos(lean)) * (height / fall);
     piece.turning = 2.0 * halfBend;
@@ -92,7 +89,7 @@ std::optional<double> crossingOf(const TurningChord& piece, const FloorLine& flo
 /// Crowns of arcs included.
 double heightAbove(const FloorLine& floor, const TurningChords& chain) {
   double height = 0.0;
-  for (const Point2D& p : sampled(chain, kSampleTurning)) {
+  for (const Point2D& p : sampled(chain, kCrownSampling)) {
     height = std::max(height, floor.heightOf(p));
   }
   return height;

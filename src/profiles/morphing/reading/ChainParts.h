@@ -12,6 +12,10 @@
 namespace Ruv {
 namespace Calculations {
 
+/// Where heights are compared arcs are looked at in steps of this turning (rad): a crown is then
+/// known to a thousandth of the radius.
+constexpr double kCrownSampling = 0.1;
+
 /// The mirror image, about the y axis, of an open chain, again clockwise.
 TurningChords mirrored(const TurningChords& chain);
 

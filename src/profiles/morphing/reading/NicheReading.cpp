@@ -26,9 +26,6 @@ constexpr double kDent = 0.3;
 /// The mouth of a niche is no higher than this part of the outline.
 constexpr double kHighestMouth = 0.8;
 
-/// Arcs are looked at in steps of this turning (rad): a crown is then known to a thousandth.
-constexpr double kSampleTurning = 0.1;
-
 /// A detour leaves and comes back at corners or by fillets, and it has a dent.
 bool isDetour(const TurningChords& chain, std::size_t first, std::size_t last) {
   const auto isFillet = [&](std::size_t i) { return chain[i].turning < -kDent; };
@@ -55,7 +52,7 @@ bool continuesWall(const TurningChord& last, const TurningChord& next) {
 
 /// Crowns of arcs included.
 double heightOf(const TurningChords& chain) {
-  const std::vector<Point2D> points = sampled(chain, kSampleTurning);
+  const std::vector<Point2D> points = sampled(chain, kCrownSampling);
   const auto [low, high] = std::minmax_element(
       points.begin(), points.end(), [](const Point2D& a, const Point2D& b) { return a.y < b.y; });
   return high->y - low->y;
