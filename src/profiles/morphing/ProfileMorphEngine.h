@@ -44,9 +44,10 @@ constexpr int kHalfCirclesAllowed = 16;
 /// its place where it has become small, and a text where it has become rare.
 ///
 /// How much a floor is one is a matter of degree. Where it is in doubt, the way by parts and the
-/// way as rings are both prepared, and the outline between them is told. Where the way by parts
-/// would cross itself, the one as rings is taken, and where that would, the one by rays from a
-/// point inside.
+/// way as rings are both prepared, and the outline between them is told; likewise between the
+/// match of rings by headings and that by rays from a point inside, which is the way for caves.
+/// Where the way by parts would cross itself, the one as rings is taken, and where that would, the
+/// one by rays.
 ///
 /// Failure: prepare() reports it and messageText() says why; nothing throws.
 /// Lifecycle: configure, prepare, evaluate any number of times, reset before preparing again.

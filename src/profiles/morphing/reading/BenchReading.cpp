@@ -95,6 +95,21 @@ double heightAbove(const FloorLine& floor, const TurningChords& chain) {
   return height;
 }
 
+/// Moves what a wall has below a floor to the end of a ditch beside it.
+void moveBelow(const FloorLine& floor, TurningChords& upper, TurningChords& ditch) {
+  while (upper.size() > 1) {
+    const auto crossing = crossingOf(upper.front(), floor);
+    if (crossing && *crossing < 1.0) {
+      ditch.push_back(upper.front().part(0.0, *crossing));
+      upper.front() = upper.front().part(*crossing, 1.0);
+      return;
+    }
+    ditch.push_back(upper.front());
+    upper.erase(upper.begin());
+    if (crossing) return;
+  }
+}
+
 }  // namespace
 
 /// Up to the last ledge that is low enough all belongs to the bench. Where the wall behind it
@@ -119,22 +134,10 @@ std::optional<Detour> cutFootDetour(TurningChords& upper, const TurningChord& la
   if (height > kSamePoint) {
     upper.insert(upper.begin(), lengthening(upper, floor));
     upper = merged(upper);
-  } else if (height < -kSamePoint) {
-    detour.site = DetourSite::Floor;
-    while (upper.size() > 1) {
-      const auto crossing = crossingOf(upper.front(), floor);
-      if (crossing && *crossing < 1.0) {
-        detour.pieces.push_back(upper.front().part(0.0, *crossing));
-        upper.front() = upper.front().part(*crossing, 1.0);
-        break;
-      }
-      detour.pieces.push_back(upper.front());
-      upper.erase(upper.begin());
-      if (crossing) break;
-    }
-  } else {
-    detour.site = DetourSite::Floor;
+    return detour;
   }
+  detour.site = DetourSite::Floor;
+  if (height < -kSamePoint) moveBelow(floor, upper, detour.pieces);
   return detour;
 }
 
