@@ -44,7 +44,7 @@ void turn(OutlineReading& read, double angle) {
 
 /// An outline is ragged from the first value on, and in full from the second (rad of all dents). Up
 /// to there headings match it evenly, because its dents are taken for level.
-constexpr Fading kNotRagged{0.35, 0.7};
+constexpr Fading kNotRagged{0.1, 0.4};
 
 /// Parts of the way between which ragged outlines are looked at for crossings. Of seven pairs in
 /// 200 that crossed themselves, five did so between the quarters only.

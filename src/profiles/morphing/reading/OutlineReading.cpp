@@ -20,6 +20,9 @@ namespace {
 /// All dents of a nearly convex outline turn by no more than this (rad).
 constexpr double kShallowDents = 0.75;
 
+/// Dents count in full between pieces that are this part of the outline long, 0.9 m of 30 m.
+constexpr double kFullDent = 0.03;
+
 /// The ends (m) of a detour are found again with the digits that bridging its mouth leaves.
 constexpr double kFoundAgain = 1e-6;
 
@@ -96,13 +99,26 @@ TurningChords OutlineReading::ring() const {
   return ring;
 }
 
-/// The joint of the last with the first piece counts as well.
+/// A dent between short pieces hardly dents the outline, though it may turn by a lot.
 double dentsOf(const TurningChords& ring) {
-  const double joint = turningBetween(ring.back().headingAtEnd(), ring.front().headingAtStart());
-  return turningBackOf(ring) + std::max(0.0, -joint);
+  const double full = kFullDent * lengthOf(ring);
+  const auto share = [full](double length) { return std::min(1.0, length / full); };
+  double dents = 0.0;
+  for (std::size_t i = 0; i < ring.size(); ++i) {
+    const TurningChord& last = ring[(i + ring.size() - 1) % ring.size()];
+    const double corner = turningBetween(last.headingAtEnd(), ring[i].headingAtStart());
+    const double length = ring[i].length();
+    dents += std::max(0.0, -ring[i].turning) * share(length);
+    dents += std::max(0.0, -corner) * share(std::min(length, last.length()));
+  }
+  return dents;
 }
 
-bool isNearlyConvex(const TurningChords& ring) { return dentsOf(ring) <= kShallowDents; }
+/// The joint of the last with the first piece counts as well.
+bool isNearlyConvex(const TurningChords& ring) {
+  const double joint = turningBetween(ring.back().headingAtEnd(), ring.front().headingAtStart());
+  return turningBackOf(ring) + std::max(0.0, -joint) <= kShallowDents;
+}
 
 /// What is not floor are walls and crown, from which niches are cut first and benches at the feet
 /// last. Left and right are read alike, so a mirrored outline is read as the mirror image.

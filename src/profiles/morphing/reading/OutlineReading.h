@@ -30,7 +30,8 @@ struct OutlineReading {
 /// @param cutsFeet whether benches are detours
 OutlineReading readOutline(const TurningChords& elements, bool cutsFeet);
 
-/// How far (rad) an outline turns anticlockwise, all in all: a convex one nowhere.
+/// How far (rad) an outline turns anticlockwise, all in all, short pieces counting for less: a
+/// convex one nowhere.
 double dentsOf(const TurningChords& ring);
 
 /// True when an outline has no detours worth the name.
