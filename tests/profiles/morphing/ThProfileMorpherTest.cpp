@@ -375,7 +375,7 @@ TEST(ThProfileMorpher, LeavesItsEndsWithoutAJump) {
 
 /// Of caves that both are seen from the origin. Headings led a third of them astray.
 TEST(ThProfileMorpher, IsContinuousInTheNodesOfCaves) {
-  for (const std::uint64_t seed : {1, 2, 3, 4}) {
+  for (std::uint64_t seed = 1; seed <= 4; ++seed) {
     Random random(seed);
     const ProfilePtr start = randomStar(random, 0.4, 12);
     const ProfilePtr end = randomStar(random, 0.4, 12);

@@ -20,8 +20,8 @@ namespace {
 /// All dents of a nearly convex outline turn by no more than this (rad).
 constexpr double kShallowDents = 0.75;
 
-/// Dents count in full between pieces that are this part of the outline long, 0.9 m of 30 m.
-constexpr double kFullDent = 0.03;
+/// Dents count in full between pieces that are this part of the outline long, 9 cm of 30 m.
+constexpr double kFullDent = 0.003;
 
 /// The ends (m) of a detour are found again with the digits that bridging its mouth leaves.
 constexpr double kFoundAgain = 1e-6;
