@@ -5,11 +5,23 @@ add_library(CalculationsCompileOptions INTERFACE)
 
 # Results must not depend on the machine: no fused multiply-add, no fast-math. Hosts may trap
 # floating-point exceptions: clang must not divide before it is known by what, as GCC does not.
-target_compile_options(CalculationsCompileOptions INTERFACE
-  -ffp-contract=off
-  $<$<CXX_COMPILER_ID:Clang>:-ffp-exception-behavior=maytrap>
-  -Wall -Wextra -Wpedantic -Wconversion -Wshadow
-  $<$<BOOL:${CALCULATIONS_WERROR}>:-Werror>)
+if(MSVC)  # written by the compiler's documentation, not tried
+  target_compile_options(CalculationsCompileOptions INTERFACE
+    /fp:precise /utf-8 /permissive- /Zc:__cplusplus /EHsc /bigobj /W4
+    /wd4251 /wd4275  # members of the standard library and of Boost in exported classes
+    $<$<BOOL:${CALCULATIONS_WERROR}>:/WX>)
+else()
+  target_compile_options(CalculationsCompileOptions INTERFACE
+    -ffp-contract=off
+    $<$<CXX_COMPILER_ID:Clang>:-ffp-exception-behavior=maytrap>
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+    $<$<BOOL:${CALCULATIONS_WERROR}>:-Werror>)
+endif()
+# The old registers of 32-bit x86 keep more digits than a double, as long as nothing is stored.
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(i.86|x86|AMD64|x86_64)$" AND CMAKE_SIZEOF_VOID_P EQUAL 4)
+  target_compile_options(CalculationsCompileOptions INTERFACE
+    $<IF:$<BOOL:${MSVC}>,/arch:SSE2,-msse2;-mfpmath=sse>)
+endif()
 
 option(CALCULATIONS_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 if(CALCULATIONS_SANITIZE)

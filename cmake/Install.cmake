@@ -28,6 +28,7 @@ write_basic_package_version_file(${PROJECT_NAME}ConfigVersion.cmake
 install(FILES
   ${PROJECT_BINARY_DIR}/${PROJECT_NAME}Config.cmake
   ${PROJECT_BINARY_DIR}/${PROJECT_NAME}ConfigVersion.cmake
+  ${PROJECT_SOURCE_DIR}/cmake/FindPolyclipping.cmake
   DESTINATION ${packageDir}
   COMPONENT Development)
 

@@ -9,14 +9,20 @@ namespace Ruv {
 namespace Calculations {
 
 // Programs hand these records over by value to libraries of other versions, so their layout is part
-// of the contract.
-static_assert(std::is_standard_layout<FittingResult>::value && sizeof(FittingResult) == 56,
-              "the method, padded, and six doubles");
-static_assert(offsetof(FittingResult, method) == 0 && offsetof(FittingResult, center) == 8 &&
-                  offsetof(FittingResult, radius) == 24 &&
-                  offsetof(FittingResult, semiAxisA) == 32 &&
-                  offsetof(FittingResult, semiAxisB) == 40 &&
-                  offsetof(FittingResult, rotation) == 48,
+// of the contract. The method takes the place of a double, but where the platform aligns doubles of
+// a record to four bytes (32-bit x86 on Linux).
+constexpr std::size_t kMethodSpace = alignof(Point2D);
+static_assert(kMethodSpace == sizeof(double) || kMethodSpace == sizeof(FittingMethod::Method),
+              "the method, padded at most to a double");
+static_assert(std::is_standard_layout<FittingResult>::value &&
+                  sizeof(FittingResult) == kMethodSpace + 6 * sizeof(double),
+              "the method and six doubles");
+static_assert(offsetof(FittingResult, method) == 0 &&
+                  offsetof(FittingResult, center) == kMethodSpace &&
+                  offsetof(FittingResult, radius) == kMethodSpace + 16 &&
+                  offsetof(FittingResult, semiAxisA) == kMethodSpace + 24 &&
+                  offsetof(FittingResult, semiAxisB) == kMethodSpace + 32 &&
+                  offsetof(FittingResult, rotation) == kMethodSpace + 40,
               "storage order");
 static_assert(std::is_standard_layout<ProfilePointResult>::value &&
                   sizeof(ProfilePointResult) == 4 * sizeof(double),

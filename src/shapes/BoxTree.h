@@ -13,6 +13,10 @@
 #include <limits>
 #include <vector>
 
+#if defined(_MSC_VER)
+#include <intrin.h>
+#endif
+
 namespace Ruv {
 
 /// An axis-parallel box; empty as constructed.
@@ -270,11 +274,16 @@ inline bool CBoxTree::areMany(Places places) {
   return (places & (places - 1)) != 0;
 }
 
-/// A builtin of gcc and clang, the two compilers that the library is built with: one or two
-/// instructions. C++17 has nothing of its own, C++20 will have std::countr_zero; a loop over the
-/// bits would mispredict at every box.
+/// What each compiler has built in: one or two instructions. C++17 has nothing of its own, C++20
+/// will have std::countr_zero; a loop over the bits would mispredict at every box.
 inline std::size_t CBoxTree::lowestPlace(Places places) {
+#if defined(_MSC_VER)
+  unsigned long place = 0;
+  _BitScanForward(&place, places);
+  return place;
+#else
   return static_cast<std::size_t>(__builtin_ctz(places));
+#endif
 }
 
 }  // namespace Ruv
