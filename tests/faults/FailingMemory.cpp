@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: BSL-1.0
 #include "faults/FailingMemory.h"
 
+#if !defined(_WIN32)
 #include <dlfcn.h>
+#endif
 
 #include <array>
 #include <cstdint>
@@ -101,9 +103,15 @@ void give(void* p) noexcept {
 }
 
 bool isOfClipper(const void* caller) {
+#if defined(_WIN32)
+  // The clipper is part of the program there, since a DLL would keep an operator new of its own.
+  // What was lost is then not told apart.
+  return caller != nullptr;
+#else
   Dl_info info = {};
   return dladdr(caller, &info) != 0 &&
          std::string(info.dli_fname).find("polyclipping") != std::string::npos;
+#endif
 }
 
 }  // namespace

@@ -13,16 +13,22 @@ using namespace TestSupport;
 
 constexpr int kTrapped = FE_OVERFLOW | FE_INVALID | FE_DIVBYZERO;
 
-/// Traps while it lives where the processor can, and tells which flags were raised.
+/// Traps while it lives where processor and C library can, and tells which flags were raised.
 class Traps {
  public:
   Traps() {
     std::feclearexcept(FE_ALL_EXCEPT);
+#if defined(__GLIBC__)
     feenableexcept(kTrapped);
+#endif
   }
   Traps(const Traps&) = delete;
   Traps& operator=(const Traps&) = delete;
-  ~Traps() { fedisableexcept(kTrapped); }
+  ~Traps() {
+#if defined(__GLIBC__)
+    fedisableexcept(kTrapped);
+#endif
+  }
 
   int raised() const { return std::fetestexcept(kTrapped); }
 };

@@ -2,7 +2,6 @@
 #include "stations/Setups.h"
 #include "testing/Numbers.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -98,7 +97,9 @@ TEST(Helmert3d, WritesDiagnosticsThatChangeNothing) {
   const std::string heading = "normal matrix\n";
   EXPECT_EQ(text.str().find(heading), 0u);
   EXPECT_EQ(std::stod(text.str().substr(heading.size())), 4.0) << "one for each pair";
-  EXPECT_THAT(text.str(), testing::ContainsRegex("\nsigma0 [^\n]*\ncofactors\n"));
+  const auto sigma = text.str().find("\nsigma0 ");
+  ASSERT_NE(sigma, std::string::npos);
+  EXPECT_EQ(text.str().find('\n', sigma + 1), text.str().find("\ncofactors\n"));
   EXPECT_EQ(text.str().back(), '\n');
 }
 

@@ -71,12 +71,12 @@ void tunnelMeters(const AxisCalculator& calculator, double stationing) {
 void blocks(const AxisPtr& axis, const AxisPoint& place) {
   const boost::shared_ptr<const BlockAxisDefinition> block(
       new BlockAxisDefinition(axis, place.stationing, place.stationing + 6.0));
-  record("block-axis", std::abs(place.stationing) + 1.0,
-         {block->blockLength2d(), block->blockLength3d(), block->blockStartStng3d()});
   const AxisPoint inBlock(place.stationing + 1.0, place.offset, place.height);
   ENHPoint grid;
   AxisCalculator(block).axisPointToEnhPointPerpendicular(inBlock, grid);
-  record("block-axis", largest(grid), {grid.east, grid.north, grid.height});
+  record("block-axis", largest(grid),
+         {block->blockLength2d(), block->blockLength3d(), block->blockStartStng3d(), grid.east,
+          grid.north, grid.height});
   const AxisMapper mapper(block, axis);
   record("axis-mapping", std::abs(place.stationing) + 1.0,
          {mapper.mapStationing(place.stationing + 2.0, false, false),

@@ -11,6 +11,7 @@
 #include <map>
 #include <sstream>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -36,21 +37,40 @@ void compare(const std::string& a, const std::string& b, double scale, Agreement
   agreement.worst = std::max(agreement.worst, isMeasured ? difference : HUGE_VAL);
 }
 
-void compareLines(const std::string& a, const std::string& b,
-                  std::map<std::string, Agreement>& groups) {
+using Lines = std::vector<std::string>;
+
+/// The scales and values of each group, line by line.
+std::map<std::string, Lines> groupsOf(const char* path) {
+  std::ifstream file(path);
+  std::map<std::string, Lines> groups;
+  for (std::string group, line; file >> group && std::getline(file, line);) {
+    groups[group].push_back(line);
+  }
+  return groups;
+}
+
+void compareLines(const std::string& a, const std::string& b, Agreement& agreement) {
   std::istringstream wordsA(a);
   std::istringstream wordsB(b);
-  std::string group;
   std::string scale;
   std::string word;
-  wordsA >> group >> scale;
-  wordsB >> word >> word;
-  Agreement& agreement = groups[group];
+  wordsA >> scale;
+  wordsB >> word;
+  if (scale.empty()) scale = word;
   while (wordsA || wordsB) {
     const std::string wordA = wordsA >> word ? word : std::string();
     const std::string wordB = wordsB >> word ? word : std::string();
     if (wordsA || wordsB) compare(wordA, wordB, number(scale), agreement);
   }
+}
+
+/// A line that one digest lacks moves no line of another group.
+Agreement agreementOf(const Lines& a, const Lines& b) {
+  Agreement agreement;
+  for (std::size_t i = 0; i < std::max(a.size(), b.size()); ++i) {
+    compareLines(i < a.size() ? a[i] : "", i < b.size() ? b[i] : "", agreement);
+  }
+  return agreement;
 }
 
 }  // namespace
@@ -60,18 +80,14 @@ int main(int argc, char** argv) {
     std::cerr << "usage: compareDigests DIGEST DIGEST\n";
     return 2;
   }
-  std::ifstream fileA(argv[1]);
-  std::ifstream fileB(argv[2]);
-  std::map<std::string, Agreement> groups;
-  while (fileA || fileB) {
-    std::string a;
-    std::string b;
-    std::getline(fileA, a);
-    std::getline(fileB, b);
-    if (!a.empty() || !b.empty()) compareLines(a, b, groups);
+  std::map<std::string, Lines> linesA = groupsOf(argv[1]);
+  std::map<std::string, Lines> linesB = groupsOf(argv[2]);
+  for (const auto& group : linesB) {
+    linesA[group.first];
   }
-  bool good = !groups.empty();
-  for (const auto& [name, agreement] : groups) {
+  bool good = !linesA.empty();
+  for (const auto& [name, lines] : linesA) {
+    const Agreement agreement = agreementOf(lines, linesB[name]);
     std::printf("%-22s %6zu values, ", name.c_str(), agreement.values);
     if (agreement.different == 0) {
       std::printf("bit-identical\n");

@@ -8,9 +8,9 @@
 namespace Digest {
 
 void record(const std::string& group, double scale, const std::vector<double>& values) {
-  std::printf("%s %a", group.c_str(), scale);
+  std::printf("%s %.17g", group.c_str(), scale);
   for (const double value : values) {
-    std::printf(" %a", value);
+    std::printf(" %.17g", value);
   }
   std::printf("\n");
 }

@@ -12,8 +12,9 @@
 
 namespace Digest {
 
-/// One line on standard output: the group, the scale, then the values, numbers in hexadecimal.
-/// Counts and truth values go in as numbers.
+/// One line on standard output: the group, the scale, then the values, with 17 digits, which tell
+/// a double from its neighbours and are printed alike everywhere. Counts and truth values go in as
+/// numbers.
 /// @param scale magnitude of the coordinates behind the values; differences are relative to it
 void record(const std::string& group, double scale, const std::vector<double>& values);
 /// Coordinates, with the largest of them as scale.

@@ -9,5 +9,3 @@ set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm)
 
 # GCC 7 changed how some class values are passed; everything here is of one compiler.
 set(CMAKE_CXX_FLAGS_INIT -Wno-psabi)
-
-set(ENV{PKG_CONFIG_LIBDIR} /usr/lib/arm-linux-gnueabihf/pkgconfig:/usr/share/pkgconfig)
