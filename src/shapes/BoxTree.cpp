@@ -105,7 +105,7 @@ double CBoxTree::distanceFrom(const Point2D& p, std::size_t box) const {
 void CBoxTree::Neighbourhood::moveTo(const Point2D& p, const CBoxTree& tree) {
   m_place = p;
   m_radius = kFarthestDistance;
-  std::array<double, kGroup> distances;
+  std::array<double, kGroup> distances{};
   std::size_t count = 0;
   tree.visitNear(
       p, [&] { return m_radius; },
