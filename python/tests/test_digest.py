@@ -71,7 +71,7 @@ def digest():
     groups = defaultdict(list)
     for line in subprocess.run([program], check=True, capture_output=True, text=True).stdout.split("\n"):
         group, *numbers = line.split(" ")
-        groups[group].append(tuple(map(float.fromhex, numbers[1:])))
+        groups[group].append(tuple(map(float, numbers[1:])))
     return groups
 
 
