@@ -62,9 +62,12 @@ class CALCULATIONS_EXPORT AxisCalculator {
                            bool withTransSlope) const;
   /// Of a list of points: each result, to the bit, and each success as the single call gives them.
   /// To use several processors, give each thread a part of the list.
-  /// @param      in    as many points as count says; may be null when that is 0
+  /// @param      in    the points; may be null when there are none
+  /// @param      count how many there are
   /// @param[out] out   as many places, which may be the memory of in
   /// @param[out] found as many places, or null; whether each point has a result
+  /// @param      perpendicular  as of the single call
+  /// @param      withTransSlope as of the single call
   /// @return the number of points that have one
   std::size_t axisPointsToEnhPoints(const AxisPoint* in, std::size_t count, ENHPoint* out,
                                     bool* found, bool perpendicular, bool withTransSlope) const;

@@ -69,8 +69,9 @@ class CALCULATIONS_EXPORT ThProfileCalculator : public IProfileCalculator {
   std::vector<ProfilePointResult> calculateProfilePoints(
       const std::vector<Point2D>& points) const override;
   /// The same without a list of results of its own.
-  /// @param      in  as many points as count says; may be null when that is 0
-  /// @param[out] out as many places; all zero where a point has no foot
+  /// @param      in    the points; may be null when there are none
+  /// @param      count how many there are
+  /// @param[out] out   as many places; all zero where a point has no foot
   /// @return the number of points that have a foot
   std::size_t calculateProfilePoints(const Point2D* in, std::size_t count,
                                      ProfilePointResult* out) const;
