@@ -63,12 +63,12 @@ class Cofactors {
 };
 
 ErrorEllipse ellipseOf(const Matrix3d& covariance) {
-  constexpr double kHalfTurn = 3.141592653589793;
+  constexpr double kStraightAngle = 3.141592653589793;
   const Eigen::SelfAdjointEigenSolver<Eigen::Matrix2d> axes(covariance.topLeftCorner<2, 2>());
   const Eigen::Vector2d lengths = axes.eigenvalues().cwiseMax(0.0).cwiseSqrt();  // ascending
   const Eigen::Vector2d major = axes.eigenvectors().col(1);
   const double azimuth = std::atan2(major.x(), major.y());
-  return {lengths.y(), lengths.x(), azimuth < 0.0 ? azimuth + kHalfTurn : azimuth};
+  return {lengths.y(), lengths.x(), azimuth < 0.0 ? azimuth + kStraightAngle : azimuth};
 }
 
 /// Of |w| at one in a thousand: tau from Student's t of one degree less.

@@ -218,7 +218,7 @@ TEST(VisibleText, WhatCannotBeSeenIsShownByItsNumber) {
   for (int i = 0; i < 60; ++i) {
     umlauts += "\xc3\xa4";
   }
-  const std::string longText = Exchange::quoted(umlauts);
+  const std::string longText = Exchange::inQuotes(umlauts);
   EXPECT_TRUE(Exchange::isUtf8(longText));
   EXPECT_THAT(longText, testing::EndsWith("\xc3\xa4...\""));
 }

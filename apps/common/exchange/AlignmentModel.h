@@ -8,6 +8,7 @@
 #include "common/exchange/Outcome.h"
 #include "common/exchange/Stationing.h"
 
+#include <cmath>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,6 +19,14 @@ struct PlanPoint {
   double east = 0.0;
   double north = 0.0;
 };
+
+inline double azimuthOf(const PlanPoint& from, const PlanPoint& to) {
+  return std::atan2(to.east - from.east, to.north - from.north);
+}
+
+inline double distanceOf(const PlanPoint& from, const PlanPoint& to) {
+  return std::hypot(to.east - from.east, to.north - from.north);
+}
 
 enum class ElementKind { Straight, Arc, Clothoid };
 

@@ -47,14 +47,6 @@ const char* nameOf(ElementKind kind) {
   }
 }
 
-double azimuthOf(const PlanPoint& from, const PlanPoint& to) {
-  return std::atan2(to.east - from.east, to.north - from.north);
-}
-
-double distanceOf(const PlanPoint& from, const PlanPoint& to) {
-  return std::hypot(to.east - from.east, to.north - from.north);
-}
-
 double curvatureOf(double radius) { return radius == 0.0 ? 0.0 : 1.0 / radius; }
 
 double turnOf(const PlanElement& element) {

@@ -279,8 +279,8 @@ std::vector<std::size_t> placesThatFit(const Headings& headings, std::size_t col
 
 std::string conflictOf(const std::string& column, const Headings& headings,
                        const std::vector<std::size_t>& places) {
-  return "the headings " + quoted(headings[places[0]]->text) + " and " +
-         quoted(headings[places[1]]->text) + " both mean " + column +
+  return "the headings " + inQuotes(headings[places[0]]->text) + " and " +
+         inQuotes(headings[places[1]]->text) + " both mean " + column +
          ": name the columns by --columns, with - for those that are not wanted";
 }
 
@@ -323,7 +323,7 @@ std::string repeatedName(const Headings& headings) {
   for (const Heading* heading : headings) {
     const std::string whole = plainName(heading->text);
     if (!whole.empty() && !seen.insert(whole).second) {
-      return "two columns are named " + quoted(heading->text) +
+      return "two columns are named " + inQuotes(heading->text) +
              ": name the columns by --columns, with - for those that are not wanted";
     }
   }
@@ -344,13 +344,13 @@ std::string badUnit(const Headings& headings, const TableSchema& schema,
     const Heading& heading = *headings[*match.places[i]];
     const std::string option = quantity == Quantity::Angle ? "--angles" : "--lengths";
     if (!heading.unknownUnit.empty()) {
-      return "the unit of " + quoted(heading.text) +
+      return "the unit of " + inQuotes(heading.text) +
              " is not known; name the columns by --columns"
              " and, if need be, the unit by " +
              option;
     }
     if (heading.unit && !fits(*heading.unit, quantity)) {
-      return quoted(heading.text) + " names no unit of " + schema.columns[i].name +
+      return inQuotes(heading.text) + " names no unit of " + schema.columns[i].name +
              ": name the columns by --columns";
     }
   }

@@ -80,8 +80,8 @@ std::optional<double> LandXmlFile::optionalNumber(const pugi::xml_node& node,
   if (!found || trimmed(found.value()).empty()) return std::nullopt;
   const auto numbers = parseNumbers(found.value());
   if (!numbers || numbers->size() != 1) {
-    fail(node,
-         std::string("attribute ") + attribute + " is " + quoted(found.value()) + ", not a number");
+    fail(node, std::string("attribute ") + attribute + " is " + inQuotes(found.value()) +
+                   ", not a number");
   }
   return numbers->front();
 }
@@ -93,7 +93,7 @@ std::optional<double> LandXmlFile::optionalSize(const pugi::xml_node& node, cons
   const double size = std::abs(*number) * m_units.metresPerLength;
   if (!(size <= largest)) {
     fail(node, std::string("attribute ") + attribute + " is " +
-                   quoted(node.attribute(attribute).value()) + ", larger than any alignment");
+                   inQuotes(node.attribute(attribute).value()) + ", larger than any alignment");
   }
   return size;
 }
@@ -101,7 +101,7 @@ std::optional<double> LandXmlFile::optionalSize(const pugi::xml_node& node, cons
 std::optional<double> LandXmlFile::optionalLength(const pugi::xml_node& node) const {
   const auto number = optionalNumber(node, "length");
   if (number && *number < 0.0) {
-    fail(node, "attribute length is " + quoted(node.attribute("length").value()) +
+    fail(node, "attribute length is " + inQuotes(node.attribute("length").value()) +
                    ", not a positive number");
   }
   return optionalSize(node, "length", kLongestElement);
@@ -129,7 +129,7 @@ double LandXmlFile::coordinate(const pugi::xml_node& node, double value,
                                double metresPerUnit) const {
   const double metres = value * metresPerUnit;
   if (!(std::abs(metres) <= kLargestCoordinate)) {
-    fail(node, "coordinates in " + quoted(node.child_value()) + " lie outside any grid");
+    fail(node, "coordinates in " + inQuotes(node.child_value()) + " lie outside any grid");
   }
   return metres;
 }
@@ -142,7 +142,8 @@ pugi::xml_node LandXmlFile::pointNamed(const pugi::xml_node& node, const std::st
       }
     }
   }
-  fail(node, "refers by pntRef to the point " + quoted(name) + ", which is not among the CgPoints");
+  fail(node,
+       "refers by pntRef to the point " + inQuotes(name) + ", which is not among the CgPoints");
 }
 
 PlanPoint LandXmlFile::pointOf(const pugi::xml_node& node) const {
@@ -152,7 +153,7 @@ PlanPoint LandXmlFile::pointOf(const pugi::xml_node& node) const {
   }
   const auto numbers = parseNumbers(place.child_value());
   if (!numbers || numbers->size() < 2 || numbers->size() > 3) {
-    fail(place, quoted(place.child_value()) + " is not north, east and perhaps height");
+    fail(place, inQuotes(place.child_value()) + " is not north, east and perhaps height");
   }
   return {coordinate(place, numbers->at(1), m_units.metresPerLength),
           coordinate(place, numbers->at(0), m_units.metresPerLength)};
@@ -167,19 +168,19 @@ void LandXmlFile::readUnits() {
   m_units.isMetric = static_cast<bool>(metric);
   m_units.lengthName = visible(requiredText(node, "linearUnit"));
   const auto length = metresPerUnit(m_units.lengthName);
-  if (!length) fail(node, "linearUnit " + quoted(m_units.lengthName) + " is not known");
+  if (!length) fail(node, "linearUnit " + inQuotes(m_units.lengthName) + " is not known");
   m_units.metresPerLength = *length;
 
   const std::string heightName = node.attribute("elevationUnit").value();
   const auto height =
       heightName.empty() ? length : metresPerHeightUnit(heightName, m_units.lengthName);
-  if (!height) fail(node, "elevationUnit " + quoted(heightName) + " is not known");
+  if (!height) fail(node, "elevationUnit " + inQuotes(heightName) + " is not known");
   m_units.metresPerHeight = *height;
 
   const auto angleUnitOf = [&](const char* attribute) {
     const std::string name = node.attribute(attribute).as_string("radians");
     const auto unit = angleUnit(name);
-    if (!unit) fail(node, std::string(attribute) + " " + quoted(name) + " is not known");
+    if (!unit) fail(node, std::string(attribute) + " " + inQuotes(name) + " is not known");
     return *unit;
   };
   m_units.angle = angleUnitOf("angularUnit");

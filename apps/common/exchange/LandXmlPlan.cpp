@@ -21,14 +21,6 @@ using Ruv::Calculations::Utilities;
 /// Points this close are one: files print micrometres or coarser (m).
 constexpr double kSamePoint = 1e-6;
 
-double distanceOf(const PlanPoint& from, const PlanPoint& to) {
-  return std::hypot(to.east - from.east, to.north - from.north);
-}
-
-double azimuthOf(const PlanPoint& from, const PlanPoint& to) {
-  return std::atan2(to.east - from.east, to.north - from.north);
-}
-
 class PlanReader {
  public:
   explicit PlanReader(const LandXmlFile& file) : m_file(file) {}
@@ -72,7 +64,7 @@ class PlanReader {
   double sideOf(const pugi::xml_node& node) const {
     const std::string rotation = m_file.requiredText(node, "rot");
     if (rotation != "cw" && rotation != "ccw") {
-      m_file.fail(node, "attribute rot is " + quoted(rotation) + ", neither cw nor ccw");
+      m_file.fail(node, "attribute rot is " + inQuotes(rotation) + ", neither cw nor ccw");
     }
     return rotation == "cw" ? 1.0 : -1.0;
   }
@@ -163,7 +155,7 @@ class PlanReader {
   std::optional<PlanElement> spiralOf(const pugi::xml_node& node) const {
     const std::string type = m_file.requiredText(node, "spiType");
     if (type != "clothoid") {
-      m_file.fail(node, "spiType " + quoted(type) + " is not supported, only clothoid");
+      m_file.fail(node, "spiType " + inQuotes(type) + " is not supported, only clothoid");
     }
     PlanElement element = between(node, ElementKind::Clothoid);
     if (isWithoutLength(node, element)) return std::nullopt;

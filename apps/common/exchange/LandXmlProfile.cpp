@@ -39,7 +39,7 @@ std::vector<Candidate> candidatesOf(const pugi::xml_node& alignment) {
 std::string namesOf(const std::vector<Candidate>& candidates) {
   std::string names;
   for (const Candidate& candidate : candidates) {
-    names += (names.empty() ? "" : ", ") + quoted(candidate.design.attribute("name").value());
+    names += (names.empty() ? "" : ", ") + inQuotes(candidate.design.attribute("name").value());
   }
   return names;
 }
@@ -52,7 +52,7 @@ pugi::xml_node chosen(const LandXmlFile& file, const pugi::xml_node& alignment,
   std::copy_if(all.begin(), all.end(), std::back_inserter(suitable),
                [&](const Candidate& c) { return name.empty() ? c.isProposed() : c.isNamed(name); });
   if (!name.empty() && suitable.empty()) {
-    file.fail(alignment, "no profile is named " + quoted(name) +
+    file.fail(alignment, "no profile is named " + inQuotes(name) +
                              (all.empty() ? "; there is none" : "; there is " + namesOf(all)));
   }
   if (suitable.empty()) suitable = all;
@@ -66,7 +66,7 @@ pugi::xml_node chosen(const LandXmlFile& file, const pugi::xml_node& alignment,
 ProfilePoint pointOf(const LandXmlFile& file, const pugi::xml_node& node) {
   const auto numbers = parseNumbers(node.child_value());
   if (!numbers || numbers->size() != 2) {
-    file.fail(node, quoted(node.child_value()) + " is not station and height");
+    file.fail(node, inQuotes(node.child_value()) + " is not station and height");
   }
   ProfilePoint point;
   point.line = file.lineOf(node);

@@ -30,7 +30,7 @@ std::string namesOf(const std::vector<pugi::xml_node>& alignments) {
   constexpr std::size_t kMostListed = 10;
   std::string names;
   for (std::size_t i = 0; i < std::min(alignments.size(), kMostListed); ++i) {
-    names += (i == 0 ? "" : ", ") + quoted(alignments[i].attribute("name").value());
+    names += (i == 0 ? "" : ", ") + inQuotes(alignments[i].attribute("name").value());
   }
   return names + (alignments.size() > kMostListed ? " and more" : "");
 }
@@ -74,7 +74,7 @@ class AlignmentReader {
       return node.attribute("name").value() == m_choice.alignment;
     });
     if (found == all.end()) {
-      m_file.fail(m_file.root(), "no alignment is named " + quoted(m_choice.alignment) +
+      m_file.fail(m_file.root(), "no alignment is named " + inQuotes(m_choice.alignment) +
                                      "; there is " + namesOf(all));
     }
     return *found;

@@ -37,7 +37,6 @@ constexpr std::size_t kExtendedFlags = 15;   // formats 6 to 10
 constexpr unsigned kWithheld = 0x80;
 constexpr unsigned kExtendedWithheld = 0x04;
 
-constexpr std::size_t kPointsAtOnce = 20000;
 constexpr std::size_t kBytesAtOnce = 1U << 20U;  // records may have 65 535 bytes
 
 template <class Integer>

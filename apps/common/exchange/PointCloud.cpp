@@ -13,8 +13,6 @@ namespace Exchange {
 
 namespace {
 
-constexpr std::size_t kPointsAtOnce = 20000;
-
 class TextCloud : public PointCloud {
  public:
   TextCloud(std::istream& in, const TableFormat& format) : m_stream(in, scanColumns(), format) {}

@@ -24,11 +24,14 @@ struct CloudPoint {
   Ruv::Calculations::ENHPoint grid;
 };
 
+/// Few enough to stay in a processor's cache, enough to make calls cheap.
+constexpr std::size_t kPointsAtOnce = 20000;
+
 class PointCloud {
  public:
   virtual ~PointCloud() = default;
 
-  /// Replaces the points by the next ones of the scan, some ten thousand at most.
+  /// Replaces the points by the next ones of the scan, kPointsAtOnce at most.
   /// @return false when there are none any more, or when problem() tells why it ends here
   virtual bool next(std::vector<CloudPoint>& points) = 0;
 

@@ -81,7 +81,7 @@ Outcome<double> Stationing::placeOf(const std::string& text) const {
   const auto station = words.empty() ? std::nullopt : parseStation(words[0]);
   if (!station || (words.size() > 1 && !isQualified)) {
     return Outcome<double>::failure(
-        {0, quoted(text) + " is no station; write 7320.5, 7+320.5, 7+320 back or 7+320 ahead"});
+        {0, inQuotes(text) + " is no station; write 7320.5, 7+320.5, 7+320 back or 7+320 ahead"});
   }
   if (!isQualified) return placeOf(*station);
   const std::vector<double> places = placesOf(*station);
@@ -90,7 +90,7 @@ Outcome<double> Stationing::placeOf(const std::string& text) const {
   const bool isThere =
       !places.empty() && (isAhead ? !m_equations.empty() && place >= m_equations[0].place
                                   : m_equations.empty() || place <= m_equations.back().place);
-  if (!isThere) return Outcome<double>::failure({0, quoted(text) + " is none of this axis"});
+  if (!isThere) return Outcome<double>::failure({0, inQuotes(text) + " is none of this axis"});
   return Outcome<double>::success(place);
 }
 

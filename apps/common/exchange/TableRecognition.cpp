@@ -391,7 +391,7 @@ std::string listOf(const Cells& cells) {
   constexpr std::size_t kMost = 8;
   std::string list;
   for (std::size_t i = 0; i < std::min(cells.size(), kMost); ++i) {
-    list += (i == 0 ? "" : ", ") + quoted(cells[i]);
+    list += (i == 0 ? "" : ", ") + inQuotes(cells[i]);
   }
   return list + (cells.size() > kMost ? ", ..." : "");
 }
@@ -551,7 +551,7 @@ void readNumbers(const Cells& cells, const TableSchema& schema, const TableLayou
     if (column.quantity == Quantity::Text) continue;
     const auto number = numberIn(cells[*place], i, schema, layout);
     if (!number) {
-      values.problem = column.name + " is " + quoted(cells[*place]) + ", " +
+      values.problem = column.name + " is " + inQuotes(cells[*place]) + ", " +
                        whatIsExpected(column.quantity, layout.angleUnits[i]);
       return;
     }

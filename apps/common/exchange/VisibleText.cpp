@@ -135,7 +135,7 @@ std::string visible(std::string_view text) {
   return shown;
 }
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
   constexpr std::size_t kMostBytes = 60;
   std::size_t end = text.size();
   if (end > kMostBytes) {

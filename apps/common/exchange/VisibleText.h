@@ -21,7 +21,7 @@ std::string fromWindows1252(std::string_view text);
 std::string visible(std::string_view text);
 
 /// The same in double quotes, and not too long: for messages.
-std::string quoted(std::string_view text);
+std::string inQuotes(std::string_view text);
 
 }  // namespace Exchange
 
