@@ -17,7 +17,7 @@ using Eigen::Vector3d;
 using Ruv::Calculations::ENHPoint;
 using Ruv::Calculations::StationPlacement;
 
-constexpr int kUnknowns = 7;
+constexpr int kUnknownsInSpace = 7;
 
 Vector3d vectorOf(const ENHPoint& point) { return {point.east, point.north, point.height}; }
 ENHPoint pointOf(const Vector3d& vector) { return {vector.x(), vector.y(), vector.z()}; }
@@ -103,7 +103,7 @@ Reliability reliabilityOf(const StationPlacement& station, const std::vector<Sig
   const std::vector<ENHPoint> residuals = residualsOf(station, sightings);
   const double sigma0 = sigma0Of(residuals);
   Reliability reliability;
-  reliability.redundancy = 3 * static_cast<int>(sightings.size()) - kUnknowns;
+  reliability.redundancy = 3 * static_cast<int>(sightings.size()) - kUnknownsInSpace;
   reliability.criticalW = criticalW(reliability.redundancy);
   std::size_t largest = 0;
   for (std::size_t i = 0; i < points.size(); ++i) {
