@@ -217,12 +217,11 @@ double ThProfileCalculatorImpl::diameterAt(const Point2D& p) const {
 double ThProfileCalculatorImpl::rawDerolmentOfCrown() const {
   const double count = std::floor(m_circumference / kCrownInterval + 0.5);
   const std::vector<Point2D> outline = samples(kCrownInterval, count, true);
-  if (outline.empty()) return 0.0;
-  const auto centroid = areaCentroid(outline);
-  if (!centroid) return 0.0;
+  const auto surface = areaAndCentroid(outline);
+  if (!surface) return 0.0;
   double highest = std::numeric_limits<double>::lowest();
   Point2D crown;
-  for (const Point2D& point : pointsAtRightOffset(centroid->x)) {
+  for (const Point2D& point : pointsAtRightOffset(surface->centroid.x)) {
     if (!(point.y > highest)) continue;
     highest = point.y;
     crown = point;

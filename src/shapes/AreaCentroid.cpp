@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSL-1.0
 // The shoelace formula (Meister 1769) in moments: with the points p_i of the ring and the cross
-// products x_i = p_i x p_(i+1), the doubled area is sum x_i and the centroid is
+// products x_i = p_i x p_(i+1), the doubled area is sum x_i (positive when the ring runs
+// anticlockwise) and the centroid is
 // sum (p_i + p_(i+1)) x_i / (3 sum x_i).
 
 #include "shapes/AreaCentroid.h"
@@ -9,7 +10,8 @@
 
 namespace Ruv {
 
-std::optional<Point2D> areaCentroid(const std::vector<Point2D>& polygon) {
+std::optional<AreaAndCentroid> areaAndCentroid(const std::vector<Point2D>& polygon) {
+  if (polygon.empty()) return std::nullopt;
   // Reduced coordinates: the products would cost digits far from the origin.
   const Point2D reference = polygon.front();
   double doubledArea = 0.0;
@@ -22,7 +24,7 @@ std::optional<Point2D> areaCentroid(const std::vector<Point2D>& polygon) {
     moment = moment + (a + b) * cross;
   }
   if (doubledArea == 0.0) return std::nullopt;
-  return reference + moment / (3.0 * doubledArea);
+  return AreaAndCentroid{-doubledArea / 2.0, reference + moment / (3.0 * doubledArea)};
 }
 
 }  // namespace Ruv

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSL-1.0
 /// @file
-/// The centroid of an area.
+/// The area inside a polygon, and its centroid.
 
 #ifndef CALCULATIONS_SHAPES_AREA_CENTROID_H
 #define CALCULATIONS_SHAPES_AREA_CENTROID_H
@@ -12,9 +12,14 @@
 
 namespace Ruv {
 
-/// Centroid of the area of a polygon by the shoelace formula; nothing without area.
-/// @param polygon at least one point; the last one leads back to the first
-std::optional<Point2D> areaCentroid(const std::vector<Point2D>& polygon);
+struct AreaAndCentroid {
+  double area = 0.0;  ///< positive when the polygon runs clockwise
+  Point2D centroid;
+};
+
+/// By the shoelace formula; nothing for a polygon without area.
+/// @param polygon the last point leads back to the first
+std::optional<AreaAndCentroid> areaAndCentroid(const std::vector<Point2D>& polygon);
 
 }  // namespace Ruv
 

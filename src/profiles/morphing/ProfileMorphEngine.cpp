@@ -24,24 +24,6 @@ namespace Calculations {
 
 namespace {
 
-/// Clockwise about the origin. Either outline is turned by half of the roll, so that none of them
-/// is preferred.
-void turn(OutlineReading& read, double angle) {
-  const CDirection direction = directionOfBearing(angle);
-  for (TurningChords* chain : {&read.upper, &read.floor}) {
-    for (TurningChord& piece : *chain) {
-      piece.start = turnedTo(direction, piece.start);
-      piece.end = turnedTo(direction, piece.end);
-    }
-  }
-  for (Detour& detour : read.detours) {
-    for (TurningChord& piece : detour.pieces) {
-      piece.start = turnedTo(direction, piece.start);
-      piece.end = turnedTo(direction, piece.end);
-    }
-  }
-}
-
 /// An outline is ragged from the first value on, and in full from the second (rad of all dents). Up
 /// to there headings match it evenly, because its dents are taken for level.
 constexpr Fading kNotRagged{0.1, 0.4};
@@ -65,22 +47,6 @@ std::optional<BothWalks> walksAlong(const OutlineSides& sides) {
   return BothWalks{*left, *right};
 }
 
-/// In the sense of the start outline, from the node at which the ring begins.
-OutlineNodes nodesFrom(const TurningChords& outline, bool isAnticlockwise) {
-  OutlineNodes nodes;
-  nodes.reserve(outline.size());
-  if (isAnticlockwise) {
-    for (auto piece = outline.rbegin(); piece != outline.rend(); ++piece) {
-      nodes.push_back({piece->end, piece->reversed().radius()});
-    }
-  } else {
-    for (const TurningChord& piece : outline) {
-      nodes.push_back({piece.start, piece.radius()});
-    }
-  }
-  return nodes;
-}
-
 bool hasArc(const TurningChords& outline) {
   return std::any_of(outline.begin(), outline.end(),
                      [](const TurningChord& piece) { return piece.isArc(); });
@@ -93,15 +59,6 @@ std::optional<TurningChords> between(const TurningChords& a, const TurningChords
   const auto match = matchByBearings(a, b, 0.0);
   if (!match) return std::nullopt;
   return meanOf(match->outlines, weight);
-}
-
-/// A result as the input of another preparation; the last node leads back to the first.
-std::vector<ProfileSegment> segmentsOf(const OutlineNodes& nodes) {
-  std::vector<ProfileSegment> segments;
-  for (std::size_t i = 0; i < nodes.size(); ++i) {
-    segments.push_back({nodes[i].point, nodes[(i + 1) % nodes.size()].point, nodes[i].radius});
-  }
-  return segments;
 }
 
 bool areFinite(const std::vector<NodePairs>& polylines) {
@@ -251,7 +208,8 @@ PlumbLines ProfileMorphEngine::plumbLinesOf(const TurningChords& ring) const {
   return has(MorphFlags::kBottom) ? plumbLinesThroughMiddle(ring) : plumbLinesThroughFirst(ring);
 }
 
-/// Not finding a shift is the rule, and no failure.
+/// Not finding a shift is the rule, and no failure. Either outline is turned by half of the roll,
+/// so that none of them is preferred.
 ProfileMorphEngine::Outcome ProfileMorphEngine::searchShift() {
   const double largest = m_mostDivisionsTurned * m_angularStep;
   const double roll = rollBetween({m_start.read.upper, m_start.read.hasFloor()},
@@ -259,8 +217,8 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::searchShift() {
   if (roll == 0.0) report(MorphStatus::ShiftNotFound);
   m_placement.startTurned = roll / 2.0;
   m_placement.endTurned = -roll / 2.0;
-  turn(m_start.read, m_placement.startTurned);
-  turn(m_end.read, m_placement.endTurned);
+  m_start.read.turnBy(m_placement.startTurned);
+  m_end.read.turnBy(m_placement.endTurned);
   return Outcome::GoOn;
 }
 
@@ -283,10 +241,7 @@ std::optional<Point2D> ProfileMorphEngine::standOnBase(OutlineReading& read, Out
   if (!crown) return std::nullopt;
   moveBy(upper, base * -1.0);
   sides = sidesOf(upper, *crown);
-  moveBy(read.upper, base * -1.0);
-  moveBy(read.floor, base * -1.0);
-  for (Detour& detour : read.detours)
-    moveBy(detour.pieces, base * -1.0);
+  read.moveBy(base * -1.0);
   return base;
 }
 
@@ -480,8 +435,8 @@ std::optional<OutlineNodes> ProfileMorphEngine::evaluate(double atStationing) {
   return evaluateBetween(asRings, evaluateOwn(t));
 }
 
-/// Two outlines at the same place of the way differ by how they were matched only. The outline
-/// between them is found by morphing from one to the other, as rings and without a roll.
+/// The outline between two ones at the same place of the way, which differ by how they were matched
+/// only, is found by morphing from one to the other, as rings and without a roll.
 OutlineNodes ProfileMorphEngine::evaluateBetween(const OutlineNodes& asRings,
                                                  const OutlineNodes& byParts) const {
   const auto engine = engineForRings();

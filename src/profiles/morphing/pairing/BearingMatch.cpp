@@ -2,6 +2,7 @@
 #include "profiles/morphing/pairing/BearingMatch.h"
 
 #include "foundation/MathConstants.h"
+#include "shapes/AreaCentroid.h"
 #include "shapes/PlaneGeometry.h"
 
 #include <algorithm>
@@ -29,23 +30,17 @@ constexpr double kWideKernel = 0.003;
 /// Rays closer than this (rad) are one: the rounding of bearings.
 constexpr double kSameBearing = 1e-12;
 
-/// Halvings of a piece until its crossing with a ray is known to the last digit.
-constexpr int kHalvings = 60;
-
-/// Positive when b lies anticlockwise of a.
-double cross(const Point2D& a, const Point2D& b) { return a.x * b.y - a.y * b.x; }
-
 /// What of a convex polygon lies on the right of a directed line (Sutherland and Hodgman 1974).
-Polygon clipped(const Polygon& polygon, const Point2D& through, const Point2D& along) {
+Polygon clipped(const Polygon& polygon, const Point2D& through, const CDirection& along) {
   Polygon kept;
   for (std::size_t i = 0; i < polygon.size(); ++i) {
     const Point2D& from = polygon[i];
     const Point2D& to = polygon[(i + 1) % polygon.size()];
-    const double left = cross(along, from - through);
-    const double nextLeft = cross(along, to - through);
-    if (left <= 0.0) kept.push_back(from);
-    if ((left < 0.0 && nextLeft > 0.0) || (left > 0.0 && nextLeft < 0.0)) {
-      kept.push_back(from + (to - from) * (left / (left - nextLeft)));
+    const double right = rightComponent(from - through, along);
+    const double nextRight = rightComponent(to - through, along);
+    if (right >= 0.0) kept.push_back(from);
+    if ((right < 0.0 && nextRight > 0.0) || (right > 0.0 && nextRight < 0.0)) {
+      kept.push_back(from + (to - from) * (right / (right - nextRight)));
     }
   }
   return kept;
@@ -59,8 +54,7 @@ void clipToKernel(Polygon& kernel, const TurningChords& outline, const Point2D& 
     for (double i = 0.0; i <= count; ++i) {
       const double fraction = count > 0.0 ? i / count : 0.0;
       const double heading = piece.headingAtStart() + fraction * piece.turning;
-      kernel = clipped(kernel, piece.pointAt(fraction) - origin,
-                       Point2D(std::sin(heading), std::cos(heading)));
+      kernel = clipped(kernel, piece.pointAt(fraction) - origin, directionOfBearing(heading));
     }
   }
 }
@@ -79,25 +73,10 @@ Polygon boxAround(const TurningChords& start, const TurningChords& end, const Po
   return {low, Point2D(low.x, high.y), high, Point2D(high.x, low.y)};
 }
 
-struct Surface {
-  double area = 0.0;
-  Point2D centroid;
-};
-
-/// Of a clockwise polygon, with which it changes evenly. Reduced to a node, far from the origin
-/// products would lose the digits of the area.
-Surface surfaceOf(const Polygon& polygon) {
-  double area = 0.0;
-  Point2D moment;
-  for (std::size_t i = 1; i + 1 < polygon.size(); ++i) {
-    const Point2D a = polygon[i] - polygon.front();
-    const Point2D b = polygon[i + 1] - polygon.front();
-    const double triangle = -cross(a, b) / 2.0;
-    area += triangle;
-    moment = moment + (a + b) * (triangle / 3.0);
-  }
-  if (!(area > kSmallestKernel)) return {};
-  return {area, polygon.front() + moment / area};
+/// The centroid changes evenly with the outline, unlike the middle of the box around it.
+Point2D centroidOf(const TurningChords& outline) {
+  const auto surface = areaAndCentroid(sampled(outline, kSampleTurning));
+  return surface ? surface->centroid : outline.front().start;
 }
 
 /// An outline turned about its own centroid.
@@ -107,13 +86,10 @@ struct TurnedOutline {
   TurningChords pieces;
 
   TurnedOutline(const TurningChords& outline, double by)
-      : pivot(surfaceOf(sampled(outline, kSampleTurning)).centroid),
-        direction(directionOfBearing(by)),
-        pieces(outline) {
-    for (TurningChord& piece : pieces) {
-      piece.start = pivot + turnedTo(direction, piece.start - pivot);
-      piece.end = pivot + turnedTo(direction, piece.end - pivot);
-    }
+      : pivot(centroidOf(outline)), direction(directionOfBearing(by)), pieces(outline) {
+    moveBy(pieces, pivot * -1.0);
+    turnBy(pieces, direction);
+    moveBy(pieces, pivot);
   }
 
   Point2D turnedBack(const Point2D& p) const { return pivot + turnedFrom(direction, p - pivot); }
@@ -168,17 +144,13 @@ class RayReader {
   /// Where a piece meets a ray: up to there bearings are smaller.
   static double fractionAt(const TurningChord& piece, const Point2D& ray) {
     if (!piece.isArc()) {
-      const double ahead = cross(piece.start, ray);
-      return std::clamp(ahead / (ahead - cross(piece.end, ray)), 0.0, 1.0);
+      const CDirection direction = directionOfBearing(bearingOf(ray));
+      const double right = rightComponent(piece.start, direction);
+      return std::clamp(right / (right - rightComponent(piece.end, direction)), 0.0, 1.0);
     }
     const double bearing = bearingFrom(piece.start, ray);
-    double low = 0.0;
-    double high = 1.0;
-    for (int i = 0; i < kHalvings; ++i) {
-      const double middle = (low + high) / 2.0;
-      (bearingFrom(piece.start, piece.pointAt(middle)) < bearing ? low : high) = middle;
-    }
-    return (low + high) / 2.0;
+    return fractionUpTo(piece,
+                        [&](const Point2D& p) { return bearingFrom(piece.start, p) < bearing; });
   }
 
   TurningChords m_pieces;
@@ -195,15 +167,15 @@ std::optional<BearingMatch> matchByBearings(const TurningChords& start, const Tu
   const TurnedOutline endTurned(end, -roll / 2.0);
   const Point2D origin = startTurned.pieces.front().start;
   Polygon kernel = boxAround(startTurned.pieces, endTurned.pieces, origin);
-  const double boxArea = surfaceOf(kernel).area;
+  const auto box = areaAndCentroid(kernel);
   clipToKernel(kernel, startTurned.pieces, origin);
   clipToKernel(kernel, endTurned.pieces, origin);
-  const Surface seeing = surfaceOf(kernel);
-  if (!(seeing.area > 0.0)) return std::nullopt;
-  const Point2D centre = origin + seeing.centroid;
+  const auto seeing = areaAndCentroid(kernel);
+  if (!box || !seeing || !(seeing->area > kSmallestKernel)) return std::nullopt;
+  const Point2D centre = origin + seeing->centroid;
 
   BearingMatch match;
-  match.visibility = std::min(1.0, seeing.area / (kWideKernel * boxArea));
+  match.visibility = std::min(1.0, seeing->area / (kWideKernel * box->area));
   match.outlines.placement = {startTurned.turnedBack(centre), endTurned.turnedBack(centre),
                               roll / 2.0, -roll / 2.0};
   const Point2D first = origin - centre;

@@ -88,12 +88,5 @@ OutlineSides sidesOf(const TurningChords& upper, const ChainPlace& crown) {
   return sides;
 }
 
-void moveBy(TurningChords& chain, const Point2D& shift) {
-  for (TurningChord& element : chain) {
-    element.start = element.start + shift;
-    element.end = element.end + shift;
-  }
-}
-
 }  // namespace Calculations
 }  // namespace Ruv

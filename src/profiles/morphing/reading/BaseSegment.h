@@ -32,8 +32,6 @@ struct OutlineSides {
 
 OutlineSides sidesOf(const TurningChords& upper, const ChainPlace& crown);
 
-void moveBy(TurningChords& chain, const Point2D& shift);
-
 }  // namespace Calculations
 }  // namespace Ruv
 

@@ -77,13 +77,7 @@ TurningChord lengthening(const TurningChords& upper, const FloorLine& floor) {
 /// How far a piece is passed until it meets a floor from below; nothing when it does not.
 std::optional<double> crossingOf(const TurningChord& piece, const FloorLine& floor) {
   if (!(floor.heightOf(piece.end) >= 0.0)) return std::nullopt;
-  double low = 0.0;
-  double high = 1.0;
-  for (int i = 0; i < 60; ++i) {
-    const double middle = (low + high) / 2.0;
-    (floor.heightOf(piece.pointAt(middle)) < 0.0 ? low : high) = middle;
-  }
-  return high;
+  return fractionUpTo(piece, [&](const Point2D& p) { return floor.heightOf(p) < 0.0; });
 }
 
 /// Crowns of arcs included.

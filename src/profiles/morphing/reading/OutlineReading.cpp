@@ -99,6 +99,21 @@ TurningChords OutlineReading::ring() const {
   return ring;
 }
 
+void OutlineReading::moveBy(const Point2D& shift) {
+  Calculations::moveBy(upper, shift);
+  Calculations::moveBy(floor, shift);
+  for (Detour& detour : detours)
+    Calculations::moveBy(detour.pieces, shift);
+}
+
+void OutlineReading::turnBy(double angle) {
+  const CDirection direction = directionOfBearing(angle);
+  Calculations::turnBy(upper, direction);
+  Calculations::turnBy(floor, direction);
+  for (Detour& detour : detours)
+    Calculations::turnBy(detour.pieces, direction);
+}
+
 /// A dent between short pieces hardly dents the outline, though it may turn by a lot.
 double dentsOf(const TurningChords& ring) {
   const double full = kFullDent * lengthOf(ring);

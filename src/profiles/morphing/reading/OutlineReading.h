@@ -24,6 +24,10 @@ struct OutlineReading {
   bool hasFloor() const { return !floor.empty(); }
   /// The base as a ring.
   TurningChords ring() const;
+
+  void moveBy(const Point2D& shift);
+  /// Clockwise about the origin.
+  void turnBy(double angle);
 };
 
 /// Reads an outline that stands on a floor. One that does not is all upper chain.

@@ -107,6 +107,29 @@ void OutlineStore::load(const std::vector<ProfileSegment>& outline) {
   if (m_wasAnticlockwise) m_elements = reversed(m_elements);
 }
 
+OutlineNodes nodesFrom(const TurningChords& outline, bool isAnticlockwise) {
+  OutlineNodes nodes;
+  nodes.reserve(outline.size());
+  if (isAnticlockwise) {
+    for (auto piece = outline.rbegin(); piece != outline.rend(); ++piece) {
+      nodes.push_back({piece->end, piece->reversed().radius()});
+    }
+  } else {
+    for (const TurningChord& piece : outline) {
+      nodes.push_back({piece.start, piece.radius()});
+    }
+  }
+  return nodes;
+}
+
+std::vector<ProfileSegment> segmentsOf(const OutlineNodes& nodes) {
+  std::vector<ProfileSegment> segments;
+  for (std::size_t i = 0; i < nodes.size(); ++i) {
+    segments.push_back({nodes[i].point, nodes[(i + 1) % nodes.size()].point, nodes[i].radius});
+  }
+  return segments;
+}
+
 bool OutlineStore::hasHalfCircle() const {
   return std::any_of(m_elements.begin(), m_elements.end(), [](const TurningChord& element) {
     return std::abs(element.turning) >= kPi - kHalfTurnTolerance;

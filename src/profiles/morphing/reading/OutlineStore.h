@@ -23,6 +23,13 @@ struct OutlineNode {
 
 using OutlineNodes = std::vector<OutlineNode>;
 
+/// @param outline clockwise
+/// @param isAnticlockwise whether the nodes are to lead the other way, from the same one
+OutlineNodes nodesFrom(const TurningChords& outline, bool isAnticlockwise);
+
+/// A result as an input; the last node leads back to the first.
+std::vector<ProfileSegment> segmentsOf(const OutlineNodes& nodes);
+
 /// Nodes closer than this (m) are one: a micrometre is nothing in a tunnel, a nanometre rounding.
 constexpr double kSamePoint = 1e-9;
 

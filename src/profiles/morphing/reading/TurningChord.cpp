@@ -65,6 +65,20 @@ double turningBetween(double heading, double nextHeading) {
   return turning <= -kPi ? kPi : turning;
 }
 
+void moveBy(TurningChords& chain, const Point2D& shift) {
+  for (TurningChord& element : chain) {
+    element.start = element.start + shift;
+    element.end = element.end + shift;
+  }
+}
+
+void turnBy(TurningChords& chain, const CDirection& direction) {
+  for (TurningChord& element : chain) {
+    element.start = turnedTo(direction, element.start);
+    element.end = turnedTo(direction, element.end);
+  }
+}
+
 std::vector<Point2D> sampled(const TurningChords& chain, double largestTurning) {
   std::vector<Point2D> points;
   for (const TurningChord& element : chain) {

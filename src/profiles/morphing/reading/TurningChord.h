@@ -45,8 +45,28 @@ struct TurningChord {
 
 using TurningChords = std::vector<TurningChord>;
 
+/// Fraction of a piece up to which a condition holds that holds at its start and, once lost, stays
+/// lost; found by halving. 1 where it is never lost.
+/// @param holds tells it of a point of the piece
+template <typename Condition>
+double fractionUpTo(const TurningChord& piece, const Condition& holds) {
+  constexpr int kHalvings = 60;  // more than the digits of a double
+  double low = 0.0;
+  double high = 1.0;
+  for (int i = 0; i < kHalvings; ++i) {
+    const double middle = (low + high) / 2.0;
+    (holds(piece.pointAt(middle)) ? low : high) = middle;
+  }
+  return high;
+}
+
 /// The difference of two headings, in (-pi, pi].
 double turningBetween(double heading, double nextHeading);
+
+void moveBy(TurningChords& chain, const Point2D& shift);
+
+/// Clockwise about the origin, by the bearing of a direction.
+void turnBy(TurningChords& chain, const CDirection& direction);
 
 /// Points along a chain, the last end left out, so close that the chain turns by no more than
 /// the given angle (rad) from one to the next.
