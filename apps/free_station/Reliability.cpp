@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: BSL-1.0
 #include "free_station/Reliability.h"
 
-#include <Eigen/Dense>
+#include <Eigen/Core>
+#include <Eigen/LU>
 #include <boost/math/distributions/students_t.hpp>
 
 #include <algorithm>
@@ -62,20 +63,25 @@ class Cofactors {
   double m_squares = 0.0;
 };
 
+/// Helmert's formulas: with w^2 = (n - e)^2 + 4 m^2 of the variances e and n to the east and the
+/// north and the covariance m, the squares of the half axes are (e + n +- w) / 2, and the tangent
+/// of twice the azimuth of the longer one is 2 m / (n - e).
 ErrorEllipse ellipseOf(const Matrix3d& covariance) {
   constexpr double kStraightAngle = 3.141592653589793;
-  const Eigen::SelfAdjointEigenSolver<Eigen::Matrix2d> axes(covariance.topLeftCorner<2, 2>());
-  const Eigen::Vector2d lengths = axes.eigenvalues().cwiseMax(0.0).cwiseSqrt();  // ascending
-  const Eigen::Vector2d major = axes.eigenvectors().col(1);
-  const double azimuth = std::atan2(major.x(), major.y());
-  return {lengths.y(), lengths.x(), azimuth < 0.0 ? azimuth + kStraightAngle : azimuth};
+  const double sum = covariance(0, 0) + covariance(1, 1);
+  const double difference = covariance(1, 1) - covariance(0, 0);
+  const double w = std::hypot(difference, 2.0 * covariance(0, 1));
+  const double azimuth = std::atan2(2.0 * covariance(0, 1), difference) / 2.0;
+  return {std::sqrt((sum + w) / 2.0), std::sqrt(std::max(sum - w, 0.0) / 2.0),
+          azimuth < 0.0 ? azimuth + kStraightAngle : azimuth};
 }
 
 /// Of |w| at one in a thousand: tau from Student's t of one degree less.
 double criticalW(int redundancy) {
   constexpr double kProbability = 1e-3;
+  using InDouble = boost::math::policies::policy<boost::math::policies::promote_double<false>>;
   const double f = redundancy;
-  const boost::math::students_t distribution(f - 1.0);
+  const boost::math::students_t_distribution<double, InDouble> distribution(f - 1.0);
   const double t = boost::math::quantile(boost::math::complement(distribution, kProbability / 2.0));
   return t * std::sqrt(f / (f - 1.0 + t * t));
 }
