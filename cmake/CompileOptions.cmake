@@ -48,7 +48,8 @@ if(CALCULATIONS_COVERAGE)
   add_link_options(-fprofile-instr-generate)
 endif()
 
-# Tests are built more often than they run, and it is the library's speed that they wait for.
-add_library(CalculationsTestOptions INTERFACE)
-target_compile_options(CalculationsTestOptions INTERFACE $<$<CONFIG:Release>:-O1>)
-target_link_libraries(CalculationsTestOptions INTERFACE CalculationsCompileOptions)
+# Tests, command lines and reports are built more often than they run, and it is the library's speed
+# that they wait for.
+add_library(CalculationsQuickBuildOptions INTERFACE)
+target_compile_options(CalculationsQuickBuildOptions INTERFACE $<$<CONFIG:Release>:-O1>)
+target_link_libraries(CalculationsQuickBuildOptions INTERFACE CalculationsCompileOptions)
