@@ -56,7 +56,8 @@ class CALCULATIONS_EXPORT AxisMapper {
   /// @param value on the source
   /// @param valueIsTunnelmeter the value is a tunnel meter, not a stationing
   /// @param resultAsTunnelmeter return the tunnel meter of the target, not the stationing
-  /// @return 0.0 when the value cannot be carried
+  /// @return 0.0 when the value cannot be carried; as a tunnel meter also where the target has none
+  ///   at its stationing (AxisCalculator::stationingToTunnelmeter), which canMap does not ask
   double mapStationing(double value, bool valueIsTunnelmeter, bool resultAsTunnelmeter) const;
 
  private:
