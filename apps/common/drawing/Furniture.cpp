@@ -110,31 +110,62 @@ std::vector<std::string> linesOf(const std::string& text) {
   return lines;
 }
 
-}  // namespace
+/// Where an entry stands: lines below each other from a row of a column on.
+struct PlacedEntry {
+  const LegendEntry* entry;
+  std::vector<std::string> lines;
+  double left;  ///< of its column, from the left of the legend
+  std::size_t row;
+};
 
-void drawLegend(Canvas& canvas, const Box& box, const std::vector<LegendEntry>& entries,
-                const TextStyle& style) {
-  const double rowHeight = 1.7 * style.size;
-  const double sampleWidth = 4.0 * style.size;
-  const auto rows = static_cast<std::size_t>(std::max(1.0, std::floor(box.height() / rowHeight)));
-  double left = box.left;
-  double columnWidth = 0.0;
+struct LegendLayout {
+  std::vector<PlacedEntry> entries;
+  double width = 0.0;
+};
+
+double rowHeightOf(const TextStyle& style) { return 1.7 * style.size; }
+double sampleWidthOf(const TextStyle& style) { return 4.0 * style.size; }
+double wordsAfter(const TextStyle& style) { return sampleWidthOf(style) + 0.6 * style.size; }
+double gapAfterColumn(const TextStyle& style) { return 2.4 * style.size; }
+
+LegendLayout layoutOf(Canvas& canvas, double height, const std::vector<LegendEntry>& entries,
+                      const TextStyle& style) {
+  const auto rows =
+      static_cast<std::size_t>(std::max(1.0, std::floor(height / rowHeightOf(style))));
+  LegendLayout layout;
+  double left = 0.0;
   std::size_t row = 0;
   for (const LegendEntry& entry : entries) {
     const std::vector<std::string> lines = linesOf(entry.meaning);
     if (row > 0 && row + lines.size() > rows) {
-      left += columnWidth;
-      columnWidth = 0.0;
+      left = layout.width + gapAfterColumn(style);
       row = 0;
     }
-    const auto topOf = [&](std::size_t r) { return box.top + static_cast<double>(r) * rowHeight; };
-    entry.sample(canvas, {left, topOf(row), left + sampleWidth, topOf(row + 1)});
+    layout.entries.push_back({&entry, lines, left, row});
+    row += lines.size();
     for (const std::string& words : lines) {
-      const Point at{left + sampleWidth + 0.6 * style.size, topOf(row) + rowHeight / 2.0};
-      canvas.text(at, words, style);
-      columnWidth =
-          std::max(columnWidth, sampleWidth + 3.0 * style.size + canvas.textWidth(words, style));
-      ++row;
+      const double right = left + wordsAfter(style) + canvas.textWidth(words, style);
+      layout.width = std::max(layout.width, right);
+    }
+  }
+  return layout;
+}
+
+}  // namespace
+
+void drawLegend(Canvas& canvas, Box box, const std::vector<LegendEntry>& entries,
+                const TextStyle& style) {
+  const LegendLayout layout = layoutOf(canvas, box.height(), entries, style);
+  box.left = std::min(box.left, box.right - layout.width);
+  for (const PlacedEntry& placed : layout.entries) {
+    const double left = box.left + placed.left;
+    const auto topOf = [&](std::size_t line) {
+      return box.top + static_cast<double>(placed.row + line) * rowHeightOf(style);
+    };
+    placed.entry->sample(canvas, {left, topOf(0), left + sampleWidthOf(style), topOf(1)});
+    for (std::size_t line = 0; line < placed.lines.size(); ++line) {
+      const Point at{left + wordsAfter(style), topOf(line) + rowHeightOf(style) / 2.0};
+      canvas.text(at, placed.lines[line], style);
     }
   }
 }

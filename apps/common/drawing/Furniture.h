@@ -21,8 +21,8 @@ struct LegendEntry {
 };
 
 /// Entries below each other in columns from the upper left corner of the box; the lines of one stay
-/// together.
-void drawLegend(Canvas& canvas, const Box& box, const std::vector<LegendEntry>& entries,
+/// together. A wide legend begins farther left, so that it ends where the box does.
+void drawLegend(Canvas& canvas, Box box, const std::vector<LegendEntry>& entries,
                 const TextStyle& style);
 
 /// A bar of four parts with a round length in world units. Its middle stands at the point.
