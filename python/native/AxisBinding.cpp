@@ -163,8 +163,9 @@ Array mapped(const Axis& from, const Axis& to, const Array& values, bool areTunn
   const AxisMapper mapper(from.definition, to.definition);
   return valueByValue(values, [&](double value, double& result) {
     if (!mapper.canMap(value, areTunnelmeters)) return false;
-    result = mapper.mapStationing(value, areTunnelmeters, asTunnelmeters);
-    return true;
+    const double stationing = mapper.mapStationing(value, areTunnelmeters, false);
+    result = stationing;
+    return !asTunnelmeters || to.calculator.stationingToTunnelmeter(stationing, result);
   });
 }
 
