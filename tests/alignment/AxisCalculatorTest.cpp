@@ -474,6 +474,8 @@ TEST(AxisCalculator, FailsOnIncompleteAxes) {
       gridPoint(calculator, AxisPoint(5, 0, 0));
       (*emptied.*reset)();
       expectNothingWorks(calculator);
+      const bool hasHeights = emptied == shaft && reset == &AxisDefinition::resetHoral;
+      EXPECT_EQ(emptied->maximumStng2d(), hasHeights ? 10.0 : 0.0);
     }
   }
   expectNothingWorks(AxisCalculator(boost::shared_ptr<const AxisDefinition>()));
