@@ -26,6 +26,7 @@ class BuildTree:
         self._run("tools/install-packages", "--tests", cwd=self.root)
         self._run("cmake", "--preset", "release", "-B", self.folder, "-DCALCULATIONS_UNITY=OFF",
                   "-DBUILD_PROGRAMS=OFF", "-DBUILD_EXAMPLES=OFF", "-DBUILD_BENCHMARKS=OFF",
+                  "-DCMAKE_CXX_FLAGS=-D_GLIBCXX_ASSERTIONS",  # as under the sanitizers
                   cwd=self.root)
         self._run("cmake", "--build", self.folder, "--target", *targets, cwd=self.root)
         self._read_compilations()
