@@ -42,8 +42,8 @@ constexpr std::array<CQuadratureNode, 5> kQuadrature = {
      {0.86506336668898451, 0.14945134915058059},
      {0.97390652851717172, 0.06667134430868814}}};
 
-/// Curvatures below this (1/m) are those of a straight: an arc of 1000 km with such a radius, 1e15 m,
-/// departs from its tangent by half a millimetre.
+/// Curvatures below this (1/m) are those of a straight: an arc of 1000 km with such a radius, 1e15
+/// m, departs from its tangent by half a millimetre.
 constexpr double kNoCurvature = 1e-15;
 
 double curvatureOfRadius(double radius) {
