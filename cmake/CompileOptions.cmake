@@ -5,6 +5,7 @@ add_library(CalculationsCompileOptions INTERFACE)
 
 # Results must not depend on the machine: no fused multiply-add, no fast-math. Hosts may trap
 # floating-point exceptions: clang must not divide before it is known by what, as GCC does not.
+# WebAssembly has none to trap.
 if(MSVC)  # written by the compiler's documentation, not tried
   target_compile_options(CalculationsCompileOptions INTERFACE
     /fp:precise /utf-8 /permissive- /Zc:__cplusplus /EHsc /bigobj /W4
@@ -13,7 +14,7 @@ if(MSVC)  # written by the compiler's documentation, not tried
 else()
   target_compile_options(CalculationsCompileOptions INTERFACE
     -ffp-contract=off
-    $<$<CXX_COMPILER_ID:Clang>:-ffp-exception-behavior=maytrap>
+    $<$<AND:$<CXX_COMPILER_ID:Clang>,$<NOT:$<PLATFORM_ID:Emscripten>>>:-ffp-exception-behavior=maytrap>
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow
     $<$<BOOL:${CALCULATIONS_WERROR}>:-Werror>)
 endif()

@@ -8,9 +8,17 @@
 #include <cstddef>
 #include <limits>
 
+#ifndef __cpp_lib_to_chars
+#include <ios>
+#include <locale>
+#include <sstream>
+#endif
+
 namespace Drawing {
 
 namespace {
+
+#ifdef __cpp_lib_to_chars
 
 /// Room for the largest double written out, its sign and its decimals.
 constexpr std::size_t kLongestNumber = std::numeric_limits<double>::max_exponent10 + 32;
@@ -22,6 +30,34 @@ std::string written(double value, std::chars_format format, int decimals) {
   return std::string(buffer.data(), result.ptr);
 }
 
+std::string writtenFixed(double value, int decimals) {
+  return written(value, std::chars_format::fixed, decimals);
+}
+
+std::string writtenScientific(double value, int decimals) {
+  return written(value, std::chars_format::scientific, decimals);
+}
+
+#else  // LLVM's library, as browsers have it: streams write the same digits, more slowly
+
+std::string written(double value, std::ios_base& (*format)(std::ios_base&), int decimals) {
+  std::ostringstream out;
+  out.imbue(std::locale::classic());
+  out.precision(decimals);
+  out << format << value;
+  return out.str();
+}
+
+std::string writtenFixed(double value, int decimals) {
+  return written(value, std::fixed, decimals);
+}
+
+std::string writtenScientific(double value, int decimals) {
+  return written(value, std::scientific, decimals);
+}
+
+#endif
+
 bool isZero(const std::string& number) {
   return number.find_first_of("123456789in") == std::string::npos;
 }
@@ -29,7 +65,7 @@ bool isZero(const std::string& number) {
 }  // namespace
 
 std::string fixed(double value, int decimals) {
-  std::string number = written(value, std::chars_format::fixed, decimals);
+  std::string number = writtenFixed(value, decimals);
   if (number.front() == '-' && isZero(number)) number.erase(0, 1);
   return number;
 }
@@ -48,9 +84,7 @@ std::string signedFixedOrDash(double value, int decimals) {
   return std::isfinite(value) ? signedFixed(value, decimals) : "-";
 }
 
-std::string scientific(double value, int decimals) {
-  return written(value, std::chars_format::scientific, decimals);
-}
+std::string scientific(double value, int decimals) { return writtenScientific(value, decimals); }
 
 std::string grouped(double value) {
   std::string digits = fixed(std::abs(value), 0);

@@ -8,6 +8,11 @@
 #include <cstddef>
 #include <system_error>
 
+#ifndef __cpp_lib_to_chars
+#include <cerrno>
+#include <cstdlib>
+#endif
+
 namespace Exchange {
 
 namespace {
@@ -18,14 +23,40 @@ constexpr std::size_t kLongestNumber = 400;
 
 bool isDigit(char letter) { return letter >= '0' && letter <= '9'; }
 
+#ifdef __cpp_lib_to_chars
+
+/// Of the whole text.
+std::optional<double> numberWithoutPlus(std::string_view text) {
+  double number = 0.0;
+  const char* end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, number);
+  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+  return number;
+}
+
+#else
+
+/// LLVM's library, as browsers have it, reads no numbers from text but by strtod, which knows
+/// blanks, plus signs, hexadecimal digits and names of numbers too. The decimal point is that of
+/// the locale, which there is none of in a browser.
+std::optional<double> numberWithoutPlus(std::string_view text) {
+  if (text.empty() || text[0] == '+') return std::nullopt;
+  if (text.find_first_not_of("0123456789+-.eE") != std::string_view::npos) return std::nullopt;
+  const std::string copy(text);
+  char* end = nullptr;
+  errno = 0;
+  const double number = std::strtod(copy.c_str(), &end);
+  if (end != copy.c_str() + copy.size() || (errno == ERANGE && number == 0.0)) return std::nullopt;
+  return number;
+}
+
+#endif
+
 std::optional<double> plainNumber(std::string_view text) {
   // from_chars knows no plus sign.
   const bool hasPlus = text.size() > 1 && text[0] == '+' && text[1] != '-';
-  double number = 0.0;
-  const char* end = text.data() + text.size();
-  const auto result = std::from_chars(text.data() + (hasPlus ? 1 : 0), end, number);
-  if (result.ec != std::errc() || result.ptr != end || !std::isfinite(number)) return std::nullopt;
-  return number;
+  const auto number = numberWithoutPlus(text.substr(hasPlus ? 1 : 0));
+  return number && std::isfinite(*number) ? number : std::nullopt;
 }
 
 /// Digits and what separates their groups, of which each but the first has three digits.
