@@ -26,6 +26,7 @@ class View {
    */
   constructor(svg, draw, onClick) {
     Object.assign(this, {svg, draw, onClick, middle: [0, 0], scale: 1, box: [0, 0, 1, 1], pointers: new Map()});
+    this.measure();
     this.isMoved = false;  // by the user: then it does not fit itself to new contents
     svg.addEventListener("pointerdown", event => this.press(event));
     svg.addEventListener("pointermove", event => this.move(event));
@@ -47,7 +48,10 @@ class View {
     new ResizeObserver(() => this.isMoved ? this.redraw() : this.fit()).observe(svg);
   }
 
-  get size() { return [this.svg.clientWidth, this.svg.clientHeight]; }
+  /** Once for each drawing: asked between two shapes, the browser would lay out the page each time. */
+  measure() {
+    this.size = [this.svg.clientWidth, this.svg.clientHeight];
+  }
 
   /** What is to be seen as a whole: left, lower, right and upper limit. */
   show(box) {
@@ -56,6 +60,7 @@ class View {
   }
 
   fit() {
+    this.measure();
     const [left, lower, right, upper] = this.box;
     const [width, height] = this.size;
     const margin = 30;  // for labels
@@ -123,6 +128,7 @@ class View {
   }
 
   redraw() {
+    this.measure();
     this.svg.replaceChildren();
     this.draw(this);
   }
@@ -143,6 +149,10 @@ class View {
   text(words, place, style, shift = [6, -6], anchor = "start") {
     const [x, y] = this.pixelsOf(place);
     this.svg.append(shape("text", {x: x + shift[0], y: y + shift[1], class: style, "text-anchor": anchor}, words));
+  }
+
+  note(words) {
+    this.svg.append(shape("text", {x: 6, y: 16, class: "label"}, words));
   }
 
   isVisible(place) {

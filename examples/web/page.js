@@ -5,11 +5,14 @@
 const kMostPoints = 50000;
 const kMostRows = 500;
 const kMostCircles = 2000;
+const kMostNames = 20;  // in a drawing
+const kLongestPiece = 200;  // of work between two signs of life (ms)
 const kDecimals = 4;  // of the tables, as tunnel_survey writes them
 
 let library = null;
 let tunnel = null;
 let axis = null;        // range, and lines to be drawn
+let hasEnd = false;     // a second profile
 let transition = null;  // its range
 let station = 0;        // of the section
 let design = {};        // what is to be drawn there
@@ -17,6 +20,8 @@ let table = {points: [], remarks: [], description: ""};  // as read
 let clicked = [];       // points of the mouse
 let rows = [];          // both, with their results
 let selected = null;
+let latestRun = 0;      // of placing points
+let isBusy = true;      // with it
 
 const byId = id => document.getElementById(id);
 
@@ -65,8 +70,6 @@ function loadDesign(data, name, isEnd) {
   setTransition();
   section.show(sectionBox());
 }
-
-let hasEnd = false;
 
 function sizeOf(profile) {
   const [width, height] = [0, 1].map(i => profile.upperRight[i] - profile.lowerLeft[i]);
@@ -154,8 +157,25 @@ function locate(point) {
   return {...point, ...tunnel.locate(point.id, point.east, point.north, point.height)};
 }
 
-function locateAll() {
-  rows = [...table.points, ...clicked].map(locate);
+/** In pieces, so that the page stays alive: in a transition each point has a profile of its own. */
+async function locateAll() {
+  const run = ++latestRun;
+  const points = [...table.points, ...clicked];
+  const located = [];
+  rows = [];
+  isBusy = true;
+  let pause = performance.now() + kLongestPiece;
+  for (const point of points) {
+    if (performance.now() > pause) {
+      showRows(`${located.length} of ${points.length} points are placed.`);
+      await new Promise(done => setTimeout(done));
+      if (run !== latestRun) return;
+      pause = performance.now() + kLongestPiece;
+    }
+    located.push(locate(point));
+  }
+  rows = located;
+  isBusy = false;
   showRows();
 }
 
@@ -163,7 +183,7 @@ function showStatus() {
   const astray = rows.filter(row => row.error);
   const texts = [`${rows.length - astray.length} of ${rows.length} points have a foot on the axis within ${library.largestOffset} m.`];
   if (table.error) texts.unshift(table.error);
-  if (table.description) texts.push(`The table was read as ${table.description}.`);
+  if (table.description) texts.push(`How the table was read: ${table.description}.`);
   texts.push(...listed(table.remarks), ...listed(axis ? astray.map(row => row.error) : []));
   if (!axis) texts.unshift("There is no axis: choose a LandXML file.");
   say("status", texts.join("\n"), !axis || !!table.error || astray.length + table.remarks.length > 0);
@@ -178,7 +198,8 @@ function textsOf(row) {
           known(row.above, signedFixed), ...grid, known(row.distance, signedFixed), known(row.derolment, signedFixed)];
 }
 
-function showRows() {
+function showRows(progress) {
+  byId("save").disabled = isBusy;
   byId("rows").replaceChildren(...rows.slice(0, kMostRows).map(row => {
     const line = document.createElement("tr");
     line.classList.toggle("selected", isSelected(row));
@@ -197,7 +218,8 @@ function showRows() {
     const line = byId("rows").insertRow();
     Object.assign(line.insertCell(), {textContent: `and ${rows.length - kMostRows} more, all in the CSV`, colSpan: 9});
   }
-  showStatus();
+  if (progress) say("status", progress);
+  else showStatus();
   section.redraw();
   plan.redraw();
 }
@@ -231,7 +253,8 @@ function addClicked(grid) {
   const number = clicked.length + 1;
   clicked.push({id: `click ${number}`, line: -number, east: millimetres(grid.east), north: millimetres(grid.north),
                 height: millimetres(grid.height)});
-  locateAll();
+  if (isBusy) return locateAll();  // which has not come to it
+  rows.push(locate(clicked[number - 1]));
   select(rows[rows.length - 1]);
   byId("rows").lastElementChild?.scrollIntoView({block: "nearest"});
 }
@@ -308,13 +331,22 @@ function drawPlan(view) {
     const right = [Math.cos(here.azimuth), -Math.sin(here.azimuth)];
     view.line([-14, 14].map(pixels => [here.east, here.north].map((value, i) => value + right[i] * pixels / view.scale)), "foot");
   }
-  const seen = rows.filter(row => view.isVisible(placeInPlan(row)));
-  for (const row of seen.slice(0, kMostCircles)) drawPoint(view, row, placeInPlan(row), "point", seen.length <= 20);
+  drawPoints(view, rows.filter(row => view.isVisible(placeInPlan(row))), placeInPlan, () => "point");
 }
 
-function drawPoint(view, row, place, kind, isNamed) {
-  view.circle(place, 3.5, `site ${kind} ${isSelected(row) ? "selected" : ""}`).append(shape("title", {}, row.id));
-  if (isNamed || isSelected(row)) view.text(row.id, place, isSelected(row) ? "label" : "", [-6, -6], "end");
+/** The selected one on top. Of very many points only some, which is told. */
+function drawPoints(view, seen, placeOf, kindOf) {
+  const every = Math.ceil(seen.length / kMostCircles);
+  const radius = seen.length > kMostNames ? 2.5 : 3.5;
+  for (const row of seen.filter((row, i) => i % every === 0 && !isSelected(row))) {
+    view.circle(placeOf(row), radius, `site ${kindOf(row)}`).append(shape("title", {}, row.id));
+    if (seen.length <= kMostNames) view.text(row.id, placeOf(row), "", [-6, -6], "end");
+  }
+  for (const row of seen.filter(isSelected)) {
+    view.circle(placeOf(row), 4.5, `site selected ${kindOf(row)}`);
+    view.text(row.id, placeOf(row), "label", [-8, -8], "end");
+  }
+  if (every > 1) view.note(`one in ${every} of ${seen.length} points is drawn`);
 }
 
 function drawSection(view) {
@@ -330,11 +362,11 @@ function drawSection(view) {
     view.text("crown", design.crown, "grid-text", [4, -4]);
   }
   const seen = rowsOfSection();
-  for (const row of seen.slice(0, kMostCircles)) {
-    const kind = row.distance > 0 ? "over" : row.distance < 0 ? "under" : "point";
-    if (row.foot && (isSelected(row) || seen.length <= 20)) view.line([placeInSection(row), row.foot], "foot");
-    drawPoint(view, row, placeInSection(row), kind, seen.length <= 20);
-    if (row.foot && isSelected(row)) view.text(`${library.signedFixed(row.distance, 3)} m`, placeInSection(row), "label", [8, 12]);
+  const named = seen.filter(row => row.foot && (isSelected(row) || seen.length <= kMostNames));
+  for (const row of named) view.line([placeInSection(row), row.foot], "foot");
+  drawPoints(view, seen, placeInSection, row => row.distance > 0 ? "over" : row.distance < 0 ? "under" : "point");
+  for (const row of named.filter(isSelected)) {
+    view.text(`${library.signedFixed(row.distance, 3)} m`, placeInSection(row), "label", [8, 12]);
   }
 }
 
