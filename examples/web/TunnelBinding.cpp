@@ -162,11 +162,12 @@ class Tunnel {
                   : Drawing::fixed(place, decimals);
   }
 
-  /// The design, or the one into which it goes over.
+  /// The design, or the one into which it goes over: then there is no design without a transition.
   val readDesign(const std::string& text, bool isEnd) {
     std::optional<DesignProfile>& place = isEnd ? m_end : m_start;
     place.reset();
     m_morpher.reset();
+    m_hasTransition = m_hasTransition || isEnd;
     return answerOf([&](val& answer) {
       std::istringstream in(text);
       place = valueOf(Exchange::readDesignProfile(in));
@@ -177,13 +178,14 @@ class Tunnel {
   void removeEnd() {
     m_end.reset();
     m_morpher.reset();
+    m_hasTransition = false;
   }
 
   /// Where the first design ends and the second one begins. The library itself says what is wrong.
   val setTransition(double from, double to) {
     m_morpher.reset();
     return answerOf([&](val&) {
-      if (!m_start || !m_end) throw std::invalid_argument("a transition needs two profiles");
+      if (!m_start || !m_end) throw std::invalid_argument("it takes two profiles");
       auto morpher =
           std::make_unique<ThProfileMorpher>(m_start->definition(), m_end->definition(), from, to);
       if (!morpher->getMorphedProfile(from + (to - from) / 2.0)) throw cannotBeMorphed();
@@ -212,11 +214,14 @@ class Tunnel {
     });
   }
 
-  /// The points of a table: name, east, north, height. Rows that cannot be read are told.
-  val pointsIn(const std::string& text) const {
+  /// The points of a table. Rows that cannot be read are told.
+  /// @param isBare where it has no headings its columns are name, east, north, height
+  val pointsIn(const std::string& text, bool isBare) const {
     return answerOf([&](val& answer) {
       std::istringstream in(text);
-      const auto file = valueOf(Exchange::readSurveyedPoints(in));
+      Exchange::TableFormat format;
+      format.hasNoHeader = isBare;
+      const auto file = valueOf(Exchange::readSurveyedPoints(in, format));
       val points = val::array();
       for (const Exchange::SurveyedPoint& read : file.points) {
         val point = val::object();
@@ -246,7 +251,7 @@ class Tunnel {
       answer.set("offset", onAxis.offset);
       if (!m_axis->hasHeights) return;
       answer.set("above", onAxis.height);
-      if (!m_start || (m_end && !m_morpher)) return;
+      if (!m_start || (m_hasTransition && !m_morpher)) return;
       const ProfilePointResult result =
           profilePointAt(onAxis.stationing, {onAxis.offset, onAxis.height});
       answer.set("distance", result.distance);
@@ -290,11 +295,13 @@ class Tunnel {
     return *m_axis;
   }
 
-  bool isInTransition(double station) const { return m_end && station > m_from && station < m_to; }
+  bool isInTransition(double station) const {
+    return m_morpher && station > m_from && station < m_to;
+  }
 
   DesignProfile::Definition definitionAt(double station) const {
     if (!m_start) throw std::invalid_argument("there is no design profile");
-    if (m_end && !m_morpher) throw std::invalid_argument("the transition has no stations");
+    if (m_hasTransition && !m_morpher) throw std::invalid_argument("there is no transition");
     if (!isInTransition(station)) return farDesign(station).definition();
     auto morphed = m_morpher->getMorphedProfile(station);
     if (!morphed) throw cannotBeMorphed();
@@ -303,7 +310,7 @@ class Tunnel {
 
   /// Before and behind the transition.
   const DesignProfile& farDesign(double station) const {
-    return m_end && station >= m_to ? *m_end : *m_start;
+    return m_morpher && station >= m_to ? *m_end : *m_start;
   }
 
   ProfilePointResult profilePointAt(double station, const Point2D& point) const {
@@ -316,6 +323,7 @@ class Tunnel {
   std::unique_ptr<AxisCalculator> m_calculator;
   std::optional<DesignProfile> m_start;
   std::optional<DesignProfile> m_end;
+  bool m_hasTransition = false;  // it is wanted; where there is no morpher there are no distances
   std::unique_ptr<ThProfileMorpher> m_morpher;
   double m_from = 0.0;  // of the transition, while there is a morpher
   double m_to = 0.0;

@@ -12,13 +12,13 @@ const kDecimals = 4;  // of the tables, as tunnel_survey writes them
 let library = null;
 let tunnel = null;
 let axis = null;        // range, and lines to be drawn
-let hasEnd = false;     // a second profile
+let hasEnd = false;     // a second profile was chosen, even if it cannot be used
 let transition = null;  // its range
 let station = 0;        // of the section
 let design = {};        // what is to be drawn there
 let table = {points: [], remarks: [], description: ""};  // as read
-let clicked = [];       // points of the mouse
-let rows = [];          // both, with their results
+let clicked = [];       // points of the mouse, the latest first
+let rows = [];          // these and the table's, with their results
 let selected = null;
 let latestRun = 0;      // of placing points
 let isBusy = true;      // with it
@@ -66,7 +66,7 @@ function loadDesign(data, name, isEnd) {
   const text = answer.error ? `${name} cannot be used. ${answer.error}`
     : `${name}: ${answer.elements} elements, ${sizeOf(answer)}`;
   say(isEnd ? "end-status" : "start-status", text, !!answer.error);
-  hasEnd = isEnd ? !answer.error : hasEnd;
+  hasEnd = hasEnd || isEnd;
   setTransition();
   section.show(sectionBox());
 }
@@ -141,9 +141,9 @@ const rowsOfSection = () => rows.filter(row => row.above !== undefined && Math.a
 // --- Points --------------------------------------------------------------------------------------
 
 function loadPoints(data, name) {
-  clicked = [];
+  byId("bare").onchange = () => loadPoints(data, name);
   const isEmpty = data.length === 0;
-  const answer = isEmpty ? {points: [], remarks: [], description: ""} : tunnel.pointsIn(data);
+  const answer = isEmpty ? {points: [], remarks: [], description: ""} : tunnel.pointsIn(data, byId("bare").checked);
   table = answer.error ? {points: [], remarks: [], description: "", error: `${name} cannot be used. ${answer.error}`} : answer;
   if (isEmpty && name) table.error = `${name} is empty.`;
   if (table.points.length > kMostPoints) {
@@ -160,7 +160,7 @@ function locate(point) {
 /** In pieces, so that the page stays alive: in a transition each point has a profile of its own. */
 async function locateAll() {
   const run = ++latestRun;
-  const points = [...table.points, ...clicked];
+  const points = [...clicked, ...table.points];
   const located = [];
   rows = [];
   isBusy = true;
@@ -200,7 +200,9 @@ function textsOf(row) {
 
 function showRows(progress) {
   byId("save").disabled = isBusy;
-  byId("rows").replaceChildren(...rows.slice(0, kMostRows).map(row => {
+  const shown = rows.slice(0, kMostRows);
+  if (!shown.some(isSelected)) shown.unshift(...rows.filter(isSelected));
+  byId("rows").replaceChildren(...shown.map(row => {
     const line = document.createElement("tr");
     line.classList.toggle("selected", isSelected(row));
     line.onclick = () => select(row);
@@ -214,9 +216,9 @@ function showRows(progress) {
     }
     return line;
   }));
-  if (rows.length > kMostRows) {
+  if (rows.length > shown.length) {
     const line = byId("rows").insertRow();
-    Object.assign(line.insertCell(), {textContent: `and ${rows.length - kMostRows} more, all in the CSV`, colSpan: 9});
+    Object.assign(line.insertCell(), {textContent: `and ${rows.length - shown.length} more, all in the CSV`, colSpan: 9});
   }
   if (progress) say("status", progress);
   else showStatus();
@@ -250,13 +252,12 @@ function nearestOf(candidates, placeOf, view, place) {
 /** A point of the mouse, to the millimetre. */
 function addClicked(grid) {
   const millimetres = value => Math.round(value * 1000) / 1000;
-  const number = clicked.length + 1;
-  clicked.push({id: `click ${number}`, line: -number, east: millimetres(grid.east), north: millimetres(grid.north),
-                height: millimetres(grid.height)});
+  const line = (clicked[0]?.line ?? 0) - 1;  // no table has it
+  clicked.unshift({id: `click ${-line}`, line, east: millimetres(grid.east), north: millimetres(grid.north),
+                   height: millimetres(grid.height)});
   if (isBusy) return locateAll();  // which has not come to it
-  rows.push(locate(clicked[number - 1]));
-  select(rows[rows.length - 1]);
-  byId("rows").lastElementChild?.scrollIntoView({block: "nearest"});
+  rows.unshift(locate(clicked[0]));
+  select(rows[0]);
 }
 
 const placeInPlan = row => [row.east, row.north];
@@ -372,7 +373,14 @@ function drawSection(view) {
 
 // --- Start ---------------------------------------------------------------------------------------
 
+function removeClicked() {
+  clicked = [];
+  selected = null;
+  locateAll();
+}
+
 function loadExample() {
+  clicked = [];
   byId("transition-from").value = "7+370";
   byId("transition-to").value = "7+400";
   loadAxis(examples.axis.text, examples.axis.name);
@@ -387,6 +395,12 @@ function onFile(id, load) {
     const file = event.target.files[0];
     if (file) load(new Uint8Array(await file.arrayBuffer()), file.name);
   };
+}
+
+/** The module is in the page as text, compressed. */
+async function unpacked(text) {
+  const bytes = Uint8Array.from(atob(text), letter => letter.charCodeAt(0));
+  return new Response(new Blob([bytes]).stream().pipeThrough(new DecompressionStream("gzip"))).arrayBuffer();
 }
 
 function connect() {
@@ -404,7 +418,7 @@ function connect() {
   };
   byId("transition-from").onchange = byId("transition-to").onchange = setTransition;
   byId("end-remove").onclick = removeEnd;
-  byId("clicked-remove").onclick = () => { clicked = []; selected = null; locateAll(); };
+  byId("clicked-remove").onclick = removeClicked;
   byId("example").onclick = loadExample;
   byId("station").onchange = readStation;
   byId("depth").onchange = () => section.redraw();
@@ -415,7 +429,7 @@ function connect() {
 window.onerror = problem => say("status", `${problem}. Please load the page anew.`, true);
 const plan = new View(byId("plan"), drawPlan, clickPlan);
 const section = new View(byId("section"), drawSection, clickSection);
-loadTunnelModule().then(module => {
+unpacked(packedModule).then(wasmBinary => loadTunnelModule({wasmBinary})).then(module => {
   library = module;
   tunnel = new module.Tunnel();
   connect();
