@@ -165,9 +165,12 @@ async function locateAll() {
   rows = [];
   isBusy = true;
   let pause = performance.now() + kLongestPiece;
+  let isCleared = false;
   for (const point of points) {
     if (performance.now() > pause) {
-      showRows(`${located.length} of ${points.length} points are placed.`);
+      if (!isCleared) showRows();
+      isCleared = true;
+      say("status", `${located.length} of ${points.length} points are placed.`);
       await new Promise(done => setTimeout(done));
       if (run !== latestRun) return;
       pause = performance.now() + kLongestPiece;
@@ -198,7 +201,7 @@ function textsOf(row) {
           known(row.above, signedFixed), ...grid, known(row.distance, signedFixed), known(row.derolment, signedFixed)];
 }
 
-function showRows(progress) {
+function showRows() {
   byId("save").disabled = isBusy;
   const shown = rows.slice(0, kMostRows);
   if (!shown.some(isSelected)) shown.unshift(...rows.filter(isSelected));
@@ -220,8 +223,7 @@ function showRows(progress) {
     const line = byId("rows").insertRow();
     Object.assign(line.insertCell(), {textContent: `and ${rows.length - shown.length} more, all in the CSV`, colSpan: 9});
   }
-  if (progress) say("status", progress);
-  else showStatus();
+  showStatus();
   section.redraw();
   plan.redraw();
 }
@@ -313,6 +315,7 @@ function marksAt(step) {
 
 function drawPlan(view) {
   view.frame(["E ", "N "]);
+  drawPoints(view, rows.filter(row => view.isVisible(placeInPlan(row))), placeInPlan, () => "point");
   if (!axis) return;
   const [left, upper] = view.metresOf([0, 0]);
   const [right, lower] = view.metresOf(view.size);
@@ -332,13 +335,12 @@ function drawPlan(view) {
     const right = [Math.cos(here.azimuth), -Math.sin(here.azimuth)];
     view.line([-14, 14].map(pixels => [here.east, here.north].map((value, i) => value + right[i] * pixels / view.scale)), "foot");
   }
-  drawPoints(view, rows.filter(row => view.isVisible(placeInPlan(row))), placeInPlan, () => "point");
 }
 
 /** The selected one on top. Of very many points only some, which is told. */
 function drawPoints(view, seen, placeOf, kindOf) {
   const every = Math.ceil(seen.length / kMostCircles);
-  const radius = seen.length > kMostNames ? 2.5 : 3.5;
+  const radius = seen.length > kMostRows ? 1.5 : seen.length > kMostNames ? 2.5 : 3.5;
   for (const row of seen.filter((row, i) => i % every === 0 && !isSelected(row))) {
     view.circle(placeOf(row), radius, `site ${kindOf(row)}`).append(shape("title", {}, row.id));
     if (seen.length <= kMostNames) view.text(row.id, placeOf(row), "", [-6, -6], "end");
