@@ -64,31 +64,16 @@ val answerOf(const Compute& compute) {
   return answer;
 }
 
-val textsOf(const std::vector<Exchange::Remark>& remarks) {
-  val texts = val::array();
-  for (const Exchange::Remark& remark : remarks) {
-    texts.call<void>("push", textOf(remark));
+template <class T, class Convert>
+val listOf(const std::vector<T>& values, const Convert& convert) {
+  val list = val::array();
+  for (const T& value : values) {
+    list.call<void>("push", convert(value));
   }
-  return texts;
+  return list;
 }
 
-val jsPoint(const Point2D& point) {
-  val pair = val::array();
-  pair.call<void>("push", point.x);
-  pair.call<void>("push", point.y);
-  return pair;
-}
-
-const char* nameOf(Exchange::ElementKind kind) {
-  switch (kind) {
-    case Exchange::ElementKind::Arc:
-      return "arc";
-    case Exchange::ElementKind::Clothoid:
-      return "clothoid";
-    default:
-      return "straight";
-  }
-}
+val jsPoint(const Point2D& point) { return val::array(std::vector<double>{point.x, point.y}); }
 
 /// An axis, and the design of the tunnel along it: one profile, or a transition between two. After
 /// a file that cannot be used there is none, rather than that of the file before.
@@ -107,7 +92,7 @@ class Tunnel {
       answer.set("to", range.to);
       answer.set("elements", built.plan.size());
       answer.set("heights", built.hasHeights ? built.profile.size() : 0);
-      answer.set("notes", textsOf(built.notes));
+      answer.set("notes", listOf(built.notes, textOf));
       m_calculator = std::make_unique<AxisCalculator>(built.axis);
       m_axis = std::move(built);
     });
@@ -123,15 +108,15 @@ class Tunnel {
       const Exchange::StationRange range{std::max(all.from, element.station),
                                          std::min(all.to, element.station + element.length)};
       if (!(range.length() > 0.0)) continue;
-      val points = val::array();
+      std::vector<Point2D> points;
       for (const double station : Exchange::evenStations(range, kStep)) {
         ENHPoint grid;
         if (!m_calculator->axisPointToEnhPointVertical({station, 0.0, 0.0}, grid)) continue;
-        points.call<void>("push", jsPoint({grid.east, grid.north}));
+        points.push_back({grid.east, grid.north});
       }
       val line = val::object();
-      line.set("kind", std::string(nameOf(element.kind)));
-      line.set("points", points);
+      line.set("kind", static_cast<int>(element.kind));
+      line.set("points", listOf(points, jsPoint));
       lines.call<void>("push", line);
     }
     return lines;
@@ -200,16 +185,8 @@ class Tunnel {
     return answerOf([&](val& answer) {
       const DesignProfile design(definitionAt(station));
       describe(design, answer);
-      val outline = val::array();
-      for (const Point2D& point : design.outline()) {
-        outline.call<void>("push", jsPoint(point));
-      }
-      val joints = val::array();
-      for (const Point2D& joint : design.calculator().vertexPoints()) {
-        joints.call<void>("push", jsPoint(joint));
-      }
-      answer.set("outline", outline);
-      answer.set("joints", joints);
+      answer.set("outline", listOf(design.outline(), jsPoint));
+      answer.set("joints", listOf(design.calculator().vertexPoints(), jsPoint));
       answer.set("crown", jsPoint(design.crown()));
     });
   }
@@ -222,19 +199,17 @@ class Tunnel {
       Exchange::TableFormat format;
       format.hasNoHeader = isBare;
       const auto file = valueOf(Exchange::readSurveyedPoints(in, format));
-      val points = val::array();
-      for (const Exchange::SurveyedPoint& read : file.points) {
-        val point = val::object();
-        point.set("id", read.id);
-        point.set("line", read.line);
-        point.set("east", read.grid.east);
-        point.set("north", read.grid.north);
-        point.set("height", read.grid.height);
-        points.call<void>("push", point);
-      }
-      answer.set("points", points);
+      answer.set("points", listOf(file.points, [](const Exchange::SurveyedPoint& read) {
+                   val point = val::object();
+                   point.set("id", read.id);
+                   point.set("line", read.line);
+                   point.set("east", read.grid.east);
+                   point.set("north", read.grid.north);
+                   point.set("height", read.grid.height);
+                   return point;
+                 }));
       answer.set("description", file.description);
-      answer.set("remarks", textsOf(file.rejected));
+      answer.set("remarks", listOf(file.rejected, textOf));
     });
   }
 

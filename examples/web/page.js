@@ -7,6 +7,7 @@ const kMostRows = 500;
 const kMostCircles = 2000;
 const kMostNames = 20;  // in a drawing
 const kLongestPiece = 200;  // of work between two signs of life (ms)
+const kElements = ["straight", "arc", "clothoid"];
 const kDecimals = 4;  // of the tables, as tunnel_survey writes them
 
 let library = null;
@@ -321,7 +322,7 @@ function drawPlan(view) {
   const [right, lower] = view.metresOf(view.size);
   for (const line of axis.lines) {
     const isSeen = line.box[0] <= right && line.box[2] >= left && line.box[1] <= upper && line.box[3] >= lower;
-    if (isSeen) view.line(line.points, `element ${line.kind}`);
+    if (isSeen) view.line(line.points, `element ${kElements[line.kind]}`);
   }
   for (const mark of marksAt(Math.max(10, niceStep(60 / view.scale)))) {
     if (!view.isVisible(mark.place)) continue;
