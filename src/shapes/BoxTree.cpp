@@ -55,21 +55,19 @@ CBox boxAroundCurve(const Point2D& start, const Point2D& end, double length) {
   return box;
 }
 
-/// Half the size of a box that holds every point within 1e153 m, or minus that of one that holds
-/// none: twice its square is still finite.
-constexpr double kBoundless = 1e153;
-
-void CBoxTree::Group::set(std::size_t place, const CBox& box) {
-  centreX[place] = centreY[place] = 0.0;
-  halfWidth[place] = halfHeight[place] = box.isEmpty() ? -kBoundless : kBoundless;
+void CBoxTree::Group::set(std::size_t place, const CBox& box, const Point2D& middle) {
   // Halved before they are added, as the sum of two bounds may be beyond the range of a double.
-  const Point2D centre(box.low.x / 2.0 + box.high.x / 2.0, box.low.y / 2.0 + box.high.y / 2.0);
-  const Point2D half(box.high.x / 2.0 - box.low.x / 2.0, box.high.y / 2.0 - box.low.y / 2.0);
-  if (box.isEmpty() || !isFinite(centre) || !isFinite(half)) return;
-  centreX[place] = centre.x;
-  centreY[place] = centre.y;
-  halfWidth[place] = half.x;
-  halfHeight[place] = half.y;
+  const double x = (box.low.x / 2.0 + box.high.x / 2.0) - middle.x;
+  const double y = (box.low.y / 2.0 + box.high.y / 2.0) - middle.y;
+  const double width = box.high.x / 2.0 - box.low.x / 2.0;
+  const double height = box.high.y / 2.0 - box.low.y / 2.0;
+  const bool isNear = std::abs(x) + width <= kFar && std::abs(y) + height <= kFar;
+  const bool isBox = !box.isEmpty() && isNear;
+  const double other = box.isEmpty() ? -kNowhere : kBoundless;
+  centreX[place] = static_cast<float>(isBox ? x : 0.0);
+  centreY[place] = static_cast<float>(isBox ? y : 0.0);
+  halfWidth[place] = static_cast<float>(isBox ? width : other);
+  halfHeight[place] = static_cast<float>(isBox ? height : other);
 }
 
 void CBoxTree::Group::take(std::size_t place, const Group& other, std::size_t from) {
@@ -81,6 +79,16 @@ void CBoxTree::Group::take(std::size_t place, const Group& other, std::size_t fr
 
 CBoxTree::CBoxTree(std::vector<CBox> boxes) {
   m_meanSize = meanSizeOf(boxes);
+  CBox all;
+  for (const CBox& box : boxes) {
+    all.include(box);
+  }
+  const Point2D middle(all.low.x / 2.0 + all.high.x / 2.0, all.low.y / 2.0 + all.high.y / 2.0);
+  m_extent = kFar;
+  if (isFinite(middle)) {
+    m_middle = middle;
+    m_extent = std::min(std::max(all.high.x - middle.x, all.high.y - middle.y), kFar);
+  }
   // Built from the leaves up: each level groups the boxes of the one below, until one group is
   // left.
   while (!boxes.empty()) {
@@ -88,7 +96,7 @@ CBoxTree::CBoxTree(std::vector<CBox> boxes) {
     std::vector<CBox> around(groups.size());
     boxes.resize(groups.size() * kGroup);
     for (std::size_t i = 0; i < boxes.size(); ++i) {
-      groups[i / kGroup].set(i % kGroup, boxes[i]);
+      groups[i / kGroup].set(i % kGroup, boxes[i], m_middle);
       around[i / kGroup].include(boxes[i]);
     }
     m_levels.push_back(std::move(groups));
@@ -97,12 +105,15 @@ CBoxTree::CBoxTree(std::vector<CBox> boxes) {
   }
 }
 
-double CBoxTree::distanceFrom(const Point2D& p, std::size_t box) const {
+double CBoxTree::distanceFrom(const BlurredPoint& p, std::size_t box) const {
   const Group& group = m_levels.front()[box / kGroup];
-  return std::sqrt(group.quadrupledSquaresFrom(p)[box % kGroup]) / 2.0;
+  const double square = group.quadrupledSquaresFrom(p)[box % kGroup];
+  constexpr double kSquaring = 1.0 - 0x1p-20;
+  return std::max(kSquaring * std::sqrt(square) / 2.0 - p.blur, 0.0);
 }
 
 void CBoxTree::Neighbourhood::moveTo(const Point2D& p, const CBoxTree& tree) {
+  const BlurredPoint blurred = tree.blurred(p);
   m_place = p;
   m_radius = kFarthestDistance;
   std::array<double, kGroup> distances{};
@@ -111,7 +122,7 @@ void CBoxTree::Neighbourhood::moveTo(const Point2D& p, const CBoxTree& tree) {
       p, [&] { return m_radius; },
       [&](std::size_t box) {
         std::size_t place = count;
-        const double distance = tree.distanceFrom(p, box);
+        const double distance = tree.distanceFrom(blurred, box);
         if (count < kGroup) {
           ++count;
         } else {
@@ -127,7 +138,7 @@ void CBoxTree::Neighbourhood::moveTo(const Point2D& p, const CBoxTree& tree) {
     if (place < count) {
       m_group.take(place, tree.m_levels.front()[m_boxes[place] / kGroup], m_boxes[place] % kGroup);
     } else {
-      m_group.set(place, CBox());
+      m_group.set(place, CBox(), tree.m_middle);
     }
   }
   const auto end = distances.begin() + static_cast<std::ptrdiff_t>(count);
