@@ -149,7 +149,7 @@ class CALCULATIONS_EXPORT MeasuredProfileCalculator : public IProfileCalculator 
   double overProfileArea() const;
   /// Area within the reference that was not excavated.
   double underProfileArea() const;
-  /// Outlines of what was excavated beyond the reference.
+  /// Outlines of what was excavated beyond the reference, in the order that Pathes tells.
   std::vector<Polygon> overProfileAreaPathes() const;
   /// Outlines of what was not excavated within the reference.
   std::vector<Polygon> underProfileAreaPathes() const;

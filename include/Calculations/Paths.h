@@ -120,6 +120,11 @@ class CALCULATIONS_EXPORT Path {
 /// Conventions: metres and square metres; areas of anticlockwise outlines are positive.
 /// Holes: within, without and expandLines cut an area with holes into pieces without, whose areas
 ///   add up. expand hands holes out as paths of their own, of negative area.
+/// Order: the same area has the same pieces, wherever the outlines of a and b begin, in whatever
+///   order they come and, but for expand, whichever way they run. Pieces of within, without and
+///   expandLines begin with their uppermost point, of those on one level the leftmost, and are
+///   sorted by these points from above. Where an area narrows to a point its outline is split;
+///   one that touches itself from outside stays one.
 /// Cleaning: the results of within and without are cleaned as by Path::close, those of expandLines
 ///   as by PathHelper::simplyfyLine; expand is not cleaned. An area may so be off by 0.14 mm times
 ///   the length of its border, 9 m2 where slivers have 90 km of it, and by more where the border is

@@ -201,9 +201,9 @@ double MeasuredProfileCalculator::referenceArea() const {
   return m_impl->areaOf(m_impl->referenceOutline());
 }
 
-double MeasuredProfileCalculator::overProfileArea() const { return m_impl->overProfile().area(); }
+double MeasuredProfileCalculator::overProfileArea() const { return m_impl->overArea(); }
 
-double MeasuredProfileCalculator::underProfileArea() const { return m_impl->underProfile().area(); }
+double MeasuredProfileCalculator::underProfileArea() const { return m_impl->underArea(); }
 
 std::vector<Polygon> MeasuredProfileCalculator::overProfileAreaPathes() const {
   return polygonsOf(m_impl->overProfile());

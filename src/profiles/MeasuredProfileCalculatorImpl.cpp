@@ -14,6 +14,7 @@
 
 #include "profiles/LineCuts.h"
 #include "profiles/ProfileReach.h"
+#include "profiles/paths/Bands.h"
 #include "profiles/paths/PathPoints.h"
 #include "shapes/PlaneGeometry.h"
 
@@ -64,7 +65,13 @@ std::vector<Polyline> MeasuredProfileCalculatorImpl::linesOf(const IProfileSegme
 
 double MeasuredProfileCalculatorImpl::areaOf(const Path& outline) const {
   if (!filters.areSet()) return outline.area();
-  return Pathes::within(Pathes(outline), filters.allowedArea()).area();
+  return rawWithin(Pathes(outline), filters.allowedArea()).area();
+}
+
+/// Its size does not need its pieces in order.
+double MeasuredProfileCalculatorImpl::differenceArea(const Path& whole, const Path& taken) const {
+  if (!filters.areSet()) return rawWithout(whole, taken).area();
+  return rawWithin(Path::without(whole, taken), filters.allowedArea()).area();
 }
 
 void MeasuredProfileCalculatorImpl::filter(Pathes& area) const {
@@ -96,9 +103,8 @@ Pathes MeasuredProfileCalculatorImpl::geologicalPart(const GeologicalDivision& d
 /// Holes of negative area change no sum, and to cut bands open at thousands of them would cost more
 /// than all the rest.
 double MeasuredProfileCalculatorImpl::geologicalArea(const GeologicalDivision& division) const {
-  Pathes part = division.geologicalPartWithHoles();
-  filter(part);
-  return part.area();
+  const Pathes part = division.geologicalPartWithHoles();
+  return filters.areSet() ? rawWithin(part, filters.allowedArea()).area() : part.area();
 }
 
 Pathes MeasuredProfileCalculatorImpl::remainingPart(const GeologicalDivision& division) const {

@@ -43,6 +43,8 @@ class MeasuredProfileCalculatorImpl {
   /// @{
   Pathes overProfile();
   Pathes underProfile();
+  double overArea() { return differenceArea(comparisonOutline(), referenceOutline()); }
+  double underArea() { return differenceArea(referenceOutline(), comparisonOutline()); }
   Pathes geologicalPart(const GeologicalDivision& division) const;
   double geologicalArea(const GeologicalDivision& division) const;
   Pathes remainingPart(const GeologicalDivision& division) const;
@@ -50,6 +52,7 @@ class MeasuredProfileCalculatorImpl {
   GeologicalDivision division(const GeologicalLimits& limits);
 
  private:
+  double differenceArea(const Path& whole, const Path& taken) const;
   /// Works in place, as areas of many outlines are slow to copy.
   void filter(Pathes& area) const;
 

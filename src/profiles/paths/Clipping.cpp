@@ -5,6 +5,7 @@
 
 #include "profiles/paths/Clipping.h"
 
+#include "profiles/paths/CanonicalOutlines.h"
 #include "profiles/paths/LineSimplification.h"
 #include "profiles/paths/Offsetting.h"
 #include "profiles/paths/RingCutting.h"
@@ -39,9 +40,11 @@ void clean(ClipperLib::Paths& pieces) {
 }
 
 ClipperLib::Paths combined(ClipperLib::ClipType operation, const PathViews& a, const PathViews& b) {
+  const ClipperLib::Paths subject = canonicalOutlines(a, Sense::Free);
+  const ClipperLib::Paths clip = canonicalOutlines(b, Sense::Free);
   FailsafeClipper clipper;
-  clipper.add(a, ClipperLib::ptSubject, true);
-  clipper.add(b, ClipperLib::ptClip, true);
+  clipper.add(viewsOf(subject), ClipperLib::ptSubject, true);
+  clipper.add(viewsOf(clip), ClipperLib::ptClip, true);
   ClipperLib::Paths solution = clipper.outlines(operation, ClipperLib::pftEvenOdd);
   // Two outlines of one argument may share edges, which then show in the result; a single outline
   // has no other to share with. A negative area tells that an outline was turned the wrong way
@@ -68,10 +71,18 @@ ClipperLib::Paths grownLines(const PathViews& lines, ClipperLib::cInt distance) 
 }  // namespace
 
 ClipperLib::Paths intersectionOf(const PathViews& a, const PathViews& b) {
-  return combined(ClipperLib::ctIntersection, a, b);
+  return canonicalPieces(rawIntersectionOf(a, b));
 }
 
 ClipperLib::Paths differenceOf(const PathViews& a, const PathViews& b) {
+  return canonicalPieces(rawDifferenceOf(a, b));
+}
+
+ClipperLib::Paths rawIntersectionOf(const PathViews& a, const PathViews& b) {
+  return combined(ClipperLib::ctIntersection, a, b);
+}
+
+ClipperLib::Paths rawDifferenceOf(const PathViews& a, const PathViews& b) {
   return combined(ClipperLib::ctDifference, a, b);
 }
 
@@ -84,11 +95,12 @@ ClipperLib::Paths bandsWithHoles(const PathViews& lines, ClipperLib::cInt distan
 }
 
 ClipperLib::Paths simplePieces(ClipperLib::Paths bands) {
-  return simplified(withoutHoles(std::move(bands)), kCleaningDistanceUnits);
+  return canonicalPieces(simplified(withoutHoles(std::move(bands)), kCleaningDistanceUnits));
 }
 
 ClipperLib::Paths offsetOutlines(const PathViews& outlines, ClipperLib::cInt distance) {
-  return offsetBy(distance, outlines, ClipperLib::etClosedPolygon);
+  const ClipperLib::Paths canonical = canonicalOutlines(outlines, Sense::Kept);
+  return offsetBy(distance, viewsOf(canonical), ClipperLib::etClosedPolygon);
 }
 
 }  // namespace Calculations

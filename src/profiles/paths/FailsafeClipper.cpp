@@ -3,10 +3,13 @@
 // clipping, Commun. ACM 35). It sweeps a level line over the outlines, from one vertex to the next
 // ("scanbeam"), and afterwards joins what the sweep has found. The sweep is led here, in the
 // clipper's own steps and order; for the rest its own operation follows, which finds nothing left
-// to sweep. So results are the clipper's to the last point.
+// to sweep.
 //
 // Why it is led here: the clipper's own sweep turns every exception, and the loss of its way, into
-// one and the same false.
+// one and the same false. And it sorts minima and intersections by their levels alone with
+// std::sort, so that those of one level come as the standard library likes: LLVM's and GCC's made
+// other outlines of one excavation. Here they keep their order. Otherwise results are the clipper's
+// to the last point.
 //
 //   active edges     those that the sweep line crosses at present, from left to right
 //   local minimum    a vertex where two edges begin
@@ -18,8 +21,52 @@
 
 #include "foundation/Opened.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <new>
+#include <string_view>
+#include <utility>
+
+static_assert(std::string_view(CLIPPER_VERSION) == "6.4.2",
+              "the sweep is led as this version of the clipper leads it");
+
+namespace ClipperLib {
+
+// The records of the sweep, word for word as in the source of the clipper, as the language wants it
+// of a class that two sources define. The header only names them.
+struct TEdge {
+  IntPoint Bot;
+  IntPoint Curr;
+  IntPoint Top;
+  double Dx;
+  PolyType PolyTyp;
+  EdgeSide Side;
+  int WindDelta;
+  int WindCnt;
+  int WindCnt2;
+  int OutIdx;
+  TEdge* Next;
+  TEdge* Prev;
+  TEdge* NextInLML;
+  TEdge* NextInAEL;
+  TEdge* PrevInAEL;
+  TEdge* NextInSEL;
+  TEdge* PrevInSEL;
+};
+
+struct IntersectNode {
+  TEdge* Edge1;
+  TEdge* Edge2;
+  IntPoint Pt;
+};
+
+struct LocalMinimum {
+  cInt Y;
+  TEdge* LeftBound;
+  TEdge* RightBound;
+};
+
+}  // namespace ClipperLib
 
 namespace Ruv {
 namespace Calculations {
@@ -29,7 +76,6 @@ struct ClipperSteps {
   using Clipper = ClipperLib::Clipper;
   using Step = void (Clipper::*)();
   using StepTo = void (Clipper::*)(ClipperLib::cInt);
-  using Test = bool (Clipper::*)();
 
   /// Edges that begin at a level become active.
   struct InsertLocalMinima {
@@ -46,11 +92,14 @@ struct ClipperSteps {
     using Member = StepTo;
     friend Member memberOf(BuildIntersectList name);
   };
-  /// Orders the intersections so that only neighbours change sides. False when there is no such
-  /// order: rounding to the grid has led the sweep astray.
-  struct FixupIntersectionOrder {
-    using Member = Test;
-    friend Member memberOf(FixupIntersectionOrder name);
+  /// Copies the row of active edges, to change sides in the copy.
+  struct CopyAELToSEL {
+    using Member = Step;
+    friend Member memberOf(CopyAELToSEL name);
+  };
+  struct SwapPositionsInSEL {
+    using Member = void (Clipper::*)(ClipperLib::TEdge*, ClipperLib::TEdge*);
+    friend Member memberOf(SwapPositionsInSEL name);
   };
   /// Changes sides at the intersections, and adds them to outlines of the result.
   struct ProcessIntersectList {
@@ -90,8 +139,8 @@ template struct Opened<ClipperSteps::InsertLocalMinima,
                        &ClipperLib::Clipper::InsertLocalMinimaIntoAEL>;
 template struct Opened<ClipperSteps::ProcessHorizontals, &ClipperLib::Clipper::ProcessHorizontals>;
 template struct Opened<ClipperSteps::BuildIntersectList, &ClipperLib::Clipper::BuildIntersectList>;
-template struct Opened<ClipperSteps::FixupIntersectionOrder,
-                       &ClipperLib::Clipper::FixupIntersectionOrder>;
+template struct Opened<ClipperSteps::CopyAELToSEL, &ClipperLib::Clipper::CopyAELToSEL>;
+template struct Opened<ClipperSteps::SwapPositionsInSEL, &ClipperLib::Clipper::SwapPositionsInSEL>;
 template struct Opened<ClipperSteps::ProcessIntersectList,
                        &ClipperLib::Clipper::ProcessIntersectList>;
 template struct Opened<ClipperSteps::DisposeIntersectNodes,
@@ -133,6 +182,18 @@ void refuseOutOfRange(const PathViews& paths) {
   }
 }
 
+namespace {
+
+/// @param edge null where an open line has no other end
+void beginBound(ClipperLib::TEdge* edge, ClipperLib::EdgeSide side) {
+  if (edge == nullptr) return;
+  edge->Curr = edge->Bot;
+  edge->Side = side;
+  edge->OutIdx = -1;  // no outline yet
+}
+
+}  // namespace
+
 template <class Step, class... Arguments>
 decltype(auto) FailsafeClipper::take(Arguments... arguments) {
   return (static_cast<Clipper&>(*this).*memberOf(Step()))(arguments...);
@@ -169,7 +230,19 @@ void FailsafeClipper::writeTo(ClipperLib::PolyTree& tree, ClipperLib::ClipType o
 
 void FailsafeClipper::Reset() {
   // The clipper's own operation begins with a reset, which would have it sweep a second time.
-  if (!m_isSwept) Clipper::Reset();
+  if (m_isSwept) return;
+  std::stable_sort(m_MinimaList.begin(), m_MinimaList.end(),
+                   [](const ClipperLib::LocalMinimum& a, const ClipperLib::LocalMinimum& b) {
+                     return a.Y > b.Y;
+                   });
+  m_Scanbeam = ScanbeamList();
+  for (const ClipperLib::LocalMinimum& minimum : m_MinimaList) {
+    InsertScanbeam(minimum.Y);
+    beginBound(minimum.LeftBound, ClipperLib::esLeft);
+    beginBound(minimum.RightBound, ClipperLib::esRight);
+  }
+  m_ActiveEdges = nullptr;
+  m_CurrentLM = m_MinimaList.begin();
 }
 
 bool FailsafeClipper::ExecuteInternal() {
@@ -204,12 +277,34 @@ void FailsafeClipper::processIntersections(ClipperLib::cInt top) {
   ClipperLib::IntersectList& nodes = this->*memberOf(ClipperSteps::IntersectNodes());
   if (nodes.size() > 1) {
     // A single intersection is in order by itself.
-    if (!take<ClipperSteps::FixupIntersectionOrder>()) throw ClippingFailure();
+    order(nodes);
     processEachOf(nodes);
   } else if (!nodes.empty()) {
     take<ClipperSteps::ProcessIntersectList>();
   }
   this->*memberOf(ClipperSteps::SortedEdges()) = nullptr;
+}
+
+/// Sorts by levels, as far as only neighbours change sides: FixupIntersectionOrder of the clipper.
+/// @throw ClippingFailure when there is no such order: rounding to the grid has led the sweep
+/// astray
+void FailsafeClipper::order(ClipperLib::IntersectList& nodes) {
+  take<ClipperSteps::CopyAELToSEL>();
+  const auto isAbove = [](const ClipperLib::IntersectNode* a, const ClipperLib::IntersectNode* b) {
+    return a->Pt.Y > b->Pt.Y;
+  };
+  if (!std::is_sorted(nodes.begin(), nodes.end(), isAbove)) {
+    std::stable_sort(nodes.begin(), nodes.end(), isAbove);
+  }
+  const auto areNeighbours = [](const ClipperLib::IntersectNode* node) {
+    return node->Edge1->NextInSEL == node->Edge2 || node->Edge1->PrevInSEL == node->Edge2;
+  };
+  for (auto node = nodes.begin(); node != nodes.end(); ++node) {
+    const auto next = std::find_if(node, nodes.end(), areNeighbours);
+    if (next == nodes.end()) throw ClippingFailure();
+    std::swap(*node, *next);
+    take<ClipperSteps::SwapPositionsInSEL>((*node)->Edge1, (*node)->Edge2);
+  }
 }
 
 /// The clipper is shown one node at a time: it deletes each after treating it, but keeps all of

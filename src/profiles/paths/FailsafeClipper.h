@@ -64,6 +64,7 @@ class FailsafeClipper : private ClipperLib::Clipper {
   bool hasEdges() const { return !m_edges.empty(); }
   void sweep();
   void processIntersections(ClipperLib::cInt top);
+  void order(ClipperLib::IntersectList& nodes);
   void processEachOf(ClipperLib::IntersectList& nodes);
   template <class Step, class... Arguments>
   decltype(auto) take(Arguments... arguments);

@@ -6,11 +6,13 @@
 
 #include "profiles/paths/LineClipping.h"
 
+#include "profiles/paths/CanonicalOutlines.h"
 #include "profiles/paths/GridUnits.h"
 #include "profiles/paths/Union.h"
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Ruv {
 namespace Calculations {
@@ -108,8 +110,8 @@ ClipperLib::Paths clippedWithoutLevelEnds(const PathViews& lines, const PathView
 }  // namespace
 
 ClipperLib::Paths linesInside(const PathViews& lines, const PathViews& area) {
-  if (area.size() <= 1) return clippedWithoutLevelEnds(lines, area);
-  const ClipperLib::Paths outlines = united(copied(area));
+  ClipperLib::Paths outlines = canonicalOutlines(area, Sense::Free);
+  if (area.size() > 1) outlines = united(std::move(outlines));
   return clippedWithoutLevelEnds(lines, viewsOf(outlines));
 }
 

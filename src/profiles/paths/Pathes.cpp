@@ -109,6 +109,14 @@ Pathes Pathes::expandLines(const Pathes& a, double d) {
   return clippedBy([&] { return bandsAround(viewsOf(a), offsetUnits(d)); });
 }
 
+Pathes rawWithout(const Path& a, const Path& b) {
+  return clippedBy([&] { return rawDifferenceOf(viewOf(a), viewOf(b)); });
+}
+
+Pathes rawWithin(const Pathes& a, const Pathes& b) {
+  return clippedBy([&] { return rawIntersectionOf(viewsOf(a), viewsOf(b)); });
+}
+
 Pathes bandsWithHoles(const Pathes& lines, double halfWidth) {
   return clippedBy([&] { return bandsWithHoles(viewsOf(lines), offsetUnits(halfWidth)); });
 }
