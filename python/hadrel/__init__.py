@@ -7,21 +7,24 @@ What is not found is not a number, unless ``errcheck`` asks for an exception. Ob
 they compare, and they pickle.
 """
 
+from . import coordinates, paths
 from ._arrays import HadrelError
 from ._axis import (
     Arc,
     ArcRounding,
     Axis,
     AxisProperties,
+    BlockExtent,
     Cant,
     Clothoid,
     Kink,
     ParabolaRounding,
     Straight,
     map_between,
+    map_points,
 )
 from ._fits import Circle, Ellipse, fit_circle, fit_ellipse
-from ._guidance import GuidanceVector
+from ._guidance import GuidanceVector, ViewAngles
 from ._profile import (
     Comparison,
     Filters,
@@ -31,7 +34,9 @@ from ._profile import (
     ProfilePosition,
     Wedge,
     compare,
+    cut_section,
     morph,
+    nearest_on_section,
 )
 from ._stations import Identification, Resection, identify, resect
 
@@ -40,6 +45,7 @@ __all__ = [
     "ArcRounding",
     "Axis",
     "AxisProperties",
+    "BlockExtent",
     "Cant",
     "Circle",
     "Clothoid",
@@ -57,12 +63,18 @@ __all__ = [
     "ProfilePosition",
     "Resection",
     "Straight",
+    "ViewAngles",
     "Wedge",
     "compare",
+    "coordinates",
+    "cut_section",
     "fit_circle",
     "fit_ellipse",
     "identify",
     "map_between",
+    "map_points",
     "morph",
+    "nearest_on_section",
+    "paths",
     "resect",
 ]

@@ -100,6 +100,25 @@ class AxisProperties(NamedTuple):
     cant_percent: Any
 
 
+class BlockExtent(NamedTuple):
+    """A block of an axis: the chord between two of its stationings.
+
+    :param start: its stationing, which the block keeps
+    :param end: stationing of its end on the block's own axis
+    :param start_tunnelmeter: which the block keeps as well
+    :param end_tunnelmeter: at the end of the chord in space
+    :param length: of the chord in plan
+    :param length_in_space: of the chord
+    """
+
+    start: float
+    end: float
+    start_tunnelmeter: float
+    end_tunnelmeter: float
+    length: float
+    length_in_space: float
+
+
 def _taken(values: Sequence[Any], kinds: Tuple[type, ...], name: str) -> Tuple[Any, ...]:
     for index, value in enumerate(values):
         if not isinstance(value, kinds):
@@ -299,6 +318,17 @@ class Axis:
         return per_value(self._native.stationing, tunnelmeter, "tunnelmeter", "outside the axis",
                          errcheck)
 
+    def tangent(self, stationing: Any, plane: str = "vertical", errcheck: bool = False) -> Floats:
+        """Unit vectors (east, north, height) along the axis at stationings; shape (..., 3).
+
+        :param plane: "vertical" for level ones, or "perpendicular" for those in space
+        """
+        array = numbers(stationing, "stationing")
+        result = self._native.tangents(array.reshape(-1), is_perpendicular(plane))
+        if errcheck:
+            check(result, "stationing", "outside the axis")
+        return result.reshape(np.shape(stationing) + (3,))
+
     def polyline(self, step: float) -> List[Floats]:
         """East and north along each segment of the plan, one array for each."""
         return self._native.plan_polylines(float(step))
@@ -306,6 +336,31 @@ class Axis:
     def profile_polyline(self, step: float) -> Floats:
         """Stationing and height along the vertical alignment; shape (n, 2)."""
         return self._native.profile_polyline(float(step))
+
+    def vertical_polylines(self, step: float) -> List[Floats]:
+        """Stationing and height of each point of the vertical alignment: the point itself, or its
+        rounding. One array of shape (n, 2) for each."""
+        return self._native.vertical_polylines(float(step))
+
+    @property
+    def is_shaft(self) -> bool:
+        """Whether it is a shaft, or a block of one."""
+        return self._native.is_shaft()
+
+    @property
+    def tunnelmeter_origin(self) -> Tuple[float, float]:
+        """A stationing, and the tunnel meter there."""
+        stationing, value = self._native.tunnelmeter_origin()
+        return stationing, value
+
+    @property
+    def extent(self) -> Optional[BlockExtent]:
+        """Where a block begins and ends; its axis reaches 2 m farther. None for other axes."""
+        if self._definition[0] != "block":
+            return None
+        _, whole, start, limit = self._definition
+        end, meter, length, in_space = whole._native.block_extent(start, limit)
+        return BlockExtent(start, end, meter, meter + in_space, length, in_space)
 
     @property
     def misclosures(self) -> Floats:
@@ -336,8 +391,38 @@ def _restored(notes: Tuple[str, ...], kind: str, *values: Any) -> Axis:
 
 def map_between(source: Axis, target: Axis, values: Any, *, tunnelmeter: bool = False,
                 result_tunnelmeter: bool = False, errcheck: bool = False) -> Any:
-    """Carries stationings of one axis to another; the flags make tunnel meters of them."""
+    """Carries stationings of one axis to another; `map_points` does it with axis points.
+
+    A stationing goes along the vertical plane of the source, from the point on the axis itself.
+
+    :param values: stationings; any shape, where (3,) is three of them
+    :param tunnelmeter: whether they are tunnel meters of the source
+    :param result_tunnelmeter: whether tunnel meters of the target are asked for
+    :return: the same shape, a float for a float; not a number without a counterpart
+
+    >>> road, rail = (Axis(horizontal=[Straight(start, 0, 0, azimuth=0, length=50)],
+    ...                    vertical=[Kink(start, height), Kink(start + 50, height)])
+    ...               for start, height in ((0, 10), (700, 12)))
+    >>> map_between(road, rail, [10, 20, 60])
+    array([710., 720.,  nan])
+    >>> map_points(road, rail, [10, 3, 4])
+    array([710.,   3.,   2.])
+    """
     return per_value(
         lambda array: _native.mapped(source._native, target._native, array, tunnelmeter,
                                      result_tunnelmeter),
         values, "values", "no counterpart on the target", errcheck)
+
+
+def map_points(source: Axis, target: Axis, points: Any, plane: str = "vertical",
+               cant: bool = True, errcheck: bool = False) -> Floats:
+    """Carries axis points of one axis to another, by their grid coordinates.
+
+    :param points: stationing, offset, height on the source; shape (..., 3)
+    :param plane: as in `Axis.to_axis`, of both axes
+    :param cant: as in `Axis.to_axis`, of both axes
+    :param errcheck: raise `HadrelError` for the first point that has no counterpart
+    :return: stationing, offset, height on the target; the same shape
+    """
+    grid = source.to_grid(points, plane, cant, errcheck)
+    return target.to_axis(grid, plane, cant, errcheck)

@@ -3,16 +3,29 @@
 
 from dataclasses import dataclass
 from math import cos, isfinite, sin
-from typing import Any, Tuple
+from typing import Any, NamedTuple, Optional, Tuple
 
 import numpy as np
 
 from . import _native
-from ._arrays import Floats, HadrelError, check, is_perpendicular, rows, vector
+from ._arrays import Floats, HadrelError, check, is_perpendicular, numbers, rows, vector
 from ._axis import Axis
 from ._profile import Profile
 
 Three = Tuple[float, float, float]
+
+
+class ViewAngles(NamedTuple):
+    """Projections of a direction.
+
+    :param front: seen along the axis, from straight up towards the right, in [0, 2 pi)
+    :param top: seen from above, from straight ahead towards the right, in [0, 2 pi)
+    :param side: seen from the side, from straight ahead upwards, in [-pi, pi)
+    """
+
+    front: float
+    top: float
+    side: float
 
 
 @dataclass(frozen=True)
@@ -28,6 +41,8 @@ class GuidanceVector:
     ...             vertical=[Kink(0, 10), Kink(50, 10)])
     >>> GuidanceVector.parallel([5, 1, 2]).offsets(axis, [3, 9, 12.5])
     array([4. , 2. , 0.5])
+    >>> GuidanceVector.straight([5, 1, 2], [1, 0, 0]).points(axis, 4)
+    array([ 1.,  9., 12.])
     """
 
     origin: Three
@@ -67,11 +82,43 @@ class GuidanceVector:
                                                           is_perpendicular(plane), cant))
 
     @classmethod
-    def _made(cls, origin: Any, direction: Any) -> "GuidanceVector":
+    def from_angles(cls, origin: Any, *, front: Optional[float] = None,
+                    top: Optional[float] = None, side: Optional[float] = None) -> "GuidanceVector":
+        """From the angles of its pictures in two of three views, see `angles`.
+
+        :raises HadrelError: for angles that belong to no direction
+        """
+        if sum(angle is None for angle in (front, top, side)) != 1:
+            raise ValueError("expected the angles of two of the views front, top and side")
+        return cls._made(origin, _native.direction_of(front, top, side),
+                         "the angles belong to no direction")
+
+    @classmethod
+    def _made(cls, origin: Any, direction: Any,
+              reason: str = "a point cannot be converted, or both coincide") -> "GuidanceVector":
         if not all(map(isfinite, direction)):
-            raise HadrelError("no direction: a point cannot be converted, or both coincide")
+            raise HadrelError(f"no direction: {reason}")
         place = vector(origin, 3, "origin")
         return cls((place[0], place[1], place[2]), (direction[0], direction[1], direction[2]))
+
+    @property
+    def angles(self) -> ViewAngles:
+        """The angles of the direction in three views."""
+        return ViewAngles(*_native.view_angles(self.direction))
+
+    def points(self, axis: Axis, forward: Any, plane: str = "vertical",
+               errcheck: bool = False) -> Floats:
+        """The grid points that lie so far forward along the vector from its origin.
+
+        :param forward: lengths; any shape
+        :return: east, north, height; shape (..., 3); not a number beyond the axis
+        """
+        array = numbers(forward, "forward")
+        result = _native.points_ahead(axis._native, self.origin, self.direction,
+                                      array.reshape(-1), is_perpendicular(plane))
+        if errcheck:
+            check(result, "forward", "beyond the axis")
+        return result.reshape(np.shape(forward) + (3,))
 
     def offsets(self, axis: Axis, points: Any, plane: str = "vertical",
                 errcheck: bool = False) -> Floats:

@@ -8,6 +8,7 @@ from pathlib import Path
 from typing import Any, NamedTuple, Optional, Sequence, Tuple, Union
 
 import numpy as np
+import numpy.typing as npt
 
 from . import _native
 from ._arrays import Floats, HadrelError, check, numbers, one_of, rows
@@ -134,6 +135,56 @@ class Profile:
             raise ValueError(f"step: expected a positive length, got {step!r}")
         return self._native.outline(float(step))
 
+    def samples(self, count: int) -> Floats:
+        """So many points at equal distances, clockwise; none for more than 1e7. Shape (n, 2)."""
+        if not 0 < count < 1 << 32:
+            raise ValueError(f"count: expected one or more, got {count!r}")
+        return self._native.samples(int(count))
+
+    @property
+    def vertices(self) -> Floats:
+        """Where segments meet, clockwise; shape (n, 2)."""
+        return self._native.vertices()
+
+    @property
+    def is_clockwise(self) -> bool:
+        """Whether the nodes were given clockwise."""
+        return self._native.is_clockwise()
+
+    def offset(self, points: Any, distance: float, errcheck: bool = False) -> Floats:
+        """Points at a distance from the profile on the normals through `points`.
+
+        :param points: shape (..., 2)
+        :param distance: positive outside
+        :return: the same shape; not a number for points without a foot
+        """
+        array, shape = rows(points, 2, "points")
+        result = self._native.offset_points(array, float(distance))
+        if errcheck:
+            check(result, "points", "no foot on the profile")
+        return result.reshape(shape + (2,))
+
+    def diameter(self, points: Any, errcheck: bool = False) -> Any:
+        """Lengths across the profile along its normals at the feet of points; shape (..., 2)."""
+        array, shape = rows(points, 2, "points")
+        result = self._native.diameters(array)
+        if errcheck:
+            check(result, "points", "no wall across within 1000 m")
+        return result.reshape(shape) if shape else float(result[0])
+
+    def cut(self, *, up: Optional[float] = None, right: Optional[float] = None) -> Floats:
+        """Where a horizontal line (`up`) or a vertical one (`right`) meets it; shape (n, 2)."""
+        return self._native.cut(*_line(up, right))
+
+
+def _line(up: Optional[float], right: Optional[float]) -> Tuple[float, bool]:
+    """Where a line lies, and whether it is horizontal."""
+    if up is not None and right is None:
+        return float(up), True
+    if right is not None and up is None:
+        return float(right), False
+    raise ValueError("expected either up or right")
+
 
 @dataclass(frozen=True)
 class Wedge:
@@ -154,6 +205,21 @@ class Filters:
     right_of: Optional[float] = None
     wedges: Tuple[Wedge, ...] = ()
 
+    def excludes(self, points: Any) -> npt.NDArray[np.bool_]:
+        """Whether each of the points (..., 2) is left out; one on a limit is, and so is one that
+        is not finite. Without any filter none is.
+
+        >>> Filters(below=0.5).excludes([[0, 1], [0, 0]])
+        array([False,  True])
+        """
+        array, shape = rows(points, 2, "points")
+        return _native.excluded(array, *self._options()).reshape(shape)
+
+    def _options(self) -> Any:
+        """As the extension takes them."""
+        return ((self.above, self.below, self.left_of, self.right_of),
+                [(w.start, w.end, w.centre[0], w.centre[1]) for w in self.wedges])
+
 
 @dataclass(frozen=True)
 class Geology:
@@ -171,7 +237,10 @@ class Geology:
 
 @dataclass(frozen=True, eq=False)
 class Comparison:
-    """A measured profile before a design: areas (m2), and outlines as tuples of (n, 2) arrays."""
+    """A measured profile before a design: areas (m2), and outlines as tuples of (n, 2) arrays.
+
+    Lengths and lines are of what the filters leave of either outline.
+    """
 
     design_area: float
     measured_area: float
@@ -182,6 +251,10 @@ class Comparison:
     under: Tuple[Floats, ...]
     geological: Tuple[Floats, ...]
     remaining: Tuple[Floats, ...]
+    design_length: float
+    measured_length: float
+    design_lines: Tuple[Floats, ...]
+    measured_lines: Tuple[Floats, ...]
 
 
 _METHODS = ("band", "between", "beyond")
@@ -200,10 +273,10 @@ def compare(design: Union[Profile, Any], measured: Any, *, filters: Optional[Fil
             geology: Optional[Geology] = None) -> Comparison:
     """Over and under profile of a measured section.
 
-    :param design: a `Profile`, or an earlier section of shape (n, 2)
     Areas are those of true arcs to 0.1 cm2 or so, as in the programs; those between two sections are
     the library's own, on a grid of 0.1 mm.
 
+    :param design: a `Profile`, or an earlier section of shape (n, 2)
     :param measured: the points of the section in order round it; shape (n, 2)
 
     >>> section = [(-2, -2), (-2, 2), (3, 2), (3, -2)]
@@ -212,19 +285,48 @@ def compare(design: Union[Profile, Any], measured: Any, *, filters: Optional[Fil
     4.0
     """
     points = _finite(measured, "measured")
-    limits = filters or Filters()
-    wedges = [(w.start, w.end, w.centre[0], w.centre[1]) for w in limits.wedges]
     division = None
     if geology is not None:
         division = (_METHODS.index(one_of(geology.method, _METHODS, "method")),
                     float(geology.outer), float(geology.inner))
-    options = ((limits.above, limits.below, limits.left_of, limits.right_of), wedges, division)
+    options = (*(filters or Filters())._options(), division)
     if isinstance(design, Profile):
         found = _native.compared(design._native, points, *options)
     else:
         found = _native.compared_scans(_finite(design, "design"), points, *options)
     return Comparison(**{name: tuple(value) if isinstance(value, list) else value
                          for name, value in found.items()})
+
+
+def nearest_on_section(measured: Any, points: Any, *, direction: str = "radial",
+                       design: Optional[Profile] = None, errcheck: bool = False) -> Floats:
+    """The nearest points of a measured section on lines through points.
+
+    :param measured: the points of the section in order round it; shape (n, 2)
+    :param points: shape (..., 2)
+    :param direction: of the lines: "horizontal", "vertical", or "radial", which is along the
+        normals of `design`
+    :return: the same shape; not a number where a line misses the section
+
+    >>> nearest_on_section([(-2, -2), (-2, 2), (3, 2), (3, -2)], [1, 1], direction="vertical")
+    array([1., 2.])
+    """
+    one_of(direction, ("radial", "horizontal", "vertical"), "direction")
+    if direction == "radial" and design is None:
+        raise ValueError("design: expected a Profile for radial lines")
+    array, shape = rows(points, 2, "points")
+    result = _native.nearest_on_section(design._native if design else None,
+                                        _finite(measured, "measured"), array, direction)
+    if errcheck:
+        check(result, "points", "the line misses the section")
+    return result.reshape(shape + (2,))
+
+
+def cut_section(measured: Any, *, up: Optional[float] = None, right: Optional[float] = None,
+                filters: Optional[Filters] = None) -> Floats:
+    """Where a horizontal line (`up`) or a vertical one (`right`) meets a section; shape (n, 2)."""
+    return _native.section_cut(_finite(measured, "measured"), *_line(up, right),
+                               *(filters or Filters())._options())
 
 
 @dataclass(frozen=True)

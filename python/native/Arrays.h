@@ -54,6 +54,22 @@ py::list arraysOf(const std::vector<Line>& lines) {
 
 std::vector<Ruv::Calculations::Point2D> listOf(const Array& points);
 
+/// Makes of each row another one, while other threads of the interpreter run.
+/// @param width   of the result in numbers; 0 for a result of one dimension
+/// @param convert takes a row and its index
+template <class In, class Out, class Convert>
+Array rowByRow(const Array& rows, std::size_t width, const Convert& convert) {
+  const std::size_t count = numRows(rows);
+  Array result = newArray(count, width);
+  const auto* in = pointsOf<In>(rows);
+  auto* out = pointsOf<Out>(result);
+  const py::gil_scoped_release others;
+  for (std::size_t i = 0; i < count; ++i) {
+    out[i] = convert(in[i], i);
+  }
+  return result;
+}
+
 }  // namespace Hadrel
 
 #endif

@@ -7,13 +7,16 @@
 #include <Calculations/AxisMapper.h>
 #include <Calculations/GuidanceCalculator.h>
 #include <Calculations/GuidanceVectorDefinition.h>
+#include <Calculations/Utilities.h>
 
 #include <pybind11/stl.h>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <tuple>
@@ -139,10 +142,36 @@ Array properties(const Axis& axis, const Array& stationings) {
   return result;
 }
 
+/// Unit vectors along the axis.
+Array tangents(const Axis& axis, const Array& stationings, bool perpendicular) {
+  const auto ask = perpendicular ? &AxisCalculator::tangentAtStationingPerpendicular
+                                 : &AxisCalculator::tangentAtStationingVertical;
+  return rowByRow<double, ENHPoint>(stationings, 3, [&](double stationing, std::size_t) {
+    ENHPoint tangent(kNotFound, kNotFound, kNotFound);
+    (axis.calculator.*ask)(stationing, tangent);
+    return tangent;
+  });
+}
+
+/// Stationing, tunnel meter and the lengths in plan and in space of the block's chord.
+std::tuple<double, double, double, double> blockExtent(const Axis& axis, double from, double to) {
+  const BlockAxisDefinition block(axis.definition, from, to);
+  return {block.blockEndStng2d(), block.blockStartStng3d(), block.blockLength2d(),
+          block.blockLength3d()};
+}
+
 py::list planPolylines(const Axis& axis, double step) {
   std::vector<Polyline> lines;
   for (unsigned i = 0; i < axis.definition->getNumHoralSegments(); ++i) {
     lines.push_back(axis.definition->getHoralSegmentPolylineAt(i, step));
+  }
+  return arraysOf(lines);
+}
+
+py::list verticalPolylines(const Axis& axis, double step) {
+  std::vector<Polyline> lines;
+  for (unsigned i = 0; i < axis.definition->getNumVeralPoints(); ++i) {
+    lines.push_back(axis.definition->getVeralPointPolylineAt(i, step));
   }
   return arraysOf(lines);
 }
@@ -217,6 +246,47 @@ Array offsets(const Axis& axis, const Three& origin, const Three& direction, con
   return result;
 }
 
+bool isZero(const ENHPoint& p) { return p == ENHPoint(); }
+
+/// The grid point (0, 0, 0) may be one on the vector, and it may be a failure: it is one on the
+/// vector when it lies there.
+Array pointsAhead(const Axis& axis, const Three& origin, const Three& direction,
+                  const Array& forwards, bool perpendicular) {
+  constexpr double kTolerance = 1e-6;
+  const GuidanceCalculator calculator(vectorOf(origin, direction), axis.definition, perpendicular);
+  return rowByRow<double, ENHPoint>(forwards, 3, [&](double forward, std::size_t) {
+    const ENHPoint point = calculator.absolutePointAtForwardValue(forward);
+    if (!isZero(point)) return point;
+    const GuidanceOffsets found = calculator.calculateOffsets(point);
+    ENHPoint start;
+    const bool isReal = found.forward != 0.0
+                            ? std::abs(found.forward - forward) < kTolerance
+                            : axis.calculator.axisPointToEnhPoint(
+                                  axisPointOf(origin), start,
+                                  perpendicular || axis.definition->isShaftAxis(), true) &&
+                                  start.length() < kTolerance && std::abs(forward) < kTolerance;
+    return isReal ? point : ENHPoint(kNotFound, kNotFound, kNotFound);
+  });
+}
+
+/// In front, top and side view.
+Three viewAngles(const Three& direction) {
+  const AxisPoint components = axisPointOf(direction);
+  return {Utilities::getGuidanceAngleInFrontView(components),
+          Utilities::getGuidanceAngleInTopView(components),
+          Utilities::getGuidanceAngleInSideView(components)};
+}
+
+/// Of length 1, from the angles in two views; the third is none.
+Three directionOf(std::optional<double> front, std::optional<double> top,
+                  std::optional<double> side) {
+  const AxisPoint direction =
+      !side    ? Utilities::getGuidanceVectorFromFrontAndTopViewAngles(*front, *top, 1.0)
+      : !front ? Utilities::getGuidanceVectorFromTopAndSideViewAngles(*top, *side, 1.0)
+               : Utilities::getGuidanceVectorFromFrontAndSideViewAngles(*front, *side, 1.0);
+  return {direction.stationing, direction.offset, direction.height};
+}
+
 }  // namespace
 
 void bindAxis(py::module_& module) {
@@ -229,6 +299,15 @@ void bindAxis(py::module_& module) {
       .def("properties", &properties)
       .def("plan_polylines", &planPolylines)
       .def("misclosures", &misclosures)
+      .def("vertical_polylines", &verticalPolylines)
+      .def("tangents", &tangents)
+      .def("block_extent", &blockExtent)
+      .def("is_shaft", [](const Axis& axis) { return axis.definition->isShaftAxis(); })
+      .def("tunnelmeter_origin",
+           [](const Axis& axis) {
+             return std::make_pair(axis.definition->getStationingMappingOrigin2d(),
+                                   axis.definition->getStationingMappingValue3dAtOrigin());
+           })
       .def("profile_polyline",
            [](const Axis& axis, double step) {
              return arrayOf(axis.definition->getVeralPolyline(step).points());
@@ -255,6 +334,9 @@ void bindAxis(py::module_& module) {
     return takenDirection(GuidanceVectorFactory::createAsStraightRadialFromAxisCoordinateAndProfile(
         profile.definition, axisPointOf(origin)));
   });
+  module.def("points_ahead", &pointsAhead);
+  module.def("view_angles", &viewAngles);
+  module.def("direction_of", &directionOf);
   module.def("direction_between", [](const Axis& axis, const Three& first, const Three& second,
                                      bool perpendicular, bool cant) {
     return takenDirection(GuidanceVectorFactory::createAsStraightFromPairOfAxisCoordinates(

@@ -37,7 +37,9 @@ struct Profile {
 Array nodesOf(const Ruv::Calculations::ThProfileDefinition& profile);
 
 void bindAxis(pybind11::module_& module);
+void bindCoordinates(pybind11::module_& module);
 void bindFiles(pybind11::module_& module);
+void bindPaths(pybind11::module_& module);
 void bindProfile(pybind11::module_& module);
 void bindStation(pybind11::module_& module);
 

@@ -14,9 +14,11 @@
 #include <pybind11/stl.h>
 
 #include <array>
+#include <cmath>
 #include <limits>
 #include <memory>
 #include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -27,6 +29,7 @@ using namespace Ruv::Calculations;
 namespace {
 
 constexpr double kNotFound = std::numeric_limits<double>::quiet_NaN();
+constexpr double kClose = 1e-6;  // m; as a distance is known
 
 /// @param nodes rows of x, y and the radius of the segment that ends there
 std::unique_ptr<Profile> profileOf(const Array& nodes) {
@@ -72,6 +75,25 @@ Array positions(const Calculator& calculator, const Array& points) {
   return result;
 }
 
+/// Points at a distance from the profile on the normals through others.
+Array offsetPoints(const Profile& profile, const Array& points, double distance) {
+  return rowByRow<Point2D, Point2D>(points, 2, [&](const Point2D& p, std::size_t) {
+    const Point2D moved = profile.calculator.applyRadialOffset(p, distance);
+    if (moved.x != 0.0 || moved.y != 0.0) return moved;
+    const double there = profile.calculator.calculateProfilePoint(moved).distance;
+    const bool isReal =
+        std::isfinite(p.x) && std::isfinite(p.y) && std::abs(there - distance) < kClose;
+    return isReal ? moved : Point2D(kNotFound, kNotFound);
+  });
+}
+
+Array diameters(const Profile& profile, const Array& points) {
+  return rowByRow<Point2D, double>(points, 0, [&](const Point2D& p, std::size_t) {
+    const double diameter = profile.calculator.diameterAtProfilePoint(p);
+    return diameter < std::numeric_limits<double>::max() ? diameter : kNotFound;
+  });
+}
+
 using Limits = std::array<std::optional<double>, 4>;  // above, below, left of, right of
 using Wedge = std::array<double, 4>;                  // start and end angle, centre
 using Geology = std::tuple<int, double, double>;
@@ -94,6 +116,10 @@ struct Findings {
   double overArea = 0.0;
   double underArea = 0.0;
   double geologicalArea = kNotFound;
+  double designLength = 0.0;
+  double measuredLength = 0.0;
+  std::vector<Polyline> designLines;
+  std::vector<Polyline> measuredLines;
   std::vector<Polygon> over;
   std::vector<Polygon> under;
   std::pair<std::vector<Polygon>, std::vector<Polygon>> divided;
@@ -118,8 +144,20 @@ Findings findingsOf(const MeasuredProfileCalculator& calculator,
   return findings;
 }
 
+/// What is not filtered, in profile coordinates.
+void addLengths(const MeasuredProfileCalculator& calculator, Findings& findings) {
+  findings.designLength = calculator.referenceCircumference();
+  findings.measuredLength = calculator.comparisonCircumference();
+  findings.designLines = calculator.referenceCircumferenceLines(false);
+  findings.measuredLines = calculator.comparisonCircumferenceLines(false);
+}
+
 py::dict dictOf(const Findings& findings) {
   py::dict dict;
+  dict["design_length"] = findings.designLength;
+  dict["measured_length"] = findings.measuredLength;
+  dict["design_lines"] = arraysOf(findings.designLines);
+  dict["measured_lines"] = arraysOf(findings.measuredLines);
   dict["design_area"] = findings.designArea;
   dict["measured_area"] = findings.measuredArea;
   dict["over_area"] = findings.overArea;
@@ -154,6 +192,8 @@ Findings compareExactly(const Profile& design, std::vector<Point2D> points, cons
                         const std::vector<Wedge>& wedges, const std::optional<Geology>& geology) {
   constexpr double kMargin = 1.0;
   const double beyond = geology ? std::get<1>(*geology) : 0.0;
+  MeasuredProfileCalculator lengths(design.definition, measuredOf(points));
+  setFilters(lengths, limits, wedges);
   const Exchange::DesignProfile drawn(design.definition);
   const Exchange::AreaFrame frame(drawn, points, beyond + kMargin);
   for (Point2D& point : points) {
@@ -165,6 +205,7 @@ Findings compareExactly(const Profile& design, std::vector<Point2D> points, cons
   findings.over = frame.back(findings.over);
   findings.under = frame.back(findings.under);
   findings.divided = {frame.back(findings.divided.first), frame.back(findings.divided.second)};
+  addLengths(lengths, findings);
   return findings;
 }
 
@@ -188,8 +229,52 @@ py::dict comparedScans(const Array& reference, const Array& measured, const Limi
   {
     const py::gil_scoped_release others;
     findings = findingsOf(calculator, geology);
+    addLengths(calculator, findings);
   }
   return dictOf(findings);
+}
+
+/// @param design  for radial lines; else null
+/// @param way     "horizontal", "vertical" or "radial"
+Array nearestOnSection(const Profile* design, const Array& measured, const Array& points,
+                       const std::string& way) {
+  const auto reference =
+      design ? design->definition : boost::shared_ptr<const ThProfileDefinition>();
+  const MeasuredProfileCalculator calculator(reference, measuredOf(listOf(measured)));
+  const auto ask =
+      way == "horizontal" ? &MeasuredProfileCalculator::horizontalDistanceToComparisonProfile
+      : way == "vertical" ? &MeasuredProfileCalculator::verticalDistanceToComparisonProfile
+                          : &MeasuredProfileCalculator::radialDistanceToComparisonProfile;
+  constexpr double kFarthest = 1e30;  // the mark of a miss lies beyond
+  return rowByRow<Point2D, Point2D>(points, 2, [&](const Point2D& p, std::size_t) {
+    const Point2D nearest = (calculator.*ask)(p);
+    return nearest.x < kFarthest ? nearest : Point2D(kNotFound, kNotFound);
+  });
+}
+
+Array sectionCut(const Array& measured, double at, bool isHorizontal, const Limits& limits,
+                 const std::vector<Wedge>& wedges) {
+  MeasuredProfileCalculator calculator(boost::shared_ptr<const MeasuredProfile>(),
+                                       measuredOf(listOf(measured)));
+  setFilters(calculator, limits, wedges);
+  return arrayOf(isHorizontal ? calculator.intersectionsAtGivenUpOffsetOfComparisonProfile(at)
+                              : calculator.intersectionsAtGivenRightOffsetOfComparisonProfile(at));
+}
+
+py::array_t<bool> excluded(const Array& points, const Limits& limits,
+                           const std::vector<Wedge>& wedges) {
+  const boost::shared_ptr<const MeasuredProfile> none;
+  MeasuredProfileCalculator calculator(none, none);
+  setFilters(calculator, limits, wedges);
+  const std::size_t count = numRows(points);
+  py::array_t<bool> result(static_cast<py::ssize_t>(count));
+  const auto* in = pointsOf<Point2D>(points);
+  bool* out = result.mutable_data();
+  const py::gil_scoped_release others;
+  for (std::size_t i = 0; i < count; ++i) {
+    out[i] = calculator.isInFilteredArea(in[i]);
+  }
+  return result;
 }
 
 py::tuple tupleOf(const FittingResult& fit) {
@@ -239,15 +324,29 @@ void bindProfile(py::module_& module) {
            [](const Profile& profile, double step) {
              return arrayOf(profile.calculator.pointsOnProfileByInterval(step, true));
            })
+      .def("samples",
+           [](const Profile& profile, unsigned count) {
+             return arrayOf(profile.calculator.pointsOnProfileByFixedNumber(count, nullptr));
+           })
+      .def("vertices",
+           [](const Profile& profile) { return arrayOf(profile.calculator.vertexPoints()); })
+      .def("is_clockwise",
+           [](const Profile& profile) { return profile.definition->isDefinedClockwise(); })
+      .def("offset_points", &offsetPoints)
+      .def("diameters", &diameters)
+      .def("cut",
+           [](const Profile& profile, double at, bool isHorizontal) {
+             return arrayOf(isHorizontal ? profile.calculator.profilePointsAtGivenUpOffset(at)
+                                         : profile.calculator.profilePointsAtGivenRightOffset(at));
+           })
       .def("at", [](const Profile& profile, const Array& derolments) {
-        Array result = newArray(numRows(derolments), 2);
-        auto* out = pointsOf<Point2D>(result);
-        const double* in = derolments.data();
-        for (std::size_t i = 0; i < numRows(derolments); ++i) {
-          out[i] = profile.calculator.calcPointOnProfileAtDerolment(in[i]);
-        }
-        return result;
+        return rowByRow<double, Point2D>(derolments, 2, [&](double derolment, std::size_t) {
+          return profile.calculator.calcPointOnProfileAtDerolment(derolment);
+        });
       });
+  module.def("nearest_on_section", &nearestOnSection);
+  module.def("section_cut", &sectionCut);
+  module.def("excluded", &excluded);
   module.def("compared", &compared);
   module.def("compared_scans", &comparedScans);
   module.def(
