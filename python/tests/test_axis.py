@@ -11,7 +11,7 @@ import pytest
 
 import hadrel
 from hadrel import (Arc, ArcRounding, Axis, Cant, Clothoid, GuidanceVector, HadrelError, Kink,
-                    ParabolaRounding, Straight, map_between)
+                    ParabolaRounding, Straight, map_between, map_points)
 
 
 DATA = Path(__file__).parents[2] / "examples" / "data"
@@ -60,6 +60,9 @@ def test_known_places():
     assert right.properties(5.0).radius == 100
     assert right.polyline(1.0)[0].shape[1] == right.profile_polyline(1.0).shape[1] == 2
     assert right.misclosures.tolist() == [[0, 0]]
+    assert [line.tolist() for line in right.vertical_polylines(1.0)] == [[[0, 0]], [[50, 0]]]
+    np.testing.assert_allclose(straight.tangent(10.0, "perpendicular"),
+                               np.array([1, 0, 0.04]) / np.hypot(1, 0.04), atol=1e-15)
 
 
 def test_blocks_shafts_and_other_axes(axis):
@@ -70,8 +73,25 @@ def test_blocks_shafts_and_other_axes(axis):
         map_between(axis, block, [130.0, 230.0], errcheck=True)
     with pytest.raises(ValueError, match="100 <= start"):
         axis.block(90, 120)
+    points = np.array([[[130.0, 3, 2], [145, -2, 1]], [[125, 0, 0], [230, 0, 0]]])
+    for plane, cant in (("vertical", True), ("perpendicular", False)):
+        found = map_points(axis, block, points, plane, cant)
+        np.testing.assert_array_equal(found[0], block.to_axis(axis.to_grid(points[0], plane, cant), plane,
+                                                              cant))
+        assert np.isnan(found[1, 1]).all() and not np.isnan(found[1, 0]).any()
+    for stationing, reason in ((230, r"points\[1\]: no foot"), (999, r"points\[1\]: stationing")):
+        with pytest.raises(HadrelError, match=reason):
+            map_points(axis, block, [[130, 0, 0], [stationing, 0, 0]], errcheck=True)
+    extent = block.extent
+    assert (extent.start - 2, extent.end + 2) == block.range and axis.extent is None
+    assert extent.start_tunnelmeter == axis.tunnelmeter(120.0) == block.tunnelmeter(120.0)
+    assert extent.length == pytest.approx(extent.end - 120) and extent.length_in_space > extent.length
+    assert extent.end_tunnelmeter == pytest.approx(block.tunnelmeter(extent.end), abs=1e-9)
+    assert axis.tunnelmeter_origin == (120, 1000)
     shaft = Axis.shaft(east=1000, north=2000, height_start=500, height_end=460)
     assert np.isnan(shaft.to_axis([1000, 2000, 501])).all()
+    assert shaft.is_shaft and not block.is_shaft
+    assert shaft.tangent([5.0, 50.0]).tolist()[0] == [0, 0, -1]
     for same in (axis, block, shaft):
         assert pickle.loads(pickle.dumps(same)) == same
         assert hash(pickle.loads(pickle.dumps(same))) == hash(same)
@@ -113,6 +133,19 @@ def test_guidance(axis):
     with pytest.raises(HadrelError, match=r"points\[0\]"):
         along.offsets(axis, start + 1e6, errcheck=True)
     np.testing.assert_allclose(offsets[0], 0, atol=1e-9)
+    on_vector = ahead.points(axis, [0.0, 5.0, offsets[1, 0]])
+    np.testing.assert_allclose(ahead.offsets(axis, on_vector)[:, 0], [0, 5, offsets[1, 0]], atol=1e-9)
+    np.testing.assert_allclose(on_vector[[0, 2]], [start, target], atol=1e-9)
+    assert np.isnan(along.points(axis, [1e6])).all()
+    home = Axis(horizontal=[Straight(0, 0, -10, 0, 50)], vertical=[Kink(0, 0), Kink(50, 0)])
+    for vector in (GuidanceVector.parallel([0, 0, 0]), GuidanceVector.straight([0, 0, 0], [1, 0, 0])):
+        assert vector.points(home, 10) == pytest.approx([0, 0, 0], abs=1e-12)  # is a point, too
+    front, top, side = ahead.angles
+    for two in ({"front": front, "top": top}, {"top": top, "side": side}):
+        assert GuidanceVector.from_angles(ahead.origin, **two).direction == pytest.approx(
+            ahead.direction, abs=1e-9)
+    with pytest.raises(ValueError, match="two of the views"):
+        GuidanceVector.from_angles([0, 0, 0], front=1.0)
     up = GuidanceVector.in_section([110, 0, 0], 0.0)
     assert up.direction == (0, 0, 1)
     circle = hadrel.Profile([(-5, 0), (5, 0, 5), (-5, 0, 5)])

@@ -10,7 +10,8 @@ from pathlib import Path
 import numpy as np
 import pytest
 
-from hadrel import Arc, ArcRounding, Axis, Cant, Clothoid, Kink, ParabolaRounding, Straight
+from hadrel import (Arc, ArcRounding, Axis, Cant, Clothoid, Kink, ParabolaRounding, Straight,
+                    coordinates, paths)
 
 GOLDEN = Path(__file__).parents[2] / "tests" / "golden" / "alignments"
 NAMES = ("metro_th_3122m", "rail_ch_2500m", "rail_ch_a50068a", "rail_fr_v1", "rail_it_1030m",
@@ -70,7 +71,7 @@ def digest():
         pytest.skip("HADREL_DIGEST names no program; tools/test-python builds it")
     groups = defaultdict(list)
     for line in subprocess.run([program], check=True, capture_output=True, text=True).stdout.split("\n"):
-        group, *numbers = line.split(" ")
+        group, *numbers = line.split(" ")  # the first number tells how large the others may be
         groups[group].append(tuple(map(float, numbers[1:])))
     return groups
 
@@ -110,3 +111,51 @@ def test_axes_to_the_bit(digest):
         np.testing.assert_array_equal(np.column_stack([meters, axis.stationing(rounded(meters))]),
                                       digest["tunnel-meter"][rows])
         begin += PLACES
+
+
+def test_angles_to_the_bit(digest):
+    random = Random(43)
+    a, b, *p = np.array([[random.uniform(-20, 20), random.uniform(0.2, 1.4)]
+                         + [random.uniform(-9, 9) for _ in range(3)] for _ in range(150)]).T
+    p = np.column_stack(p)
+    wraps = [coordinates.wrap(a), coordinates.wrap(a, signed=True), coordinates.gon_to_rad(a)]
+    np.testing.assert_array_equal(np.column_stack(wraps), np.array(digest["angle-normalising"])[:, :3])
+    np.testing.assert_array_equal(
+        np.column_stack([coordinates.percent_to_slope(a), coordinates.slope_to_percent(b)]),
+        digest["slope-conversions"])
+    polar = coordinates.local_to_polar(p)
+    np.testing.assert_array_equal(polar[:, :2], digest["azimuths"])
+    turned = [coordinates.local_to_grid(q, station=(1, 2, 3), orientation=angle, scale=1.0001)
+              for q, angle in zip(p, a)]
+    components = coordinates.to_components(p, azimuth=a, slope=b / 10, cant_percent=a / 4)
+    np.testing.assert_array_equal(np.column_stack([polar[:, 2], turned, components]),
+                                  digest["rotations"])
+    np.testing.assert_allclose(
+        coordinates.from_components(components, azimuth=a, slope=b / 10, cant_percent=a / 4), p,
+        atol=1e-13)
+    places = [coordinates.clothoid(along * 3, radius=100 * r, length=60)[:2] for along, r in zip(a, b)]
+    np.testing.assert_array_equal(places, digest["clothoid"])
+
+
+def test_outlines_to_the_bit(digest):
+    """Circles by their rational parameters, every third segment an arc."""
+    random = Random(32)
+
+    def outline():
+        turn = np.arange(13) / 13
+        t = 4 * turn - 1 - np.where(turn < 0.5, 0, 2)
+        circle = np.column_stack([(1 - t * t) / (1 + t * t), 2 * t / (1 + t * t)])
+        circle[turn >= 0.5] *= -1
+        radius = np.array([random.uniform(2, 6) for _ in turn])
+        corners = np.column_stack([circle * radius[:, None], np.where(np.arange(13) % 3, 0, -7)])
+        return paths.closed(corners, clean=True)
+
+    expected = iter(digest["outlines"])
+    for _ in range(8):
+        a, b = outline(), outline()
+        for found in (paths.intersection(a, b), paths.difference(a, [b]), paths.buffer(a, 0.25),
+                      paths.clip_lines(a, b)):
+            for points in found:
+                np.testing.assert_array_equal(points.ravel(), next(expected))
+            assert (paths.area(found), paths.length(found)) == next(expected)
+    assert next(expected, None) is None

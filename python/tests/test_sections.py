@@ -7,8 +7,8 @@ from pathlib import Path
 import numpy as np
 import pytest
 
-from hadrel import (Filters, Geology, HadrelError, Profile, Wedge, compare, fit_circle, fit_ellipse,
-                    identify, morph, resect)
+from hadrel import (Filters, Geology, HadrelError, Profile, Wedge, compare, coordinates, cut_section,
+                    fit_circle, fit_ellipse, identify, morph, nearest_on_section, paths, resect)
 
 
 DATA = Path(__file__).parents[2] / "examples" / "data"
@@ -157,9 +157,95 @@ def test_stations(method, capfd):
     assert found.station == pytest.approx((3, 4, 5), abs=1e-8)
     assert found.orientation == pytest.approx(0.7, abs=1e-9)
     assert found.scale == pytest.approx(1, abs=1e-9)
+    measured, points = np.array([sight for _, sight in named]), np.array(list(FIX_POINTS.values()))
+    np.testing.assert_allclose(found.to_grid(measured), points, atol=1e-8)
+    local = coordinates.polar_to_local(measured)
+    np.testing.assert_allclose(found.to_grid(local, kind="local"), points, atol=1e-8)
+    assert (found.tilt_about_east is None) == (found.residuals is None) == (method == "plan")
+    again = pickle.loads(pickle.dumps(found))
+    assert again == found
+    np.testing.assert_array_equal(again.to_polar(points[None]), found.to_polar(points)[None])
     with pytest.raises(HadrelError, match="three sights"):
         resect(FIX_POINTS, named[:2], method=method)
     assert capfd.readouterr() == ("", "")
+
+
+def test_tilted_station():
+    """The zero direction dips by 0.02, then the right side rises by 0.03; one target was moved."""
+    def turned(local):
+        about_east = coordinates.rotate(local, -0.02, about="east")
+        about_north = coordinates.rotate(about_east, -0.03, about="north")
+        return coordinates.rotate(about_north, -0.7) + (3, 4, 5)
+
+    local = np.random.default_rng(5).uniform(-40, 40, (6, 3))
+    points = turned(local)
+    sights = [(str(i), sight) for i, sight in enumerate(coordinates.local_to_polar(local))]
+    found = resect({str(i): point for i, point in enumerate(points)}, sights + sights[:1])
+    assert (found.tilt_about_east, found.tilt_about_north) == pytest.approx((0.02, 0.03), abs=1e-9)
+    assert found.orientation == pytest.approx(0.7, abs=1e-9)
+    np.testing.assert_allclose(found.to_grid(coordinates.local_to_polar(local)), points, atol=1e-8)
+    back = coordinates.polar_to_local(found.to_polar(points.reshape(2, 3, 3)))
+    np.testing.assert_allclose(back, local.reshape(2, 3, 3), atol=1e-8)
+    moved = resect({str(i): p + [0, 0, 0.01 * (i == 2)] for i, p in enumerate(points)},
+                   sights + sights[:1])
+    assert {name: len(rows) for name, rows in moved.residuals.items()} == {
+        "0": 2, "1": 1, "2": 1, "3": 1, "4": 1, "5": 1}
+    np.testing.assert_array_equal(moved.residuals["2"][0],
+                                  moved.to_grid(sights[2][1]) - (points[2] + [0, 0, 0.01]))
+    assert moved.residuals["2"][0, 2] < -0.002 and moved != found
+
+
+def test_what_else_a_profile_tells():
+    tunnel = circle(5)
+    np.testing.assert_allclose(tunnel.offset(ring(3, 8), 0.5), ring(5.5, 8), atol=1e-9)
+    assert tunnel.offset([5.0, 0.0], -5.0) == pytest.approx([0, 0], abs=1e-9)
+    assert np.isnan(tunnel.offset([np.nan, 0], 1)).all() and np.isnan(tunnel.diameter([np.nan, 0]))
+    assert tunnel.diameter([0, 6]) == pytest.approx(10)
+    assert np.sort(tunnel.cut(up=3)[:, 0]) == pytest.approx([-4, 4])
+    assert np.sort(tunnel.cut(right=-4)[:, 1]) == pytest.approx([-3, 3])
+    np.testing.assert_allclose(np.hypot(*tunnel.samples(7).T), 5)
+    assert tunnel.samples(7).shape == (7, 2) and len(tunnel.vertices) == 2 and tunnel.is_clockwise
+    section = ring(5.2, 4)  # a square on its corner
+    radial = nearest_on_section(section, [[0.0, 6.0], [np.nan, 0]], design=tunnel)
+    np.testing.assert_allclose(radial, [[0, 5.2], [np.nan, np.nan]], atol=1e-9)
+    with pytest.raises(HadrelError, match=r"points\[1\]: the line misses"):
+        nearest_on_section(section, [[0, 1], [0, 9]], direction="horizontal", errcheck=True)
+    right = Filters(left_of=0.0)
+    assert cut_section(section, up=1.2)[:, 0] == pytest.approx([4, -4])
+    assert cut_section(section, right=-1.2).shape == (2, 2) and right.excludes([-1, 0])
+    assert not Filters().excludes([[1e6, 0]]).any()
+    half = compare(tunnel, section, filters=right)
+    assert half.design_length == pytest.approx(5 * np.pi, abs=2e-3)
+    assert half.measured_length == pytest.approx(2 * 5.2 * np.sqrt(2), abs=2e-3)
+    assert sum(map(paths.length, half.measured_lines)) == pytest.approx(half.measured_length, abs=2e-4)
+    for wrong in ({}, {"up": 1, "right": 1}):
+        with pytest.raises(ValueError, match="either up or right"):
+            tunnel.cut(**wrong)
+
+
+def test_paths():
+    square = [(1, 1), (5, 1), (5, 5), (1, 5)]
+    hole = np.array([(2, 2), (2, 4), (4, 4), (4, 2)])
+    framed = [square, hole]
+    assert paths.area(framed) == 12 == paths.area([np.array(line) - 7 for line in framed])
+    assert paths.area(circle(5)) == pytest.approx(-25 * np.pi, rel=1e-3)
+    assert paths.contains(framed, [[1.5, 3], [3, 3], [1, 3], [np.nan, 3]]).tolist() == [True] + [False] * 3
+    assert paths.length(paths.closed(square)) == 16 and paths.length(square) == 12
+    assert paths.length_within(square, [[(3, 0), (9, 0), (9, 9), (3, 9)]]) == pytest.approx(8, abs=1e-3)
+    grown, = paths.buffer(square, 1)
+    assert paths.area(grown) == pytest.approx(32 + np.pi, abs=1e-3)
+    assert paths.buffer(square, -3) == () == paths.buffer_lines(square, -1) == paths.intersection([], square)
+    band, = paths.buffer_lines([(1, 1), (9, 1)], 0.5)
+    assert paths.area(band) == pytest.approx(8)
+    assert sum(map(paths.area, paths.without_holes(framed))) == pytest.approx(12, abs=1e-3)
+    assert paths.simplify([(0, 0), (1, 0.0001), (2, 0), (3, 0)], 0.01).tolist() == [[0, 0], [3, 0]]
+    crossings = paths.first_crossing(square, [[3, 9], [9, 9]], [[3, 8], [9, 8]])
+    np.testing.assert_array_equal(crossings, [[3, 1], [np.nan, np.nan]])
+    for act, message in [(lambda: paths.area([(0, 0), (np.inf, 1)]), r"outlines\[1\]"),
+                         (lambda: paths.area([square, [(1, 2, 3, 4)]]), r"outlines\[1\]: expected shape"),
+                         (lambda: paths.buffer(square, np.nan), "distance")]:
+        with pytest.raises(ValueError, match=message):
+            act()
 
 
 def test_identification():
