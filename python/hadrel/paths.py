@@ -61,15 +61,12 @@ def _kept(points: Floats) -> Floats:
 
 def _paths(lines: Any, name: str) -> List[Floats]:
     """Of one line or of several: the points of one are numbers, not rows of numbers."""
-    if isinstance(lines, Profile):
+    if isinstance(lines, Profile) or isinstance(lines, np.ndarray) and lines.ndim < 3:
         return [_path(lines, name)]
     several = list(lines)
-    if not several:
-        return []
-    first = several[0]
-    if isinstance(first, Profile) or np.ndim(first) == 2 or np.size(first) == 0:
-        return [_path(line, f"{name}[{index}]") for index, line in enumerate(several)]
-    return [_path(lines, name)]
+    if several and np.ndim(several[0]) == 1 and np.size(several[0]) > 0:
+        return [_path(several, name)]
+    return [_path(line, f"{name}[{index}]") for index, line in enumerate(several)]
 
 
 def _result(found: Optional[List[Floats]]) -> Outlines:

@@ -39,10 +39,6 @@ Pathes pathesOf(const Lines& lines) {
   return paths;
 }
 
-Array arrayOf(const Path& path) {
-  return Hadrel::arrayOf(PathHelper::profileLineFromPath(path).points());
-}
-
 /// None when clipping has failed.
 template <class Clip>
 py::object clipped(const Clip& clip) {
@@ -61,17 +57,30 @@ double measured(const Measure& measure) {
   return measure();
 }
 
+/// @param change of a path
+template <class Change>
+Array changed(const Array& corners, const Change& change) {
+  Path path;
+  {
+    const py::gil_scoped_release others;
+    path = change(pathOf(corners));
+  }
+  return arrayOf(PathHelper::profileLineFromPath(path).points());
+}
+
 Array closed(const Array& corners, bool clean) {
-  Path path = pathOf(corners);
-  path.close(clean);
-  return arrayOf(path);
+  return changed(corners, [&](Path path) {
+    path.close(clean);
+    return path;
+  });
 }
 
 Array simplified(const Array& corners, double tolerance) {
   const auto perMetre = static_cast<double>(PathHelper::asClipperLibUnits(1.0));
-  const auto line = PathHelper::clipperLibPathFromPath(pathOf(corners));
-  return arrayOf(
-      PathHelper::pathFromClipperLibPath(PathHelper::simplyfyLine(line, tolerance * perMetre)));
+  return changed(corners, [&](const Path& path) {
+    const auto line = PathHelper::clipperLibPathFromPath(path);
+    return PathHelper::pathFromClipperLibPath(PathHelper::simplyfyLine(line, tolerance * perMetre));
+  });
 }
 
 py::array_t<bool> contains(const Lines& outlines, const Array& points) {

@@ -10,8 +10,8 @@ from pathlib import Path
 import numpy as np
 import pytest
 
-from hadrel import (Arc, ArcRounding, Axis, Cant, Clothoid, Kink, ParabolaRounding, Straight,
-                    coordinates, paths)
+from hadrel import (Arc, ArcRounding, Axis, Cant, Clothoid, Kink, ParabolaRounding, Profile, Straight,
+                    compare, coordinates, cut_section, nearest_on_section, paths)
 
 GOLDEN = Path(__file__).parents[2] / "tests" / "golden" / "alignments"
 NAMES = ("metro_th_3122m", "rail_ch_2500m", "rail_ch_a50068a", "rail_fr_v1", "rail_it_1030m",
@@ -137,17 +137,53 @@ def test_angles_to_the_bit(digest):
     np.testing.assert_array_equal(places, digest["clothoid"])
 
 
+def round_about(random, count, low, high):
+    """Points at any distance in even parts of a turn, which need no sine."""
+    turn = np.arange(count) / count
+    t = 4 * turn - 1 - np.where(turn < 0.5, 0, 2)
+    circle = np.column_stack([(1 - t * t) / (1 + t * t), 2 * t / (1 + t * t)])
+    circle[turn >= 0.5] *= -1
+    return circle * np.array([[random.uniform(low, high)] for _ in turn])
+
+
+def test_profiles_to_the_bit(digest):
+    random = Random(31)
+    rows = table(GOLDEN.parent / "profiles" / "theoretical" / "circle_r2900.csv")
+    nodes = [(number(rows[0], "start_x"), number(rows[0], "start_y"))]
+    design = Profile(nodes + [[number(row, c) for c in ("end_x", "end_y", "radius")] for row in rows])
+
+    def places(count):
+        return np.array([[random.uniform(-8, 8), random.uniform(-3, 11)] for _ in range(count)])
+
+    points = places(40)
+    position = design.position(points)
+    np.testing.assert_array_equal(position.foot, digest["profile-point"][:40])
+    np.testing.assert_array_equal(np.column_stack(position[1:]), digest["profile-distance"][:40])
+    np.testing.assert_array_equal(design.offset(points, 0.4), digest["profile-offset"][:40])
+    np.testing.assert_array_equal(design.at(points[:, 0]), digest["profile-at-derolment"][:40])
+    np.testing.assert_array_equal(design.diameter(points), np.ravel(digest["profile-diameter"][:40]))
+    np.testing.assert_array_equal(design.samples(60).ravel(), digest["profile-samples"][0])
+    cuts = iter(digest["profile-cuts"])
+    for x, y in points:
+        assert tuple(design.cut(up=y).ravel()) == next(cuts)
+        assert tuple(design.cut(right=x).ravel()) == next(cuts)
+    section = round_about(random, 120, 4.9, 6.2) + [0, 4]
+    cuts = iter(digest["measured-cuts"])
+    for point in places(60):
+        for found in (nearest_on_section(section, point, direction="horizontal"),
+                      nearest_on_section(section, point, design=design)):
+            expected = next(cuts)
+            np.testing.assert_array_equal(found, [np.nan] * 2 if expected[0] > 1e30 else expected)
+        assert tuple(cut_section(section, up=point[1]).ravel()) == next(cuts)
+    found = compare(design, section)
+    assert (found.measured_length, found.design_length) == digest["circumferences"][0]
+
+
 def test_outlines_to_the_bit(digest):
-    """Circles by their rational parameters, every third segment an arc."""
     random = Random(32)
 
     def outline():
-        turn = np.arange(13) / 13
-        t = 4 * turn - 1 - np.where(turn < 0.5, 0, 2)
-        circle = np.column_stack([(1 - t * t) / (1 + t * t), 2 * t / (1 + t * t)])
-        circle[turn >= 0.5] *= -1
-        radius = np.array([random.uniform(2, 6) for _ in turn])
-        corners = np.column_stack([circle * radius[:, None], np.where(np.arange(13) % 3, 0, -7)])
+        corners = np.column_stack([round_about(random, 13, 2, 6), np.where(np.arange(13) % 3, 0, -7)])
         return paths.closed(corners, clean=True)
 
     expected = iter(digest["outlines"])
