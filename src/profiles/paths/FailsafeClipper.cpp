@@ -34,6 +34,7 @@ namespace ClipperLib {
 
 // The records of the sweep, word for word as in the source of the clipper, as the language wants it
 // of a class that two sources define. The header only names them.
+// NOLINTBEGIN(cppcoreguidelines-pro-type-member-init, readability-identifier-naming)
 struct TEdge {
   IntPoint Bot;
   IntPoint Curr;
@@ -65,6 +66,7 @@ struct LocalMinimum {
   TEdge* LeftBound;
   TEdge* RightBound;
 };
+// NOLINTEND(cppcoreguidelines-pro-type-member-init, readability-identifier-naming)
 
 }  // namespace ClipperLib
 
