@@ -40,6 +40,8 @@ def output_of(*command):
 
 def drawing(path):
     document = ezdxf.readfile(path)
+    style = document.dimstyles.get("Standard").dxf.get("dimtxsty")
+    assert style == "Standard", "dimensions refer to a text style"
     return document.modelspace(), document.audit().errors
 
 

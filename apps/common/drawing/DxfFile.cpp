@@ -90,7 +90,9 @@ void writeTables(DL_Dxf& dxf, DL_WriterA& out, const std::vector<DxfLayer>& laye
   writeLayers(dxf, out, layers);
   out.tableStyle(1);
   constexpr double kTextHeight = 2.5;
-  dxf.writeStyle(out, DL_StyleData("standard", 0, 0.0, 1.0, 0.0, 0, kTextHeight, "txt", ""));
+  // By this very name dxflib finds the style that dimensions refer to; of another one it writes a
+  // handle that it has never set.
+  dxf.writeStyle(out, DL_StyleData("Standard", 0, 0.0, 1.0, 0.0, 0, kTextHeight, "txt", ""));
   out.tableEnd();
   dxf.writeView(out);
   dxf.writeUcs(out);
@@ -213,7 +215,7 @@ void DxfFile::text(const std::string& layer, const Point3& at, double height,
   constexpr int kBaseLine = 0;
   m_impl->dxf.writeText(m_impl->out,
                         DL_TextData(at.x, at.y, at.z, at.x, at.y, at.z, height, 1.0, 0, kLeft,
-                                    kBaseLine, dxfText(words), "standard", angle),
+                                    kBaseLine, dxfText(words), "Standard", angle),
                         attributesOf(layer));
 }
 
