@@ -12,6 +12,10 @@ namespace {
 constexpr double kGap = 0.4;       // between a label and what is beside it (mm)
 constexpr double kCellSize = 4.0;  // mm; about that of a label
 
+/// A cell that so much reaches into is full: symbols lie on symbols there, and no label would be
+/// read. A hundred thousand points would otherwise be compared with each other.
+constexpr std::size_t kFullCell = 250;
+
 Box boxAround(const Outline& outline) {
   Box box{outline[0].x, outline[0].y, outline[0].x, outline[0].y};
   for (const Point& corner : outline) {
@@ -53,7 +57,8 @@ void LabelPlacer::reserve(const Outline& outline) {
   const CellRange cells = cellsOf(box);
   for (std::size_t row = cells.top; row <= cells.bottom; ++row) {
     for (std::size_t column = cells.left; column <= cells.right; ++column) {
-      m_cells[row * m_columns + column].push_back({outline, box});
+      std::vector<Taken>& cell = m_cells[row * m_columns + column];
+      if (cell.size() < kFullCell) cell.push_back({outline, box});
     }
   }
 }
@@ -78,6 +83,7 @@ bool LabelPlacer::isFree(const Outline& outline) const {
   for (std::size_t row = cells.top; row <= cells.bottom; ++row) {
     for (std::size_t column = cells.left; column <= cells.right; ++column) {
       const std::vector<Taken>& cell = m_cells[row * m_columns + column];
+      if (cell.size() == kFullCell) return false;
       if (std::any_of(cell.begin(), cell.end(), isHit)) return false;
     }
   }
