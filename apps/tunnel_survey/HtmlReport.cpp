@@ -127,7 +127,7 @@ void HtmlReport::addHead(const Report& report) {
 }
 
 void HtmlReport::beginChapter(const Chapter& chapter) {
-  m_text += "<section class=\"chapter\" id=\"" + anchorOf(chapter.heading) + "\">\n";
+  m_text += R"(<section class="chapter" id=")" + anchorOf(chapter.heading) + "\">\n";
   m_heading = "<h2>" + escapedForXml(chapter.heading) + "</h2>\n";
   if (chapter.tables.empty()) return;
   m_text += "<div class=\"tables\">\n" + std::exchange(m_heading, "");
@@ -161,7 +161,7 @@ void HtmlReport::addTable(const ReportTable& table) {
 }
 
 void HtmlReport::addFigure(const Figure& figure, const Drawing::Picture& picture) {
-  m_text += "<section class=\"sheet\" id=\"" + anchorOf(figure.name) + "\">\n" +
+  m_text += R"(<section class="sheet" id=")" + anchorOf(figure.name) + "\">\n" +
             std::exchange(m_heading, "") + "<h3>" + escapedForXml(figure.title) +
             link("top", "to the top") + "</h3>\n";
   if (m_pictures == HtmlPictures::Beside) {
@@ -177,14 +177,14 @@ void HtmlReport::addFigure(const Figure& figure, const Drawing::Picture& picture
 
 void HtmlReport::addLinked(const Figure& figure, const Drawing::Picture& picture) {
   const std::string file = escapedForXml(figure.name) + ".svg";
-  m_text += "<figure>\n<a href=\"" + file + "\"><img loading=\"lazy\"" + sizeOf(picture) +
+  m_text += "<figure>\n<a href=\"" + file + R"("><img loading="lazy")" + sizeOf(picture) +
             " alt=\"" + escapedForXml(figure.title) + "\" src=\"" + file + "\"></a>\n";
 }
 
 void HtmlReport::addInline(const Figure& figure, const Drawing::Picture& picture) {
   const std::string anchor = anchorOf(figure.name);
   const std::string drawing = "drawing-" + anchor;
-  m_text += "<figure class=\"inside\" id=\"" + drawing + "\">\n<a href=\"#" + drawing +
+  m_text += R"(<figure class="inside" id=")" + drawing + "\">\n<a href=\"#" + drawing +
             "\" aria-label=\"" + escapedForXml(figure.title) + "\">\n" +
             svgOf(picture, anchor + "-") + "</a>\n<a class=\"close\" href=\"#" + anchor +
             "\">close</a>\n";

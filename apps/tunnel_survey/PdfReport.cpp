@@ -14,8 +14,6 @@ namespace {
 using Drawing::Align;
 using Drawing::Box;
 using Drawing::Canvas;
-using Drawing::Point;
-using Drawing::Sheet;
 using Drawing::TextStyle;
 namespace Style = Drawing::Style;
 

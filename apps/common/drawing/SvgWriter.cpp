@@ -62,10 +62,10 @@ struct GridPoint {
 GridPoint onGrid(const Point& point) { return {inUnits(point.x), inUnits(point.y)}; }
 
 double distanceFromLine(const GridPoint& point, const GridPoint& from, const GridPoint& to) {
-  const double alongX = static_cast<double>(to.x - from.x);
-  const double alongY = static_cast<double>(to.y - from.y);
-  const double x = static_cast<double>(point.x - from.x);
-  const double y = static_cast<double>(point.y - from.y);
+  const auto alongX = static_cast<double>(to.x - from.x);
+  const auto alongY = static_cast<double>(to.y - from.y);
+  const auto x = static_cast<double>(point.x - from.x);
+  const auto y = static_cast<double>(point.y - from.y);
   const double length = std::hypot(alongX, alongY);
   // Where the line has come back to its start there is only a distance from that.
   return length > 0.0 ? std::abs(alongX * y - alongY * x) / length : std::hypot(x, y);
@@ -289,7 +289,7 @@ class SvgText {
         attribute("font-size", number(style.size)) + attribute("fill", hex(style.colour));
     if (style.bold) attributes += " font-weight=\"700\"";
     if (style.halo) {
-      attributes += " paint-order=\"stroke\" stroke=\"#fff\"" +
+      attributes += R"( paint-order="stroke" stroke="#fff")" +
                     attribute("stroke-width", number(kHaloWidth * style.size));
     }
     // Placed by the part that was placed on the page, so that other fonts keep columns in line.

@@ -150,7 +150,7 @@ Remark LasCloud::readHeader() {
     if (!read(rest, kNewHeader - kOldHeader)) return {0, "the header of the scan is not complete"};
     m_count = integerAt<std::uint64_t>(rest, kCount - kOldHeader);
   }
-  const Remark problem = checkHeader(header);
+  Remark problem = checkHeader(header);
   if (!problem.message.empty()) return problem;
   const auto pointsAt = integerAt<std::uint32_t>(header, kPointsAt);
   if (pointsAt < headerSize || pointsAt < m_bytesRead) {

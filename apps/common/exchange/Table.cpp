@@ -5,6 +5,7 @@
 #include "common/exchange/TableRecognition.h"
 
 #include <algorithm>
+#include <array>
 #include <sstream>
 #include <utility>
 
@@ -22,13 +23,13 @@ struct KnownFile {
 
 std::string adviceFor(std::string_view firstLine) {
   using namespace std::string_view_literals;
-  constexpr KnownFile kFiles[] = {
-      {"PK\x03\x04"sv, "this is a workbook or another packed file: save it as CSV or text"},
-      {"\xD0\xCF\x11\xE0"sv, "this is an old workbook: save it as CSV or text"},
-      {"LASF"sv, "this is a scan in LAS: give it by --scan"},
-      {"%PDF"sv, "this is a PDF: a table of text is needed"},
-      {"<?xml"sv, "this is XML: a table of text is needed"},
-      {"\x1F\x8B"sv, "this is a packed file: unpack it first"}};
+  constexpr std::array<KnownFile, 6> kFiles = {
+      {{"PK\x03\x04"sv, "this is a workbook or another packed file: save it as CSV or text"},
+       {"\xD0\xCF\x11\xE0"sv, "this is an old workbook: save it as CSV or text"},
+       {"LASF"sv, "this is a scan in LAS: give it by --scan"},
+       {"%PDF"sv, "this is a PDF: a table of text is needed"},
+       {"<?xml"sv, "this is XML: a table of text is needed"},
+       {"\x1F\x8B"sv, "this is a packed file: unpack it first"}}};
   for (const KnownFile& file : kFiles) {
     if (firstLine.compare(0, file.beginning.size(), file.beginning) == 0) return file.advice;
   }
@@ -61,6 +62,12 @@ std::optional<Separator> declaredSeparator(std::string_view line) {
     default:
       return std::nullopt;
   }
+}
+
+/// Comments before the first row may be headings.
+void takeComment(std::string_view line, int number, TableSample& sample) {
+  const auto comment = commentIn(line);
+  if (comment && sample.lines.empty()) sample.comments.push_back({number, std::string(*comment)});
 }
 
 }  // namespace
@@ -103,10 +110,7 @@ Remark TableStream::open() {
         continue;
       }
     }
-    const auto comment = commentIn(line);
-    if (comment && sample.lines.empty()) {
-      sample.comments.push_back({m_lines.number(), std::string(*comment)});
-    }
+    takeComment(line, m_lines.number(), sample);
     if (!isPassedOver(line)) sample.lines.push_back({m_lines.number(), std::string(line)});
   }
   if (!m_lines.problem().message.empty()) return m_lines.problem();

@@ -64,6 +64,24 @@ std::optional<std::size_t> closingQuote(std::string_view line, std::size_t start
   return std::nullopt;
 }
 
+struct QuotedCell {
+  std::string_view content;  ///< doubled quotes included
+  Gap gap;                   ///< behind it
+};
+
+/// Nothing where a quote does not begin a cell, or more follows on the one that closes it.
+std::optional<QuotedCell> quotedCellAt(std::string_view line, std::size_t start,
+                                       Separator separator) {
+  if (start == line.size() || line[start] != '"') return std::nullopt;
+  const auto close = closingQuote(line, start);
+  if (!close) return std::nullopt;
+  const std::size_t behind = *close + 1;
+  const std::size_t after = std::min(line.find_first_not_of(' ', behind), line.size());
+  const Gap gap = gapFrom(line, behind, separator);
+  if (gap.start != after && gap.start != behind && after != line.size()) return std::nullopt;
+  return QuotedCell{line.substr(start + 1, *close - start - 1), gap};
+}
+
 bool separatesByBlanks(Separator separator) {
   return separator == Separator::Blanks || separator == Separator::WideBlanks;
 }
@@ -102,22 +120,11 @@ const std::vector<std::string_view>& TableCells::split(std::string_view line, Se
   if (separatesByBlanks(separator)) line = trimmed(line);
   std::size_t start = 0;
   for (;;) {
-    while (start < line.size() && line[start] == ' ')
-      ++start;
-    if (start < line.size() && line[start] == '"') {
-      const auto close = closingQuote(line, start);
-      const std::size_t after =
-          close ? std::min(line.find_first_not_of(' ', *close + 1), line.size()) : line.size();
-      const Gap gap = gapFrom(line, close ? *close + 1 : start, separator);
-      if (close && (gap.start == after || gap.start == *close + 1 || after == line.size())) {
-        m_cells.push_back(unquoted(line.substr(start + 1, *close - start - 1)));
-        if (gap.size == 0) return m_cells;
-        start = gap.start + gap.size;
-        continue;
-      }
-    }
-    const Gap gap = gapFrom(line, start, separator);
-    m_cells.push_back(trimmed(line.substr(start, gap.start - start)));
+    start = std::min(line.find_first_not_of(' ', start), line.size());
+    const auto quoted = quotedCellAt(line, start, separator);
+    const Gap gap = quoted ? quoted->gap : gapFrom(line, start, separator);
+    m_cells.push_back(quoted ? unquoted(quoted->content)
+                             : trimmed(line.substr(start, gap.start - start)));
     if (gap.size == 0) return m_cells;
     start = gap.start + gap.size;
   }

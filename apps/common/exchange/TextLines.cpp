@@ -90,6 +90,8 @@ class Transcoder {
   bool isComplete() const { return m_rest.empty(); }
 
  private:
+  // The value by which iconv_open tells failure.
+  // NOLINTNEXTLINE(performance-no-int-to-ptr)
   bool isOpen() const { return m_state != reinterpret_cast<iconv_t>(-1); }
 
   iconv_t m_state;
