@@ -40,17 +40,6 @@ using Ruv::Calculations::ThProfileMorpher;
 
 constexpr double kLargestOffset = 100.0;  // of points from the axis (m), as in tunnel_survey
 
-std::string textOf(const Exchange::Remark& remark) {
-  return remark.line == 0 ? remark.message
-                          : "line " + std::to_string(remark.line) + ": " + remark.message;
-}
-
-template <class T>
-T valueOf(Exchange::Outcome<T> outcome) {
-  if (!outcome.value) throw std::invalid_argument(textOf(outcome.error));
-  return std::move(*outcome.value);
-}
-
 /// No exception leaves for JavaScript, which would see but a number.
 template <class Compute>
 val answerOf(const Compute& compute) {
@@ -84,15 +73,15 @@ class Tunnel {
     m_axis.reset();
     m_calculator.reset();
     return answerOf([&](val& answer) {
-      const Exchange::Alignment alignment = valueOf(Exchange::readLandXml(xml));
-      Exchange::BuiltAxis built = valueOf(Exchange::buildAxis(alignment));
+      const Exchange::Alignment alignment = Exchange::valueOrThrow(Exchange::readLandXml(xml));
+      Exchange::BuiltAxis built = Exchange::valueOrThrow(Exchange::buildAxis(alignment));
       const Exchange::StationRange range = Exchange::rangeOf(*built.axis);
       answer.set("name", alignment.name);
       answer.set("from", range.from);
       answer.set("to", range.to);
       answer.set("elements", built.plan.size());
       answer.set("heights", built.hasHeights ? built.profile.size() : 0);
-      answer.set("notes", listOf(built.notes, textOf));
+      answer.set("notes", listOf(built.notes, Exchange::textOf));
       m_calculator = std::make_unique<AxisCalculator>(built.axis);
       m_axis = std::move(built);
     });
@@ -126,7 +115,8 @@ class Tunnel {
   val stationOf(const std::string& text) const {
     return answerOf([&](val& answer) {
       const Exchange::Stationing plain;
-      const double place = valueOf((m_axis ? m_axis->stationing : plain).placeOf(text));
+      const double place =
+          Exchange::valueOrThrow((m_axis ? m_axis->stationing : plain).placeOf(text));
       answer.set("place", place);
       if (!m_axis) return;
       const Exchange::StationRange range = Exchange::rangeOf(*m_axis->axis);
@@ -155,7 +145,7 @@ class Tunnel {
     m_hasTransition = m_hasTransition || isEnd;
     return answerOf([&](val& answer) {
       std::istringstream in(text);
-      place = valueOf(Exchange::readDesignProfile(in));
+      place = Exchange::valueOrThrow(Exchange::readDesignProfile(in));
       describe(*place, answer);
     });
   }
@@ -198,7 +188,7 @@ class Tunnel {
       std::istringstream in(text);
       Exchange::TableFormat format;
       format.hasNoHeader = isBare;
-      const auto file = valueOf(Exchange::readSurveyedPoints(in, format));
+      const auto file = Exchange::valueOrThrow(Exchange::readSurveyedPoints(in, format));
       answer.set("points", listOf(file.points, [](const Exchange::SurveyedPoint& read) {
                    val point = val::object();
                    point.set("id", read.id);
@@ -209,7 +199,7 @@ class Tunnel {
                    return point;
                  }));
       answer.set("description", file.description);
-      answer.set("remarks", listOf(file.rejected, textOf));
+      answer.set("remarks", listOf(file.rejected, Exchange::textOf));
     });
   }
 

@@ -24,17 +24,6 @@ namespace {
 
 using Entry = std::pair<std::string, std::vector<double>>;
 
-std::string textOf(const Exchange::Remark& remark) {
-  return remark.line == 0 ? remark.message
-                          : "line " + std::to_string(remark.line) + ": " + remark.message;
-}
-
-template <class T>
-T valueOf(Exchange::Outcome<T> outcome) {
-  if (!outcome.value) throw std::invalid_argument(textOf(outcome.error));
-  return std::move(*outcome.value);
-}
-
 Entry entryOf(const Exchange::PlacedElement& e) {
   std::vector<double> values = {e.station, e.start.east, e.start.north, e.azimuth, e.length};
   switch (e.kind) {
@@ -78,8 +67,8 @@ std::vector<Entry> entriesOf(const std::vector<Placed>& list) {
 auto readLandXml(const std::string& xml, const std::string& alignment, const std::string& profile,
                  std::optional<double> cantBase) {
   const pybind11::gil_scoped_release others;
-  const auto read = valueOf(Exchange::readLandXml(xml, {alignment, profile}));
-  const auto built = valueOf(Exchange::buildAxis(read, cantBase));
+  const auto read = Exchange::valueOrThrow(Exchange::readLandXml(xml, {alignment, profile}));
+  const auto built = Exchange::valueOrThrow(Exchange::buildAxis(read, cantBase));
   std::vector<std::string> notes;
   for (const Exchange::Remark& note : built.notes) {
     notes.push_back(textOf(note));
@@ -90,13 +79,13 @@ auto readLandXml(const std::string& xml, const std::string& alignment, const std
 
 Array readProfile(const std::string& text) {
   std::istringstream in(text);
-  return nodesOf(*valueOf(Exchange::readDesignProfile(in)).definition());
+  return nodesOf(*Exchange::valueOrThrow(Exchange::readDesignProfile(in)).definition());
 }
 
 /// A row that cannot be read fails the whole.
 std::vector<Exchange::CloudPoint> scanIn(const std::string& text) {
   std::istringstream in(text);
-  const auto cloud = valueOf(Exchange::openPointCloud(in));
+  const auto cloud = Exchange::valueOrThrow(Exchange::openPointCloud(in));
   std::vector<Exchange::CloudPoint> all;
   for (std::vector<Exchange::CloudPoint> some; cloud->next(some);) {
     all.insert(all.end(), some.begin(), some.end());

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: BSL-1.0
 // The shoelace formula (Meister 1769) in moments: with the points p_i of the ring and the cross
-// products x_i = p_i x p_(i+1), the doubled area is sum x_i (positive when the ring runs
-// anticlockwise) and the centroid is
-// sum (p_i + p_(i+1)) x_i / (3 sum x_i).
+// products x_i = p_i x p_(i+1), the doubled area is sum x_i, positive when the ring runs
+// anticlockwise, and the centroid is sum (p_i + p_(i+1)) x_i / (3 sum x_i).
 
 #include "shapes/AreaCentroid.h"
 

@@ -6,6 +6,7 @@
 #define CALCULATIONS_APPS_COMMON_EXCHANGE_OUTCOME_H
 
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -17,6 +18,12 @@ struct Remark {
   std::string message;
 };
 
+/// With the line where it concerns one.
+inline std::string textOf(const Remark& remark) {
+  return remark.line == 0 ? remark.message
+                          : "line " + std::to_string(remark.line) + ": " + remark.message;
+}
+
 /// A result, or why there is none.
 template <class T>
 struct Outcome {
@@ -26,6 +33,14 @@ struct Outcome {
   static Outcome success(T result) { return {std::move(result), {}}; }
   static Outcome failure(Remark reason) { return {std::nullopt, std::move(reason)}; }
 };
+
+/// For callers to whom failure is an exception.
+/// @throw std::invalid_argument with the reason
+template <class T>
+T valueOrThrow(Outcome<T> outcome) {
+  if (!outcome.value) throw std::invalid_argument(textOf(outcome.error));
+  return std::move(*outcome.value);
+}
 
 }  // namespace Exchange
 
