@@ -14,6 +14,7 @@ using Drawing::Align;
 using Drawing::Box;
 using Drawing::Canvas;
 using Drawing::Colour;
+using Drawing::kFullTurn;
 using Drawing::LabelPlace;
 using Drawing::Pen;
 using Drawing::Point;
@@ -28,7 +29,6 @@ constexpr Colour kGuidance = Style::kSurveyed;
 /// Places at a distance in all directions, beginning at the upper right.
 std::vector<LabelPlace> placesAround(const Point& at, double distance, const Colour& colour) {
   constexpr int kDirections = 16;
-  constexpr double kFullTurn = 6.283185307179586;
   std::vector<LabelPlace> places;
   for (int i = 0; i < kDirections; ++i) {
     const double angle = kFullTurn * (i + 0.5) / kDirections - kFullTurn / 8.0;
@@ -168,7 +168,6 @@ void StationView::draw() {
 
 void StationView::drawErrorEllipse() {
   constexpr int kParts = 72;
-  constexpr double kFullTurn = 6.283185307179586;
   const ErrorEllipse& ellipse = m_survey.reliability.ellipse;
   const Point centre = toPage(m_survey.placement.station());
   const double sine = std::sin(ellipse.azimuth);

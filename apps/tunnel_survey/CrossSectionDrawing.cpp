@@ -22,6 +22,7 @@ using Drawing::Canvas;
 using Drawing::Colour;
 using Drawing::fixed;
 using Drawing::fixedOrDash;
+using Drawing::kFullTurn;
 using Drawing::LabelPlace;
 using Drawing::LabelPlacer;
 using Drawing::Pen;
@@ -41,7 +42,6 @@ constexpr double kPanelWidth = 72.0;
 constexpr double kSideRoom = 15.0;  // for labels and dimensions around the profile
 constexpr double kFootRoom = 13.0;
 constexpr double kTopRoom = 11.0;
-constexpr double kFullTurn = 6.283185307179586;
 
 const Colour kMeasured{0.70, 0.10, 0.12};
 const Colour kOver{0.98, 0.80, 0.55};

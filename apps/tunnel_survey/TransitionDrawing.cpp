@@ -83,9 +83,9 @@ struct TransitionLayout {
 
 Box sectionRoom(const Box& frame) {
   constexpr double kDimensionRoom = 6.0;
-  constexpr double kFootRoom = 19.0;
+  constexpr double kTextRoom = 19.0;
   return {frame.left + kSideRoom + kDimensionRoom, frame.top + kHeadRoom, frame.right - kSideRoom,
-          frame.bottom - kFootRoom};
+          frame.bottom - kTextRoom};
 }
 
 Box overlayRoom(const Box& frame) {

@@ -29,7 +29,7 @@ Transition roadToLayBy() {
 }
 
 TEST(Transition, LayBysGrowOnTheRight) {
-  constexpr double kRadius = 4.79;
+  constexpr double kWallRadius = 4.79;
   constexpr double kWallCentre = 0.225;  // to the left of the axis, as published
   constexpr double kWidening = 3.0;
   // The walls bulge between samples 5 cm apart: 0.07 mm.
@@ -40,12 +40,13 @@ TEST(Transition, LayBysGrowOnTheRight) {
     const TransitionSection& section = transition.sections[i];
     const double part = static_cast<double>(i) / 8.0;
     EXPECT_EQ(section.station, 100.0 + 40.0 * part);
-    EXPECT_NEAR(section.profile.lowerLeft().x, -kWallCentre - kRadius, kSampled);
-    EXPECT_NEAR(section.profile.upperRight().x, kWallCentre + kRadius + kWidening * part, kSampled);
+    EXPECT_NEAR(section.profile.lowerLeft().x, -kWallCentre - kWallRadius, kSampled);
+    EXPECT_NEAR(section.profile.upperRight().x, kWallCentre + kWallRadius + kWidening * part,
+                kSampled);
   }
   for (const TransitionEdges& edges : transition.edges) {
     const double part = (edges.station - 100.0) / 40.0;
-    EXPECT_NEAR(edges.right - edges.left, 2.0 * (kWallCentre + kRadius) + kWidening * part,
+    EXPECT_NEAR(edges.right - edges.left, 2.0 * (kWallCentre + kWallRadius) + kWidening * part,
                 2.0 * kSampled);
   }
   // Areas integrated analytically by others.

@@ -9,7 +9,7 @@
 #include "testing/Random.h"
 
 #include <gtest/gtest.h>
-#include <Eigen/Dense>
+#include <Eigen/Core>
 
 #include <algorithm>
 #include <cmath>
@@ -45,6 +45,15 @@ std::optional<double> scoreAfter(const Eigen::Matrix3d& rotation, const Eigen::M
   return off.topRows<2>().square().sum() + 2.0 * off.row(2).square().sum();
 }
 
+/// The shortest turn from one direction to another: I + [v] + [v]^2 / (1 + a.b) with v = a x b.
+Eigen::Matrix3d turnBetween(const Eigen::Vector3d& a, const Eigen::Vector3d& b) {
+  const Eigen::Vector3d v(a.y() * b.z() - a.z() * b.y(), a.z() * b.x() - a.x() * b.z(),
+                          a.x() * b.y() - a.y() * b.x());
+  Eigen::Matrix3d cross;
+  cross << 0.0, -v.z(), v.y(), v.z(), 0.0, -v.x(), -v.y(), v.x(), 0.0;
+  return Eigen::Matrix3d::Identity() + cross + cross * cross / (1.0 + a.dot(b));
+}
+
 std::optional<double> plainScore(const Eigen::Matrix3Xd& m, const Eigen::Matrix3Xd& f,
                                  const MatchSettings& settings) {
   const double cosTilt = std::cos(settings.toleranceTilt * 3.141592653589793 / 180.0);
@@ -60,7 +69,7 @@ std::optional<double> plainScore(const Eigen::Matrix3Xd& m, const Eigen::Matrix3
   rays.colwise().norm().maxCoeff(&farthest);
   const Eigen::Vector3d to = f.col(farthest) - f.rowwise().mean();
   const Eigen::Vector3d from = rotation * rays.col(farthest);
-  rotation = Eigen::Quaterniond::FromTwoVectors(from, to).toRotationMatrix() * rotation;
+  rotation = turnBetween(from.normalized(), to.normalized()) * rotation;
   score = scoreAfter(rotation, m, f, settings);
   return rotation(2, 2) >= cosTilt ? score : std::nullopt;
 }

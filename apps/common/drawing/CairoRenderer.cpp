@@ -14,10 +14,6 @@ namespace Drawing {
 
 namespace {
 
-constexpr double kFullTurn = 6.283185307179586;
-constexpr double kHaloWidth = 0.35;  // of the font size
-constexpr Colour kWhite{1.0, 1.0, 1.0};
-
 struct ContextDeleter {
   void operator()(cairo_t* context) const { cairo_destroy(context); }
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSL-1.0
 #include "common/drawing/DxfFile.h"
 
+#include "common/drawing/Geometry.h"
 #include "common/drawing/PrintableText.h"
 
 #include <boost/locale/utf.hpp>
@@ -17,16 +18,14 @@ namespace {
 
 namespace utf = boost::locale::utf;
 
-constexpr double kDegreesPerRadian = 57.29577951308232;
 constexpr int kMetres = 6;  // of $INSUNITS
 constexpr int kByLayer = 256;
 constexpr int kWidthByLayer = -1;
 
 /// From 0 to 360.
 double degrees(double radians) {
-  constexpr double kFullTurn = 360.0;
-  const double angle = std::fmod(radians * kDegreesPerRadian, kFullTurn);
-  return angle < 0.0 ? angle + kFullTurn : angle;
+  const double angle = std::fmod(radians * kDegreesPerRadian, 360.0);
+  return angle < 0.0 ? angle + 360.0 : angle;
 }
 
 DL_Attributes attributesOf(const std::string& layer) {
@@ -170,7 +169,6 @@ void DxfFile::circle(const std::string& layer, const Point3& centre, double radi
 
 void DxfFile::ellipse(const std::string& layer, const Point3& centre, double semiAxisA,
                       double semiAxisB, double rotation) {
-  constexpr double kFullTurn = 6.283185307179586;
   m_impl->dxf.writeEllipse(
       m_impl->out,
       DL_EllipseData(centre.x, centre.y, centre.z, semiAxisA * std::cos(rotation),

@@ -15,7 +15,6 @@ namespace Drawing {
 namespace {
 
 constexpr Colour kInk{0.15, 0.15, 0.15};
-constexpr Colour kWhite{1.0, 1.0, 1.0};
 constexpr Colour kGridGrey{0.62, 0.65, 0.68};
 constexpr double kQuarterTurn = 1.5707963267948966;
 

@@ -13,6 +13,9 @@
 
 namespace Drawing {
 
+constexpr double kFullTurn = 6.283185307179586;  // radians
+constexpr double kDegreesPerRadian = 57.29577951308232;
+
 struct Point {
   double x = 0.0;
   double y = 0.0;

@@ -22,6 +22,7 @@ struct Colour {
   double green = 0.0;
   double blue = 0.0;
 };
+constexpr Colour kWhite{1.0, 1.0, 1.0};
 
 struct Pen {
   Colour colour;
@@ -40,6 +41,7 @@ struct TextStyle {
   double angle = 0.0;               ///< clockwise on the page (rad)
   bool halo = false;                ///< white behind the letters, to be read across lines
 };
+constexpr double kHaloWidth = 0.35;  ///< of a line around the letters, by the size of the text
 
 /// Cells of one size, row by row from the upper left corner. One without a colour stays as it is.
 struct Raster {

@@ -26,7 +26,7 @@ namespace Style {
 constexpr Colour kInk{0.13, 0.14, 0.16};
 constexpr Colour kGrey{0.45, 0.48, 0.51};
 constexpr Colour kLightGrey{0.84, 0.86, 0.87};
-constexpr Colour kWhite{1.0, 1.0, 1.0};
+using Drawing::kWhite;
 constexpr Colour kStraight{0.20, 0.24, 0.29};
 constexpr Colour kArc{0.70, 0.27, 0.16};
 constexpr Colour kClothoid{0.10, 0.45, 0.62};

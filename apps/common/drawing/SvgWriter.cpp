@@ -23,9 +23,6 @@ constexpr double kUnitsPerMillimetre = 100.0;
 /// Points nearer than this (units) to the line between their neighbours are left out.
 constexpr double kStraight = 1.5;
 
-constexpr double kDegreesPerRadian = 57.29577951308232;
-constexpr double kHaloWidth = 0.35;  // of the font size
-
 /// 0 for what is no number, and far beyond any page.
 long long inUnits(double millimetres) {
   constexpr double kFarthest = 1e10;

@@ -11,13 +11,13 @@ namespace {
 
 /// Pango counts in whole units of 1/1024 of its base unit, and knows base units for pixels: a
 /// millimetre is given many, so that widths are exact to a micrometre.
-constexpr double kUnitsPerMillimetre = 100.0;
+constexpr double kLayoutUnitsPerMillimetre = 100.0;
 
 /// Calls a function of Pango in a surface scaled to its units.
 template <class Call>
 void inLayoutUnits(cairo_t* surface, const Call& call) {
   cairo_save(surface);
-  cairo_scale(surface, 1.0 / kUnitsPerMillimetre, 1.0 / kUnitsPerMillimetre);
+  cairo_scale(surface, 1.0 / kLayoutUnitsPerMillimetre, 1.0 / kLayoutUnitsPerMillimetre);
   cairo_move_to(surface, 0.0, 0.0);
   call();
   cairo_restore(surface);
@@ -43,7 +43,8 @@ TextLayouts::Layout TextLayouts::layoutOf(const std::string& words, const TextSt
   PangoFontDescription* font = pango_font_description_new();
   pango_font_description_set_family_static(font, "sans-serif");
   pango_font_description_set_weight(font, style.bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
-  pango_font_description_set_absolute_size(font, style.size * kUnitsPerMillimetre * PANGO_SCALE);
+  pango_font_description_set_absolute_size(font,
+                                           style.size * kLayoutUnitsPerMillimetre * PANGO_SCALE);
   pango_layout_set_font_description(layout.get(), font);
   pango_font_description_free(font);
   pango_layout_set_single_paragraph_mode(layout.get(), TRUE);
@@ -58,7 +59,7 @@ const TextLayouts::Extent& TextLayouts::extentOf(const std::string& words, const
     const Layout layout = layoutOf(words, style);
     PangoRectangle extent{};
     pango_layout_get_extents(layout.get(), nullptr, &extent);
-    found->second.width = extent.width / (kUnitsPerMillimetre * PANGO_SCALE);
+    found->second.width = extent.width / (kLayoutUnitsPerMillimetre * PANGO_SCALE);
     found->second.isReadable = pango_layout_get_unknown_glyphs_count(layout.get()) == 0;
   }
   return found->second;
