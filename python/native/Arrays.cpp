@@ -20,7 +20,7 @@ Array arrayOf(const std::vector<Point2D>& points) {
 }
 
 std::vector<Point2D> listOf(const Array& points) {
-  const Point2D* first = pointsOf<Point2D>(points);
+  const auto* first = pointsOf<Point2D>(points);
   return std::vector<Point2D>(first, first + numRows(points));
 }
 

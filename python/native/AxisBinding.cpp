@@ -86,13 +86,18 @@ void markNotFound(const bool* found, std::size_t count, Out* out) {
   }
 }
 
+/// A std::vector<bool> has no addresses.
+auto flags(std::size_t count) {
+  return std::unique_ptr<bool[]>(new bool[count]);  // NOLINT(modernize-avoid-c-arrays)
+}
+
 Array toAxis(const Axis& axis, const Array& points, bool perpendicular, bool cant) {
   const std::size_t count = numRows(points);
   Array result = newArray(count, 3);
   const auto* in = pointsOf<ENHPoint>(points);
   auto* out = pointsOf<AxisPoint>(result);
   const py::gil_scoped_release others;
-  const std::unique_ptr<bool[]> found(new bool[count]);
+  const auto found = flags(count);
   const std::size_t numFound =
       axis.calculator.enhPointsToAxisPoints(in, count, out, found.get(), perpendicular, cant);
   if (numFound < count) markNotFound(found.get(), count, out);
@@ -105,7 +110,7 @@ Array toGrid(const Axis& axis, const Array& points, bool perpendicular, bool can
   const auto* in = pointsOf<AxisPoint>(points);
   auto* out = pointsOf<ENHPoint>(result);
   const py::gil_scoped_release others;
-  const std::unique_ptr<bool[]> found(new bool[count]);
+  const auto found = flags(count);
   const std::size_t numFound =
       axis.calculator.axisPointsToEnhPoints(in, count, out, found.get(), perpendicular, cant);
   if (numFound < count) markNotFound(found.get(), count, out);
