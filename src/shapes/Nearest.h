@@ -59,10 +59,13 @@ class CNearestFoot {
     return reachOf(std::min(regular.distance(), justOutside.distance() + kFootPreference));
   }
 
-  const std::optional<T>& chosen() const {
+  std::optional<T> chosen() const {
     const bool prefersOutside = !(regular.distance() <= justOutside.distance() + kFootPreference);
-    return justOutside.candidate() && prefersOutside ? justOutside.candidate()
-                                                     : regular.candidate();
+    const bool isOutside = justOutside.candidate() && prefersOutside;
+    const std::optional<T>& found = isOutside ? justOutside.candidate() : regular.candidate();
+    // Copied as a value: a copy of the whole would wait for the byte that was written last.
+    if (!found) return std::nullopt;
+    return *found;
   }
 };
 

@@ -126,6 +126,15 @@ void CPlaneCurve::prepare() {
   if (m_kind == Kind::Clothoid && placeOnSpiral()) m_kind = Kind::Spiral;
   m_end = at(m_length);
   m_isDefined = hasFinitePlace(m_end);
+  m_isSearchedAtOnce = isSearchedAtOnce();
+}
+
+/// Nearly all curves of alignments: what footAmong would work out for every point.
+bool CPlaneCurve::isSearchedAtOnce() const {
+  const double inflection = placeOfInflection();
+  const double sharpest = std::max(std::abs(curvatureAt(0.0)), std::abs(curvatureAt(m_length)));
+  const bool hasInflection = inflection > 0.0 && inflection < m_length;
+  return m_isDefined && !hasInflection && numSearchedPieces(sharpest * m_length) == 1;
 }
 
 /// Finds the curve on the spiral of its own parameter A^2 = L / |k1 - k0|. Refuses when it lies
@@ -189,7 +198,20 @@ Point2D CPlaneCurve::positionByQuadrature(double l) const {
   return sum * half;
 }
 
+/// Inline, as a search evaluates hardly anything else.
+inline CCurvePoint CPlaneCurve::pointOnSpiral(double l) const {
+  CCurvePoint point;
+  point.curvature = curvatureAt(l);
+  point.heading = headingAt(l);
+  point.tangent = directionOfBearing(point.heading);
+  point.position =
+      turnedTo(m_spiral.toCurve, spiralPoint(m_spiral.startLength + l) - m_spiral.startPoint);
+  carryOff(point.position, l);
+  return point;
+}
+
 CCurvePoint CPlaneCurve::at(double l) const {
+  if (m_kind == Kind::Spiral) return pointOnSpiral(l);
   if (m_kind == Kind::Arc) {
     CCurvePoint point = pointOnArc(m_radius, l);
     carryOff(point.position, l);
@@ -204,10 +226,7 @@ CCurvePoint CPlaneCurve::at(double l) const {
   point.curvature = curvatureAt(l);
   point.heading = headingAt(l);
   point.tangent = directionOfBearing(point.heading);
-  point.position =
-      m_kind == Kind::Spiral
-          ? turnedTo(m_spiral.toCurve, spiralPoint(m_spiral.startLength + l) - m_spiral.startPoint)
-          : positionByQuadrature(l);
+  point.position = positionByQuadrature(l);
   carryOff(point.position, l);
   return point;
 }
@@ -233,6 +252,12 @@ CCurveFoot CPlaneCurve::footOf(const Point2D& p) const {
 }
 
 CCurveFoot CPlaneCurve::footBySearch(const Point2D& p) const {
+  if (m_kind == Kind::Spiral) return footAmong([&](double l) { return pointOnSpiral(l); }, p);
+  return footAmong([&](double l) { return at(l); }, p);
+}
+
+template <class PointAt>
+CCurveFoot CPlaneCurve::footAmong(const PointAt& pointAt, const Point2D& p) const {
   // The lateral of the place looked at last: after a root is found, that of the root.
   double lateral = 0.0;
   const auto forwardFrom = [&](const CCurvePoint& point) {
@@ -241,7 +266,7 @@ CCurveFoot CPlaneCurve::footBySearch(const Point2D& p) const {
     // The slope leaves the drift out, which is too small to cost more than one further step.
     return CForwardDistance{forwardComponent(ray, point.tangent), point.curvature * lateral - 1.0};
   };
-  const auto forwardAt = [&](double l) { return forwardFrom(at(l)); };
+  const auto forwardAt = [&](double l) { return forwardFrom(pointAt(l)); };
 
   CCurveFoot best;
   const auto keepNearest = [&](double l) {
@@ -254,6 +279,14 @@ CCurveFoot CPlaneCurve::footBySearch(const Point2D& p) const {
   startPoint.curvature = m_curvatureStart;
   const CSearchNode start{0.0, forwardFrom(startPoint)};
   const CSearchNode end{m_length, forwardFrom(m_end)};
+  if (m_isSearchedAtOnce) {
+    if (start.forward.value >= 0.0 && end.forward.value <= 0.0) {
+      const double l = footBetween(forwardAt, start, end);
+      return {CFootReport::OnCurve, l, lateral, 0.0};  // and no end is missed
+    }
+    findFeet(forwardAt, start, end, keepNearest);
+    return unlessAnEndIsNearer(best, p, start.forward, end.forward);
+  }
   const auto nodeAt = [&](double place) {
     return place == m_length ? end : CSearchNode{place, forwardAt(place)};
   };

@@ -89,15 +89,20 @@ class CPlaneCurve {
     if (m_drifts) position = position + m_drift * l;
   }
   Point2D spiralPoint(double lengthFromOrigin) const;
+  CCurvePoint pointOnSpiral(double l) const;
   Point2D positionByQuadrature(double l) const;
 
+  bool isSearchedAtOnce() const;
   CCurveFoot footBySearch(const Point2D& p) const;
+  template <class PointAt>
+  CCurveFoot footAmong(const PointAt& pointAt, const Point2D& p) const;
   CCurveFoot unlessAnEndIsNearer(const CCurveFoot& found, const Point2D& p,
                                  const CForwardDistance& start, const CForwardDistance& end) const;
 
   Kind m_kind = Kind::Straight;
   bool m_isDefined = false;
   bool m_drifts = false;
+  bool m_isSearchedAtOnce = false;  // has no inflection and turns little
   double m_length = 0.0;
   double m_curvatureStart = 0.0;
   double m_curvatureChange = 0.0;  // over the whole length

@@ -18,8 +18,8 @@ CTransSlopes::CTransSlopes(const std::vector<std::pair<double, double>>& ends) {
   }
 }
 
-double CTransSlopes::at(double stationing) const {
-  if (m_stationings.empty() || !(stationing >= m_stationings.front())) return 0.0;
+double CTransSlopes::slopeAt(double stationing) const {
+  if (!(stationing >= m_stationings.front())) return 0.0;
   // Where two intervals meet, the search stops at the end of the earlier one, which comes first.
   const auto found = std::lower_bound(m_stationings.begin() + 1, m_stationings.end(), stationing);
   if (found == m_stationings.end()) return 0.0;

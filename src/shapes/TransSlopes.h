@@ -19,9 +19,11 @@ class CTransSlopes {
 
   /// Slope in percent, 0 outside the intervals. Between two intervals it changes linearly; where
   /// two meet, the end value of the earlier one applies. O(log n).
-  double at(double stationing) const;
+  double at(double stationing) const { return m_stationings.empty() ? 0.0 : slopeAt(stationing); }
 
  private:
+  double slopeAt(double stationing) const;
+
   std::vector<double> m_stationings;
   std::vector<double> m_slopes;
 };

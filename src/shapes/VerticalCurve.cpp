@@ -30,9 +30,6 @@ namespace Ruv {
 
 namespace {
 
-/// Cosine of the angle with a given sine. The product keeps the digits of steep angles.
-double cosineOfSine(double sine) { return std::sqrt((1.0 - sine) * (1.0 + sine)); }
-
 /// Length in space of a parabola of radius 1 from its vertex to a grade.
 double unitParabolaLength(double grade) {
   return (std::asinh(grade) + grade * std::sqrt(1.0 + grade * grade)) / 2.0;
@@ -92,35 +89,6 @@ CVerticalCurve CVerticalCurve::parabola(double stationing, double height, double
   curve.m_kind = Kind::Parabola;
   curve.m_curvature = curvature;
   return curve;
-}
-
-double CVerticalCurve::sineAt(double stationing) const {
-  return m_sine + (stationing - m_stationing) * m_curvature;
-}
-
-double CVerticalCurve::gradeAt(double stationing) const {
-  return m_grade + (stationing - m_stationing) * m_curvature;
-}
-
-std::optional<CHeightAndGrade> CVerticalCurve::at(double stationing) const {
-  const double ahead = stationing - m_stationing;
-  switch (m_kind) {
-    case Kind::Line:
-      return CHeightAndGrade{m_height + ahead * m_grade, m_grade, 0.0};
-    case Kind::Parabola: {
-      const double grade = gradeAt(stationing);
-      return CHeightAndGrade{m_height + ahead * (m_grade + grade) / 2.0, grade, m_curvature};
-    }
-    case Kind::Circle: {
-      const double sine = sineAt(stationing);
-      const double cosine = cosineOfSine(sine);
-      if (!(cosine >= kSmallestDivisor)) return std::nullopt;
-      return CHeightAndGrade{m_height + ahead * (sine + m_sine) / (cosine + m_cosine),
-                             sine / cosine, m_curvature / (cosine * cosine * cosine)};
-    }
-    default:
-      return std::nullopt;
-  }
 }
 
 double CVerticalCurve::lengthBetween(double from, double to) const {

@@ -5,6 +5,8 @@
 #ifndef CALCULATIONS_SHAPES_VERTICAL_CURVE_H
 #define CALCULATIONS_SHAPES_VERTICAL_CURVE_H
 
+#include "shapes/ShapeTolerances.h"
+
 #include <cmath>
 #include <cstdint>
 #include <optional>
@@ -21,6 +23,9 @@ struct CVeralPoint {
 
 /// Length in plan of one metre along a line of this grade (ratio).
 inline double cosineOfGrade(double grade) { return 1.0 / std::sqrt(1.0 + grade * grade); }
+
+/// Cosine of the angle with a given sine. The product keeps the digits of steep angles.
+inline double cosineOfSine(double sine) { return std::sqrt((1.0 - sine) * (1.0 + sine)); }
 
 /// Height and grade at one stationing.
 struct CHeightAndGrade {
@@ -66,6 +71,36 @@ class CVerticalCurve {
   double m_cosine = 1.0;
   double m_curvature = 0.0;  // signed
 };
+
+inline double CVerticalCurve::sineAt(double stationing) const {
+  return m_sine + (stationing - m_stationing) * m_curvature;
+}
+
+inline double CVerticalCurve::gradeAt(double stationing) const {
+  return m_grade + (stationing - m_stationing) * m_curvature;
+}
+
+/// Inline, as most callers need the height alone.
+inline std::optional<CHeightAndGrade> CVerticalCurve::at(double stationing) const {
+  const double ahead = stationing - m_stationing;
+  switch (m_kind) {
+    case Kind::Line:
+      return CHeightAndGrade{m_height + ahead * m_grade, m_grade, 0.0};
+    case Kind::Parabola: {
+      const double grade = gradeAt(stationing);
+      return CHeightAndGrade{m_height + ahead * (m_grade + grade) / 2.0, grade, m_curvature};
+    }
+    case Kind::Circle: {
+      const double sine = sineAt(stationing);
+      const double cosine = cosineOfSine(sine);
+      if (!(cosine >= kSmallestDivisor)) return std::nullopt;
+      return CHeightAndGrade{m_height + ahead * (sine + m_sine) / (cosine + m_cosine),
+                             sine / cosine, m_curvature / (cosine * cosine * cosine)};
+    }
+    default:
+      return std::nullopt;
+  }
+}
 
 /// A rounding of a point of intersection between its two tangent points.
 struct CRounding {
