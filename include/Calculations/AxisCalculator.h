@@ -90,9 +90,10 @@ class CALCULATIONS_EXPORT AxisCalculator {
                            bool withTransSlope) const;
   /// Of a list of points, with results and parameters as axisPointsToEnhPoints has them. Each
   /// search begins where one before it ended. In the vertical plane, points that follow each other
-  /// as scanners write them take 0.4 to 0.65 of the time on axes of a hundred elements and more; in
-  /// the perpendicular plane, where the foot itself takes longer, 0.7 to 0.8. Lists in no order,
-  /// and all lists on axes of a few elements, take as long as single calls.
+  /// as scanners write them need no search while they stay beside one element, and take 0.5 of the
+  /// time on axes of ten elements, 0.33 on those of ten thousand; in the perpendicular plane, where
+  /// the foot itself takes longer, 0.7 to 0.8 from a hundred elements on. Lists in no order take as
+  /// long as single calls.
   std::size_t enhPointsToAxisPoints(const ENHPoint* in, std::size_t count, AxisPoint* out,
                                     bool* found, bool perpendicular, bool withTransSlope) const;
   bool enhPointToAxisPointVertical(const ENHPoint& in, AxisPoint& out) const;

@@ -165,22 +165,15 @@ bool AxisCalculator::enhPointToAxisPoint(const ENHPoint& in, AxisPoint& out, boo
 std::size_t AxisCalculator::enhPointsToAxisPoints(const ENHPoint* in, std::size_t count,
                                                   AxisPoint* out, bool* found, bool perpendicular,
                                                   bool withTransSlope) const {
-  Tally tally(found);
   const AxisDefinitionImpl* axis = m_impl->usable();
-  if (axis == nullptr || isShaft(*axis)) {
-    for (std::size_t i = 0; i < count; ++i) {
-      const ENHPoint point = in[i];  // out may be the same memory
-      tally.note(i, enhPointToAxisPoint(point, out[i], perpendicular, withTransSlope));
-    }
-    return tally.count();
+  if (axis != nullptr && !isShaft(*axis)) {
+    return gridToAxis(axis->container.geometry(), in, count,
+                      conversionOptions(perpendicular, withTransSlope), out, found);
   }
-  const CAxisGeometry& geometry = axis->container.geometry();
-  const CConversionOptions options = conversionOptions(perpendicular, withTransSlope);
-  CBoxTree::Neighbourhood around;
+  Tally tally(found);
   for (std::size_t i = 0; i < count; ++i) {
-    const auto result = gridToAxis(geometry, in[i], options, around);
-    if (result) out[i] = *result;
-    tally.note(i, result.has_value());
+    const ENHPoint point = in[i];  // out may be the same memory
+    tally.note(i, enhPointToAxisPoint(point, out[i], perpendicular, withTransSlope));
   }
   return tally.count();
 }

@@ -119,43 +119,50 @@ ENHPoint gridPointOf(const CSectionPoint& section, const CCurvePoint& plan,
   return laidOff(plan, profile.height, 0.0, section.right, up);
 }
 
+/// What a list of points keeps from one to the next.
+struct CAxisTrail {
+  CBoxTree::Neighbourhood boxes;  // in space
+  CFootTrail plan;
+  std::size_t pieceOfProfile = 0;
+};
+
 /// A foot on the axis and the point's place in the section there.
 struct CSectionFoot {
   double stationing = 0.0;
   CSectionPoint section;
 };
 
-/// @param around one place of a list, or nothing for a point alone; so below
-template <class... Around>
+/// @param trail that of a list, or nothing for a point alone; so below
+template <class... Trail>
 std::optional<CSectionFoot> footInVerticalPlane(const CAxisGeometry& axis, const ENHPoint& point,
                                                 const CConversionOptions& options,
-                                                Around&... around) {
-  const auto foot = axis.horal.project(Point2D(point.east, point.north), around...);
+                                                Trail&... trail) {
+  const auto foot = axis.horal.project(Point2D(point.east, point.north), trail.plan...);
   if (!foot) return std::nullopt;
   const auto stationing = forcedIntoRange(axis, foot->stationing);
   if (!stationing) return std::nullopt;
-  const auto profile = axis.veral.at(*stationing);
+  const auto profile = axis.veral.at(*stationing, trail.pieceOfProfile...);
   if (!profile) return std::nullopt;
   double up = point.height - profile->height;
   if (!options.heightAlongPlumbLine) up *= cosineOfGrade(profile->grade);
   return CSectionFoot{*stationing, {foot->offset, up}};
 }
 
-template <class... Around>
+template <class... Trail>
 std::optional<CSectionFoot> footInPerpendicularPlane(const CAxisGeometry& axis,
-                                                     const ENHPoint& point, Around&... around) {
-  const auto foot = perpendicularFoot(axis, point, around...);
+                                                     const ENHPoint& point, Trail&... trail) {
+  const auto foot = perpendicularFoot(axis, point, trail.boxes...);
   if (!foot) return std::nullopt;
   return CSectionFoot{foot->stationing, {foot->offset, foot->height}};
 }
 
-template <class... Around>
+template <class... Trail>
 std::optional<AxisPoint> axisPointOf(const CAxisGeometry& axis, const ENHPoint& point,
-                                     const CConversionOptions& options, Around&... around) {
+                                     const CConversionOptions& options, Trail&... trail) {
   if (!axis.isComplete) return std::nullopt;
   const auto foot = options.plane == CProfilePlane::Perpendicular
-                        ? footInPerpendicularPlane(axis, point, around...)
-                        : footInVerticalPlane(axis, point, options, around...);
+                        ? footInPerpendicularPlane(axis, point, trail...)
+                        : footInVerticalPlane(axis, point, options, trail...);
   if (!foot) return std::nullopt;
   CSectionPoint section = foot->section;
   const double slope = transSlopeAt(axis, foot->stationing, options);
@@ -187,10 +194,18 @@ std::optional<AxisPoint> gridToAxis(const CAxisGeometry& axis, const ENHPoint& p
   return axisPointOf(axis, point, options);
 }
 
-std::optional<AxisPoint> gridToAxis(const CAxisGeometry& axis, const ENHPoint& point,
-                                    const CConversionOptions& options,
-                                    CBoxTree::Neighbourhood& around) {
-  return axisPointOf(axis, point, options, around);
+std::size_t gridToAxis(const CAxisGeometry& axis, const ENHPoint* points, std::size_t count,
+                       const CConversionOptions& options, AxisPoint* out, bool* found) {
+  CAxisTrail trail;
+  std::size_t numFound = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto result = axisPointOf(axis, points[i], options, trail);
+    if (found != nullptr) found[i] = result.has_value();
+    if (!result) continue;
+    out[i] = *result;
+    ++numFound;
+  }
+  return numFound;
 }
 
 std::optional<double> tunnelMeterAt(const CAxisGeometry& axis, const CStationingMapping& mapping,

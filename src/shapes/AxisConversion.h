@@ -9,6 +9,7 @@
 
 #include <Calculations/Points.h>
 
+#include <cstddef>
 #include <optional>
 
 namespace Ruv {
@@ -60,12 +61,13 @@ std::optional<Calculations::AxisPoint> gridToAxis(const CAxisGeometry& axis,
                                                   const Calculations::ENHPoint& point,
                                                   const CConversionOptions& options);
 
-/// The same, to the bit, for the points of a list one after the other: faster where they lie near
-/// each other.
-std::optional<Calculations::AxisPoint> gridToAxis(const CAxisGeometry& axis,
-                                                  const Calculations::ENHPoint& point,
-                                                  const CConversionOptions& options,
-                                                  CBoxTree::Neighbourhood& around);
+/// The same, to the bit, for the points of a list, faster where they follow each other closely.
+/// Returns how many were found; out is written for these alone.
+/// @param out may be the memory of the points
+/// @param found tells of each point, unless it is null
+std::size_t gridToAxis(const CAxisGeometry& axis, const Calculations::ENHPoint* points,
+                       std::size_t count, const CConversionOptions& options,
+                       Calculations::AxisPoint* out, bool* found);
 
 /// Ties the tunnel meter, the length in space along the axis, to the stationing.
 struct CStationingMapping {

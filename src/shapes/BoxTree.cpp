@@ -112,6 +112,19 @@ double CBoxTree::distanceFrom(const BlurredPoint& p, std::size_t box) const {
   return std::max(kSquaring * std::sqrt(square) / 2.0 - p.blur, 0.0);
 }
 
+double CBoxTree::clearanceAround(const Point2D& p, std::size_t first, std::size_t last,
+                                 double enough) const {
+  const BlurredPoint from = blurred(p);
+  double clearance = enough;
+  visitNear(
+      p, [&] { return clearance; },
+      [&](std::size_t box) {
+        const bool isExcepted = box >= first && box <= last;
+        if (!isExcepted) clearance = std::min(clearance, distanceFrom(from, box));
+      });
+  return clearance;
+}
+
 void CBoxTree::Neighbourhood::moveTo(const Point2D& p, const CBoxTree& tree) {
   const BlurredPoint blurred = tree.blurred(p);
   m_place = p;

@@ -59,11 +59,16 @@ class CBoxTree {
     if (!m_levels.empty()) visitGroup(m_levels.size() - 1, 0, blurred(p), reach, look);
   }
 
+  /// How far around a point there is no box but those from first to last; a distance that is enough
+  /// where it is farther.
+  double clearanceAround(const Point2D& p, std::size_t first, std::size_t last,
+                         double enough) const;
+
   class Neighbourhood;
 
-  /// The same for the points of a list one after the other, each near the one before: looks at the
-  /// boxes around a place where one of them was, and through the tree only for points that leave
-  /// it. The boxes come in another order, and some twice.
+  /// The same as visitNear for the points of a list one after the other, each near the one before:
+  /// looks at the boxes around a place where one of them was, and through the tree only for points
+  /// that leave it. The boxes come in another order, and some twice.
   template <class Reach, class Look>
   void visitNear(const Point2D& p, const Reach& reach, const Look& look,
                  Neighbourhood& around) const;
@@ -204,7 +209,6 @@ class CBoxTree::Neighbourhood {
   /// @return false when others may hold such things too
   template <class Reach, class Look>
   bool visit(const Point2D& p, const CBoxTree& tree, const Reach& reach, const Look& look) {
-    m_servesLast = false;
     const double moved = (p - m_place).length();
     if (!(moved < m_radius / 2.0)) return false;  // farther out, the reach seldom suffices
     const auto visitPlace = [&](std::size_t place) {
@@ -216,7 +220,6 @@ class CBoxTree::Neighbourhood {
     visitPlace(m_nearest);
     if (mayBeAlone && moved + reach() <= m_radiusOfFirst) {
       ++m_numServed;
-      m_servesLast = true;
       return true;
     }
     const BlurredPoint blurred = tree.blurred(p);
@@ -225,13 +228,8 @@ class CBoxTree::Neighbourhood {
     visitInOrder(others, squares, blurred, reach, visitPlace);
     if (!(moved + reach() <= m_radius)) return false;
     ++m_numServed;
-    m_servesLast = true;
     return true;
   }
-
-  /// The box with what was nearest to the last point; a number of none when that was not served.
-  std::size_t lastNearest() const { return m_servesLast ? m_boxes[m_nearest] : kNoBox; }
-  static constexpr std::size_t kNoBox = std::numeric_limits<std::size_t>::max();
 
   /// To be asked once for each point that was not served.
   bool isDue(const Point2D& p, const CBoxTree& tree) {
@@ -256,7 +254,6 @@ class CBoxTree::Neighbourhood {
   std::array<std::size_t, kGroup> m_boxes{};
   std::size_t m_first = 0;    // place in the group of the nearest box
   std::size_t m_nearest = 0;  // place in the group of what was nearest to the point before
-  bool m_servesLast = false;
   unsigned m_numServed = kWorthMoving;
   unsigned m_pause = 1;
   unsigned m_numMissed = 0;  // since the last move

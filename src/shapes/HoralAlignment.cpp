@@ -63,6 +63,19 @@ double reportedAzimuth(double bearing) {
   return azimuth > kTwoPi - kFullTurnNoise ? 0.0 : azimuth;
 }
 
+bool CFootTrail::isDueAfter(double stationing) {
+  const bool isNear = std::abs(stationing - m_lastStationing) <= kNear;
+  m_lastStationing = stationing;
+  m_row = isNear ? m_row + 1 : 1;
+  ++m_numMissed;
+  if (m_numServed >= kWorthFinding) m_pause = kRow;
+  if (m_row < kRow || m_numMissed < m_pause) return false;
+  m_pause = std::min(2 * m_pause, kLongestPause);
+  m_numServed = 0;
+  m_numMissed = 0;
+  return true;
+}
+
 CHoralAlignment::CHoralAlignment(double startStationing,
                                  const std::vector<CHoralSegmentData>& segments)
     : m_startStationing(startStationing), m_segments(placedSegments(segments)) {
@@ -131,29 +144,46 @@ std::optional<CAlignmentPosition> CHoralAlignment::positionAt(double stationing)
 
 std::optional<CAlignmentFoot> CHoralAlignment::project(const Point2D& p) const {
   if (!isFinite(p)) return std::nullopt;
-  const auto visit = [&](const auto& reach, const auto& look) {
-    m_boxes.visitNear(p, reach, look);
-  };
-  if (const auto foot = nearestFoot(p, visit)) return foot;
+  if (const auto foot = nearestFoot(p)) return *foot;
   return nearestCorner(p);
 }
 
-std::optional<CAlignmentFoot> CHoralAlignment::project(const Point2D& p,
-                                                       CBoxTree::Neighbourhood& around) const {
-  if (!isFinite(p)) return std::nullopt;
-  const auto visit = [&](const auto& reach, const auto& look) {
-    m_boxes.visitNear(p, reach, look, around);
-  };
-  if (const auto foot = nearestFoot(p, visit)) return foot;
-  return nearestCorner(p);
+std::optional<CAlignmentFoot> CHoralAlignment::project(const Point2D& p, CFootTrail& trail) const {
+  if (const auto foot = footOnSoleSegment(p, trail.sole)) {
+    trail.noteServed();
+    return *foot;
+  }
+  const auto foot = project(p);
+  if (!foot) return std::nullopt;
+  if (trail.isDueAfter(foot->stationing)) followTo(foot->stationing, trail);
+  return *foot;
+}
+
+/// Nothing where the segment has none or may not be the only one that has.
+std::optional<CAlignmentFoot> CHoralAlignment::footOnSoleSegment(const Point2D& p,
+                                                                 const CSoleSegment& sole) const {
+  const double reach = sole.reachAlone(p);
+  if (!(reach > 0.0)) return std::nullopt;
+  const CHoralSegment& segment = m_segments[sole.index()];
+  const CCurveFoot foot = segment.path.footOf(p);
+  const bool isNearest =
+      foot.report == CFootReport::OnCurve && reachOf(std::abs(foot.lateral)) <= reach;
+  if (!isNearest) return std::nullopt;
+  return footInside(segment, foot);
+}
+
+void CHoralAlignment::followTo(double stationing, CFootTrail& trail) const {
+  const CHoralSegment* segment = segmentAt(stationing);
+  if (segment == nullptr) return;
+  const Point2D place = segment->path.at(stationing - segment->stationingStart).position;
+  const auto index = static_cast<std::size_t>(segment - m_segments.data());
+  trail.sole = CSoleSegment(m_segments, m_boxes, index, place);
 }
 
 /// Visits the segments whose boxes are near, in any order: the index orders equally near feet as
 /// the walk along the alignment would. A wedge comes with the segment that leads into it, as its
 /// tip is that segment's end and so lies in the same box.
-template <class Visit>
-std::optional<CAlignmentFoot> CHoralAlignment::nearestFoot(const Point2D& p,
-                                                           const Visit& visit) const {
+std::optional<CAlignmentFoot> CHoralAlignment::nearestFoot(const Point2D& p) const {
   CNearestFoot<CAlignmentFoot> nearest;
   const auto look = [&](std::size_t index) {
     const CHoralSegment& segment = m_segments[index];
@@ -171,7 +201,8 @@ std::optional<CAlignmentFoot> CHoralAlignment::nearestFoot(const Point2D& p,
       nearest.regular.offer(std::abs(offset), order, {segment.stationingEnd, offset});
     }
   };
-  visit([&] { return nearest.reach(); }, look);
+  m_boxes.visitNear(
+      p, [&] { return nearest.reach(); }, look);
   return nearest.chosen();
 }
 

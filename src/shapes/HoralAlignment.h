@@ -8,9 +8,11 @@
 #include "shapes/BoxTree.h"
 #include "shapes/HoralSegment.h"
 #include "shapes/SmoothWedge.h"
+#include "shapes/SoleSegment.h"
 #include "shapes/StationingIndex.h"
 
 #include <cstddef>
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -28,6 +30,33 @@ struct CAlignmentPosition {
 struct CAlignmentFoot {
   double stationing = 0.0;
   double offset = 0.0;  ///< of the point, to the right
+};
+
+/// What a list of points keeps from one projection to the next.
+///
+/// The sole segment is found anew when some feet in a row that it did not serve lie near each
+/// other, as in the lists that scanners write, and after the more of them, the less the last one
+/// served: finding it takes as long as two or three projections.
+class CFootTrail {
+ public:
+  CSoleSegment sole;
+
+  void noteServed() { ++m_numServed; }
+  /// To be told of each foot that the sole segment did not serve.
+  /// @return whether it is to be found anew
+  bool isDueAfter(double stationing);
+
+ private:
+  static constexpr double kNear = 2.0;           // m; less than points without order lie apart
+  static constexpr unsigned kRow = 3;            // feet near each other
+  static constexpr unsigned kWorthFinding = 16;  // points served
+  static constexpr unsigned kLongestPause = 96;  // points not served
+
+  double m_lastStationing = std::numeric_limits<double>::infinity();
+  unsigned m_row = 0;
+  unsigned m_numServed = kWorthFinding;
+  unsigned m_numMissed = 0;
+  unsigned m_pause = kRow;
 };
 
 /// An immutable horizontal alignment ("Horal", the course of an axis in plan): segments with the
@@ -57,14 +86,14 @@ class CHoralAlignment {
   std::optional<CAlignmentFoot> project(const Point2D& p) const;
   /// The same, to the bit, for the points of a list one after the other: faster where they lie near
   /// each other.
-  std::optional<CAlignmentFoot> project(const Point2D& p, CBoxTree::Neighbourhood& around) const;
+  std::optional<CAlignmentFoot> project(const Point2D& p, CFootTrail& trail) const;
 
  private:
   void findWedges();
   const CHoralSegment* segmentAt(double stationing) const;
-  /// @param visit shows a function the segments that may lie within a reach
-  template <class Visit>
-  std::optional<CAlignmentFoot> nearestFoot(const Point2D& p, const Visit& visit) const;
+  std::optional<CAlignmentFoot> nearestFoot(const Point2D& p) const;
+  std::optional<CAlignmentFoot> footOnSoleSegment(const Point2D& p, const CSoleSegment& sole) const;
+  void followTo(double stationing, CFootTrail& trail) const;
   std::optional<CAlignmentFoot> nearestCorner(const Point2D& p) const;
 
   double m_startStationing = 0.0;

@@ -24,6 +24,12 @@ class CStationingIndex {
 
   /// Index of the first stationing that is not less than the given one; size() if there is none.
   std::size_t firstNotLess(double stationing) const;
+  /// The same, faster where it is the one that was guessed.
+  std::size_t firstNotLess(double stationing, std::size_t guess) const {
+    const bool isRight = guess < m_stationings.size() && stationing <= m_stationings[guess] &&
+                         (guess == 0 || m_stationings[guess - 1] < stationing);
+    return isRight ? guess : firstNotLess(stationing);
+  }
 
  private:
   std::size_t bucketOf(double stationing) const;

@@ -52,15 +52,65 @@ AxisPtr meander() {
   return axis;
 }
 
-/// Sections, a walk with jumps, points of no order, and what is no point.
+/// Lanes 60 m apart with bends between them and with joints that are smooth, broken by printing
+/// errors, or corners: long stretches on which one segment is alone, and points between two lanes.
+AxisPtr lanes() {
+  Random random(18);
+  AxisPtr axis = newAxis();
+  ChainBuilder chain(axis, 100.0, 600000.0, 200000.0, 0.3);
+  chain.printedTo(0.002, random);
+  for (int lane = 0; lane < 6; ++lane) {
+    const double radius = lane % 2 == 0 ? 30.0 : -30.0;
+    chain.straight(90.0).turn(lane == 1 ? 3e-4 : 0.0).clothoid(0.0, 9.0 * radius, 40.0);
+    chain.turn(lane == 3 ? 0.2 : 0.0).clothoid(9.0 * radius, 0.0, 40.0).straight(60.0);
+    chain.arc(radius, 30.0 * 2.993);
+  }
+  axis->addVeralPointKink(100.0, 400.0);
+  axis->addVeralPointArc(700.0, 430.0, 2000.0);
+  axis->addVeralPointKink(chain.stationing(), 400.0);
+  return axis;
+}
+
+/// Bends back beside a straight, so that its points have feet on either.
+AxisPtr hook() {
+  AxisPtr axis = newAxis();
+  ChainBuilder chain(axis, 0.0, 600000.0, 200000.0, 1.0);
+  chain.arc(30.0, 105.0).straight(70.0).arc(30.0, 105.0);
+  axis->addVeralPointKink(0.0, 10.0);
+  axis->addVeralPointKink(280.0, 12.0);
+  return axis;
+}
+
+double nextJoint(const AxisDefinition& axis, double stationing) {
+  unsigned joint = 0;
+  while (axis.getHoralSegmentAt(joint)->getStationing() < stationing) {
+    ++joint;
+  }
+  return axis.getHoralSegmentAt(joint)->getStationing();
+}
+
+/// Sections, small steps along the axis with jumps and over the joints, points of no order, and
+/// what is no point.
 std::vector<ENHPoint> pointsAround(const AxisCalculator& calculator, const AxisDefinition& axis) {
   Random random(17);
   std::vector<ENHPoint> points;
   const double first = axis.minimumStng2d();
   const double length = axis.maximumStng2d() - first;
-  for (int i = 0; i < 3000; ++i) {
-    const double share = i < 1500 ? (i / 50) / 30.0 : random.uniform(0.0, 1.0);
-    const AxisPoint place(first + share * length, random.uniform(-9.0, 9.0), 3.0);
+  double walked = 0.0;
+  for (int i = 0; i < 6000; ++i) {
+    const int section = i / 50;
+    double along = i < 1500 ? length * section / 30.0 : random.uniform(0.0, length);
+    if (i >= 3000) {
+      walked += i % 400 == 0 ? random.uniform(0.0, length) : random.uniform(-0.2, 0.6);
+      along = std::fmod(std::abs(walked), length);
+    }
+    if (i >= 3000 && i % 8 == 0) {
+      // As little before and after the next joint as rounding and tolerances are.
+      along = nextJoint(axis, first + along) - first;
+      along += random.sign() * std::pow(10.0, random.uniform(-12.0, 0.0));
+    }
+    const double width = i % 3 == 0 ? 40.0 : 9.0;
+    const AxisPoint place(first + along, random.uniform(-width, width), 3.0);
     ENHPoint point;
     calculator.axisPointToEnhPointPerpendicular(place, point);
     if (i % 7 == 0) point = ENHPoint(std::round(point.east), std::round(point.north), 410.0);
@@ -105,7 +155,8 @@ void expectSame(const std::vector<From>& in, const Single& single, const List& l
 }
 
 TEST(AxisCalculatorLists, AreTheSingleCallsToTheBit) {
-  for (const AxisPtr& axis : {windingAxis(), meander(), straightAxis(0.5, 0.0, 50.0, 1.0, 2.0)}) {
+  for (const AxisPtr& axis :
+       {windingAxis(), meander(), lanes(), hook(), straightAxis(0.5, 0.0, 50.0, 1.0, 2.0)}) {
     const AxisCalculator calculator(axis);
     const std::vector<ENHPoint> points = pointsAround(calculator, *axis);
     for (const bool inSpace : {false, true}) {
