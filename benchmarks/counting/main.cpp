@@ -22,6 +22,7 @@ using namespace Ruv::Calculations;
 
 constexpr std::size_t kElements = 1000;
 constexpr std::size_t kPlaces = 1000;
+constexpr std::size_t kListPoints = 50000;
 constexpr std::size_t kSectionPoints = 2000;
 constexpr std::size_t kFitPoints = 1000;
 constexpr std::size_t kPairs = 10;
@@ -62,6 +63,31 @@ Round locating() {
     }
     return sum;
   };
+}
+
+Round locatingList(const std::vector<ENHPoint>& points) {
+  return [calculator = std::make_shared<AxisCalculator>(AxisWorkload(kElements).build()), points] {
+    std::vector<AxisPoint> places(points.size());
+    calculator->enhPointsToAxisPoints(points.data(), points.size(), places.data(), nullptr, false,
+                                      true);
+    double sum = 0.0;
+    for (const AxisPoint& place : places) {
+      sum += place.stationing;
+    }
+    return sum;
+  };
+}
+
+Round locatingRandom() {
+  return locatingList(scanAround(AxisWorkload(kElements).exact(), kListPoints).points);
+}
+
+Round locatingSections() {
+  return locatingList(sectionsAlong(AxisWorkload(kElements).exact(), kListPoints));
+}
+
+Round locatingSlabs() {
+  return locatingList(slabsAlong(AxisWorkload(kElements).exact(), kListPoints));
 }
 
 double sumOfDistances(const std::vector<ProfilePointResult>& results) {
@@ -135,6 +161,9 @@ std::vector<Question> questions() {
       {"entering", kElements, entering},
       {"placing", kPlaces, placing},
       {"locating", kPlaces, locating},
+      {"locating.random", kListPoints, locatingRandom},
+      {"locating.sections", kListPoints, locatingSections},
+      {"locating.slabs", kListPoints, locatingSlabs},
       {"profile", kPlaces, profile},
       {"areas", 1, areas},
       {"movement", kSectionPoints, movement},

@@ -25,9 +25,32 @@ constexpr std::uint64_t kGradeSeed = 2;
 constexpr std::uint64_t kPlaceSeed = 3;
 constexpr std::uint64_t kScanSeed = 4;
 constexpr std::uint64_t kSectionSeed = 5;
+constexpr std::uint64_t kSlabSeed = 9;
 
 constexpr double kScanWidth = 20.0;   // offsets to either side
 constexpr double kScanHeight = 10.0;  // above and below
+
+AxisPoint anywhereAround(double stationing, Random& random) {
+  const double offset = 2.0 * kScanWidth * random.uniform() - kScanWidth;
+  const double rise = 2.0 * kScanHeight * random.uniform() - kScanHeight;
+  return {stationing, offset, rise};
+}
+
+ENHPoint pointBeside(const ExactAxis& axis, const AxisPoint& place) {
+  const ExactPlace foot = axis.at(place.stationing);
+  const auto azimuth = static_cast<double>(foot.azimuth);
+  return {static_cast<double>(foot.east + place.offset * std::cos(azimuth)),
+          static_cast<double>(foot.north - place.offset * std::sin(azimuth)),
+          static_cast<double>(axis.heightAt(place.stationing) + place.height)};
+}
+
+/// A stationing in one of so many equal parts of the axis. Even distances would keep step with the
+/// elements, whose kinds come round every four.
+double placeInPart(const ExactAxis& axis, std::size_t part, std::size_t numParts, Random& random) {
+  const double share =
+      (static_cast<double>(part) + random.uniform()) / static_cast<double>(numParts);
+  return axis.startStationing() + axis.length() * share;
+}
 
 PlanElement elementOf(std::size_t placeInGroup, double radius) {
   switch (placeInGroup) {
@@ -155,16 +178,28 @@ Scan scanAround(const ExactAxis& axis, std::size_t count) {
   scan.truth.reserve(count);
   for (std::size_t i = 0; i < count; ++i) {
     const double stationing = axis.startStationing() + axis.length() * random.uniform();
-    const double offset = 2.0 * kScanWidth * random.uniform() - kScanWidth;
-    const double rise = 2.0 * kScanHeight * random.uniform() - kScanHeight;
-    const ExactPlace foot = axis.at(stationing);
-    const auto azimuth = static_cast<double>(foot.azimuth);
-    scan.truth.emplace_back(stationing, offset, rise);
-    scan.points.emplace_back(static_cast<double>(foot.east + offset * std::cos(azimuth)),
-                             static_cast<double>(foot.north - offset * std::sin(azimuth)),
-                             static_cast<double>(axis.heightAt(stationing) + rise));
+    scan.truth.push_back(anywhereAround(stationing, random));
+    scan.points.push_back(pointBeside(axis, scan.truth.back()));
   }
   return scan;
+}
+
+std::vector<ENHPoint> slabsAlong(const ExactAxis& axis, std::size_t count) {
+  constexpr std::size_t kPointsOfSlab = 1000;
+  constexpr double kSpacing = 0.001;
+  Random random(kSlabSeed);
+  const double end = axis.startStationing() + axis.length();
+  const std::size_t numSlabs = std::max<std::size_t>(1, count / kPointsOfSlab);
+  std::vector<ENHPoint> points;
+  points.reserve(numSlabs * kPointsOfSlab);
+  for (std::size_t slab = 0; slab < numSlabs; ++slab) {
+    const double start = placeInPart(axis, slab, numSlabs, random);
+    for (std::size_t i = 0; i < kPointsOfSlab; ++i) {
+      const double stationing = std::min(start + kSpacing * static_cast<double>(i), end);
+      points.push_back(pointBeside(axis, anywhereAround(stationing, random)));
+    }
+  }
+  return points;
 }
 
 std::vector<ENHPoint> sectionsAlong(const ExactAxis& axis, std::size_t count) {
@@ -176,8 +211,7 @@ std::vector<ENHPoint> sectionsAlong(const ExactAxis& axis, std::size_t count) {
   std::vector<ENHPoint> points;
   points.reserve(numSections * kPointsOfSection);
   for (std::size_t section = 0; section < numSections; ++section) {
-    const double share = (static_cast<double>(section) + 0.5) / static_cast<double>(numSections);
-    const double stationing = axis.startStationing() + axis.length() * share;
+    const double stationing = placeInPart(axis, section, numSections, random);
     const ExactPlace foot = axis.at(stationing);
     const auto height = static_cast<double>(axis.heightAt(stationing));
     const auto azimuth = static_cast<double>(foot.azimuth);

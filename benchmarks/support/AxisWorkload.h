@@ -69,8 +69,12 @@ struct Scan {
 Scan scanAround(const ExactAxis& axis, std::size_t count);
 
 /// The wall of a round tunnel as a scan has it that is ordered by sections: 200 points of one
-/// section after the other, sections at even distances along the whole axis.
+/// section after the other, a section in each of as many equal parts of the axis.
 std::vector<ENHPoint> sectionsAlong(const ExactAxis& axis, std::size_t count);
+
+/// Slabs of 1 m of a scan that is sorted along the axis: 1000 points of ascending stationing in
+/// each, as far beside the axis as those of scanAround, slabs in equal parts of the axis.
+std::vector<ENHPoint> slabsAlong(const ExactAxis& axis, std::size_t count);
 
 }  // namespace Benchmarks
 
