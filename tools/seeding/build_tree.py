@@ -10,6 +10,7 @@ from collections import defaultdict
 from pathlib import Path
 
 TEST_PROGRAMS = ("calculationsTests", "sharedUseTests")
+_SANITIZERS = ["-fsanitize=address,undefined,float-cast-overflow", "-fno-sanitize-recover=all"]
 
 
 class BuildTree:
@@ -86,24 +87,32 @@ class BuildTree:
         library = [made for made in objects if made.startswith("src/")]
         return library, [made for made in objects if made not in library]
 
-    def compile_command(self, made, changed, output):
-        """Compiles one object with a changed source.
-        @param changed a folder that holds the changed source, at its path below src"""
+    def compile_command(self, made, output, changed=None, sanitized=False):
+        """Compiles one object.
+        @param changed a folder that holds a changed source, at its path below src
+        @param sanitized with sanitizers and every library's assertions"""
         words, source = self._compilations[made]
         words = list(words)
         words[words.index("-o") + 1] = str(output)
-        copy = changed / source.relative_to("src") if source.parts[0] == "src" else None
-        if copy is not None and copy.exists():
-            words[words.index("-c") + 1] = str(copy)
-        # Includes name the path below src, and of two folders the first one wins.
-        first_option = next(i for i, word in enumerate(words) if word.startswith("-"))
+        if changed is not None:
+            copy = changed / source.relative_to("src") if source.parts[0] == "src" else None
+            if copy is not None and copy.exists():
+                words[words.index("-c") + 1] = str(copy)
+            # Includes name the path below src, and of two folders the first one wins.
+            first_option = next(i for i, word in enumerate(words) if word.startswith("-"))
+            words.insert(first_option, f"-I{changed}")
+        if sanitized:
+            words += [*_SANITIZERS, "-UNDEBUG", "-O1", "-fno-omit-frame-pointer"]
         # A function without its result is no fault that anybody makes: the compiler warns.
-        return words[:first_option] + [f"-I{changed}"] + words[first_option:] + [
-            "-w", "-Werror=return-type"]
+        return words + ["-w", "-Werror=return-type"]
 
-    def link_command(self, program, replaced, output):
+    def link_command(self, program, replaced, output, sanitized=False):
         """@param replaced the new place of each object that was compiled anew"""
         objects = {**self._kept, **replaced}
         words = [str(objects.get(word, word)) for word in self._links[program]]
         words[words.index("-o") + 1] = str(output)
+        if sanitized:
+            # Of functions in several objects the first one counts: the checked ones.
+            words[1:1] = [*_SANITIZERS, *map(str, replaced.values())]
+            words = [w for i, w in enumerate(words) if w not in words[:i] or not w.endswith(".o")]
         return words

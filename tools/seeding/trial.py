@@ -3,32 +3,38 @@
 
 import resource
 import shutil
+import signal
 import subprocess
-from collections import defaultdict
+import time
+from collections import Counter, defaultdict
 from dataclasses import dataclass, field
 from enum import Enum
 
-# Seconds. Others may use the machine as well.
-_COMPILING_AT_MOST = 600
-_HANGING_AFTER = 20
-_HANGING_FACTOR = 10
+# Seconds of the clock: others may use the machine as well.
+_AT_MOST = 600
+# Seconds of the processor.
+_HANGING_AFTER = 3
+_HANGING_FACTOR = 4
 # Of all the tests that reach a fault, these are tried before the rest.
 _FIRST_TESTS = 12
 _FIRST_SECONDS = 0.5
 _MEMORY = 4 << 30
 _OUTPUT = 64 << 20
+# In what a failing test or a sanitizer prints.
+_REASONS = ("FAILED  ]", "ERROR: ", "runtime error: ", "Assertion ")
 
 
 class Verdict(Enum):
     CAUGHT = "caught"
     TIMED_OUT = "timed out"
+    SANITIZED = "caught under the sanitizers"
     SURVIVED = "survived"
     EQUIVALENT = "same object code"
     NO_PROGRAM = "does not compile"
 
     @property
     def counts(self):
-        return self in (Verdict.CAUGHT, Verdict.TIMED_OUT, Verdict.SURVIVED)
+        return self not in (Verdict.EQUIVALENT, Verdict.NO_PROGRAM)
 
 
 @dataclass
@@ -37,6 +43,7 @@ class Result:
     verdict: Verdict
     tests: list = field(default_factory=list)  # those that were run
     caught_by: str = ""
+    seconds: Counter = field(default_factory=Counter)  # of each step
 
 
 class Trial:
@@ -49,16 +56,13 @@ class Trial:
         self._fault = fault
         self._folder = folder
         self._changed = folder / "src"
-        self._objects = {}
+        self._seconds = Counter()
 
     def run(self):
         shutil.rmtree(self._folder, ignore_errors=True)
         self._write_changed_source()
-        verdict = self._compile()
-        if verdict is None:
-            result = self._ask_tests()
-        else:
-            result = Result(self._fault, verdict)
+        result = self._try()
+        result.seconds = self._seconds
         shutil.rmtree(self._folder, ignore_errors=True)
         return result
 
@@ -67,75 +71,117 @@ class Trial:
         path.parent.mkdir(parents=True)
         path.write_text(self._fault.applied_to(self._source.text))
 
-    def _compile(self):
+    def _try(self):
         library, tests = self._build.objects_reading(self._fault.path)
-        for made in library:
-            if not self._compile_object(made):
-                return Verdict.NO_PROGRAM
-        if all(self._is_unchanged(made) for made in library):
-            return Verdict.EQUIVALENT
+        programs = self._programs("faulty")
+        if not programs.compile(library, self._changed):
+            return Result(self._fault, Verdict.NO_PROGRAM)
+        if programs.is_unchanged():
+            return Result(self._fault, Verdict.EQUIVALENT)
         # Two versions of one inline function must not meet in a program.
-        if not all(self._compile_object(made) for made in tests):
-            return Verdict.NO_PROGRAM
-        return None
+        if not programs.compile(tests, self._changed):
+            return Result(self._fault, Verdict.NO_PROGRAM)
+        result = self._ask_tests(programs, self._tests())
+        if result.verdict == Verdict.SURVIVED and self._fails_under_sanitizers(library, tests, result):
+            result.verdict = Verdict.SANITIZED
+        return result
 
-    def _compile_object(self, made):
-        output = self._folder / made.replace("/", "_")
-        command = self._build.compile_command(made, self._changed, output)
-        done = _run(command, _COMPILING_AT_MOST, cwd=self._build.folder)
-        self._objects[made] = output
-        return done == 0
+    def _programs(self, name, sanitized=False):
+        return _Programs(self._build, self._reach, self._folder / name, sanitized, self._seconds)
 
-    def _is_unchanged(self, made):
-        return self._objects[made].read_bytes() == self._build.object_without_fault(made).read_bytes()
-
-    def _ask_tests(self):
-        tests = self._reach.likeliest_first(self._tests())
+    def _ask_tests(self, programs, tests):
         result = Result(self._fault, Verdict.SURVIVED, tests)
         for batch in _batches(tests, self._reach.seconds):
             by_program = defaultdict(list)
             for program, name in batch:
                 by_program[program].append(name)
             for program, names in by_program.items():
-                if not self._link(program):
+                if not programs.link(program):
                     return Result(self._fault, Verdict.NO_PROGRAM)
-                result.verdict, result.caught_by = self._run_tests(program, names)
+                result.verdict, result.caught_by = programs.run(program, names)
                 if result.verdict != Verdict.SURVIVED:
                     return result
         return result
+
+    def _fails_under_sanitizers(self, library, tests, result):
+        """Tries a survivor again with the sanitizers and assertions in what was compiled anew, where
+        a place or value that is none is mostly used. Without the fault the tests must pass so."""
+        faulty, faultless = self._programs("sanitized", True), self._programs("faultless", True)
+        if not faulty.compile(library, self._changed) or not faulty.compile(tests, self._changed):
+            return False
+        caught = self._ask_tests(faulty, result.tests)
+        if caught.verdict != Verdict.CAUGHT or not faultless.compile(library + tests):
+            return False
+        result.caught_by = caught.caught_by
+        return self._ask_tests(faultless, result.tests).verdict == Verdict.SURVIVED
 
     def _tests(self):
         """Where a function is changed, the tests that enter it. What stands outside of functions,
         or is worked out by the compiler, is used anywhere in its file; what a header has inside a
         function may have been copied into any test."""
         path = self._fault.path
-        if path.endswith(".h"):
-            return set(self._reach.seconds)
         function = self._source.function_around(self._fault.start)
         entering = self._reach.tests_entering(path, function) if function else None
-        return entering or self._reach.tests_entering(path)
+        entering = self._reach.likeliest_first(entering or self._reach.tests_entering(path))
+        if not path.endswith(".h"):
+            return entering
+        return entering + self._reach.likeliest_first(self._reach.seconds.keys() - set(entering))
 
-    def _link(self, program):
+
+class _Programs:
+    """The tests' programs, linked from objects of which some were compiled anew."""
+
+    def __init__(self, build, reach, folder, sanitized, seconds):
+        self._build = build
+        self._reach = reach
+        self._folder = folder
+        self._sanitized = sanitized
+        self._seconds = seconds
+        self._objects = {}
+        folder.mkdir(parents=True)
+
+    def compile(self, objects, changed=None):
+        for made in objects:
+            output = self._folder / made.replace("/", "_")
+            command = self._build.compile_command(made, output, changed, self._sanitized)
+            self._objects[made] = output
+            if self._run("compiling", command, _AT_MOST, cwd=self._build.folder) != 0:
+                return False
+        return True
+
+    def is_unchanged(self):
+        return all(output.read_bytes() == self._build.object_without_fault(made).read_bytes()
+                   for made, output in self._objects.items())
+
+    def link(self, program):
         binary = self._folder / program
         if binary.exists():
             return True
-        command = self._build.link_command(program, self._objects, binary)
-        return _run(command, _COMPILING_AT_MOST, cwd=self._build.folder) == 0
+        command = self._build.link_command(program, self._objects, binary, self._sanitized)
+        return self._run("linking", command, _AT_MOST, cwd=self._build.folder) == 0
 
-    def _run_tests(self, program, names):
+    def run(self, program, names):
         expected = sum(self._reach.seconds[program, name] for name in names)
         output = self._folder / "output"
         command = [self._folder / program, "--gtest_fail_fast", "--gtest_brief=1",
                    f"--gtest_filter={':'.join(names)}"]
-        code = _run(command, _HANGING_AFTER + _HANGING_FACTOR * expected, cwd=self._folder,
-                    output=output, limit=_limit_program)
-        if code is None:
+        hanging_after = int(_HANGING_AFTER + _HANGING_FACTOR * expected) + 1
+        code = self._run("testing", command, _AT_MOST, cwd=self._folder, output=output,
+                         limit=lambda: _limit(hanging_after, None if self._sanitized else _MEMORY))
+        if code in (None, -signal.SIGXCPU):
             return Verdict.TIMED_OUT, ""
         if code == 0:
             return Verdict.SURVIVED, ""
         lines = output.read_text(errors="replace").splitlines()
-        failed = [line.split("] ")[1] for line in lines if "FAILED  ]" in line]
-        return Verdict.CAUGHT, failed[0] if failed else f"by a crash of {program}"
+        reasons = [line for line in lines if any(reason in line for reason in _REASONS)]
+        return Verdict.CAUGHT, reasons[0] if reasons else f"by a crash of {program}"
+
+    def _run(self, step, *arguments, **options):
+        started = time.monotonic()
+        try:
+            return _run(*arguments, **options)
+        finally:
+            self._seconds[step] += time.monotonic() - started
 
 
 def _batches(tests, seconds):
@@ -147,10 +193,40 @@ def _batches(tests, seconds):
     return [batch for batch in (tests[:first], tests[first:]) if batch]
 
 
-def _limit_program():
-    resource.setrlimit(resource.RLIMIT_AS, (_MEMORY, _MEMORY))
+def _limit(seconds, memory):
+    """@param memory None where the sanitizers need addresses beyond all memory"""
+    resource.setrlimit(resource.RLIMIT_CPU, (seconds, seconds + 1))
     resource.setrlimit(resource.RLIMIT_FSIZE, (_OUTPUT, _OUTPUT))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+    if memory is not None:
+        resource.setrlimit(resource.RLIMIT_AS, (memory, memory))
+
+
+def _run(self, step, *arguments, **options):
+        started = time.monotonic()
+        try:
+            return _run(*arguments, **options)
+        finally:
+            self._seconds[step] += time.monotonic() - started
+
+
+def _batches(tests, seconds):
+    """The likeliest tests by themselves: the rest need not run when they fail."""
+    first, duration = 0, 0.0
+    while first < min(_FIRST_TESTS, len(tests)) and duration < _FIRST_SECONDS:
+        duration += seconds[tests[first]]
+        first += 1
+    return [batch for batch in (tests[:first], tests[first:]) if batch]
+
+
+def _limit_files():
+    resource.setrlimit(resource.RLIMIT_FSIZE, (_OUTPUT, _OUTPUT))
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+
+
+def _limit_files_and_memory():
+    _limit_files()
+    resource.setrlimit(resource.RLIMIT_AS, (_MEMORY, _MEMORY))
 
 
 def _run(command, seconds, cwd, output=None, limit=None):
