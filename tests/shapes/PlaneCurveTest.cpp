@@ -31,8 +31,8 @@ std::ostream& operator<<(std::ostream& out, const CurveCase& c) {
 }
 
 /// Straights and arcs, also nearly a full circle; into, out of and between curves; curves of both
-/// senses; nearly equal radii; almost 2 rad from a straight; many turns, of one radius too;
-/// kilometres.
+/// senses; nearly equal radii; almost 2 rad from a straight, and farther out of and into a curve;
+/// many turns, of one radius too; kilometres.
 const CurveCase kCurves[] = {{0, 0, 3000},
                              {250, 250, 1500},
                              {-4e6, -4e6, 5000},
@@ -45,6 +45,8 @@ const CurveCase kCurves[] = {{0, 0, 3000},
                              {500, 499.9, 10},
                              {500, 500.000000001, 200},
                              {0, 60, 235},
+                             {20, 0, 235},
+                             {0, -20, 235},
                              {20, 30, 900},
                              {0, -2500, 4000},
                              {12, 12, 100}};

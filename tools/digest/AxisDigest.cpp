@@ -130,4 +130,40 @@ void axes() {
   onAxis(AxisPtr(AxisDefinitionFactory::createShaftAxis(1000, 2000, 500, 400, 100)), random);
 }
 
+void enteredAxes() {
+  Random random(20080602);
+  for (int i = 0; i < 12; ++i) {
+    const AxisPtr axis = TestSupport::newAxis();
+    TestSupport::ChainBuilder plan(axis, 100.0, 600000.0, 200000.0, random.uniform(0.0, 6.0));
+    plan.printedTo(i % 2 == 0 ? 0.0005 : 0.02, random);
+    const double radius = random.sign() * random.uniform(40.0, 400.0);
+    plan.straight(random.uniform(5.0, 50.0)).clothoid(0.0, radius, random.uniform(10.0, 60.0));
+    plan.arc(radius, random.uniform(0.5, 1.5) * std::abs(radius));
+    plan.clothoid(radius, -radius * random.uniform(0.5, 2.0), random.uniform(10.0, 60.0));
+    plan.turn(i % 3 == 0 ? random.uniform(-0.3, 0.3) : 0.0).straight(random.uniform(5.0, 50.0));
+    double height = 400.0;
+    double stationing = 90.0;
+    axis->addVeralPointKink(stationing, height);
+    for (const double length : {60.0, 90.0, 140.0, 400.0}) {
+      stationing += length;
+      height += random.uniform(-0.2, 0.2) * length;
+      const double rounding = random.uniform(50.0, 300.0);
+      if (random.index(2) == 0) {
+        axis->addVeralPointArc(stationing, height, rounding);
+      } else {
+        axis->addVeralPointParabola(stationing, height, rounding);
+      }
+    }
+    axis->addVeralPointKink(3000.0, height);
+    axis->addTransSlopeSegmentLinear(100.0, 150.0, random.uniform(-5.0, 5.0), 2.5);
+    axis->addTransSlopeSegmentConstant(150.0, 3000.0, 2.5);
+    axis->setStationingMappingValues(random.uniform(-50.0, 200.0), random.uniform(-100.0, 1000.0));
+    for (const Misclosure& gap : axis->misclosures()) {
+      record("misclosures", 600000.0, {gap.distance, gap.directionBreak});
+    }
+    record("profile-polyline", axis->getVeralPolyline(10.0).points());
+    onAxis(axis, random);
+  }
+}
+
 }  // namespace Digest

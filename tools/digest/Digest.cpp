@@ -3,17 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 namespace Digest {
-
-void record(const std::string& group, double scale, const std::vector<double>& values) {
-  std::printf("%s %.17g", group.c_str(), scale);
-  for (const double value : values) {
-    std::printf(" %.17g", value);
-  }
-  std::printf("\n");
-}
 
 void record(const std::string& group, const std::vector<Ruv::Calculations::Point2D>& points) {
   std::vector<double> values;
@@ -31,14 +22,17 @@ double largest(const Ruv::Calculations::ENHPoint& point) {
 
 double rounded(double value, double perUnit) { return std::round(value * perUnit) / perUnit; }
 
-}  // namespace Digest
-
-int main() {
-  Digest::angles();
-  Digest::axes();
-  Digest::profiles();
-  Digest::outlines();
-  Digest::morphing();
-  Digest::fits();
-  Digest::stations();
+std::vector<Scene> scenes() {
+  return {{"angles", angles},
+          {"axes", axes},
+          {"profiles", profiles},
+          {"outlines", outlines},
+          {"morphing", morphing},
+          {"fits", fits},
+          {"stations", stations},
+          {"enteredAxes", enteredAxes},
+          {"morphedShapes", morphedShapes},
+          {"tiltedStations", tiltedStations}};
 }
+
+}  // namespace Digest

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSL-1.0
 /// @file
-/// Writes results so that those of two machines can be compared to the bit.
+/// Results of every calculator, so that those of two machines, or of two versions, can be compared.
 
 #ifndef CALCULATIONS_TOOLS_DIGEST_DIGEST_H
 #define CALCULATIONS_TOOLS_DIGEST_DIGEST_H
@@ -12,9 +12,8 @@
 
 namespace Digest {
 
-/// One line on standard output: the group, the scale, then the values, with 17 digits, which tell
-/// a double from its neighbours and are printed alike everywhere. Counts and truth values go in as
-/// numbers.
+/// One line of results. Counts and truth values go in as numbers. Whoever makes a digest says what
+/// becomes of the line: the program prints it, the tests compare what was recorded.
 /// @param scale magnitude of the coordinates behind the values; differences are relative to it
 void record(const std::string& group, double scale, const std::vector<double>& values);
 /// Coordinates, with the largest of them as scale.
@@ -31,13 +30,23 @@ double rounded(double value, double perUnit = 1e4);
 /// which have an order; the arguments of a call have none.
 /// @{
 void axes();
+void enteredAxes();
 void profiles();
 void outlines();
 void morphing();
+void morphedShapes();
 void fits();
 void stations();
+void tiltedStations();
 void angles();
 /// @}
+
+struct Scene {
+  const char* name;
+  void (*record)();
+};
+
+std::vector<Scene> scenes();
 
 }  // namespace Digest
 

@@ -14,6 +14,7 @@
 namespace Digest {
 
 using namespace Ruv::Calculations;
+using TestSupport::ProfilePtr;
 using TestSupport::Random;
 
 namespace {
@@ -111,6 +112,78 @@ void recordPaths(const Pathes& paths) {
   record("outlines", kArea, {paths.area(), paths.linesLength()});
 }
 
+using Nodes = std::vector<TestSupport::ProfileNode>;
+
+void append(Nodes& nodes, const Nodes& more) {
+  nodes.insert(nodes.end(), more.begin(), more.end());
+}
+
+/// What tunnels have below their vaults, at random: benches, a niche, ditches, a floor with
+/// crossfall or a curved invert. Clockwise from the left foot.
+ProfilePtr shapedSection(Random& random) {
+  const double width = random.uniform(4.0, 5.5);
+  const double wall = random.uniform(2.5, 3.5);
+  const double fall = random.uniform(-0.03, 0.03);
+  const auto floor = [&](double x) { return fall * x; };
+  const double left = random.uniform(-0.2, 0.2) - width;
+  Nodes nodes = {{left, floor(left), 0}};
+  if (random.index(3) == 0) {
+    const double sill = random.uniform(0.9, 1.4);
+    const double back = left - random.uniform(0.2, 1.5);
+    append(nodes, {{left, sill, 0}, {back, sill, 0}, {back, sill + 0.7, 0}, {left, sill + 0.7, 0}});
+  }
+  const double crown = random.uniform(-0.5, 0.5);
+  const double rise = random.uniform(0.8, 1.1) * width;
+  append(nodes, {{left, wall, 0},
+                 {crown, wall + rise, width * random.uniform(1.0, 1.4)},
+                 {width, wall, width * random.uniform(1.0, 1.4)}});
+  double right = width;
+  if (random.index(2) == 0) {
+    const double height = random.uniform(0.3, 0.8);
+    right -= random.uniform(0.8, 1.4);
+    append(nodes, {{width, height, 0}, {right, height, 0}});
+  }
+  nodes.push_back({right, floor(right), 0});
+  double invert = 0.0;
+  if (random.index(2) == 0) {
+    const double near = right - random.uniform(0.3, 2.0);
+    const double far = near - random.uniform(0.4, 0.9);
+    const double depth = random.uniform(0.2, 0.6);
+    append(nodes, {{near, floor(near), 0},
+                   {near, floor(near) - depth, 0},
+                   {far, floor(far) - depth, 0},
+                   {far, floor(far), 0}});
+  } else if (random.index(2) == 0) {
+    invert = width * random.uniform(2.0, 4.0);
+  }
+  nodes.push_back({nodes.front().x, nodes.front().y, invert});
+  return TestSupport::profileThrough(nodes);
+}
+
+/// An outline that every ray from the centre meets once.
+ProfilePtr cave(Random& random) {
+  Nodes nodes;
+  for (int i = 9; i > 0; --i) {
+    const Point2D p = onUnitCircle(i / 9.0 - 0.01) * random.uniform(3.5, 6.0);
+    nodes.push_back({p.x, p.y, random.index(3) == 0 ? random.uniform(9.0, 20.0) : 0.0});
+  }
+  nodes.push_back(nodes.front());
+  return TestSupport::profileThrough(nodes);
+}
+
+void recordMorph(const ProfilePtr& start, const ProfilePtr& end) {
+  const ThProfileMorpher morpher(start, end, 0.0, 1.0);
+  for (const double t : {0.15, 0.6}) {
+    const auto profile = morpher.getMorphedProfile(t);
+    record("morphed-shapes", 1.0, {double(profile != nullptr)});
+    for (unsigned k = 0; profile && k < profile->getNumSegments(); ++k) {
+      record("morphed-shapes", {profile->getSegmentStartAt(k), profile->getSegmentEndAt(k)});
+      const double radius = profile->getSegmentRadiusAt(k);
+      record("morphed-shapes", std::abs(radius) + 1.0, {radius});
+    }
+  }
+}
+
 }  // namespace
 
 void profiles() {
@@ -152,6 +225,16 @@ void morphing() {
         record("morphed-radii", std::abs(radius) + 1.0, {radius});
       }
     }
+  }
+}
+
+void morphedShapes() {
+  Random random(33);
+  for (int i = 0; i < 40; ++i) {
+    const ProfilePtr start = shapedSection(random);
+    recordMorph(start, shapedSection(random));
+    const ProfilePtr ragged = cave(random);
+    recordMorph(ragged, i % 2 == 0 ? cave(random) : start);
   }
 }
 

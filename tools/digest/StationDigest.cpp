@@ -6,11 +6,11 @@
 #include <Calculations/FittingHelper.h>
 #include <Calculations/PointDetermination.h>
 #include <Calculations/Resection.h>
+#include <Calculations/StationPlacement.h>
 #include <Calculations/TransitionCurves.h>
 #include <Calculations/Utilities.h>
 
 #include <cmath>
-#include <iostream>
 
 namespace Digest {
 
@@ -105,6 +105,53 @@ void publishedStation(const std::string& name) {
   record(setup);
 }
 
+/// What an instrument reads that leans by the tangents of two angles.
+PolarPoint readTilted(const ENHPoint& target, double east, double north) {
+  const double e = std::sqrt(1.0 + east * east);
+  const double n = std::sqrt(1.0 + north * north);
+  const double ahead = (target.north - north * target.height) / n;
+  const double up = (target.height + north * target.north) / n;
+  const PolarPoint exact = Utilities::convertToPolarMeasurement(
+      {(target.east - east * up) / e, ahead, (up + east * target.east) / e});
+  return {rounded(exact.horizontalAngle, kAngleReadings),
+          rounded(exact.verticalAngle, kAngleReadings), rounded(exact.slopeDistance, 1e3)};
+}
+
+void record(const Resection& resection, const PolarPoint& measured, const ENHPoint& scale) {
+  StationPlacement placement;
+  const bool ok = resection.calculatePlacementHelmert3d(placement);
+  const ENHPoint at = placement.station();
+  const ENHPoint off = placement.stationStdDev();
+  const ENHPoint seen = placement.toGlobal(measured);
+  const ENHPoint local = placement.toGlobal(ENHPoint(1, 2, 3));
+  Digest::record("station-placement", largest(scale),
+                 {double(ok), at.east, at.north, at.height, off.east, off.north, off.height,
+                  seen.east, seen.north, seen.height, local.east, local.north, local.height});
+  const PolarPoint read = placement.toPolar(scale + ENHPoint(9, 7, 5));
+  Digest::record("station-angles", largest(scale),
+                 {placement.tiltAboutEast(), placement.tiltAboutNorth(), placement.orientation(),
+                  placement.scale(), placement.orientationStdDev(), placement.scaleStdDev(),
+                  read.horizontalAngle, read.verticalAngle, read.slopeDistance});
+  for (const ENHPoint& residual : placement.residuals(L"c")) {
+    Digest::record("station-residuals", largest(scale),
+                   {residual.east, residual.north, residual.height});
+  }
+}
+
+/// The measurements of some fix points among those of others and of none, under tolerances.
+void determine(PointDetermination determination, bool robust) {
+  const bool found = robust ? determination.determineMeasuredPointsRobust()
+                            : determination.determineMeasuredPointsStrict();
+  std::vector<double> answer = {double(found),
+                                double(determination.isBestSolutionSignificantlyBetter()),
+                                std::log10(determination.expectedChanceSolutions() + 1e-30)};
+  for (const wchar_t name : std::wstring(L"abcdefghxyz")) {
+    const std::wstring id = determination.getFixPointIdForMeasurementId(std::wstring(1, name));
+    answer.push_back(id.empty() ? 0.0 : double(id.front()));
+  }
+  Digest::record("determination-among-strays", 1e2, answer);
+}
+
 }  // namespace
 
 void fits() {
@@ -124,7 +171,6 @@ void fits() {
 }
 
 void stations() {
-  std::clog.rdbuf(nullptr);
   Random random(42);
   for (int i = 0; i < 40; ++i) {
     freeStation(random);
@@ -159,6 +205,39 @@ void angles() {
     clothoid.localX(a * 3.0, 100.0 * b, 60.0, x);
     clothoid.localY(a * 3.0, 100.0 * b, 60.0, y);
     Digest::record("clothoid", 60.0, {x, y});
+  }
+}
+
+void tiltedStations() {
+  Random random(44);
+  const ENHPoint origin{2600000, 1200000, 500};
+  for (int i = 0; i < 40; ++i) {
+    const double east = random.uniform(-0.02, 0.02);
+    const double north = random.uniform(-0.3, 0.3) * (i % 2);
+    Resection resection;
+    PointDetermination determination;
+    determination.setToleranceDistanceDifference(0.01);
+    determination.setToleranceHeightDifference(0.01);
+    determination.setToleranceTilt(i % 3 == 0 ? 30.0 : 1.5);
+    PolarPoint measured;
+    for (const wchar_t name : std::wstring(L"abcdefghijklmn")) {
+      const std::wstring id(1, name);
+      const ENHPoint target{random.uniform(-30, 30), random.uniform(-30, 30),
+                            random.uniform(-4, 4)};
+      determination.addPoint(id, origin + target);
+      if (name > L'h') continue;
+      measured = readTilted(target, east, north);
+      resection.addFixPoint(id, origin + target);
+      resection.addMeasurement(id, measured);
+      determination.addMeasurement(id, measured);
+    }
+    for (const wchar_t name : std::wstring(L"xyz")) {
+      const ENHPoint stray{random.uniform(-30, 30), random.uniform(-30, 30), 1.0};
+      determination.addMeasurement(std::wstring(1, name), readTilted(stray, 0.0, 0.0));
+    }
+    record(resection, measured, origin);
+    determine(determination, true);
+    determine(determination, false);
   }
 }
 
