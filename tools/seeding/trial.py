@@ -9,6 +9,7 @@ import time
 from collections import Counter, defaultdict
 from dataclasses import dataclass, field
 from enum import Enum
+from itertools import accumulate
 
 # Seconds of the clock: others may use the machine as well.
 _AT_MOST = 600
@@ -18,6 +19,8 @@ _HANGING_FACTOR = 4
 # Of all the tests that reach a fault, these are tried before the rest.
 _FIRST_TESTS = 12
 _FIRST_SECONDS = 0.5
+# Of those that let a fault pass, the likeliest are tried again under the sanitizers.
+_SANITIZED_SECONDS = 2.0
 _MEMORY = 4 << 30
 _OUTPUT = 64 << 20
 # In what a failing test or a sanitizer prints.
@@ -105,15 +108,16 @@ class Trial:
 
     def _fails_under_sanitizers(self, library, tests, result):
         """Tries a survivor again with the sanitizers and assertions in what was compiled anew, where
-        a place or value that is none is mostly used. Without the fault the tests must pass so."""
+        a place or value that is none is mostly used. Without the fault the same must pass."""
         faulty, faultless = self._programs("sanitized", True), self._programs("faultless", True)
         if not faulty.compile(library, self._changed) or not faulty.compile(tests, self._changed):
             return False
-        caught = self._ask_tests(faulty, result.tests)
+        tests = _likeliest(result.tests, self._reach.seconds, _SANITIZED_SECONDS)
+        caught = self._ask_tests(faulty, tests)
         if caught.verdict != Verdict.CAUGHT or not faultless.compile(library + tests):
             return False
         result.caught_by = caught.caught_by
-        return self._ask_tests(faultless, result.tests).verdict == Verdict.SURVIVED
+        return self._ask_tests(faultless, tests).verdict == Verdict.SURVIVED
 
     def _tests(self):
         """Where a function is changed, the tests that enter it. What stands outside of functions,
@@ -184,12 +188,15 @@ class _Programs:
             self._seconds[step] += time.monotonic() - started
 
 
+def _likeliest(tests, seconds, in_all):
+    """The first tests, as many as take a time together, and at least one."""
+    durations = accumulate(seconds[test] for test in tests)
+    return tests[: 1 + sum(1 for duration in durations if duration < in_all)]
+
+
 def _batches(tests, seconds):
     """The likeliest tests by themselves: the rest need not run when they fail."""
-    first, duration = 0, 0.0
-    while first < min(_FIRST_TESTS, len(tests)) and duration < _FIRST_SECONDS:
-        duration += seconds[tests[first]]
-        first += 1
+    first = len(_likeliest(tests[:_FIRST_TESTS], seconds, _FIRST_SECONDS))
     return [batch for batch in (tests[:first], tests[first:]) if batch]
 
 
