@@ -139,7 +139,7 @@ std::vector<Point2D> ThProfileCalculatorImpl::vertices() const {
   for (std::size_t i = 0; i < count; ++i) {
     points.push_back(m_chain.nodes()[i].point);
   }
-  if (!m_isClockwise && points.size() >= 2) std::reverse(points.begin() + 1, points.end());
+  if (!m_isClockwise) std::reverse(points.begin() + 1, points.end());
   return points;
 }
 

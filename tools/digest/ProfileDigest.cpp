@@ -118,19 +118,22 @@ void append(Nodes& nodes, const Nodes& more) {
   nodes.insert(nodes.end(), more.begin(), more.end());
 }
 
-/// What tunnels have below their vaults, at random: benches, a niche, ditches, a floor with
+/// What tunnels have below their vaults, at random: a bench, niches, a ditch, a floor with
 /// crossfall or a curved invert. Clockwise from the left foot.
 ProfilePtr shapedSection(Random& random) {
   const double width = random.uniform(4.0, 5.5);
-  const double wall = random.uniform(2.5, 3.5);
+  const double wall = random.uniform(3.5, 5.5);
   const double fall = random.uniform(-0.03, 0.03);
   const auto floor = [&](double x) { return fall * x; };
   const double left = random.uniform(-0.2, 0.2) - width;
   Nodes nodes = {{left, floor(left), 0}};
-  if (random.index(3) == 0) {
-    const double sill = random.uniform(0.9, 1.4);
+  double sill = 0.0;
+  for (std::size_t niches = random.index(4); niches > 0; --niches) {
+    sill += random.uniform(0.3, 0.5);
     const double back = left - random.uniform(0.2, 1.5);
-    append(nodes, {{left, sill, 0}, {back, sill, 0}, {back, sill + 0.7, 0}, {left, sill + 0.7, 0}});
+    const double lintel = sill + random.uniform(0.4, 0.7);
+    append(nodes, {{left, sill, 0}, {back, sill, 0}, {back, lintel, 0}, {left, lintel, 0}});
+    sill = lintel;
   }
   const double crown = random.uniform(-0.5, 0.5);
   const double rise = random.uniform(0.8, 1.1) * width;
@@ -146,7 +149,7 @@ ProfilePtr shapedSection(Random& random) {
   nodes.push_back({right, floor(right), 0});
   double invert = 0.0;
   if (random.index(2) == 0) {
-    const double near = right - random.uniform(0.3, 2.0);
+    const double near = right - random.uniform(0.0, 1.0) * (right - left - 0.9);
     const double far = near - random.uniform(0.4, 0.9);
     const double depth = random.uniform(0.2, 0.6);
     append(nodes, {{near, floor(near), 0},
@@ -230,7 +233,7 @@ void morphing() {
 
 void morphedShapes() {
   Random random(33);
-  for (int i = 0; i < 40; ++i) {
+  for (int i = 0; i < 60; ++i) {
     const ProfilePtr start = shapedSection(random);
     recordMorph(start, shapedSection(random));
     const ProfilePtr ragged = cave(random);

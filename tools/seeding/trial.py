@@ -112,12 +112,12 @@ class Trial:
         faulty, faultless = self._programs("sanitized", True), self._programs("faultless", True)
         if not faulty.compile(library, self._changed) or not faulty.compile(tests, self._changed):
             return False
-        tests = _likeliest(result.tests, self._reach.seconds, _SANITIZED_SECONDS)
-        caught = self._ask_tests(faulty, tests)
+        likeliest = _likeliest(result.tests, self._reach.seconds, _SANITIZED_SECONDS)
+        caught = self._ask_tests(faulty, likeliest)
         if caught.verdict != Verdict.CAUGHT or not faultless.compile(library + tests):
             return False
         result.caught_by = caught.caught_by
-        return self._ask_tests(faultless, tests).verdict == Verdict.SURVIVED
+        return self._ask_tests(faultless, likeliest).verdict == Verdict.SURVIVED
 
     def _tests(self):
         """Where a function is changed, the tests that enter it. What stands outside of functions,
