@@ -130,12 +130,31 @@ void axes() {
   onAxis(AxisPtr(AxisDefinitionFactory::createShaftAxis(1000, 2000, 500, 400, 100)), random);
 }
 
+namespace {
+
+/// Points that have one foot, several or none.
+void farFeet(const AxisCalculator& calculator, const AxisDefinition& axis, Random& random) {
+  for (int i = 0; i < 60; ++i) {
+    ENHPoint grid;
+    calculator.axisPointToEnhPoint(randomPoint(axis, random), grid, false, false);
+    const double reach = i % 4 == 0 ? 0.01 : 90.0;
+    const ENHPoint aside{random.uniform(-reach, reach), random.uniform(-reach, reach),
+                         random.uniform(-20.0, 20.0)};
+    AxisPoint found;
+    const ENHPoint point = measured(grid + aside);
+    const bool ok = calculator.enhPointToAxisPoint(point, found, i % 2 == 0, false);
+    record("far-feet", largest(grid), {double(ok), found.stationing, found.offset, found.height});
+  }
+}
+
+}  // namespace
+
 void enteredAxes() {
   Random random(20080602);
-  for (int i = 0; i < 12; ++i) {
+  for (int i = 0; i < 24; ++i) {
     const AxisPtr axis = TestSupport::newAxis();
     TestSupport::ChainBuilder plan(axis, 100.0, 600000.0, 200000.0, random.uniform(0.0, 6.0));
-    plan.printedTo(i % 2 == 0 ? 0.0005 : 0.02, random);
+    plan.printedTo(i % 3 == 0 ? 0.02 : 0.003, random);
     const double radius = random.sign() * random.uniform(40.0, 400.0);
     plan.straight(random.uniform(5.0, 50.0)).clothoid(0.0, radius, random.uniform(10.0, 60.0));
     plan.arc(radius, random.uniform(0.5, 1.5) * std::abs(radius));
@@ -163,6 +182,7 @@ void enteredAxes() {
     }
     record("profile-polyline", axis->getVeralPolyline(10.0).points());
     onAxis(axis, random);
+    farFeet(AxisCalculator(axis), *axis, random);
   }
 }
 

@@ -30,6 +30,7 @@ std::vector<Scene> scenes() {
           {"morphing", morphing},
           {"fits", fits},
           {"stations", stations},
+          {"fitsOfFewPoints", fitsOfFewPoints},
           {"enteredAxes", enteredAxes},
           {"morphedShapes", morphedShapes},
           {"tiltedStations", tiltedStations}};

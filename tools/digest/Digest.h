@@ -36,6 +36,7 @@ void outlines();
 void morphing();
 void morphedShapes();
 void fits();
+void fitsOfFewPoints();
 void stations();
 void tiltedStations();
 void angles();

@@ -118,49 +118,71 @@ void append(Nodes& nodes, const Nodes& more) {
   nodes.insert(nodes.end(), more.begin(), more.end());
 }
 
-/// What tunnels have below their vaults, at random: a bench, niches, a ditch, a floor with
-/// crossfall or a curved invert. Clockwise from the left foot.
+/// Turned, enlarged and closed.
+ProfilePtr placedAtRandom(Nodes nodes, Random& random) {
+  const double sine = random.uniform(-0.15, 0.15) * double(random.index(2));
+  const double cosine = std::sqrt(1.0 - sine * sine);
+  const double scale = random.index(3) == 0 ? random.uniform(0.3, 3.0) : 1.0;
+  for (TestSupport::ProfileNode& node : nodes) {
+    node = {scale * (cosine * node.x - sine * node.y), scale * (sine * node.x + cosine * node.y),
+            scale * node.radius};
+  }
+  nodes.front().radius = nodes.back().radius;
+  nodes.back() = nodes.front();
+  return TestSupport::profileThrough(nodes);
+}
+
+/// What tunnels have below their vaults, at random: leaning or arched walls, a bench, niches, a
+/// ditch, a floor with crossfall, in two parts or curved. Clockwise from the left foot.
 ProfilePtr shapedSection(Random& random) {
   const double width = random.uniform(4.0, 5.5);
   const double wall = random.uniform(3.5, 5.5);
-  const double fall = random.uniform(-0.03, 0.03);
+  const double fall = random.uniform(-0.06, 0.06);
   const auto floor = [&](double x) { return fall * x; };
-  const double left = random.uniform(-0.2, 0.2) - width;
-  Nodes nodes = {{left, floor(left), 0}};
+  const double lean = random.uniform(-0.1, 0.3) * double(random.index(2));
+  const double foot = random.uniform(-0.2, 0.2) - width;
+  const auto left = [&](double y) { return foot - lean * y; };
+  const auto right = [&](double y) { return width + lean * y; };
+  Nodes nodes = {{left(0), floor(left(0)), 0}};
   double sill = 0.0;
   for (std::size_t niches = random.index(4); niches > 0; --niches) {
     sill += random.uniform(0.3, 0.5);
-    const double back = left - random.uniform(0.2, 1.5);
+    const double depth = random.uniform(0.2, 1.5);
     const double lintel = sill + random.uniform(0.4, 0.7);
-    append(nodes, {{left, sill, 0}, {back, sill, 0}, {back, lintel, 0}, {left, lintel, 0}});
+    append(nodes, {{left(sill), sill, 0},
+                   {left(sill) - depth, sill, 0},
+                   {left(sill) - depth, lintel, 0},
+                   {left(lintel), lintel, 0}});
     sill = lintel;
   }
   const double crown = random.uniform(-0.5, 0.5);
-  const double rise = random.uniform(0.8, 1.1) * width;
-  append(nodes, {{left, wall, 0},
-                 {crown, wall + rise, width * random.uniform(1.0, 1.4)},
-                 {width, wall, width * random.uniform(1.0, 1.4)}});
-  double right = width;
+  const double rise = random.uniform(0.5, 1.2) * width;
+  append(nodes, {{left(wall), wall, 0},
+                 {crown, wall + rise, width * random.uniform(1.1, 1.6)},
+                 {right(wall), wall, width * random.uniform(1.1, 1.6)}});
+  const double bend = random.index(3) == 0 ? random.sign() * random.uniform(6.0, 30.0) : 0.0;
+  double end = right(0);
   if (random.index(2) == 0) {
-    const double height = random.uniform(0.3, 0.8);
-    right -= random.uniform(0.8, 1.4);
-    append(nodes, {{width, height, 0}, {right, height, 0}});
+    const double height = random.uniform(0.05, random.index(3) == 0 ? 3.0 : 0.9);
+    end -= random.uniform(0.2, 1.6);
+    append(nodes, {{right(height), height, bend}, {end, height, 0}, {end, floor(end), 0}});
+  } else {
+    nodes.push_back({end, floor(end), bend});
   }
-  nodes.push_back({right, floor(right), 0});
-  double invert = 0.0;
-  if (random.index(2) == 0) {
-    const double near = right - random.uniform(0.0, 1.0) * (right - left - 0.9);
+  const std::size_t kind = random.index(4);
+  const double near = end - random.uniform(0.0, 1.0) * (end - left(0) - 0.9);
+  if (kind < 2) {
     const double far = near - random.uniform(0.4, 0.9);
-    const double depth = random.uniform(0.2, 0.6);
+    const double depth = random.uniform(0.02, 1.2);
     append(nodes, {{near, floor(near), 0},
                    {near, floor(near) - depth, 0},
                    {far, floor(far) - depth, 0},
                    {far, floor(far), 0}});
-  } else if (random.index(2) == 0) {
-    invert = width * random.uniform(2.0, 4.0);
+  } else if (kind == 2) {
+    nodes.push_back({near, floor(near) - random.uniform(-0.2, 0.8), 0});
   }
-  nodes.push_back({nodes.front().x, nodes.front().y, invert});
-  return TestSupport::profileThrough(nodes);
+  nodes.push_back({0, 0, kind == 3 ? width * random.uniform(1.3, 6.0) : 0.0});
+  return placedAtRandom(nodes, random);
 }
 
 /// An outline that every ray from the centre meets once.
@@ -180,9 +202,13 @@ void recordMorph(const ProfilePtr& start, const ProfilePtr& end) {
     const auto profile = morpher.getMorphedProfile(t);
     record("morphed-shapes", 1.0, {double(profile != nullptr)});
     for (unsigned k = 0; profile && k < profile->getNumSegments(); ++k) {
-      record("morphed-shapes", {profile->getSegmentStartAt(k), profile->getSegmentEndAt(k)});
+      const Point2D from = profile->getSegmentStartAt(k);
+      const Point2D to = profile->getSegmentEndAt(k);
+      record("morphed-shapes", {from, to});
+      // The radius itself of flat and of short arcs is not well determined.
       const double radius = profile->getSegmentRadiusAt(k);
-      record("morphed-shapes", std::abs(radius) + 1.0, {radius});
+      const double chord = (to - from).length();
+      record("morphed-bulges", kSize, {radius == 0.0 ? 0.0 : chord * chord / radius});
     }
   }
 }
@@ -233,7 +259,7 @@ void morphing() {
 
 void morphedShapes() {
   Random random(33);
-  for (int i = 0; i < 60; ++i) {
+  for (int i = 0; i < 150; ++i) {
     const ProfilePtr start = shapedSection(random);
     recordMorph(start, shapedSection(random));
     const ProfilePtr ragged = cave(random);

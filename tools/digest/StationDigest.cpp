@@ -170,6 +170,30 @@ void fits() {
   }
 }
 
+/// Few points of thin ellipses, exact ones and noisy ones, and points that are left out.
+void fitsOfFewPoints() {
+  Random random(45);
+  for (int i = 0; i < 60; ++i) {
+    const double a = random.uniform(0.5, 20.0);
+    const double b = a * random.uniform(0.05, 1.2);
+    const double far = i % 2 == 0 ? 0.0 : random.uniform(-900.0, 900.0);
+    std::vector<Point2D> points;
+    for (std::size_t n = 6 + random.index(9); n > 0; --n) {
+      const double t = random.uniform(-4.0, 4.0);
+      const double noise = i % 3 == 0 ? 1.0 : random.uniform(0.98, 1.02);
+      points.emplace_back(far + a * noise * (1.0 - t * t) / (1.0 + t * t),
+                          b * noise * 2.0 * t / (1.0 + t * t) - far);
+    }
+    points[random.index(points.size())] = Point2D(far + 1.5 * a, -far);  // a stray
+    std::vector<bool> used(points.size(), true);
+    used[random.index(used.size())] = false;
+    record("fits-of-few", FittingHelper::ellipseFitFitzgibbon(points, used, i % 5));
+    record("fits-of-few", FittingHelper::circleFitKasa(points));
+    record("fits-of-few", FittingHelper::circleFitLandau(points));
+    record("fits-of-few", FittingHelper::circleFitRuvLegacy(points));
+  }
+}
+
 void stations() {
   Random random(42);
   for (int i = 0; i < 40; ++i) {
