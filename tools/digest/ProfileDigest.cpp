@@ -196,6 +196,29 @@ ProfilePtr cave(Random& random) {
   return TestSupport::profileThrough(nodes);
 }
 
+/// A circle without a floor, with a niche in either wall or in none.
+ProfilePtr roundSection(Random& random) {
+  const double radius = random.uniform(3.5, 5.5);
+  const auto at = [&](double turn, double arc) {
+    const Point2D p = onUnitCircle(turn) * radius;
+    return TestSupport::ProfileNode{p.x, p.y, arc};
+  };
+  Nodes nodes = {at(0.0, 0)};
+  const auto wall = [&](double from) {
+    const TestSupport::ProfileNode before = at(from, radius);
+    nodes.push_back(before);
+    if (random.index(2) == 0) return;
+    const TestSupport::ProfileNode behind = at(from - random.uniform(0.02, 0.05), 0);
+    const double back = before.x * random.uniform(1.3, 1.6);
+    append(nodes, {{back, before.y, 0}, {back, behind.y, 0}, behind});
+  };
+  wall(random.uniform(0.72, 0.88));
+  nodes.push_back(at(0.5, radius));
+  wall(random.uniform(0.17, 0.28));
+  nodes.push_back(at(0.0, radius));
+  return placedAtRandom(nodes, random);
+}
+
 void recordMorph(const ProfilePtr& start, const ProfilePtr& end) {
   const ThProfileMorpher morpher(start, end, 0.0, 1.0);
   for (const double t : {0.15, 0.6}) {
@@ -264,6 +287,8 @@ void morphedShapes() {
     recordMorph(start, shapedSection(random));
     const ProfilePtr ragged = cave(random);
     recordMorph(ragged, i % 2 == 0 ? cave(random) : start);
+    const ProfilePtr round = roundSection(random);
+    recordMorph(round, i % 3 == 0 ? start : roundSection(random));
   }
 }
 

@@ -370,6 +370,9 @@ TEST(ThProfileMorpher, LeavesItsEndsWithoutAJump) {
   for (const auto& [start, end] : {std::pair(arched, crowded), {low, crowded}, {arched, gutter}}) {
     EXPECT_LT(distanceBetween(morphed(start, end, 1e-9), start), 1e-6);
     EXPECT_LT(distanceBetween(morphed(start, end, 1 - 1e-9), end), 1e-6);
+    // A stationing that rounding takes for the end of the way.
+    const ThProfileMorpher longWay(end, start, -1e6, 1);
+    EXPECT_LT(distanceBetween(longWay.getMorphedProfile(std::nextafter(1.0, 0.0)), start), 1e-6);
   }
 }
 

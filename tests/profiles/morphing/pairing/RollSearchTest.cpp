@@ -18,6 +18,7 @@ using namespace Ruv;
 using namespace Ruv::Calculations;
 using TestSupport::Random;
 
+constexpr double kPi = 3.141592653589793;
 constexpr double kLargest = 0.2;  // the roll up to which all of it is followed
 
 /// A cavern of straights and arcs of both senses, no two of them alike.
@@ -165,10 +166,22 @@ TEST(RollSearch, FollowsNothingThatTurningDoesNotExplain) {
     piece.end.y *= piece.end.y > 1.0 ? 1.5 : 1.0;
   }
   EXPECT_EQ(rollBetween({start, false}, {taller, false}, kLargest), 0.0);
-  const TurningChords circle = {{{-3, 0}, {3, 0}, 3.141592653589793},
-                                {{3, 0}, {-3, 0}, 3.141592653589793}};
-  EXPECT_NEAR(rollBetween({circle, false}, {placed(circle, 0.1, 1.0, {}), false}, kLargest), 0.0,
-              1e-6);
+  Random random(6);
+  for (int i = 0; i < 10; ++i) {
+    const double first = random.uniform(1.0, 2.6);
+    const double second = random.uniform(1.0, 2.6);
+    double bearing = random.uniform(0.0, 6.0);
+    Point2D node = Point2D(std::sin(bearing), std::cos(bearing)) * 3.0;
+    TurningChords circle;
+    for (const double turning : {first, second, 2.0 * kPi - first - second}) {
+      bearing += turning;
+      const Point2D next = Point2D(std::sin(bearing), std::cos(bearing)) * 3.0;
+      circle.push_back({node, next, turning});
+      node = next;
+    }
+    const TurningChords other = placed(circle, 0.1, 1.0, {6e5, 2e5});
+    EXPECT_NEAR(rollBetween({circle, false}, {other, false}, kLargest), 0.0, 1e-6);
+  }
 }
 
 }  // namespace
