@@ -49,7 +49,7 @@ void record(const std::string& group, double scale, const std::vector<double>& v
   }
 }
 
-void PrintTo(const Scene& scene, std::ostream* out) { *out << scene.name; }
+std::ostream& operator<<(std::ostream& out, const Scene& scene) { return out << scene.name; }
 
 }  // namespace Digest
 
