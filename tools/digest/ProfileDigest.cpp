@@ -163,11 +163,16 @@ ProfilePtr shapedSection(Random& random) {
   const double bend = random.index(3) == 0 ? random.sign() * random.uniform(6.0, 30.0) : 0.0;
   double end = right(0);
   if (random.index(2) == 0) {
-    const double height = random.uniform(0.05, random.index(3) == 0 ? 3.0 : 0.9);
+    const double most = random.index(3) == 0 ? 0.99 * wall : 0.9;
+    const double height = random.uniform(0.05 * most, most);
     end -= random.uniform(0.2, 1.6);
     append(nodes, {{right(height), height, bend}, {end, height, 0}, {end, floor(end), 0}});
   } else {
-    nodes.push_back({end, floor(end), bend});
+    // The wall may reach below the floor.
+    const double below = random.uniform(0.0, 0.8) * double(random.index(2));
+    nodes.push_back({end, floor(end) - below, bend});
+    end -= below;
+    if (below > 0.0) nodes.push_back({end, floor(end), 0});
   }
   const std::size_t kind = random.index(4);
   const double near = end - random.uniform(0.0, 1.0) * (end - left(0) - 0.9);
