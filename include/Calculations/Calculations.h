@@ -9,6 +9,7 @@
 #include <Calculations/AxisDefinition.h>
 #include <Calculations/AxisMapper.h>
 #include <Calculations/BlockAxisDefinition.h>
+#include <Calculations/ClipperLib.h>
 #include <Calculations/Export.h>
 #include <Calculations/FittingHelper.h>
 #include <Calculations/FittingResult.h>

@@ -5,12 +5,11 @@
 #ifndef CALCULATIONS_PATH_HELPER_H
 #define CALCULATIONS_PATH_HELPER_H
 
+#include <Calculations/ClipperLib.h>
 #include <Calculations/Export.h>
 #include <Calculations/Paths.h>
 #include <Calculations/PointLists.h>
 #include <Calculations/Points.h>
-
-#include <clipper.hpp>
 
 #include <vector>
 

@@ -10,7 +10,12 @@ Polyline::Polyline(const std::vector<Point2D>& points) : m_points(points) {}
 
 Polyline::Polyline(const Polyline& other) = default;
 
-Polyline& Polyline::operator=(const Polyline& other) = default;
+/// Copies before it changes anything, so that the line stays as it is when memory runs out.
+Polyline& Polyline::operator=(const Polyline& other) {
+  std::vector<Point2D> copies = other.m_points;
+  m_points.swap(copies);
+  return *this;
+}
 
 Polyline::~Polyline() = default;
 
@@ -22,7 +27,12 @@ Polygon::Polygon(const std::vector<Point2D>& points) : m_points(points) {}
 
 Polygon::Polygon(const Polygon& other) = default;
 
-Polygon& Polygon::operator=(const Polygon& other) = default;
+/// As that of lines.
+Polygon& Polygon::operator=(const Polygon& other) {
+  std::vector<Point2D> copies = other.m_points;
+  m_points.swap(copies);
+  return *this;
+}
 
 Polygon::~Polygon() = default;
 

@@ -7,7 +7,7 @@
 
 #include "profiles/paths/FailsafeClipper.h"
 
-#include <clipper.hpp>
+#include <Calculations/ClipperLib.h>
 
 namespace Ruv {
 namespace Calculations {

@@ -5,7 +5,7 @@
 #ifndef CALCULATIONS_PROFILES_PATHS_FAILSAFE_CLIPPER_H
 #define CALCULATIONS_PROFILES_PATHS_FAILSAFE_CLIPPER_H
 
-#include <clipper.hpp>
+#include <Calculations/ClipperLib.h>
 
 #include <exception>
 #include <vector>

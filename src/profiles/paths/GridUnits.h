@@ -5,9 +5,8 @@
 #ifndef CALCULATIONS_PROFILES_PATHS_GRID_UNITS_H
 #define CALCULATIONS_PROFILES_PATHS_GRID_UNITS_H
 
+#include <Calculations/ClipperLib.h>
 #include <Calculations/Points.h>
-
-#include <clipper.hpp>
 
 #include <algorithm>
 #include <cmath>

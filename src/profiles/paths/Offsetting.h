@@ -8,7 +8,7 @@
 #include "profiles/paths/FailsafeClipper.h"
 #include "profiles/paths/GridUnits.h"
 
-#include <clipper.hpp>
+#include <Calculations/ClipperLib.h>
 
 #include <cmath>
 

@@ -101,8 +101,9 @@ Path::Path() : m_impl(new PathImpl) {}
 Path::Path(const Path& other) : m_impl(new PathImpl(*other.m_impl)) {}
 Path::~Path() = default;
 
+/// Copies before it changes anything, so that the path stays as it is when memory runs out.
 Path& Path::operator=(const Path& other) {
-  *m_impl = *other.m_impl;
+  *m_impl = PathImpl(*other.m_impl);
   return *this;
 }
 

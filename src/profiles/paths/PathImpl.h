@@ -7,9 +7,8 @@
 
 #include "profiles/paths/Clipping.h"
 
+#include <Calculations/ClipperLib.h>
 #include <Calculations/Paths.h>
-
-#include <clipper.hpp>
 
 #include <utility>
 

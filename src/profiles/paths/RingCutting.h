@@ -5,7 +5,7 @@
 #ifndef CALCULATIONS_PROFILES_PATHS_RING_CUTTING_H
 #define CALCULATIONS_PROFILES_PATHS_RING_CUTTING_H
 
-#include <clipper.hpp>
+#include <Calculations/ClipperLib.h>
 
 namespace Ruv {
 namespace Calculations {
