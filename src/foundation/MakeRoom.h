@@ -19,6 +19,16 @@ void makeRoomFor(std::size_t count, std::vector<T>& list) {
   if (needed > list.capacity()) list.reserve(std::max(needed, 2 * list.capacity()));
 }
 
+/// A copy of a list whose elements may fail to be copied. LLVM's standard library before version 16
+/// loses the memory of the list when its own constructor meets such a failure.
+template <class T>
+std::vector<T> copyOf(const std::vector<T>& list) {
+  std::vector<T> copy;
+  copy.reserve(list.size());
+  copy.insert(copy.end(), list.begin(), list.end());
+  return copy;
+}
+
 }  // namespace Ruv
 
 #endif

@@ -59,8 +59,9 @@ std::vector<Polyline> MeasuredProfileCalculatorImpl::linesOf(const IProfileSegme
     return polylinesOf(Pathes::linesWithin(Pathes(outline), filters.allowedArea(), clean));
   }
   // A profile without segments has no outline, which is not the same as an empty one.
-  if (profile.getNumSegments() == 0) return {};
-  return {polylineOf(outline)};
+  std::vector<Polyline> lines;
+  if (profile.getNumSegments() > 0) lines.push_back(polylineOf(outline));
+  return lines;
 }
 
 double MeasuredProfileCalculatorImpl::areaOf(const Path& outline) const {

@@ -64,7 +64,7 @@ class PointDeterminationImpl {
     FixPointMatcher matcher(settings, pointsInIdOrder, localPoints());
     if (!search(matcher)) return false;
     const bool isFirst = solutions.empty();
-    appendSolutions(matcher.solutions(), idOrder);
+    appendSolutions(copyOf(matcher.solutions()), idOrder);
     if (isFirst) {
       ofFirstSolution = {settings, fixPoints.entries().size(), measurements.entries().size()};
     }

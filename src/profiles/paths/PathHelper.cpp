@@ -4,6 +4,7 @@
 
 #include <Calculations/PathHelper.h>
 
+#include "foundation/MakeRoom.h"
 #include "profiles/paths/GridUnits.h"
 #include "profiles/paths/LineSimplification.h"
 #include "profiles/paths/PathImpl.h"
@@ -49,7 +50,7 @@ ClipperLib::Paths PathHelper::clipperLibPathsFromPathes(const Pathes& paths) {
 }
 
 Pathes PathHelper::pathesFromClipperLibPaths(const ClipperLib::Paths& paths) {
-  return PathImpl::pathesOf(paths);
+  return PathImpl::pathesOf(copyOf(paths));
 }
 
 Polygon PathHelper::profileAreaFromPath(const Path& path) { return polygonOf(path); }

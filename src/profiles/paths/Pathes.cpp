@@ -8,6 +8,7 @@
 
 #include <Calculations/Paths.h>
 
+#include "foundation/MakeRoom.h"
 #include "foundation/MathConstants.h"
 #include "profiles/paths/Bands.h"
 #include "profiles/paths/Clipping.h"
@@ -30,13 +31,14 @@ double startOfSum(const Pathes& paths) { return PathImpl::isFailure(paths) ? kNo
 }  // namespace
 
 Pathes::Pathes() = default;
-Pathes::Pathes(const Path& path) : m_paths(1, path) {}
-Pathes::Pathes(const Pathes& other) = default;
+Pathes::Pathes(const Path& path) { addPath(path); }
+Pathes::Pathes(const Pathes& other)
+    : m_paths(copyOf(other.m_paths)), m_isFailed(other.m_isFailed) {}
 Pathes::~Pathes() = default;
 
 /// Copies before it changes anything, so that the list stays as it is when memory runs out.
 Pathes& Pathes::operator=(const Pathes& other) {
-  std::vector<Path> copies = other.m_paths;
+  std::vector<Path> copies = copyOf(other.m_paths);
   m_paths.swap(copies);
   m_isFailed = other.m_isFailed;
   return *this;
@@ -128,7 +130,8 @@ Pathes simplePieces(const Pathes& bands) {
 Pathes Pathes::linesWithin(const Pathes& lines, const Pathes& area, bool clean) {
   return clippedBy([&] {
     ClipperLib::Paths inside = linesInside(viewsOf(lines), viewsOf(area));
-    return clean ? simplified(inside, kCleaningDistanceUnits) : inside;
+    if (clean) inside = simplified(inside, kCleaningDistanceUnits);
+    return inside;
   });
 }
 

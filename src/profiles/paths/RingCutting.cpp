@@ -69,9 +69,9 @@ void collectRings(const ClipperLib::PolyNode& parent, std::vector<Ring>& rings) 
   }
 }
 
-std::vector<Ring> ringsWithin(const ClipperLib::Paths& paths, const ClipperLib::Path& area) {
+std::vector<Ring> ringsWithin(const PathViews& paths, const ClipperLib::Path& area) {
   FailsafeClipper clipper;
-  clipper.add(viewsOf(paths), ClipperLib::ptSubject, true);
+  clipper.add(paths, ClipperLib::ptSubject, true);
   clipper.add({&area}, ClipperLib::ptClip, true);
   ClipperLib::PolyTree tree;
   clipper.writeTo(tree, ClipperLib::ctIntersection);
@@ -100,8 +100,8 @@ void cutRing(const Ring& ring, ClipperLib::Paths& pieces) {
   }
   const auto median = middles.begin() + static_cast<std::ptrdiff_t>(middles.size() / 2);
   std::nth_element(middles.begin(), median, middles.end());
-  ClipperLib::Paths paths = ring.holes;
-  paths.push_back(ring.outline);
+  PathViews paths = viewsOf(ring.holes);
+  paths.push_back(&ring.outline);
   Bounds left = boundsOf(ring.outline);
   Bounds right = left;
   left.right = *median;
@@ -135,7 +135,7 @@ bool areApart(const Bounds& a, const Bounds& b) {
 /// Area of what two outlines share, by clipping one with the other.
 double commonArea(const ClipperLib::Path& a, const ClipperLib::Path& b) {
   double area = 0.0;
-  for (const Ring& ring : ringsWithin({a}, b)) {
+  for (const Ring& ring : ringsWithin({&a}, b)) {
     area += ClipperLib::Area(ring.outline);
     for (const ClipperLib::Path& hole : ring.holes) {
       area += ClipperLib::Area(hole);
