@@ -529,10 +529,16 @@ void addFits(std::vector<Scene>& scenes) {
            })
       .add("InLists", [](std::vector<Point2D>& all) {
         const Polygon polygon{all};
-        Polyline line{all};
-        line = Polyline(polygon.points());
-        return numbersOf(Polygon(polygon), line);
+        return numbersOf(Polygon(polygon), Polyline(polygon.points()));
       });
+  using Lists = std::pair<Polyline, Polygon>;
+  const std::vector<Point2D> one = {{1, 2}};
+  const std::vector<Point2D> many = {{3, 4}, {5, 7}, {6, 9}};
+  SceneOf<Lists>(
+      scenes, "List", [=] { return std::make_shared<Lists>(one, one); },
+      [](Lists& lists) { return numbersOf(lists.first, lists.second); })
+      .add("OfALineIsAssigned", [=](Lists& lists) { lists.first = Polyline(many); })
+      .add("OfAPolygonIsAssigned", [=](Lists& lists) { lists.second = Polygon(many); });
 }
 
 // --- Stations
