@@ -83,8 +83,11 @@ BruteForceFoot nearestPlace(const CPlaneCurve& curve, const Point2D& p) {
   const auto distanceAt = [&](double l) { return (p - curve.at(l).position).length(); };
   const double step = curve.length() / kSteps;
   int best = 0;
+  double least = distanceAt(0.0);
   for (int i = 1; i <= kSteps; ++i) {
-    if (distanceAt(step * i) < distanceAt(step * best)) best = i;
+    const double distance = distanceAt(step * i);
+    if (distance < least) best = i;
+    least = std::min(least, distance);
   }
   double low = std::max(0.0, step * (best - 1));
   double high = std::min(curve.length(), step * (best + 1));
