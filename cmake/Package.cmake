@@ -79,6 +79,9 @@ if(BUILD_PYTHON)
   set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS ON)
   set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
     "python3 (>= 3.${Python3_VERSION_MINOR}~), python3 (<< 3.${nextPython}), python3-numpy")
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_SOURCE_DIR}/cmake/packaging/debian/python/postinst
+    ${PROJECT_SOURCE_DIR}/cmake/packaging/debian/python/prerm)
   set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS "python3-dask, python3-distributed, python3-matplotlib")
   set(CPACK_DEBIAN_PYTHON_DESCRIPTION "${abilities}
 .
