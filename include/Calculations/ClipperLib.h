@@ -5,8 +5,8 @@
 #ifndef CALCULATIONS_CLIPPER_LIB_H
 #define CALCULATIONS_CLIPPER_LIB_H
 
-// Its exception is thrown by one shared library and caught by another. LLVM's runtime compares types
-// by their address, so the type must not be hidden in any of them, however they are compiled.
+// Its exception is thrown by one shared library and caught by another. LLVM's runtime compares
+// types by their address, so the type must not be hidden in any of them, however they are compiled.
 #if defined(__GNUC__) && !defined(_WIN32)
 namespace ClipperLib {
 class __attribute__((visibility("default"))) clipperException;
