@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSL-1.0
 /// @file
-/// Room in a list before anything is added to it.
+/// Lists when memory may run out: room before anything is added, and copies.
 
 #ifndef CALCULATIONS_FOUNDATION_MAKE_ROOM_H
 #define CALCULATIONS_FOUNDATION_MAKE_ROOM_H
