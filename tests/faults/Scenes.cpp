@@ -37,23 +37,27 @@ class SceneOf {
   /// @param act on the object, with or without an answer
   template <class Act>
   SceneOf& add(const std::string& name, const Act& act) {
-    const auto call = [act](Object& object) {
+    addCall(name, [act](Object& object) {
       if constexpr (std::is_void_v<decltype(act(object))>) {
         act(object);
         return Numbers();
       } else {
         return Numbers(act(object));
       }
-    };
+    });
+    return *this;
+  }
+
+ private:
+  /// No template for each act: those take long to compile.
+  void addCall(const std::string& name, const Call& call) {
     m_scenes.push_back({m_prefix + name, [make = m_make, state = m_state, call] {
                           const std::shared_ptr<Object> object = make();
                           return Play{[object, call] { return call(*object); },
                                       [object, state] { return state(*object); }};
                         }});
-    return *this;
   }
 
- private:
   std::vector<Scene>& m_scenes;
   std::string m_prefix;
   Make m_make;

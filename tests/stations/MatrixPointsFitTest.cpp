@@ -17,6 +17,13 @@ using Eigen::MatrixXd;
 using Ruv::Calculations::MatrixPointsFit;
 using namespace TestSupport;
 
+// Written once: every kind of product takes the compiler as long as a source of the library.
+MatrixXd product(const MatrixXd& a, const MatrixXd& b) { return a * b; }
+MatrixXd centroid(const MatrixXd& points) { return points.rowwise().mean(); }
+MatrixXd reduced(const MatrixXd& points) {
+  return points - centroid(points).replicate(1, points.cols());
+}
+
 MatrixXd randomPoints(Random& random, Eigen::Index dimension, Eigen::Index count) {
   return MatrixXd::NullaryExpr(dimension, count, [&] { return random.uniform(-20.0, 20.0); });
 }
@@ -51,8 +58,8 @@ TEST(MatrixPointsFit, IsTheBestRotationEvenOfMirrorImages) {
     const Eigen::Index dimension = 2 + i % 3;
     const MatrixXd points = randomPoints(random, dimension, 6);
     const MatrixXd rotation = randomRotation(random, dimension);
-    const Eigen::VectorXd shift = randomPoints(random, dimension, 1);
-    MatrixXd candidates = (rotation * points).colwise() + shift;
+    const MatrixXd shift = randomPoints(random, dimension, 1);
+    MatrixXd candidates = product(rotation, points) + shift.replicate(1, points.cols());
     const MatrixPointsFit exact(points, candidates);
     EXPECT_TRUE(exact.rotation().isApprox(rotation, 1e-13));
     EXPECT_TRUE(exact.translation().isApprox(shift, 1e-12));
@@ -61,13 +68,12 @@ TEST(MatrixPointsFit, IsTheBestRotationEvenOfMirrorImages) {
     if (i % 2 == 0) candidates.row(0) *= -1.0;
     const MatrixPointsFit fit(points, candidates);
     const MatrixXd& r = fit.rotation();
-    EXPECT_TRUE((r * r.transpose()).isIdentity(1e-13));
+    EXPECT_TRUE(product(r, r.transpose()).isIdentity(1e-13));
     EXPECT_NEAR(determinantOf(r), 1.0, 1e-13);
-    const Eigen::VectorXd moved = r * points.rowwise().mean() + fit.translation();
-    EXPECT_TRUE(moved.isApprox(candidates.rowwise().mean(), 1e-12));
+    const MatrixXd moved = product(r, centroid(points)) + fit.translation();
+    EXPECT_TRUE(moved.isApprox(centroid(candidates), 1e-12));
     // The trace of this matrix is stationary when it is symmetric.
-    const MatrixXd spread = r * (points.colwise() - points.rowwise().mean()) *
-                            (candidates.colwise() - candidates.rowwise().mean()).transpose();
+    const MatrixXd spread = product(product(r, reduced(points)), reduced(candidates).transpose());
     EXPECT_TRUE(spread.isApprox(spread.transpose(), 1e-12));
     // It is largest when no further turn adds to it.
     for (int k = 0; k < 50; ++k) {
@@ -78,7 +84,7 @@ TEST(MatrixPointsFit, IsTheBestRotationEvenOfMirrorImages) {
 }
 
 TEST(MatrixPointsFit, OfEqualDegenerateSetsIsTheIdentity) {
-  const MatrixXd line = Eigen::Vector3d(1.0, 2.0, 3.0) * Eigen::RowVector4d(0, 1, 2, 5);
+  const MatrixXd line = product(Eigen::Vector3d(1, 2, 3), Eigen::RowVector4d(0, 1, 2, 5));
   const MatrixXd place = Eigen::Vector3d(1.0, 2.0, 3.0).replicate(1, 4);
   for (const MatrixXd& points : {line, place, MatrixXd(3, 0)}) {
     const MatrixPointsFit fit(points, points);
@@ -90,22 +96,23 @@ TEST(MatrixPointsFit, OfEqualDegenerateSetsIsTheIdentity) {
 TEST(MatrixPointsFit, OfPointsOnALineIsTheMostUpright) {
   Random random(29);
   for (int i = 0; i < 200; ++i) {
-    const Eigen::Vector3d from = randomPoints(random, 3, 1).normalized();
-    const Eigen::Vector3d to = randomPoints(random, 3, 1).normalized();
-    Eigen::MatrixXd points = from * Eigen::RowVector4d(0, 3, 7, 12);
+    const MatrixXd from = randomPoints(random, 3, 1).normalized();
+    const MatrixXd to = randomPoints(random, 3, 1).normalized();
+    const MatrixXd distances = Eigen::RowVector4d(0, 3, 7, 12);
+    MatrixXd points = product(from, distances);
     // At grid coordinates rounding bends the line.
-    const Eigen::MatrixXd candidates =
-        (to * Eigen::RowVector4d(0, 3, 7, 12)).colwise() + Eigen::Vector3d(6e5, 5e6, 500.0);
+    const MatrixXd candidates =
+        product(to, distances) + Eigen::Vector3d(6e5, 5e6, 500.0).replicate(1, 4);
     // Measured points that stray from it leave the best rotation as open.
     if (i % 2 == 0) points += 0.001 * randomPoints(random, 3, 4);
     const MatrixPointsFit fit(points, candidates);
-    const Eigen::MatrixXd& r = fit.rotation();
-    EXPECT_TRUE((r * r.transpose()).isIdentity(1e-13));
-    const Eigen::MatrixXd reduced = points.colwise() - points.rowwise().mean();
-    EXPECT_NEAR((r * reduced - to * to.transpose() * (r * reduced)).norm() / reduced.norm(), 0.0,
-                i % 2 == 0 ? 0.01 : 1e-9);
+    const MatrixXd& r = fit.rotation();
+    EXPECT_TRUE(product(r, r.transpose()).isIdentity(1e-13));
+    const MatrixXd turned = product(r, reduced(points));
+    const MatrixXd onLine = product(to, product(to.transpose(), turned));
+    EXPECT_NEAR((turned - onLine).norm() / turned.norm(), 0.0, i % 2 == 0 ? 0.01 : 1e-9);
     // A line cannot rise by another angle without tilting by the difference.
-    const double rise = std::asin(from.z()) - std::asin(to.z());
+    const double rise = std::asin(from(2)) - std::asin(to(2));
     EXPECT_NEAR(r(2, 2), std::cos(rise), i % 2 == 0 ? 0.01 : 1e-8);
   }
 }
