@@ -155,10 +155,12 @@ void enteredAxes() {
     const AxisPtr axis = TestSupport::newAxis();
     TestSupport::ChainBuilder plan(axis, 100.0, 600000.0, 200000.0, random.uniform(0.0, 6.0));
     plan.printedTo(i % 3 == 0 ? 0.02 : 0.003, random);
-    const double radius = random.sign() * random.uniform(40.0, 400.0);
+    double radius = random.uniform(40.0, 400.0);
+    radius *= random.sign();
+    const double other = -radius * random.uniform(0.5, 2.0);
     plan.straight(random.uniform(5.0, 50.0)).clothoid(0.0, radius, random.uniform(10.0, 60.0));
     plan.arc(radius, random.uniform(0.5, 1.5) * std::abs(radius));
-    plan.clothoid(radius, -radius * random.uniform(0.5, 2.0), random.uniform(10.0, 60.0));
+    plan.clothoid(radius, other, random.uniform(10.0, 60.0));
     plan.turn(i % 3 == 0 ? random.uniform(-0.3, 0.3) : 0.0).straight(random.uniform(5.0, 50.0));
     double height = 400.0;
     double stationing = 90.0;
@@ -176,7 +178,8 @@ void enteredAxes() {
     axis->addVeralPointKink(3000.0, height);
     axis->addTransSlopeSegmentLinear(100.0, 150.0, random.uniform(-5.0, 5.0), 2.5);
     axis->addTransSlopeSegmentConstant(150.0, 3000.0, 2.5);
-    axis->setStationingMappingValues(random.uniform(-50.0, 200.0), random.uniform(-100.0, 1000.0));
+    const double mapped = random.uniform(-50.0, 200.0);
+    axis->setStationingMappingValues(mapped, random.uniform(-100.0, 1000.0));
     for (const Misclosure& gap : axis->misclosures()) {
       record("misclosures", 600000.0, {gap.distance, gap.directionBreak});
     }

@@ -118,9 +118,15 @@ void append(Nodes& nodes, const Nodes& more) {
   nodes.insert(nodes.end(), more.begin(), more.end());
 }
 
+/// A number of a range, or 0 half of the time.
+double oftenNone(double low, double high, Random& random) {
+  const double drawn = random.uniform(low, high);
+  return random.index(2) == 0 ? 0.0 : drawn;
+}
+
 /// Turned, enlarged and closed.
 ProfilePtr placedAtRandom(Nodes nodes, Random& random) {
-  const double sine = random.uniform(-0.15, 0.15) * double(random.index(2));
+  const double sine = oftenNone(-0.15, 0.15, random);
   const double cosine = std::sqrt(1.0 - sine * sine);
   const double scale = random.index(3) == 0 ? random.uniform(0.3, 3.0) : 1.0;
   for (TestSupport::ProfileNode& node : nodes) {
@@ -139,7 +145,7 @@ ProfilePtr shapedSection(Random& random) {
   const double wall = random.uniform(3.5, 5.5);
   const double fall = random.uniform(-0.06, 0.06);
   const auto floor = [&](double x) { return fall * x; };
-  const double lean = random.uniform(-0.1, 0.3) * double(random.index(2));
+  const double lean = oftenNone(-0.1, 0.3, random);
   const double foot = random.uniform(-0.2, 0.2) - width;
   const auto left = [&](double y) { return foot - lean * y; };
   const auto right = [&](double y) { return width + lean * y; };
@@ -160,7 +166,8 @@ ProfilePtr shapedSection(Random& random) {
   append(nodes, {{left(wall), wall, 0},
                  {crown, wall + rise, width * random.uniform(1.1, 1.6)},
                  {right(wall), wall, width * random.uniform(1.1, 1.6)}});
-  const double bend = random.index(3) == 0 ? random.sign() * random.uniform(6.0, 30.0) : 0.0;
+  double bend = random.index(3) == 0 ? random.uniform(6.0, 30.0) : 0.0;
+  bend *= random.sign();
   double end = right(0);
   if (random.index(2) == 0) {
     const double most = random.index(3) == 0 ? 0.99 * wall : 0.9;
@@ -169,7 +176,7 @@ ProfilePtr shapedSection(Random& random) {
     append(nodes, {{right(height), height, bend}, {end, height, 0}, {end, floor(end), 0}});
   } else {
     // The wall may reach below the floor.
-    const double below = random.uniform(0.0, 0.8) * double(random.index(2));
+    const double below = oftenNone(0.0, 0.8, random);
     nodes.push_back({end, floor(end) - below, bend});
     end -= below;
     if (below > 0.0) nodes.push_back({end, floor(end), 0});
