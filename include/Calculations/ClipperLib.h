@@ -7,7 +7,8 @@
 
 // Its exception is thrown by one shared library and caught by another. LLVM's runtime compares
 // types by their address, so the type must not be hidden in any of them, however they are compiled.
-#if defined(__GNUC__) && !defined(_WIN32)
+// A caller who has included the clipper before has decided on this already.
+#if defined(__GNUC__) && !defined(_WIN32) && !defined(clipper_hpp)
 namespace ClipperLib {
 class __attribute__((visibility("default"))) clipperException;
 }
