@@ -209,33 +209,6 @@ def _limit(seconds, memory):
         resource.setrlimit(resource.RLIMIT_AS, (memory, memory))
 
 
-def _run(self, step, *arguments, **options):
-        started = time.monotonic()
-        try:
-            return _run(*arguments, **options)
-        finally:
-            self._seconds[step] += time.monotonic() - started
-
-
-def _batches(tests, seconds):
-    """The likeliest tests by themselves: the rest need not run when they fail."""
-    first, duration = 0, 0.0
-    while first < min(_FIRST_TESTS, len(tests)) and duration < _FIRST_SECONDS:
-        duration += seconds[tests[first]]
-        first += 1
-    return [batch for batch in (tests[:first], tests[first:]) if batch]
-
-
-def _limit_files():
-    resource.setrlimit(resource.RLIMIT_FSIZE, (_OUTPUT, _OUTPUT))
-    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
-
-
-def _limit_files_and_memory():
-    _limit_files()
-    resource.setrlimit(resource.RLIMIT_AS, (_MEMORY, _MEMORY))
-
-
 def _run(command, seconds, cwd, output=None, limit=None):
     """The exit code, or None after the time."""
     with open(output or "/dev/null", "w") as sink:
