@@ -17,7 +17,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 namespace Ruv {
 
@@ -52,7 +51,8 @@ double reachBeside(const CPlacedCurve& path) {
       std::max(std::abs(path.curve.at(0.0).curvature), std::abs(path.curve.end().curvature)) /
       path.scale;
   const double bend = std::min(length, curvature * length * length / 2.0) + drift * length;
-  return std::min(kLargestBeside / curvature, kLargestRadius) - bend;
+  const bool isNearlyStraight = curvature * kLargestRadius <= kLargestBeside;
+  return (isNearlyStraight ? kLargestRadius : kLargestBeside / curvature) - bend;
 }
 
 }  // namespace

@@ -654,6 +654,14 @@ Numbers alongAxis(const std::string& name) {
     calculator.enhPointToAxisPointVertical(point + ENHPoint(90, -40, 5), back);
     append(numbers, back);
     append(numbers, AxisProperties(calculator, stationing).azimuth);
+    // Some points near each other, as scans have them.
+    const std::vector<ENHPoint> scan(8, point);
+    std::vector<AxisPoint> places(scan.size());
+    for (const bool perpendicular : {false, true}) {
+      calculator.enhPointsToAxisPoints(scan.data(), scan.size(), places.data(), nullptr,
+                                       perpendicular, true);
+      append(numbers, places);
+    }
   }
   AxisPoint place;
   ENHPoint point;
