@@ -139,9 +139,8 @@ def test_chunks_that_cannot_be_read(axis, scan, tmp_path):
 
 @pytest.fixture(scope="module")
 def cluster():
-    distributed = pytest.importorskip("distributed")
-    with distributed.LocalCluster(n_workers=2, threads_per_worker=1, processes=True,
-                                  dashboard_address=None) as running:
+    pytest.importorskip("distributed")
+    with cloud.local_cluster(2) as running:
         yield running
 
 
