@@ -45,9 +45,15 @@ endif()
 
 option(CALCULATIONS_COVERAGE "Count the lines and branches that are reached, with clang" OFF)
 if(CALCULATIONS_COVERAGE)
-  add_compile_options(-fprofile-instr-generate -fcoverage-mapping)
   add_link_options(-fprofile-instr-generate)
 endif()
+
+# For the folders of the library and of the programs: tests need not be counted.
+macro(count_what_tests_reach)
+  if(CALCULATIONS_COVERAGE)
+    add_compile_options(-fprofile-instr-generate -fcoverage-mapping)
+  endif()
+endmacro()
 
 # Tests, command lines and reports are built more often than they run, and it is the library's speed
 # that they wait for.
