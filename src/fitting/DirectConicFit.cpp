@@ -19,6 +19,8 @@
 #include <Eigen/Cholesky>
 #include <Eigen/Core>
 #include <Eigen/Eigenvalues>
+#include <Eigen/Geometry>
+#include <Eigen/Jacobi>
 
 #include <cmath>
 #include <cstddef>
@@ -97,20 +99,56 @@ bool isEllipse(const Vector3d& v) {
   return 4.0 * v(0) * v(2) - v(1) * v(1) > kNoiseOfDoubleEigenvalue;
 }
 
-/// False for both of a complex pair, which have the same real part.
-bool isSingle(const Eigen::Vector3cd& eigenvalues, Eigen::Index index) {
-  const double value = eigenvalues(index).real();
-  return (eigenvalues.real().array() == value).count() == 1;
+/// A matrix with the same eigenvalues and a zero in the lower left corner, which the solver asks
+/// for. A rotation in the plane of the last two axes does it (Golub and Van Loan, Matrix
+/// Computations, Hessenberg form).
+Matrix3d hessenbergForm(const Matrix3d& m) {
+  Eigen::JacobiRotation<double> rotation;
+  rotation.makeGivens(m(1, 0), m(2, 0));
+  Matrix3d turned = m;
+  turned.applyOnTheLeft(1, 2, rotation.adjoint());
+  turned.applyOnTheRight(1, 2, rotation);
+  turned(2, 0) = 0.0;
+  return turned;
 }
 
-/// The first eigenvector that belongs to an ellipse.
+/// Whether a real eigenvalue stands at that place of the diagonal which stands nowhere else. A
+/// complex pair is a block of two rows with an element below the diagonal.
+bool isSingle(const Matrix3d& schurForm, Eigen::Index index) {
+  const bool hasBlockAbove = index > 0 && schurForm(index, index - 1) != 0.0;
+  const bool hasBlockBelow = index < 2 && schurForm(index + 1, index) != 0.0;
+  const double value = schurForm(index, index);
+  return !hasBlockAbove && !hasBlockBelow && (schurForm.diagonal().array() == value).count() == 1;
+}
+
+/// Square to all rows of m - value I, which span a plane: along the longest of their cross
+/// products.
+Vector3d eigenvectorOf(const Matrix3d& m, double value) {
+  const Matrix3d rows = m - value * Matrix3d::Identity();
+  Vector3d longest = Vector3d::Zero();
+  for (Eigen::Index i = 0; i < 3; ++i) {
+    const Vector3d first = rows.row(i);
+    const Vector3d second = rows.row((i + 1) % 3);
+    const Vector3d normal = first.cross(second);
+    if (normal.squaredNorm() > longest.squaredNorm()) longest = normal;
+  }
+  return longest.normalized();
+}
+
+/// The first eigenvector that belongs to an ellipse. Eigen's solver for all three would take longer
+/// to compile than the rest of the library's fits together.
 std::optional<Vector3d> ellipticEigenvector(const Matrix3d& m) {
-  if (!m.allFinite()) return std::nullopt;  // no input for the solver
-  const Eigen::EigenSolver<Matrix3d> solver(m);
+  const double size = m.cwiseAbs().maxCoeff();
+  if (!m.allFinite() || !(size > 0.0)) return std::nullopt;  // no input for the solver
+  const Matrix3d scaled = m / size;
+  Eigen::RealSchur<Matrix3d> solver;
+  const Matrix3d unused = Matrix3d::Identity();  // the rotation, which only eigenvectors would need
+  solver.computeFromHessenberg(hessenbergForm(scaled), unused, false);
   if (solver.info() != Eigen::Success) return std::nullopt;
   for (Eigen::Index i = 0; i < 3; ++i) {
-    const Vector3d v = solver.eigenvectors().col(i).real();
-    if (isSingle(solver.eigenvalues(), i) && isEllipse(v)) return v;
+    if (!isSingle(solver.matrixT(), i)) continue;
+    const Vector3d v = eigenvectorOf(scaled, solver.matrixT()(i, i));
+    if (isEllipse(v)) return v;
   }
   return std::nullopt;
 }
