@@ -16,9 +16,9 @@ _AT_MOST = 600
 # Seconds of the processor.
 _HANGING_AFTER = 3
 _HANGING_FACTOR = 4
-# Of all the tests that reach a fault, these are tried before the rest.
-_FIRST_TESTS = 12
-_FIRST_SECONDS = 0.5
+# Of all the tests that reach a fault, so many that take so long are tried before the rest, which
+# run in an order of their own.
+_FIRST_TESTS = ((12, 0.5), (60, 3.0))
 # Of those that let a fault pass, the likeliest are tried again under the sanitizers.
 _SANITIZED_SECONDS = 2.0
 _MEMORY = 4 << 30
@@ -177,8 +177,14 @@ class _Programs:
         if code == 0:
             return Verdict.SURVIVED, ""
         lines = output.read_text(errors="replace").splitlines()
+        self._note_failed(program, names, lines)
         reasons = [line for line in lines if any(reason in line for reason in _REASONS)]
         return Verdict.CAUGHT, reasons[0] if reasons else f"by a crash of {program}"
+
+    def _note_failed(self, program, names, lines):
+        printed = {word.rstrip(",") for line in lines if "FAILED  ]" in line for word in line.split()}
+        for name in printed.intersection(names):
+            self._reach.caught[program, name] += 1
 
     def _run(self, step, *arguments, **options):
         started = time.monotonic()
@@ -196,8 +202,11 @@ def _likeliest(tests, seconds, in_all):
 
 def _batches(tests, seconds):
     """The likeliest tests by themselves: the rest need not run when they fail."""
-    first = len(_likeliest(tests[:_FIRST_TESTS], seconds, _FIRST_SECONDS))
-    return [batch for batch in (tests[:first], tests[first:]) if batch]
+    batches = []
+    for count, in_all in _FIRST_TESTS:
+        batches.append(_likeliest(tests[:count], seconds, in_all))
+        tests = tests[len(batches[-1]):]
+    return [batch for batch in (*batches, tests) if batch]
 
 
 def _limit(seconds, memory):
