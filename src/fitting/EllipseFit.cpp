@@ -54,10 +54,10 @@ struct FittedConic {
   }
 };
 
-/// False for what rounding leaves of a pair of lines: too few places pass for an ellipse.
+/// False for what rounding leaves of a pair of lines: too few places pass for an ellipse. The
+/// squares of the semi-axes are worked out from the centre and are no numbers where that is none.
 bool isFinite(const Ellipse& ellipse) {
-  return std::isfinite(ellipse.semiAxisA) && std::isfinite(ellipse.semiAxisB) &&
-         std::isfinite(ellipse.center.x) && std::isfinite(ellipse.center.y);
+  return std::isfinite(ellipse.semiAxisA + ellipse.semiAxisB);
 }
 
 std::optional<FittedConic> fitTo(const PointSubset& points) {

@@ -186,8 +186,11 @@ TEST(AxisCalculator, TakesTheBreakAboveACrestAndTheCornerOfAKinkInPlan) {
   axis->addVeralPointKink(100, 10);
   const AxisCalculator calculator(axis);
   for (const bool inSpace : {false, true}) {
-    const AxisPoint corner = axisPoint(calculator, ENHPoint(-3, 54, 12), inSpace);
-    EXPECT_LT(difference(corner, AxisPoint(50, -5, 2)), 1e-12);
+    for (const double scale : {1.0, 0.01}) {
+      const ENHPoint outside(-3 * scale, 50 + 4 * scale, 12);
+      const AxisPoint corner = axisPoint(calculator, outside, inSpace);
+      EXPECT_LT(difference(corner, AxisPoint(50, -5 * scale, 2)), 1e-12);
+    }
     // On the inner side both straights are equally near.
     const AxisPoint first = axisPoint(calculator, ENHPoint(20, 30, 12), inSpace);
     EXPECT_LT(difference(first, AxisPoint(30, 20, 2)), 1e-12);

@@ -85,8 +85,9 @@ TEST(MatrixPointsFit, IsTheBestRotationEvenOfMirrorImages) {
 
 TEST(MatrixPointsFit, OfEqualDegenerateSetsIsTheIdentity) {
   const MatrixXd line = product(Eigen::Vector3d(1, 2, 3), Eigen::RowVector4d(0, 1, 2, 5));
+  const MatrixXd steep = product(Eigen::Vector3d(2e-5, 1e-5, 1), Eigen::RowVector4d(0, 1, 2, 5));
   const MatrixXd place = Eigen::Vector3d(1.0, 2.0, 3.0).replicate(1, 4);
-  for (const MatrixXd& points : {line, place, MatrixXd(3, 0)}) {
+  for (const MatrixXd& points : {line, steep, place, MatrixXd(3, 0)}) {
     const MatrixPointsFit fit(points, points);
     EXPECT_TRUE(fit.rotation().isIdentity(1e-13)) << points;
     EXPECT_TRUE(fit.translation().isZero(1e-12)) << points;

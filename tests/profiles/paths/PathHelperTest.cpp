@@ -28,6 +28,26 @@ TEST(PathHelper, ConvertsUnitsByTruncation) {
             -1000000000000000);
 }
 
+TEST(PathHelper, ConvertsOnePathAsItConvertsLists) {
+  const Path path = box(0, 1, 2, 5);
+  const ClipperLib::Path corners = PathHelper::clipperLibPathFromPath(path);
+  ASSERT_EQ(corners.size(), path.numDiscretePathPoints());
+  const Pathes paths(path);
+  for (const auto& points : {PathHelper::profileLineFromPath(path).points(),
+                             PathHelper::profileAreaFromPath(path).points(),
+                             PathHelper::profileLinesFromPathes(paths).at(0).points(),
+                             PathHelper::profileAreasFromPathes(paths, 0.0).at(0).points()}) {
+    ASSERT_GE(points.size(), 4u);
+    for (unsigned i = 0; i < points.size(); ++i) {
+      EXPECT_EQ((points[i] - path.discretePathPointAt(i)).length(), 0.0);
+      EXPECT_EQ(PathHelper::asClipperLibPoint(points[i]), corners[i]);
+    }
+  }
+  EXPECT_EQ(PathHelper::clipperLibPathsFromPathes(paths), ClipperLib::Paths(1, corners));
+  EXPECT_EQ(PathHelper::pathesFromClipperLibPaths({corners}).area(), path.area());
+  EXPECT_EQ(PathHelper::pathFromClipperLibPath(corners).area(), path.area());
+}
+
 TEST(PathHelper, LeavesOutSmallAreas) {
   Pathes paths(box(0, 0, 0.7, 0.7));
   ClipperLib::Path negative = PathHelper::clipperLibPathFromPath(box(2, 0, 2.5, 1));

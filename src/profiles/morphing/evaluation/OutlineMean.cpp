@@ -80,11 +80,11 @@ class MeanBase {
   /// The place of the floor at a plan distance; at its nearer end when there is none. The floor
   /// leads from right to left, so the first piece that ends farther left holds it.
   ChainPlace onFloor(double x) const {
-    for (std::size_t i = 0; i < m_numFloor; ++i) {
-      const std::size_t index = (m_floorFirst + i) % ring.size();
-      if (ring[index].end.x <= x) return {index, fractionLeftwards(ring[index], x)};
-    }
-    return {(m_floorFirst + m_numFloor - 1) % ring.size(), 1.0};
+    std::size_t index = m_floorFirst;
+    while (index + 1 < m_floorFirst + m_numFloor && ring[index % ring.size()].end.x > x)
+      ++index;
+    index %= ring.size();
+    return {index, fractionLeftwards(ring[index], x)};
   }
 
   /// The lowest place of the left wall that is as high as asked for. The crown is the end of either

@@ -58,10 +58,10 @@ ChainPlace placeUpwards(const TurningChords& wall, double y) {
 }
 
 ChainPlace placeLeftwards(const TurningChords& floor, double x) {
-  for (std::size_t i = 0; i < floor.size(); ++i) {
-    if (floor[i].end.x <= x) return {i, fractionLeftwards(floor[i], x)};
-  }
-  return {floor.size() - 1, 1.0};
+  std::size_t i = 0;
+  while (i + 1 < floor.size() && floor[i].end.x > x)
+    ++i;
+  return {i, fractionLeftwards(floor[i], x)};
 }
 
 void appendPart(TurningChords& to, const TurningChords& chain, const ChainPlace& from,
