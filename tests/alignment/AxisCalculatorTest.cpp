@@ -478,6 +478,7 @@ TEST(AxisCalculator, FailsOnIncompleteAxes) {
       (*emptied.*reset)();
       expectNothingWorks(calculator);
       const bool hasHeights = emptied == shaft && reset == &AxisDefinition::resetHoral;
+      EXPECT_EQ(emptied->minimumStng2d(), 0.0);
       EXPECT_EQ(emptied->maximumStng2d(), hasHeights ? 10.0 : 0.0);
     }
   }

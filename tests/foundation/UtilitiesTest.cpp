@@ -145,6 +145,7 @@ TEST(Angles, BetweenPoints) {
   EXPECT_DOUBLE_EQ(Utilities::angle3dBetween(v, v + ENHPoint(2, 0, 0), v + ENHPoint(0, 0, 3)),
                    kPi / 2);
   EXPECT_DOUBLE_EQ(Utilities::angle3dBetween(ENHPoint(1, 1, 0), ENHPoint(0, 5, 0)), kPi / 4);
+  EXPECT_DOUBLE_EQ(Utilities::angle3dBetween(ENHPoint(-1, 1, 0), ENHPoint(3, 0, 0)), 0.75 * kPi);
   EXPECT_DOUBLE_EQ(Utilities::angle3dBetween(ENHPoint(1, 2, 2), ENHPoint(2, -2, 1)), kPi / 2);
   EXPECT_DOUBLE_EQ(Utilities::angle3dBetween(v, v + ENHPoint(1, 2, 2), v + ENHPoint(3, 6, -6)),
                    std::acos(1 / 9.0));

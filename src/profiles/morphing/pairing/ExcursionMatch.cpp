@@ -123,7 +123,8 @@ std::vector<std::pair<std::size_t, std::size_t>> matchExcursions(const LevelItem
 
 bool areSameStraights(const LevelSteps& start, const LevelSteps& end) {
   const auto isAlike = [](const LevelStep& a, const LevelStep& b) {
-    const bool turnsAlike = (a.to > a.from) == (b.to > b.from);  // of straights, which are flat, too
+    // Straights are flat and corners are not, so no more needs to be asked.
+    const bool turnsAlike = (a.to > a.from) == (b.to > b.from);
     return a.kind == b.kind && a.kind != WalkStepKind::Arc && turnsAlike;
   };
   return start.size() == end.size() && std::equal(start.begin(), start.end(), end.begin(), isAlike);
