@@ -409,6 +409,8 @@ TEST(AxisCalculator, ConvertsTunnelMeters) {
   };
   expectPair(1100, 1125);  // from an origin before the axis as if it were level there
   axis->setStationingMappingValues(1020, 5000);
+  EXPECT_EQ(axis->getStationingMappingOrigin2d(), 1020.0);
+  EXPECT_EQ(axis->getStationingMappingValue3dAtOrigin(), 5000.0);
   for (const double stationing : {1000.0, 1020.0, 1060.0, 1100.0}) {
     expectPair(stationing, 5000 + 1.25 * (stationing - 1020));
   }

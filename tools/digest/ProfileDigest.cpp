@@ -4,6 +4,7 @@
 #include "testing/Random.h"
 
 #include <Calculations/MeasuredProfileCalculator.h>
+#include <Calculations/PathHelper.h>
 #include <Calculations/Paths.h>
 #include <Calculations/ThProfileCalculator.h>
 #include <Calculations/ThProfileMorpher.h>
@@ -61,6 +62,10 @@ void design(const ThProfileCalculator& calculator, Random& random) {
     record("profile-cuts", calculator.profilePointsAtGivenRightOffset(p.x));
   }
   record("profile-samples", calculator.pointsOnProfileByFixedNumber(60, nullptr));
+  for (const bool withVertices : {false, true}) {
+    record("profile-intervals", calculator.pointsOnProfileByInterval(0.7, withVertices));
+  }
+  record("profile-intervals", calculator.vertexPoints());
 }
 
 void measuredLines(const MeasuredProfileCalculator& calculator, Random& random) {
@@ -72,6 +77,32 @@ void measuredLines(const MeasuredProfileCalculator& calculator, Random& random) 
     record("measured-cuts", {calculator.radialDistanceToComparisonProfile(p)});
     record("measured-cuts", calculator.intersectionsAtGivenUpOffsetOfComparisonProfile(p.y));
   }
+}
+
+void filteredLines(const MeasuredProfileCalculator& calculator, Random& random) {
+  for (int i = 0; i < 60; ++i) {
+    const Point2D p{random.uniform(-8.0, 8.0), random.uniform(-3.0, 11.0)};
+    record("filtered-cuts", calculator.intersectionsAtGivenUpOffsetOfComparisonProfile(p.y));
+    record("filtered-cuts", calculator.intersectionsAtGivenRightOffsetOfComparisonProfile(p.x));
+    record("filtered-cuts", calculator.intersectionsAtGivenUpOffsetOfReferenceProfile(p.y));
+    record("filtered-cuts", calculator.intersectionsAtGivenRightOffsetOfReferenceProfile(p.x));
+    record("filtered-cuts", {calculator.verticalDistanceToComparisonProfile(p)});
+    record("filtered-cuts", 1.0, {double(calculator.isInFilteredArea(p))});
+  }
+}
+
+void measuredOutlines(const MeasuredProfileCalculator& calculator) {
+  for (const bool clean : {false, true}) {
+    for (const auto& lines : {calculator.comparisonCircumferenceLines(clean),
+                              calculator.referenceCircumferenceLines(clean)}) {
+      for (const Polyline& line : lines) {
+        record("circumference-lines", line.points());
+      }
+    }
+  }
+  const FittingResult centre =
+      calculator.leastSquarePointOfComparisonProfile(FittingMethod::CircleLandau);
+  record("measured-centre", {centre.center});
 }
 
 void measuredAreas(const MeasuredProfileCalculator& calculator) {
@@ -87,6 +118,12 @@ void measuredAreas(const MeasuredProfileCalculator& calculator) {
                             GeologicalOverProfileMethod::GeologicalBeyondLimitOnly}) {
     record("geological-areas", kArea, {calculator.geologicalOverProfileArea(method, 0.3, 0.1)});
     recordOutlines(calculator.geologicalOverProfileAreaPathes(method, 0.3, 0.1));
+    const auto divided = calculator.overProfileDividedByGeologicalAreaPathes(method, 0.3, 0.1);
+    for (const auto& polygons : {divided.first, divided.second}) {
+      for (const Polygon& polygon : polygons) {
+        record("divided-outlines", polygon.points());
+      }
+    }
   }
 }
 
@@ -110,6 +147,27 @@ void recordPaths(const Pathes& paths) {
     record("outlines", points);
   }
   record("outlines", kArea, {paths.area(), paths.linesLength()});
+}
+
+void lines(const Path& a, const Path& b, Random& random) {
+  Pathes both(a);
+  both.addPath(b);
+  const auto simpler = PathHelper::simplyfyLines(PathHelper::clipperLibPathsFromPathes(both), 0.1);
+  for (const Pathes& paths : {PathHelper::pathesFromClipperLibPaths(simpler),
+                              Pathes::expandLines(both, 0.2), Path::expandLine(a, 0.3)}) {
+    for (const Polyline& line : PathHelper::profileLinesFromPathes(paths)) {
+      record("lines", line.points());
+    }
+  }
+  record("lines", kSize, {a.borderWithinOtherPathes(Pathes(b)), a.lineLength(), b.area()});
+  for (int i = 0; i < 20; ++i) {
+    const Point2D from{random.uniform(-7.0, 7.0), random.uniform(-7.0, 7.0)};
+    const Point2D to{random.uniform(-7.0, 7.0), random.uniform(-7.0, 7.0)};
+    Point2D hit;
+    const bool hits = both.firstIntersectionWithLine(from, to, hit);
+    record("lines", kSize,
+           {double(hits), hit.x, hit.y, double(both.pointWithin(from)), double(a.pointWithin(to))});
+  }
 }
 
 using Nodes = std::vector<TestSupport::ProfileNode>;
@@ -262,11 +320,18 @@ void profiles() {
     calculator.setFilterExcludeBelow(1.0);
     calculator.setFilterExcludeBetweenAngles(0.5, 1.0, Point2D(0, 4));
     measuredAreas(calculator);
+    measuredOutlines(calculator);
+    Random filtered(34);
+    calculator.setFilterExcludeAbove(8.0);
+    calculator.setFilterExcludeLeftOf(-4.0);
+    calculator.setFilterExcludeRightOf(3.5);
+    filteredLines(calculator, filtered);
   }
 }
 
 void outlines() {
   Random random(32);
+  Random places(35);
   for (int i = 0; i < 8; ++i) {
     const Path a = randomOutline(random);
     const Path b = randomOutline(random);
@@ -274,6 +339,7 @@ void outlines() {
     recordPaths(Path::without(a, b));
     recordPaths(Path::expand(a, 0.25));
     recordPaths(Path::linesWithin(a, b));
+    lines(a, b, places);
   }
 }
 

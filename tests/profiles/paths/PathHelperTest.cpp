@@ -46,6 +46,8 @@ TEST(PathHelper, ConvertsOnePathAsItConvertsLists) {
   EXPECT_EQ(PathHelper::clipperLibPathsFromPathes(paths), ClipperLib::Paths(1, corners));
   EXPECT_EQ(PathHelper::pathesFromClipperLibPaths({corners}).area(), path.area());
   EXPECT_EQ(PathHelper::pathFromClipperLibPath(corners).area(), path.area());
+  EXPECT_TRUE(PathHelper::pointInPath(corners, PathHelper::asClipperLibPoint({1, 4})));
+  EXPECT_FALSE(PathHelper::pointInPath(corners, PathHelper::asClipperLibPoint({3, 4})));
 }
 
 TEST(PathHelper, LeavesOutSmallAreas) {
