@@ -320,7 +320,13 @@ TEST(AxisCalculator, FindsTheNearestFootInSpaceBesideSharpRoundings) {
     for (int i = 0; i < 60; ++i) {
       const double offset =
           round % 3 == 0 ? random.uniform(-1, 1) : random.uniform(-1.5, 1.5) * planRadius;
-      const AxisPoint in(random.uniform(0, 2 * half), offset, random.uniform(-2, 2) * radius);
+      AxisPoint in(random.uniform(0, 2 * half), offset, random.uniform(-2, 2) * radius);
+      if (i % 4 == 0 && gradeIn * gradeOut < 0) {  // about the centre of curvature of the vertex
+        const double vertex =
+            half - radius * (gradeIn + gradeOut) / 2 * (gradeOut > gradeIn ? 1 : -1);
+        const double above = random.uniform(0.97, 1.2) * (gradeOut > gradeIn ? radius : -radius);
+        in = AxisPoint(vertex + random.uniform(-0.01, 0.01) * radius, 0.01 * offset, above);
+      }
       const ENHPoint p = gridPoint(calculator, in, true);
       double nearest = 1e300;
       std::size_t place = 0;

@@ -20,7 +20,7 @@ _HANGING_FACTOR = 4
 # run in an order of their own.
 _FIRST_TESTS = ((12, 0.5), (60, 3.0))
 # Of those that let a fault pass, the likeliest are tried again under the sanitizers.
-_SANITIZED_SECONDS = 2.0
+_SANITIZED_SECONDS = 0.5
 _MEMORY = 4 << 30
 _OUTPUT = 64 << 20
 # In what a failing test or a sanitizer prints.

@@ -62,7 +62,7 @@ TurningChord meanOf(const MatchedPiece& piece, double t) {
 /// The base of a mean outline, on which places are looked for.
 class MeanBase {
  public:
-  MeanBase(const MatchedPieces& pieces, double t, std::size_t indexOfFirst) {
+  MeanBase(const MatchedPieces& pieces, double t) {
     for (const MatchedPiece& piece : pieces) {
       if (!piece.isFloor) ++m_floorFirst;
       ring.push_back(meanOf(piece, t));
@@ -70,12 +70,10 @@ class MeanBase {
     m_numUpper = m_floorFirst;
     m_numFloor = ring.size() - m_floorFirst;
     m_hasFloor = m_numFloor > 0;
-    firstNode = ring[indexOfFirst].start;
     if (!m_hasFloor) takeBottomForFloor();
   }
 
   TurningChords ring;
-  Point2D firstNode;  ///< where the piece that was asked for starts
 
   /// The place of the floor at a plan distance; at its nearer end when there is none. The floor
   /// leads from right to left, so the first piece that ends farther left holds it.
@@ -310,7 +308,7 @@ struct Replacement {
 
 /// The mean ring with the detours in the place of what they replace.
 TurningChords ringAt(const MatchedOutlines& outlines, double t) {
-  const MeanBase base(outlines.ring, t, 0);
+  const MeanBase base(outlines.ring, t);
   if (outlines.detours.empty()) return base.ring;
   std::vector<Replacement> replacements;
   for (const MeanDetour& detour : detoursAt(outlines, base, t)) {
@@ -341,9 +339,8 @@ bool isSame(const Point2D& a, const Point2D& b) { return (a - b).length() < kZer
 
 /// Where the first node is on the way. It may be inside of a detour, hence no place of the base.
 Point2D positionOf(const FirstNode& first, const MatchedOutlines& outlines, double t) {
-  const bool isOfBase = first.of == FirstNode::Of::Base;
-  const MeanBase base(outlines.ring, t, isOfBase ? first.index : 0);
-  if (isOfBase) return base.firstNode;
+  if (first.of == FirstNode::Of::Base) return meanOf(outlines.ring[first.index], t).start;
+  const MeanBase base(outlines.ring, t);
   return detoursAt(outlines, base, t)[first.index].nodesOn(base)[first.node];
 }
 
@@ -359,7 +356,7 @@ void beginAt(TurningChords& ring, const Point2D& place) {
 
 FirstNode firstNodeAt(const MatchedOutlines& outlines, const Point2D& place) {
   if (outlines.ring.empty()) return {};
-  const MeanBase base(outlines.ring, 0.0, 0);
+  const MeanBase base(outlines.ring, 0.0);
   const std::vector<MeanDetour> detours = detoursAt(outlines, base, 0.0);
   for (std::size_t i = 0; i < detours.size(); ++i) {
     const std::vector<Point2D> nodes = detours[i].nodesOn(base);
