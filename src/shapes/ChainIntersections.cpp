@@ -99,7 +99,7 @@ void addArcHits(const CLine& line, const CChainSegment& arc, CHits& hits) {
   for (std::size_t i = 0; i < count; ++i) {
     if (!holds(line, places[i])) continue;
     const CCurveFoot foot = arc.footOf(line.pointAt(places[i]));
-    if (foot.report != CFootReport::OnCurve && !(foot.outside <= kTouchTolerance)) continue;
+    if (!(foot.outside <= kTouchTolerance)) continue;  // 0 on the arc
     lengths[numOnArc++] = foot.length;
   }
   if (numOnArc == 2 && lengths[0] > lengths[1]) std::swap(lengths[0], lengths[1]);

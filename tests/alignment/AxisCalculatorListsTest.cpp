@@ -81,6 +81,16 @@ AxisPtr hook() {
   return axis;
 }
 
+/// There and back half a metre beside: other segments are nearer than points are apart.
+AxisPtr hairpin() {
+  AxisPtr axis = newAxis();
+  ChainBuilder chain(axis, 0.0, 600000.0, 200000.0, 1.0);
+  chain.straight(60.0).arc(0.25, 0.25 * std::acos(-1.0)).straight(60.0);
+  axis->addVeralPointKink(0.0, 10.0);
+  axis->addVeralPointKink(chain.stationing(), 12.0);
+  return axis;
+}
+
 double nextJoint(const AxisDefinition& axis, double stationing) {
   unsigned joint = 0;
   while (axis.getHoralSegmentAt(joint)->getStationing() < stationing) {
@@ -115,6 +125,10 @@ std::vector<ENHPoint> pointsAround(const AxisCalculator& calculator, const AxisD
     calculator.axisPointToEnhPointPerpendicular(place, point);
     if (i % 7 == 0) point = ENHPoint(std::round(point.east), std::round(point.north), 410.0);
     if (i % 500 == 499) point.east += 3e4;
+    if (i % 4 == 3) {
+      const ENHPoint step{random.uniform(-0.5, 0.5), random.uniform(-0.5, 0.5), 0.0};
+      point = points.back() + step;
+    }
     points.push_back(point);
   }
   const double infinity = std::numeric_limits<double>::infinity();
@@ -156,7 +170,7 @@ void expectSame(const std::vector<From>& in, const Single& single, const List& l
 
 TEST(AxisCalculatorLists, AreTheSingleCallsToTheBit) {
   for (const AxisPtr& axis :
-       {windingAxis(), meander(), lanes(), hook(), straightAxis(0.5, 0.0, 50.0, 1.0, 2.0)}) {
+       {windingAxis(), meander(), lanes(), hook(), hairpin(), straightAxis(0.5, 0, 50, 1, 2)}) {
     const AxisCalculator calculator(axis);
     const std::vector<ENHPoint> points = pointsAround(calculator, *axis);
     for (const bool inSpace : {false, true}) {
