@@ -152,6 +152,27 @@ void determine(PointDetermination determination, bool robust) {
   Digest::record("determination-among-strays", 1e2, answer);
 }
 
+/// Chance among few fix points, in boxes that hold a figure in some poses only.
+void recordChances() {
+  Random random(46);
+  for (int i = 0; i < 40; ++i) {
+    PointDetermination determination;
+    const ENHPoint box{random.uniform(1.0, 30.0), random.uniform(1.0, 30.0),
+                       random.uniform(0.1, 20.0)};
+    for (const wchar_t name : std::wstring(L"abcdefgh", 4 + random.index(5))) {
+      const ENHPoint point{random.uniform(0.0, box.east), random.uniform(0.0, box.north),
+                           random.uniform(0.0, box.height)};
+      determination.addPoint(std::wstring(1, name), point);
+      const ENHPoint target = name < L'e' ? point - ENHPoint(0.3, 0.7, 0.1) : ENHPoint(name, 9, 7);
+      determination.addMeasurement(std::wstring(1, name), readTilted(target, 0.0, 0.0));
+    }
+    const bool found = determination.determineMeasuredPointsRobust();
+    Digest::record("chances", 1e2,
+                   {double(found), double(determination.isBestSolutionSignificantlyBetter()),
+                    std::log10(determination.expectedChanceSolutions() + 1e-30)});
+  }
+}
+
 }  // namespace
 
 void fits() {
@@ -263,6 +284,7 @@ void tiltedStations() {
     determine(determination, true);
     determine(determination, false);
   }
+  recordChances();
 }
 
 }  // namespace Digest
