@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdlib>
+#include <iterator>
 #include <numeric>
 #include <utility>
 #include <vector>
@@ -101,12 +102,15 @@ void turnFirst(ClipperLib::Path& outline, bool isStartUnique) {
 
 /// @param outline not empty
 ClipperLib::Path canonicalOutline(const ClipperLib::Path& outline, Sense sense) {
-  auto end = outline.end();  // before points that repeat the first one
-  while (end - outline.begin() > 1 && *(end - 1) == outline.front())
-    --end;
-  auto start = outline.begin();
+  // Without repetitions, of which it depends on the start of the outline whether they are seen.
+  ClipperLib::Path canonical;
+  canonical.reserve(outline.size());
+  std::unique_copy(outline.begin(), outline.end(), std::back_inserter(canonical));
+  while (canonical.size() > 1 && canonical.back() == canonical.front())
+    canonical.pop_back();
+  auto start = canonical.begin();
   bool isUnique = true;
-  for (auto p = start + 1; p != end; ++p) {
+  for (auto p = start + 1; p != canonical.end(); ++p) {
     if (isSweptBefore(*p, *start)) {
       start = p;
       isUnique = true;
@@ -114,10 +118,7 @@ ClipperLib::Path canonicalOutline(const ClipperLib::Path& outline, Sense sense) 
       isUnique = false;
     }
   }
-  ClipperLib::Path canonical;
-  canonical.reserve(outline.size());
-  canonical.insert(canonical.end(), start, end);
-  canonical.insert(canonical.end(), outline.begin(), start);
+  std::rotate(canonical.begin(), start, canonical.end());
   if (!isUnique) startFirst(canonical);
   if (sense == Sense::Free) turnFirst(canonical, isUnique);
   return canonical;
