@@ -282,11 +282,48 @@ ProfilePtr roundSection(Random& random) {
     const double back = before.x * random.uniform(1.3, 1.6);
     append(nodes, {{back, before.y, 0}, {back, behind.y, 0}, behind});
   };
+  if (random.index(2) == 0) nodes.push_back(at(random.uniform(0.9, 0.97), radius));
   wall(random.uniform(0.72, 0.88));
   nodes.push_back(at(0.5, radius));
   wall(random.uniform(0.17, 0.28));
   nodes.push_back(at(0.0, radius));
   return placedAtRandom(nodes, random);
+}
+
+/// Barrel-shaped walls, the left one with niches, on a floor in one, two or three parts. No two
+/// corners are alike, as rounding would choose between them.
+ProfilePtr horseshoe(Random& random) {
+  const double width = random.uniform(4.0, 5.5);
+  const double wall = random.uniform(3.0, 5.0);
+  const double crown = random.uniform(-0.4, 0.4);
+  const double radius = wall * random.uniform(0.6, 1.5);
+  const double inside = std::sqrt(radius * radius - wall * wall / 4.0);
+  const auto left = [&](double y) {
+    const double up = y - wall / 2.0;
+    return inside - width - std::sqrt(radius * radius - up * up);
+  };
+  Nodes nodes = {{-width, 0, 0}};
+  double sill = 0.0;
+  for (std::size_t niches = random.index(3); niches > 0; --niches) {
+    sill += wall * random.uniform(0.1, 0.25);
+    const double lintel = sill + wall * random.uniform(0.1, 0.2);
+    const double depth = random.uniform(0.2, 1.5);
+    append(nodes, {{left(sill), sill, radius},
+                   {left(sill) - depth, sill, 0},
+                   {left(sill) - depth, lintel, 0},
+                   {left(lintel), lintel, 0}});
+    sill = lintel;
+  }
+  const double rise = random.uniform(0.5, 1.0) * width;
+  const double vault = width * random.uniform(1.1, 1.6);
+  append(nodes, {{-width, wall, radius}, {crown, wall + rise, vault}, {width, wall, vault}});
+  nodes.push_back({width, 0, radius});
+  const double deep = random.uniform(0.1, 0.8);
+  const std::size_t parts = 1 + random.index(3);
+  if (parts == 3) append(nodes, {{width / 2, -deep, 0}, {-width / 2, -1.3 * deep, 0}});
+  if (parts == 2) nodes.push_back({0, -deep, 0});
+  nodes.push_back({-width, 0, 0});
+  return TestSupport::profileThrough(nodes);
 }
 
 void recordMorph(const ProfilePtr& start, const ProfilePtr& end) {
@@ -367,6 +404,10 @@ void morphedShapes() {
     recordMorph(ragged, i % 2 == 0 ? cave(random) : start);
     const ProfilePtr round = roundSection(random);
     recordMorph(round, i % 3 == 0 ? start : roundSection(random));
+  }
+  for (int i = 0; i < 60; ++i) {
+    const ProfilePtr barrel = horseshoe(random);
+    recordMorph(barrel, i % 3 == 0 ? shapedSection(random) : horseshoe(random));
   }
 }
 
