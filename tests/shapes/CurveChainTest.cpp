@@ -50,6 +50,11 @@ TEST(CurveChain, GivesSharedPointsToTheLowerStation) {
   EXPECT_EQ(chain.project({2.5, 1})->station, 3.0);
   EXPECT_FALSE(chain.project({std::nan(""), 0}));
   EXPECT_FALSE(CCurveChain({{{0, 0}, 0, 0}}).project({1, 1}));
+  // Of an arc whose chord exceeds its diameter there are the ends alone.
+  const CCurveChain ends({{{0, 0}, 0, 0}, {{10, 0}, 10, 1}});
+  for (const double x : {0.0, 10.0}) {
+    EXPECT_EQ(std::abs(ends.project({x, 2})->outside), 2.0);
+  }
   for (const double outside : {-0.1, 6.1, std::nan("")}) {
     EXPECT_FALSE(chain.pointAt(outside));
   }

@@ -82,6 +82,7 @@ TEST(ClothoidCurve, FlagsZeroProductsAndGrowingTerms) {
   EXPECT_EQ(out, 0.0);
   EXPECT_FALSE(ClothoidWithTerms(0).localX(100, 400, 100, out));
   EXPECT_EQ(out, 100.0);
+  EXPECT_TRUE(ClothoidWithTerms(1).localX(100, 400, 100, out));
   // More terms than a double holds factorials for, after a shorter sum.
   EXPECT_TRUE(ClothoidWithTerms(2000).localY(200, 400, 100, out));
   EXPECT_NEAR(out, 0.1637140474 * 200, 1e-8);
