@@ -279,7 +279,6 @@ class Registrar {
     Fit& fit = found.fit;
     for (int i = 0; i < kMostIterations; ++i) {
       NormalEquations equations = equationsAt(fit);
-      found.meanSquare = equations.meanSquare();
       const std::array<double, 4> step = equations.solved(isTurned ? 4 : 3);
       fit.shift = fit.shift + Point2D(step[0], step[1]);
       fit.scale += step[2];
