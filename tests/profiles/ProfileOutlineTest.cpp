@@ -80,6 +80,9 @@ TEST(ProfileOutline, LeavesOutPointsThatAreNotFinite) {
         c.leastSquarePointOfComparisonProfile(FittingMethod::CircleLegacy).center.y,
         static_cast<double>(c.intersectionsAtGivenUpOffsetOfComparisonProfile(5).size())};
   };
+  const MeasuredPtr nothing = measuredThrough({{nan, 3}, {1, inf}});
+  EXPECT_EQ(numbersOf(nothing, false)[0], 0.0);
+  EXPECT_EQ(numbersOf(nothing, true)[1], 0.0);
   const MeasuredPtr sound = measuredCircle(5.2, 100, 0.3, 4.0);
   for (const std::size_t place : {0u, 1u, 40u, 99u, 100u}) {
     for (const Point2D& bad : {Point2D(nan, 3), Point2D(1, inf), Point2D(-inf, nan)}) {
