@@ -57,7 +57,7 @@ struct FittedConic {
 /// False for what rounding leaves of a pair of lines: too few places pass for an ellipse. The
 /// squares of the semi-axes are worked out from the centre and are no numbers where that is none.
 bool isFinite(const Ellipse& ellipse) {
-  return std::isfinite(ellipse.semiAxisA + ellipse.semiAxisB);
+  return std::isfinite(ellipse.semiAxisA) && std::isfinite(ellipse.semiAxisB);
 }
 
 std::optional<FittedConic> fitTo(const PointSubset& points) {
