@@ -356,11 +356,15 @@ def local_cluster(workers: int) -> Any:
 
     They keep the memory of a chunk for the next one, which Dask's own settings do not.
 
+    :param workers: one or more
     :returns: a context manager, whose `scheduler_address` is what `survey` wants as `cluster`
+    :raises ValueError: for fewer, on which a survey would wait for ever
     """
     import dask
     from distributed import LocalCluster
 
+    if workers < 1:
+        raise ValueError(f"workers: expected one or more, got {workers!r}")
     with dask.config.set(_WORKER_SETTINGS):
         return LocalCluster(n_workers=workers, threads_per_worker=1, processes=True,
                             dashboard_address=None)

@@ -145,6 +145,8 @@ def cluster():
 
 
 def test_two_worker_processes(axis, scan, whole, cluster):
+    with pytest.raises(ValueError, match="expected one or more"):
+        cloud.local_cluster(0)
     chunks = np.array_split(scan, 23)
     random.Random(1).shuffle(chunks)
     found = cloud.survey(chunks, axis, DESIGN, read=lambda points: points,
@@ -157,6 +159,8 @@ def test_a_worker_killed_in_the_middle(axis, scan, whole, cluster):
 
     with Client(cluster, set_as_default=False) as client:
         process, *_ = client.run(os.getpid).values()
+        # What a chunk has taken is kept for the next one.
+        assert set(client.run(os.getenv, "MALLOC_TRIM_THRESHOLD_").values()) == {str(1 << 28)}
 
     def slowly(points):
         import time as clock

@@ -138,8 +138,8 @@ Vector3d eigenvectorOf(const Matrix3d& m, double value) {
 /// The first eigenvector that belongs to an ellipse. Eigen's solver for all three would take longer
 /// to compile than the rest of the library's fits together.
 std::optional<Vector3d> ellipticEigenvector(const Matrix3d& m) {
+  if (!m.allFinite() || m.isZero(0.0)) return std::nullopt;  // no input for the solver
   const double size = m.cwiseAbs().maxCoeff();
-  if (!m.allFinite() || !(size > 0.0)) return std::nullopt;  // no input for the solver
   const Matrix3d scaled = m / size;
   Eigen::RealSchur<Matrix3d> solver;
   const Matrix3d unused = Matrix3d::Identity();  // the rotation, which only eigenvectors would need

@@ -654,7 +654,7 @@ Numbers alongAxis(const std::string& name) {
     calculator.enhPointToAxisPointVertical(point + ENHPoint(90, -40, 5), back);
     append(numbers, back);
     append(numbers, AxisProperties(calculator, stationing).azimuth);
-    // Some points near each other, as scans have them.
+    // The same point again and again, so that each search begins where the last one ended.
     const std::vector<ENHPoint> scan(8, point);
     std::vector<AxisPoint> places(scan.size());
     for (const bool perpendicular : {false, true}) {
