@@ -27,7 +27,7 @@ namespace Calculations {
 namespace {
 
 /// A rigid motion in space is determined by three points.
-constexpr int kFewestPoints = 3;
+constexpr int kFewestMeasurements = 3;
 
 void setTolerance(double& tolerance, double value) {
   if (value >= 0.0) tolerance = value;
@@ -163,7 +163,7 @@ std::wstring PointDetermination::getFixPointIdForMeasurementId(
 }
 
 void PointDetermination::setMinNumberOfFixPointMeasurementsRequired(int number) {
-  m_impl->settings.minNumberOfFixPointMeasurementsRequired = std::max(number, kFewestPoints);
+  m_impl->settings.minNumberOfFixPointMeasurementsRequired = std::max(number, kFewestMeasurements);
 }
 
 int PointDetermination::getMinNumberOfFixPointMeasurementsRequired() const {

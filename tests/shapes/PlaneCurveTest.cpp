@@ -20,7 +20,7 @@ using Ruv::CPlaneCurve;
 using Ruv::Calculations::Point2D;
 using namespace TestSupport;
 
-double curvatureOf(double radius) { return radius == 0.0 ? 0.0 : 1.0 / radius; }
+double reciprocal(double radius) { return radius == 0.0 ? 0.0 : 1.0 / radius; }
 
 struct CurveCase {
   double radiusStart, radiusEnd, length;
@@ -57,8 +57,8 @@ TEST_P(PlaneCurve, FollowsItsLinearCurvature) {
   const CurveCase& c = GetParam();
   const CPlaneCurve curve = CPlaneCurve::clothoid(c.radiusStart, c.radiusEnd, c.length);
   ASSERT_TRUE(curve.isDefined());
-  const double k0 = curvatureOf(c.radiusStart);
-  const double k1 = curvatureOf(c.radiusEnd);
+  const double k0 = reciprocal(c.radiusStart);
+  const double k1 = reciprocal(c.radiusEnd);
   for (int i = 0; i <= 16; ++i) {
     const double l = c.length * i / 16;
     SCOPED_TRACE(l);

@@ -2,6 +2,7 @@
 #include <Calculations/ThProfileMorpher.h>
 
 #include "profiles/morphing/Outlines.h"
+#include "testing/Numbers.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,8 +19,6 @@ namespace {
 
 using namespace Ruv::Calculations;
 using namespace TestSupport;
-
-constexpr double kPi = 3.141592653589793;
 
 /// Of coordinates around 10 m after some additions.
 constexpr double kRounding = 1e-12;

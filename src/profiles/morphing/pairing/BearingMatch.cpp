@@ -18,7 +18,7 @@ namespace {
 using Polygon = std::vector<Point2D>;
 
 /// Arcs are looked at in steps of this turning (rad), as they are when crossings are looked for.
-constexpr double kSampleTurning = 0.1;
+constexpr double kTurningStep = 0.1;
 
 /// A kernel smaller than this (m2) is none: from a point that sees an outline only just, rays
 /// would run along its pieces.
@@ -50,7 +50,7 @@ Polygon clipped(const Polygon& polygon, const Point2D& through, const CDirection
 /// what the tangents leave of the box around the outline (Lee and Preparata 1979).
 void clipToKernel(Polygon& kernel, const TurningChords& outline, const Point2D& origin) {
   for (const TurningChord& piece : outline) {
-    const double count = std::ceil(std::abs(piece.turning) / kSampleTurning);
+    const double count = std::ceil(std::abs(piece.turning) / kTurningStep);
     for (double i = 0.0; i <= count; ++i) {
       const double fraction = count > 0.0 ? i / count : 0.0;
       const double heading = piece.headingAtStart() + fraction * piece.turning;
@@ -64,7 +64,7 @@ Polygon boxAround(const TurningChords& start, const TurningChords& end, const Po
   Point2D low = start.front().start - origin;
   Point2D high = low;
   for (const TurningChords* outline : {&start, &end}) {
-    for (const Point2D& sample : sampled(*outline, kSampleTurning)) {
+    for (const Point2D& sample : sampled(*outline, kTurningStep)) {
       const Point2D p = sample - origin;
       low = Point2D(std::min(low.x, p.x), std::min(low.y, p.y));
       high = Point2D(std::max(high.x, p.x), std::max(high.y, p.y));
@@ -75,7 +75,7 @@ Polygon boxAround(const TurningChords& start, const TurningChords& end, const Po
 
 /// The centroid changes evenly with the outline, unlike the middle of the box around it.
 Point2D centroidOf(const TurningChords& outline) {
-  const auto surface = areaAndCentroid(sampled(outline, kSampleTurning));
+  const auto surface = areaAndCentroid(sampled(outline, kTurningStep));
   return surface ? surface->centroid : outline.front().start;
 }
 

@@ -11,7 +11,7 @@ namespace {
 
 /// More pairs than this are not compared, and nothing is matched. A level of a profile has a few
 /// excursions; only noise has hundreds.
-constexpr std::size_t kMostComparisons = 1000000;
+constexpr std::size_t kMostPairs = 1000000;
 
 /// What an unmatched excursion costs. A match costs the distance of both places, at most 1, hence
 /// any match is better than none.
@@ -117,7 +117,7 @@ std::vector<std::pair<std::size_t, std::size_t>> matchExcursions(const LevelItem
                                                                  const LevelItems& end) {
   const std::vector<Pattern> startPatterns = patternsOf(start);
   const std::vector<Pattern> endPatterns = patternsOf(end);
-  if (startPatterns.size() * endPatterns.size() > kMostComparisons) return {};
+  if (startPatterns.size() * endPatterns.size() > kMostPairs) return {};
   return MatchCosts(startPatterns, endPatterns).pairs();
 }
 

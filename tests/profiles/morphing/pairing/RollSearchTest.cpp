@@ -2,6 +2,7 @@
 #include "profiles/morphing/pairing/RollSearch.h"
 
 #include "shapes/PlaneGeometry.h"
+#include "testing/Numbers.h"
 #include "testing/Random.h"
 
 #include <gtest/gtest.h>
@@ -16,9 +17,9 @@ namespace {
 
 using namespace Ruv;
 using namespace Ruv::Calculations;
+using TestSupport::kPi;
 using TestSupport::Random;
 
-constexpr double kPi = 3.141592653589793;
 constexpr double kLargest = 0.2;  // the roll up to which all of it is followed
 
 /// A cavern of straights and arcs of both senses, no two of them alike.
