@@ -2,7 +2,7 @@
 #include "fitting/Circles.h"
 
 #include <gtest/gtest.h>
-#include <Eigen/Dense>
+#include <Eigen/Core>
 
 #include <cmath>
 #include <vector>

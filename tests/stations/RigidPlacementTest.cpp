@@ -2,7 +2,7 @@
 #include "stations/RigidPlacement.h"
 
 #include <gtest/gtest.h>
-#include <Eigen/Dense>
+#include <Eigen/Core>
 
 #include <cmath>
 

@@ -11,7 +11,7 @@
 #include <Calculations/Resection.h>
 #include <Calculations/Utilities.h>
 
-#include <Eigen/Dense>
+#include <Eigen/Core>
 
 #include <iostream>
 #include <string>

@@ -4,7 +4,7 @@
 #include "testing/Random.h"
 
 #include <gtest/gtest.h>
-#include <Eigen/Dense>
+#include <Eigen/Core>
 
 #include <cmath>
 
