@@ -59,6 +59,9 @@ class CBoxTree {
     if (!m_levels.empty()) visitGroup(m_levels.size() - 1, 0, blurred(p), reach, look);
   }
 
+  /// Mean width and height together of the boxes that have a size.
+  double meanSize() const { return m_meanSize; }
+
   /// How far around a point there is no box but those from first to last; a distance that is enough
   /// where it is farther.
   double clearanceAround(const Point2D& p, std::size_t first, std::size_t last,

@@ -24,6 +24,9 @@ namespace {
 /// Azimuths this close (rad) below a full turn are north: 1 nm aside on a kilometre.
 constexpr double kFullTurnNoise = 1e-12;
 
+/// Feet are looked for up to half the mean size of the segments first, and only then farther away.
+constexpr double kVicinityOfBoxes = 0.5;
+
 CBox boxOf(const CHoralSegment& segment) {
   if (!segment.isEvaluable) return {};
   const CPlacedCurve& path = segment.path;
@@ -89,6 +92,7 @@ CHoralAlignment::CHoralAlignment(double startStationing,
   }
   m_ends = CStationingIndex(startStationing, std::move(ends));
   m_boxes = CBoxTree(std::move(boxes));
+  m_vicinity = kVicinityOfBoxes * m_boxes.meanSize();
   findWedges();
 }
 
@@ -201,6 +205,11 @@ std::optional<CAlignmentFoot> CHoralAlignment::nearestFoot(const Point2D& p) con
       nearest.regular.offer(std::abs(offset), order, {segment.stationingEnd, offset});
     }
   };
+  // Most points have a foot nearby. As long as none is found, boxes at any distance would come into
+  // question, those of the wrong group first where a point lies behind the last segment of one.
+  m_boxes.visitNear(
+      p, [&] { return std::min(nearest.reach(), m_vicinity); }, look);
+  if (nearest.reach() <= m_vicinity) return nearest.chosen();
   m_boxes.visitNear(
       p, [&] { return nearest.reach(); }, look);
   return nearest.chosen();

@@ -101,6 +101,7 @@ class CHoralAlignment {
   std::vector<CHoralSegment> m_segments;
   std::vector<CSmoothWedge> m_wedges;  // at the end of the segment of the same index; empty if none
   CBoxTree m_boxes;
+  double m_vicinity = 0.0;  // m around a point that is searched first
 };
 
 /// Azimuth in [0, 2 pi), with values that only rounding keeps below a full turn given as 0: due
