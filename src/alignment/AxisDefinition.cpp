@@ -52,7 +52,7 @@ CCurvePoint endOf(const SegmentInput& input) {
   const CPlaneCurve curve =
       curveOfType(input.typeId, input.radiusStart, input.radiusEnd, input.length);
   if (curve.isDefined()) {
-    return CPlacedCurve{curve, input.start, input.azimuth, direction, 1.0}.end();
+    return CPlacedCurve{input.start, direction, 1.0, curve, input.azimuth}.end();
   }
   CCurvePoint start;
   start.position = input.start;

@@ -117,11 +117,12 @@ const CHoralSegment* CHoralAlignment::segmentAt(double stationing) const {
   if (!(stationing >= m_startStationing)) return nullptr;
   auto found = m_segments.begin() + static_cast<std::ptrdiff_t>(m_ends.firstNotLess(stationing));
   if (found == m_segments.end()) return nullptr;
-  if (!found->isEvaluable) {
+  // Asks the curve, which the caller needs anyway, and not the segment: that saves a line of cache.
+  if (!found->path.curve.isDefined()) {
     // An element of length 0 can only be met at the very start, where the next one begins too.
     found = std::find_if_not(found, m_segments.end(),
                              [](const CHoralSegment& segment) { return segment.isOfLengthZero(); });
-    if (found == m_segments.end() || !found->isEvaluable) return nullptr;
+    if (found == m_segments.end() || !found->path.curve.isDefined()) return nullptr;
   }
   // It begins elsewhere when a caller has linked it to another element than the one before it.
   return stationing >= found->stationingStart ? &*found : nullptr;
@@ -191,7 +192,7 @@ std::optional<CAlignmentFoot> CHoralAlignment::nearestFoot(const Point2D& p) con
   CNearestFoot<CAlignmentFoot> nearest;
   const auto look = [&](std::size_t index) {
     const CHoralSegment& segment = m_segments[index];
-    if (!segment.isEvaluable) return;
+    if (!segment.path.curve.isDefined()) return;
     const auto order = static_cast<double>(index);
     const CCurveFoot foot = segment.path.footOf(p);
     if (foot.report == CFootReport::OnCurve) {

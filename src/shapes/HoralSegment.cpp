@@ -45,7 +45,7 @@ double largestCoordinate(const CHoralSegmentData& data) {
 }
 
 CPlacedCurve placedRigidly(const CPlaneCurve& curve, const Point2D& start, double bearing) {
-  return {curve, start, bearing, directionOfBearing(bearing), 1.0};
+  return {start, directionOfBearing(bearing), 1.0, curve, bearing};
 }
 
 /// Laid out rigidly with the azimuth; a printing error is spread evenly along the segment.
@@ -73,8 +73,8 @@ std::optional<CPlacedCurve> placedByChord(const CHoralSegmentData& data, const C
   if (!(chord.length() >= kClosedChordRatio * curve.length())) return std::nullopt;
   const Point2D own = curve.end().position;
   const double bearing = bearingOf(chord) - bearingOf(own);
-  return CPlacedCurve{curve, data.start, bearing, directionOfBearing(bearing),
-                      chord.length() / own.length()};
+  return CPlacedCurve{data.start, directionOfBearing(bearing), chord.length() / own.length(), curve,
+                      bearing};
 }
 
 bool isFinite(const CHoralSegmentData& data) {

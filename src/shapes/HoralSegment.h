@@ -26,20 +26,24 @@ struct CHoralSegmentData {
   double definedAzimuth = 0.0;  ///< not-a-number if none is known
 };
 
-/// A segment ready for evaluation.
-struct CHoralSegment {
+/// A segment ready for evaluation: four lines of a cache, in the order of what is asked for.
+///
+/// The place of a stationing on a straight takes the first one, on an arc or clothoid the first
+/// two; the foot of a point takes the ends of the curve as well, which lie in the third and fourth.
+struct alignas(64) CHoralSegment {
   double stationingStart = 0.0;
+  CPlacedCurve path;
   double stationingEnd = 0.0;
   Point2D start;
   Point2D end;
   bool isGap = false;        ///< skipped by the projection
-  bool isEvaluable = false;  ///< only then is the path set
+  bool isEvaluable = false;  ///< only then is the path set and its curve defined
   bool opensWedge = false;   ///< with the segment after it, see CSmoothWedge
-  CPlacedCurve path;
 
   /// Both ends are one joint of the alignment; never evaluable.
   bool isOfLengthZero() const { return stationingStart == stationingEnd; }
 };
+static_assert(sizeof(CHoralSegment) == 256, "four lines of a cache");
 
 /// Places all segments of an alignment.
 ///

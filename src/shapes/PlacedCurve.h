@@ -15,11 +15,12 @@ namespace Ruv {
 /// The scale stretches a curve whose length does not fit its end points; lengths along the curve
 /// stay unscaled. It is 1 for consistent data.
 struct CPlacedCurve {
-  CPlaneCurve curve;
+  // In the order in which questions ask for them: see CHoralSegment.
   Point2D start;
-  double startBearing = 0.0;
   CDirection startDirection;
   double scale = 1.0;
+  CPlaneCurve curve;
+  double startBearing = 0.0;
 
   /// Heading is the bearing of the tangent, not normalised.
   CCurvePoint at(double l) const { return placed(curve.at(l)); }

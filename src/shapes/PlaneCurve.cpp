@@ -82,7 +82,7 @@ CPlaneCurve CPlaneCurve::windings(double radius, double length) {
   if (!std::isfinite(radius) || radius == 0.0) return curve;
   curve.m_kind = Kind::Arc;
   curve.m_length = length;
-  curve.m_radius = radius;
+  curve.m_shape = radius;
   curve.m_curvatureStart = 1.0 / radius;
   curve.prepare();
   return curve;
@@ -121,7 +121,7 @@ bool CPlaneCurve::turnsTooMuch() const {
 }
 
 void CPlaneCurve::prepare() {
-  const bool isOneRound = m_kind == Kind::Arc && m_length <= kTwoPi * std::abs(m_radius);
+  const bool isOneRound = m_kind == Kind::Arc && m_length <= kTwoPi * std::abs(m_shape);
   if (!isOneRound && turnsTooMuch()) return;
   if (m_kind == Kind::Clothoid && placeOnSpiral()) m_kind = Kind::Spiral;
   m_end = at(m_length);
@@ -142,16 +142,16 @@ bool CPlaneCurve::isSearchedAtOnce() const {
 bool CPlaneCurve::placeOnSpiral() {
   const double square = m_length / std::abs(m_curvatureChange);
   SpiralFrame frame;
-  frame.side = m_curvatureChange < 0.0 ? -1.0 : 1.0;
-  frame.halfInverseSquare = 1.0 / (2.0 * square);
-  frame.startLength = frame.side * m_curvatureStart * square;
+  const double halfInverseSquare = 1.0 / (2.0 * square);
+  frame.startLength = spiralSide() * m_curvatureStart * square;
   const double farthest =
       std::max(std::abs(frame.startLength), std::abs(frame.startLength + m_length));
-  if (!(m_length > 0.0 && farthest * farthest * frame.halfInverseSquare <= kLargestSeriesAngle)) {
+  if (!(m_length > 0.0 && farthest * farthest * halfInverseSquare <= kLargestSeriesAngle)) {
     return false;
   }
-  const double startAngle = frame.startLength * frame.startLength * frame.halfInverseSquare;
-  frame.toCurve = directionOfBearing(-frame.side * startAngle);
+  const double startAngle = frame.startLength * frame.startLength * halfInverseSquare;
+  frame.toCurve = directionOfBearing(-spiralSide() * startAngle);
+  m_shape = halfInverseSquare;
   m_spiral = frame;
   m_spiral.startPoint = spiralPoint(frame.startLength);
   return true;
@@ -174,9 +174,9 @@ double CPlaneCurve::headingAt(double l) const {
 
 /// The spiral is odd: places before its origin are those after it, turned by half a turn.
 Point2D CPlaneCurve::spiralPoint(double lengthFromOrigin) const {
-  const double angle = lengthFromOrigin * lengthFromOrigin * m_spiral.halfInverseSquare;
+  const double angle = lengthFromOrigin * lengthFromOrigin * m_shape;
   const CSpiralFactors factors = spiralFactors(angle);
-  return {m_spiral.side * lengthFromOrigin * factors.across, lengthFromOrigin * factors.along};
+  return {spiralSide() * lengthFromOrigin * factors.across, lengthFromOrigin * factors.along};
 }
 
 /// Integrates the direction in panels of at most 1 rad: 1e-13 of the length. Ten points integrate
@@ -213,7 +213,7 @@ inline CCurvePoint CPlaneCurve::pointOnSpiral(double l) const {
 CCurvePoint CPlaneCurve::at(double l) const {
   if (m_kind == Kind::Spiral) return pointOnSpiral(l);
   if (m_kind == Kind::Arc) {
-    CCurvePoint point = pointOnArc(m_radius, l);
+    CCurvePoint point = pointOnArc(m_shape, l);
     carryOff(point.position, l);
     return point;
   }
@@ -233,7 +233,7 @@ CCurvePoint CPlaneCurve::at(double l) const {
 
 double CPlaneCurve::radiusAt(double l) const {
   // The reciprocal of a reciprocal may be an ulp off: 49 would read 49.000000000000007.
-  if (m_kind == Kind::Arc) return m_radius;
+  if (m_kind == Kind::Arc) return m_shape;
   const double curvature = m_kind == Kind::Straight ? 0.0 : curvatureAt(l);
   return std::abs(curvature) < kNoCurvature ? 0.0 : 1.0 / curvature;
 }
@@ -245,7 +245,7 @@ CCurveFoot CPlaneCurve::footOf(const Point2D& p) const {
     case Kind::Arc:
       if (m_drifts) return footBySearch(p);
       // What goes round again has its first foot on the first round.
-      return footOnArc(m_radius, std::min(m_length, kTwoPi * std::abs(m_radius)), p);
+      return footOnArc(m_shape, std::min(m_length, kTwoPi * std::abs(m_shape)), p);
     default:
       return footBySearch(p);
   }

@@ -7,6 +7,9 @@
 
 #include "shapes/CurvePoint.h"
 
+#include <cmath>
+#include <cstdint>
+
 namespace Ruv {
 
 struct CForwardDistance;
@@ -62,7 +65,7 @@ class CPlaneCurve {
   CCurveFoot footOf(const Point2D& p) const;
 
  private:
-  enum class Kind {
+  enum class Kind : std::uint8_t {
     Straight,
     Arc,
     Spiral,  // a clothoid near enough to its origin for the series
@@ -71,9 +74,7 @@ class CPlaneCurve {
 
   /// The curve as a piece of the unit-free spiral: the frame in which the series is evaluated.
   struct SpiralFrame {
-    double side = 1.0;               // +1 when the curvature grows to the right
-    double halfInverseSquare = 0.0;  // 1 / (2 A^2)
-    double startLength = 0.0;        // from the spiral's origin, negative before it
+    double startLength = 0.0;  // from the spiral's origin, negative before it
     Point2D startPoint;
     CDirection toCurve;  // turns the spiral's frame into the curve's
   };
@@ -88,6 +89,8 @@ class CPlaneCurve {
   void carryOff(Point2D& position, double l) const {
     if (m_drifts) position = position + m_drift * l;
   }
+  /// +1 when the curvature grows to the right.
+  double spiralSide() const { return std::copysign(1.0, m_curvatureChange); }
   Point2D spiralPoint(double lengthFromOrigin) const;
   CCurvePoint pointOnSpiral(double l) const;
   Point2D positionByQuadrature(double l) const;
@@ -99,6 +102,7 @@ class CPlaneCurve {
   CCurveFoot unlessAnEndIsNearer(const CCurveFoot& found, const Point2D& p,
                                  const CForwardDistance& start, const CForwardDistance& end) const;
 
+  // In the order in which questions ask for them: see CHoralSegment.
   Kind m_kind = Kind::Straight;
   bool m_isDefined = false;
   bool m_drifts = false;
@@ -106,7 +110,7 @@ class CPlaneCurve {
   double m_length = 0.0;
   double m_curvatureStart = 0.0;
   double m_curvatureChange = 0.0;  // over the whole length
-  double m_radius = 0.0;           // where it is the same everywhere
+  double m_shape = 0.0;            // the radius of an arc; 1 / (2 A^2) of a spiral
   SpiralFrame m_spiral;
   CCurvePoint m_end;
   Point2D m_drift;
