@@ -110,12 +110,13 @@ ENHPoint laidOff(const CCurvePoint& plan, double axisHeight, double forward, dou
 
 ENHPoint gridPointOf(const CSectionPoint& section, const CCurvePoint& plan,
                      const CHeightAndGrade& profile, const CConversionOptions& options) {
-  const double cosine = cosineOfGrade(profile.grade);
   if (options.plane == CProfilePlane::Perpendicular) {
+    const double cosine = cosineOfGrade(profile.grade);
     return laidOff(plan, profile.height, -section.up * profile.grade * cosine, section.right,
                    section.up * cosine);
   }
-  const double up = options.heightAlongPlumbLine ? section.up : section.up / cosine;
+  const double up =
+      options.heightAlongPlumbLine ? section.up : section.up / cosineOfGrade(profile.grade);
   return laidOff(plan, profile.height, 0.0, section.right, up);
 }
 

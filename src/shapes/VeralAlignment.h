@@ -15,11 +15,12 @@
 
 namespace Ruv {
 
-/// A stretch of stationings on which one curve gives the height.
-struct CVeralPiece {
+/// A stretch of stationings on which one curve gives the height. The curve, which is all that a
+/// height takes, lies in one line of the cache.
+struct alignas(64) CVeralPiece {
+  CVerticalCurve curve;
   double from = 0.0;
   double to = 0.0;
-  CVerticalCurve curve;
   double lengthBefore = 0.0;  ///< length in space from the start of the alignment to from
 };
 
