@@ -121,7 +121,7 @@ void closeRing(ClipperLib::Path& points, bool clean) {
   // cleaning takes a path for a ring anyway and would take a repeat for superfluous.
   if (points.size() < 2) return;
   if (!ClipperLib::Orientation(points)) ClipperLib::ReversePath(points);
-  if (clean) ClipperLib::CleanPolygon(points, kCleaningDistanceUnits);
+  if (clean) cleanRing(points);
   if (points.size() >= 2 && points.front() != points.back()) points.push_back(points.front());
 }
 
