@@ -56,6 +56,8 @@ class CALCULATIONS_EXPORT MeasuredProfile : public IProfileSegmentProvider {
   double getCircumference() const override;
 
  private:
+  friend class MeasuredProfileImpl;
+
   std::unique_ptr<MeasuredProfileImpl> m_impl;
 };
 

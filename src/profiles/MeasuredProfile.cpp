@@ -5,6 +5,7 @@
 
 #include <Calculations/MeasuredProfile.h>
 
+#include "profiles/MeasuredProfileImpl.h"
 #include "shapes/PlaneGeometry.h"
 
 #include <algorithm>
@@ -12,14 +13,6 @@
 
 namespace Ruv {
 namespace Calculations {
-
-class MeasuredProfileImpl {
- public:
-  std::vector<Point2D> points;
-
-  unsigned int count() const { return static_cast<unsigned int>(points.size()); }
-  Point2D at(unsigned int index) const { return index < points.size() ? points[index] : Point2D(); }
-};
 
 MeasuredProfile::MeasuredProfile() : m_impl(new MeasuredProfileImpl) {}
 

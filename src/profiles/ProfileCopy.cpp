@@ -5,9 +5,13 @@
 
 #include "profiles/ProfileCopy.h"
 
+#include "profiles/MeasuredProfileImpl.h"
 #include "shapes/PlaneGeometry.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <typeinfo>
 
 namespace Ruv {
 namespace Calculations {
@@ -32,14 +36,34 @@ double radiusAt(const IProfileSegmentProvider& profile, unsigned int i) {
 bool isSame(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
 bool isSame(const Point2D& a, const Point2D& b) { return isSame(a.x, b.x) && isSame(a.y, b.y); }
 
+/// The points of a measured profile, which are read by thousands and all at once; null for others.
+const std::vector<Point2D>* measuredPoints(const IProfileSegmentProvider& profile) {
+  // What callers derive from it may tell other segments.
+  if (typeid(profile) != typeid(MeasuredProfile)) return nullptr;
+  return &MeasuredProfileImpl::of(static_cast<const MeasuredProfile&>(profile)).points;
+}
+
+bool isNodeAt(const ProfileCopy::Node& node, const Point2D& point) {
+  return isSame(node.point, point) && node.radius == 0.0;
+}
+
 }  // namespace
 
 ProfileCopy::ProfileCopy(const IProfileSegmentProvider& profile) : m_nodes(numNodes(profile)) {
-  const auto count = static_cast<unsigned int>(m_nodes.size());
-  for (unsigned int i = 0; i < count; ++i) {
-    m_nodes[i].point = pointAt(profile, count, i);
-    m_nodes[i].radius = radiusAt(profile, i);
+  if (const std::vector<Point2D>* points = measuredPoints(profile)) {
+    for (std::size_t i = 0; i < m_nodes.size(); ++i) {
+      m_nodes[i].point = (*points)[i < points->size() ? i : 0];
+    }
+  } else {
+    const auto count = static_cast<unsigned int>(m_nodes.size());
+    for (unsigned int i = 0; i < count; ++i) {
+      m_nodes[i].point = pointAt(profile, count, i);
+      m_nodes[i].radius = radiusAt(profile, i);
+    }
   }
+  m_isSound = std::all_of(m_nodes.begin(), m_nodes.end(),
+                          [](const Node& node) { return isFinite(node.point); });
+  if (!m_isSound) leaveOutUnsound();
 }
 
 /// Compares doubles, not addresses: a profile may be changed or another one take its place in
@@ -47,6 +71,11 @@ ProfileCopy::ProfileCopy(const IProfileSegmentProvider& profile) : m_nodes(numNo
 bool ProfileCopy::isCopyOf(const IProfileSegmentProvider& profile) const {
   const unsigned int count = numNodes(profile);
   if (m_nodes.size() != count) return false;
+  if (const std::vector<Point2D>* points = measuredPoints(profile)) {
+    return points->empty() ||
+           (std::equal(m_nodes.begin(), m_nodes.end() - 1, points->begin(), isNodeAt) &&
+            isNodeAt(m_nodes.back(), points->front()));
+  }
   for (unsigned int i = 0; i < count; ++i) {
     if (!isSame(pointAt(profile, count, i), m_nodes[i].point) ||
         !isSame(radiusAt(profile, i), m_nodes[i].radius)) {
@@ -58,22 +87,20 @@ bool ProfileCopy::isCopyOf(const IProfileSegmentProvider& profile) const {
 
 /// Where an end of an arc is left out a straight bridges the gap, as the radius belongs to the
 /// chord that is gone.
-std::vector<ProfileCopy::Node> ProfileCopy::soundNodes() const {
-  std::vector<Node> sound;
-  sound.reserve(m_nodes.size());
+void ProfileCopy::leaveOutUnsound() {
+  m_sound.reserve(m_nodes.size());
   bool isBridged = false;
   for (const Node& node : m_nodes) {
     if (isFinite(node.point)) {
-      sound.push_back({node.point, isBridged ? 0.0 : node.radius});
+      m_sound.push_back({node.point, isBridged ? 0.0 : node.radius});
       isBridged = false;
     } else {
       isBridged = true;
     }
   }
   // A ring that begins, and so ends, with a point that is left out.
-  const bool isOpened = isBridged && !sound.empty() && !isFinite(m_nodes.front().point);
-  if (isOpened) sound.push_back({sound.front().point, 0.0});
-  return sound;
+  const bool isOpened = isBridged && !m_sound.empty() && !isFinite(m_nodes.front().point);
+  if (isOpened) m_sound.push_back({m_sound.front().point, 0.0});
 }
 
 }  // namespace Calculations

@@ -27,10 +27,14 @@ class ProfileCopy {
 
   /// The nodes without points that are not finite, whose neighbours are joined by a straight. One
   /// more than segments; none without segments.
-  std::vector<Node> soundNodes() const;
+  const std::vector<Node>& soundNodes() const { return m_isSound ? m_nodes : m_sound; }
 
  private:
+  void leaveOutUnsound();
+
   std::vector<Node> m_nodes;
+  bool m_isSound = true;
+  std::vector<Node> m_sound;  // instead of all nodes, where some are left out
 };
 
 }  // namespace Calculations
