@@ -14,9 +14,12 @@
 
 #include "profiles/LineCuts.h"
 #include "profiles/ProfileReach.h"
+#include "profiles/ThProfileDefinitionImpl.h"
 #include "profiles/paths/Bands.h"
 #include "profiles/paths/PathPoints.h"
 #include "shapes/PlaneGeometry.h"
+
+#include <typeinfo>
 
 namespace Ruv {
 namespace Calculations {
@@ -62,6 +65,17 @@ std::vector<Polyline> MeasuredProfileCalculatorImpl::linesOf(const IProfileSegme
   std::vector<Polyline> lines;
   if (profile.getNumSegments() > 0) lines.push_back(polylineOf(outline));
   return lines;
+}
+
+const Path& MeasuredProfileCalculatorImpl::referenceOutline() {
+  const IProfileSegmentProvider& profile = *reference;
+  // What callers derive from a definition may tell other segments than it holds.
+  if (typeid(profile) == typeid(ThProfileDefinition)) {
+    const auto& design = static_cast<const ThProfileDefinition&>(profile);
+    return ThProfileDefinitionImpl::of(design).cleanOutline.get(
+        [&profile] { return outlineOf(profile, true); });
+  }
+  return m_referenceOutline.of(profile).path();
 }
 
 double MeasuredProfileCalculatorImpl::areaOf(const Path& outline) const {

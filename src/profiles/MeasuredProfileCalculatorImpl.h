@@ -36,7 +36,7 @@ class MeasuredProfileCalculatorImpl {
   double circumferenceOf(const IProfileSegmentProvider& profile) const;
   std::vector<Polyline> linesOf(const IProfileSegmentProvider& profile, bool clean) const;
 
-  const Path& referenceOutline() { return m_referenceOutline.of(*reference).path(); }
+  const Path& referenceOutline();
   const Path& comparisonOutline() { return m_comparisonOutline.of(*comparison).path(); }
   double areaOf(const Path& outline) const;
   /// @name Areas that no filter excludes

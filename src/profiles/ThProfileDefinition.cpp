@@ -21,6 +21,7 @@ IProfileSegmentProvider::~IProfileSegmentProvider() = default;
 
 void ThProfileDefinitionImpl::add(const Point2D& start, const Point2D& end, double radius) {
   makeRoomFor(2, nodes);  // no start without its segment
+  cleanOutline.forget();
   if (nodes.empty()) {
     nodes.push_back({start, 0.0, 0.0});
     sense.add(start);
@@ -35,6 +36,7 @@ void ThProfileDefinitionImpl::add(const Point2D& start, const Point2D& end, doub
 void ThProfileDefinitionImpl::reset() {
   nodes.clear();
   sense.reset();
+  cleanOutline.forget();
 }
 
 ThProfileDefinition::ThProfileDefinition() : m_impl(new ThProfileDefinitionImpl) {}

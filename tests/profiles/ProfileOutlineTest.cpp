@@ -31,8 +31,10 @@ TEST(ProfileOutline, SeesChangedProfiles) {
   EXPECT_NEAR(calculator.underProfileArea(), 3.0, 1e-7);
   EXPECT_EQ(byScan.calculateProfilePoint(Point2D(5, 1)).distance, 4.0);
   design->resetThProfile();
+  EXPECT_EQ(calculator.referenceArea(), 0.0);
   design->addSegmentArc(0, 0, 0, 2, 1.0);
   design->addSegmentStraight(0, 2, 2, 2);
+  EXPECT_NEAR(calculator.referenceArea(), 2.0 + kPi / 2, 1e-3);
   design->addSegmentStraight(2, 2, 2, 0);
   design->addSegmentStraight(2, 0, 0, 0);
   EXPECT_NEAR(calculator.referenceArea(), 4.0 + kPi / 2, 1e-3);
