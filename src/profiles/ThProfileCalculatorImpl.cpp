@@ -121,13 +121,14 @@ std::size_t ThProfileCalculatorImpl::profilePoints(const Point2D* points, std::s
 }
 
 Point2D ThProfileCalculatorImpl::pointAtDerolment(double derolment) const {
-  return pointAtRawDerolment(derolment + m_crown);
+  std::size_t end = 1;
+  return pointAtRawDerolment(derolment + m_crown, end);
 }
 
-Point2D ThProfileCalculatorImpl::pointAtRawDerolment(double rawDerolment) const {
+Point2D ThProfileCalculatorImpl::pointAtRawDerolment(double rawDerolment, std::size_t& end) const {
   if (rawDerolment < 0.0) rawDerolment += m_circumference;
   if (rawDerolment > m_circumference) rawDerolment -= m_circumference;
-  return m_chain.pointAt(stationOf(rawDerolment)).value_or(Point2D());
+  return m_chain.pointAt(stationOf(rawDerolment), end).value_or(Point2D());
 }
 
 /// The start point comes first either way round; the closing node, which repeats it, is left out.
@@ -183,8 +184,9 @@ std::vector<Point2D> ThProfileCalculatorImpl::samples(double interval, double co
   derolments.erase(std::unique(derolments.begin(), derolments.end(), isSame), derolments.end());
   std::vector<Point2D> points;
   points.reserve(derolments.size());
+  std::size_t end = 1;
   for (const double sampled : derolments) {
-    points.push_back(pointAtRawDerolment(sampled));
+    points.push_back(pointAtRawDerolment(sampled, end));
   }
   return points;
 }

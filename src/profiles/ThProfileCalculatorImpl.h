@@ -54,7 +54,8 @@ class ThProfileCalculatorImpl {
   double derolmentAt(double station) const;
   double rawDerolmentOf(double station) const;
   double stationOf(double rawDerolment) const;
-  Point2D pointAtRawDerolment(double rawDerolment) const;
+  /// @param end as CCurveChain::pointAt takes it
+  Point2D pointAtRawDerolment(double rawDerolment, std::size_t& end) const;
   /// Those that are not a number are left out.
   std::vector<double> sortedRawDerolmentsOfVertices() const;
   double rawDerolmentOfCrown() const;

@@ -204,18 +204,31 @@ CDirection CCurveChain::directionThroughVertex(std::size_t node) const {
   return directionThrough(into, after->startDirection);
 }
 
-std::optional<Point2D> CCurveChain::pointAt(double station) const {
-  if (m_nodes.size() < 2 || !(station >= m_nodes.front().station)) return std::nullopt;
+/// The first node but the start whose station is not less; one past the last if there is none.
+std::size_t CCurveChain::endOfSegmentAt(double station, std::size_t guess) const {
+  // Looks at the segment guessed and at both beside it, where a search by halves mispredicts.
+  for (const std::size_t i : {guess, guess + 1, guess - 1}) {
+    const bool isEnd = i > 0 && i < m_nodes.size() && !(m_nodes[i].station < station) &&
+                       (i == 1 || m_nodes[i - 1].station < station);
+    if (isEnd) return i;
+  }
   const auto end =
       std::lower_bound(m_nodes.begin() + 1, m_nodes.end(), station,
                        [](const CChainNode& node, double value) { return node.station < value; });
-  if (end == m_nodes.end()) return std::nullopt;
+  return static_cast<std::size_t>(end - m_nodes.begin());
+}
+
+std::optional<Point2D> CCurveChain::pointAt(double station, std::size_t& end) const {
+  if (m_nodes.size() < 2 || !(station >= m_nodes.front().station)) return std::nullopt;
+  end = endOfSegmentAt(station, end);
+  if (end == m_nodes.size()) return std::nullopt;
   // Nodes are given back as they were stored, without the rounding of an evaluation.
-  if (station == end->station) return end->point;
-  const auto index = static_cast<std::size_t>(end - m_nodes.begin()) - 1;
+  if (station == m_nodes[end].station) return m_nodes[end].point;
+  const std::size_t index = end - 1;
   const CChainSegment& segment = m_segments[index];
   if (station == m_nodes[index].station || !segment.hasExtent()) return segment.start;
-  const double share = (station - m_nodes[index].station) / (end->station - m_nodes[index].station);
+  const double share =
+      (station - m_nodes[index].station) / (m_nodes[end].station - m_nodes[index].station);
   return segment.at(segment.length * share).position;
 }
 

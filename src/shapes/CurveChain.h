@@ -57,9 +57,17 @@ class CCurveChain {
 
   /// The point at a station. Nothing outside the stations of the chain. Where stations do not fit
   /// the nodes, the stretch between two of them is spread evenly over its segment. O(log n).
-  std::optional<Point2D> pointAt(double station) const;
+  std::optional<Point2D> pointAt(double station) const {
+    std::size_t end = 1;
+    return pointAt(station, end);
+  }
+  /// The same, faster for stations that follow each other either way along the chain.
+  /// @param end of the segment of the station before, as an index of a node; any number at first
+  std::optional<Point2D> pointAt(double station, std::size_t& end) const;
 
  private:
+  std::size_t endOfSegmentAt(double station, std::size_t guess) const;
+
   /// A candidate of the search for the nearest point.
   struct Candidate {
     std::size_t segment = 0;
