@@ -91,11 +91,14 @@ struct CAxisPlace {
   CHeightAndGrade profile;
 };
 
-std::optional<CAxisPlace> placeAt(const CAxisGeometry& axis, double stationing) {
+/// How plan is asked for: with or without a heading.
+using PlanAt = std::optional<CCurvePoint> (CHoralAlignment::*)(double) const;
+
+std::optional<CAxisPlace> placeAt(const CAxisGeometry& axis, double stationing, PlanAt planAt) {
   if (!isInRange(axis, stationing)) return std::nullopt;
   const auto profile = axis.veral.at(stationing);
   if (!profile) return std::nullopt;
-  const auto plan = axis.horal.pointAt(stationing);
+  const auto plan = (axis.horal.*planAt)(stationing);
   if (!plan) return std::nullopt;
   return CAxisPlace{*plan, *profile};
 }
@@ -175,7 +178,7 @@ std::optional<AxisPoint> axisPointOf(const CAxisGeometry& axis, const ENHPoint& 
 
 std::optional<ENHPoint> axisToGrid(const CAxisGeometry& axis, const AxisPoint& point,
                                    const CConversionOptions& options) {
-  const auto place = placeAt(axis, point.stationing);
+  const auto place = placeAt(axis, point.stationing, &CHoralAlignment::placeAt);
   if (!place) return std::nullopt;
   CSectionPoint section{point.offset, point.height};
   const double slope = transSlopeAt(axis, point.stationing, options);
@@ -184,7 +187,7 @@ std::optional<ENHPoint> axisToGrid(const CAxisGeometry& axis, const AxisPoint& p
 }
 
 std::optional<CAxisProperties> axisPropertiesAt(const CAxisGeometry& axis, double stationing) {
-  const auto place = placeAt(axis, stationing);
+  const auto place = placeAt(axis, stationing, &CHoralAlignment::pointAt);
   if (!place) return std::nullopt;
   return CAxisProperties{reportedAzimuth(place->plan.heading), axis.horal.radiusAt(stationing),
                          place->profile.grade * kPercentBase, axis.transSlopes.at(stationing)};

@@ -134,6 +134,12 @@ std::optional<CCurvePoint> CHoralAlignment::pointAt(double stationing) const {
   return segment->path.at(stationing - segment->stationingStart);
 }
 
+std::optional<CCurvePoint> CHoralAlignment::placeAt(double stationing) const {
+  const CHoralSegment* segment = segmentAt(stationing);
+  if (segment == nullptr) return std::nullopt;
+  return segment->path.placeAt(stationing - segment->stationingStart);
+}
+
 double CHoralAlignment::radiusAt(double stationing) const {
   const CHoralSegment* segment = segmentAt(stationing);
   if (segment == nullptr) return 0.0;

@@ -73,6 +73,8 @@ class CHoralAlignment {
   /// Evaluates the first segment whose end stationing is not less than the given one. Nothing
   /// outside the alignment or when that segment is not evaluable. O(log n).
   std::optional<CCurvePoint> pointAt(double stationing) const;
+  /// The same without a heading.
+  std::optional<CCurvePoint> placeAt(double stationing) const;
   /// Signed radius at the same place; 0 where it is straight and where pointAt gives nothing.
   double radiusAt(double stationing) const;
   /// The same place with the azimuth and the radius that callers are told.

@@ -25,6 +25,10 @@ struct CPlacedCurve {
   /// Heading is the bearing of the tangent, not normalised.
   CCurvePoint at(double l) const { return placed(curve.at(l)); }
 
+  /// The same without a heading: the start bearing lies in a line of the cache that nothing else
+  /// about a place needs.
+  CCurvePoint placeAt(double l) const { return placedWithoutHeading(curve.at(l)); }
+
   CCurvePoint end() const { return placed(curve.end()); }
 
   /// Foot of p; the lateral is in units of the plane. Coordinates are reduced before anything is
@@ -36,10 +40,17 @@ struct CPlacedCurve {
   }
 
  private:
-  CCurvePoint placed(CCurvePoint point) const {
-    point.position = start + turnedTo(startDirection, point.position) * scale;
-    point.tangent = turnedTo(startDirection, point.tangent);
-    point.heading += startBearing;
+  CCurvePoint placed(const CCurvePoint& own) const {
+    CCurvePoint point = placedWithoutHeading(own);
+    point.heading = own.heading + startBearing;
+    return point;
+  }
+
+  CCurvePoint placedWithoutHeading(const CCurvePoint& own) const {
+    CCurvePoint point;
+    point.position = start + turnedTo(startDirection, own.position) * scale;
+    point.tangent = turnedTo(startDirection, own.tangent);
+    point.curvature = own.curvature;
     return point;
   }
 };
