@@ -22,6 +22,9 @@ using namespace Ruv::Calculations;
 
 constexpr std::size_t kElements = 1000;
 constexpr std::size_t kPlaces = 1000;
+/// An axis that no small cache holds, and places enough to come by all of it.
+constexpr std::size_t kManyElements = 10000;
+constexpr std::size_t kManyPlaces = 20000;
 constexpr std::size_t kListPoints = 50000;
 constexpr std::size_t kSectionPoints = 2000;
 constexpr std::size_t kFitPoints = 1000;
@@ -39,10 +42,10 @@ Round entering() {
   return [workload = AxisWorkload(kElements)] { return workload.build()->maximumStng2d(); };
 }
 
-Round placing() {
-  const AxisWorkload workload(kElements);
+Round placingOn(std::size_t numElements, std::size_t numPlaces) {
+  const AxisWorkload workload(numElements);
   return [calculator = std::make_shared<AxisCalculator>(workload.build()),
-          places = workload.randomPlaces(kPlaces)] {
+          places = workload.randomPlaces(numPlaces)] {
     double sum = 0.0;
     for (const AxisPoint& place : places) {
       ENHPoint point;
@@ -52,10 +55,10 @@ Round placing() {
   };
 }
 
-Round locating() {
-  const AxisWorkload workload(kElements);
+Round locatingOn(std::size_t numElements, std::size_t numPlaces) {
+  const AxisWorkload workload(numElements);
   return [calculator = std::make_shared<AxisCalculator>(workload.build()),
-          scan = scanAround(workload.exact(), kPlaces)] {
+          scan = scanAround(workload.exact(), numPlaces)] {
     double sum = 0.0;
     for (const ENHPoint& point : scan.points) {
       AxisPoint place;
@@ -159,8 +162,10 @@ Round identifying() {
 std::vector<Question> questions() {
   return {
       {"entering", kElements, entering},
-      {"placing", kPlaces, placing},
-      {"locating", kPlaces, locating},
+      {"placing", kPlaces, [] { return placingOn(kElements, kPlaces); }},
+      {"placing.long", kManyPlaces, [] { return placingOn(kManyElements, kManyPlaces); }},
+      {"locating", kPlaces, [] { return locatingOn(kElements, kPlaces); }},
+      {"locating.long", kManyPlaces, [] { return locatingOn(kManyElements, kManyPlaces); }},
       {"locating.random", kListPoints, locatingRandom},
       {"locating.sections", kListPoints, locatingSections},
       {"locating.slabs", kListPoints, locatingSlabs},
