@@ -24,13 +24,17 @@ std::vector<png_byte> rgbBytesOf(cairo_surface_t* image) {
   const auto rows = static_cast<std::size_t>(cairo_image_surface_get_height(image));
   const auto stride = static_cast<std::size_t>(cairo_image_surface_get_stride(image));
   const unsigned char* data = cairo_image_surface_get_data(image);
-  std::vector<png_byte> bytes;
-  bytes.reserve(3 * columns * rows);
-  for (std::size_t i = 0; i < columns * rows; ++i) {
-    std::uint32_t pixel = 0;
-    std::memcpy(&pixel, data + i / columns * stride + i % columns * sizeof pixel, sizeof pixel);
-    for (const unsigned shift : {16U, 8U, 0U}) {
-      bytes.push_back(static_cast<png_byte>(pixel >> shift & 0xFFU));
+  std::vector<png_byte> bytes(3 * columns * rows);
+  png_byte* byte = bytes.data();
+  for (std::size_t row = 0; row < rows; ++row) {
+    const unsigned char* place = data + row * stride;
+    for (std::size_t column = 0; column < columns; ++column) {
+      std::uint32_t pixel = 0;
+      std::memcpy(&pixel, place, sizeof pixel);
+      place += sizeof pixel;
+      *byte++ = static_cast<png_byte>(pixel >> 16U & 0xFFU);
+      *byte++ = static_cast<png_byte>(pixel >> 8U & 0xFFU);
+      *byte++ = static_cast<png_byte>(pixel & 0xFFU);
     }
   }
   return bytes;
