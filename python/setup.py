@@ -24,19 +24,22 @@ class CMakeBuild(build_ext):
     """Takes the one extension from CMake's build folder."""
 
     def build_extension(self, ext: Extension) -> None:
-        folder = Path(os.environ.get("HADREL_BUILD_DIR", Path(self.build_temp).resolve() / "cmake"))
-        options = {
-            "BUILD_PYTHON": "ON",
-            "BUILD_BENCHMARKS": "OFF",
-            "BUILD_EXAMPLES": "OFF",
-            "BUILD_PROGRAMS": "OFF",
-            "BUILD_TESTING": "OFF",
-            "CALCULATIONS_UNITY": "ON",
-            "CMAKE_BUILD_TYPE": "Release",
-            "Python3_EXECUTABLE": sys.executable,
-        }
-        subprocess.run(["cmake", "-G", "Ninja", "-S", ROOT, "-B", folder]
-                       + [f"-D{name}={value}" for name, value in options.items()], check=True)
+        options = {"BUILD_PYTHON": "ON", "Python3_EXECUTABLE": sys.executable}
+        if "HADREL_BUILD_DIR" in os.environ:  # configured, and perhaps built but for the extension
+            folder = Path(os.environ["HADREL_BUILD_DIR"])
+            command = ["cmake", folder]
+        else:
+            folder = Path(self.build_temp).resolve() / "cmake"
+            command = ["cmake", "-G", "Ninja", "-S", ROOT, "-B", folder]
+            options |= {
+                "BUILD_BENCHMARKS": "OFF",
+                "BUILD_EXAMPLES": "OFF",
+                "BUILD_PROGRAMS": "OFF",
+                "BUILD_TESTING": "OFF",
+                "CALCULATIONS_UNITY": "ON",
+                "CMAKE_BUILD_TYPE": "Release",
+            }
+        subprocess.run(command + [f"-D{name}={value}" for name, value in options.items()], check=True)
         subprocess.run(["cmake", "--build", folder, "--target", "hadrelNative"], check=True)
         built, = (folder / "python" / "hadrel").glob("_native*")
         self.copy_file(str(built), self.get_ext_fullpath(ext.name))
