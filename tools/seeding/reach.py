@@ -51,6 +51,8 @@ class Reach:
             self.functions[test] = len(addresses)
             for address in addresses:
                 self._tests_at[places[address]].add(test)
+        if not any(path.startswith("src/") for path, _ in self._tests_at):
+            raise SystemExit(f"{binary} enters no function of the library.")
 
     def _places_of(self, binary, addresses):
         ordered = sorted(addresses)
@@ -60,7 +62,7 @@ class Reach:
 
     def _place(self, answer):
         file, line = answer.split(" ")[0].rsplit(":", 1)
-        path = os.path.relpath(os.path.normpath(file), self._build.root)
+        path = os.path.relpath(os.path.normpath(self._build.folder / file), self._build.root)
         return path, int(line) if line.isdigit() else 0
 
     def tests_entering(self, path, lines=(0, sys.maxsize)):
