@@ -109,6 +109,12 @@ TEST(EllipseFit, RejectsNoPointOfAThinEllipseFarFromTheOrigin) {
   }
 }
 
+TEST(Conic, MagnitudeIsThatOfAllTerms) {
+  const Conic conic{0.3, -0.7, -0.9, 0.2, -0.5, -1.1};
+  const Conic positive{0.3, 0.7, 0.9, 0.2, 0.5, 1.1};
+  EXPECT_NEAR(magnitudeAt(conic, -3.0, 0.5), valueAt(positive, 3.0, 0.5), 1e-12);
+}
+
 TEST(Conic, SlopeIsTheGradientOfItsValue) {
   const Conic conic{0.3, -0.7, 0.9, 0.2, -0.5, -1.1};
   for (const Point2D p : {Point2D(0, 0), Point2D(1, 2), Point2D(-3, 0.5)}) {

@@ -53,6 +53,32 @@ TEST(BoxTree, LooksAtAllBoxesThatMayBeNearer) {
   }
 }
 
+TEST(BoxTree, MissesNoLongBoxThatEndsBesideAPoint) {
+  // Their middles are so far away that single precision leaves decimetres of them.
+  Random random(40);
+  for (int i = 0; i < 200; ++i) {
+    const Point2D far = i % 2 == 0 ? Point2D(3e6, 0) : Point2D(0, 3e6);
+    std::vector<CBox> boxes(9);
+    for (CBox& box : boxes) {
+      const Point2D end(random.uniform(-9, 9), random.uniform(-9, 9));
+      const bool isBefore = random.index(2) == 0;
+      box.low = isBefore ? end - far * random.uniform(0.5, 1.0) : end;
+      box.high = isBefore ? end : end + far * random.uniform(0.5, 1.0);
+    }
+    const CBoxTree tree(boxes);
+    const Point2D p(random.uniform(-9, 9), random.uniform(-9, 9));
+    double expected = 1e9;
+    double nearest = 1e9;
+    for (const CBox& box : boxes) {
+      expected = std::min(expected, distanceTo(box, p));
+    }
+    tree.visitNear(
+        p, [&] { return nearest; },
+        [&](std::size_t index) { nearest = std::min(nearest, distanceTo(boxes[index], p)); });
+    EXPECT_EQ(nearest, expected);
+  }
+}
+
 TEST(BoxTree, EnclosesEveryCurveOfALength) {
   Random random(39);
   for (int i = 0; i < 200; ++i) {

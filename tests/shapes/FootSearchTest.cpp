@@ -17,4 +17,13 @@ TEST(FootSearch, StaysBetweenItsEndsWhenDistancesOverflow) {
   EXPECT_NEAR(Ruv::footBetween(forwardAt, {3.0, forwardAt(3.0)}, {5.0, forwardAt(5.0)}), 4.0, 1e-9);
 }
 
+TEST(FootSearch, TakesAsFewPiecesAsTurnNoMoreThanAllowed) {
+  for (const double turning : {0.0, 1e-9, 0.39, 0.4, 3.0, 100.0, 117.0, 118.0, 1e300}) {
+    const int pieces = Ruv::numSearchedPieces(turning);
+    EXPECT_GE(pieces, 1);
+    EXPECT_TRUE(turning <= pieces * Ruv::kLargestSearchedTurning || pieces == 300) << turning;
+    EXPECT_TRUE(pieces == 1 || turning > (pieces - 1) * Ruv::kLargestSearchedTurning) << turning;
+  }
+}
+
 }  // namespace

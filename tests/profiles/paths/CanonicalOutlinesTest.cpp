@@ -75,6 +75,13 @@ TEST(CanonicalOutlines, SplitsWhatTouchesItselfFromInside) {
   EXPECT_EQ(canonicalPieces({lobes}), expected);
   const Outline notched = {{0, 900}, {0, 0}, {200, 600}, {600, 200}, {0, 0}, {900, 0}, {900, 900}};
   EXPECT_EQ(canonicalPieces({notched}), ClipperLib::Paths{notched});
+  // Edges along both axes, to either side.
+  Outline wings = {{0, 0}, {900, 0}, {900, 600}, {0, 0}, {-900, 0}, {-900, -600}};
+  for (int quarter = 0; quarter < 4; ++quarter) {
+    EXPECT_EQ(canonicalPieces({wings}).size(), 2U);
+    for (ClipperLib::IntPoint& p : wings)
+      p = {-p.Y, p.X};
+  }
 }
 
 }  // namespace
