@@ -48,6 +48,8 @@ TEST(ContinuedTunnelMeter, CountsOnBeyondTheAxis) {
              ENHPoint(7, 8, 490), 1e-12);
   EXPECT_EQ(GuidanceCalculator(from250, shaft, true).calculateOffsets(ENHPoint(7, 8, 690)).forward,
             -240.0);
+  EXPECT_EQ(GuidanceCalculator(from250, shaft, true).absolutePointAtForwardValue(10), ENHPoint())
+      << "between two places beyond it";
 }
 
 TEST(ContinuedTunnelMeter, IsNoneWhereItEndsOnTheAxis) {
@@ -61,6 +63,7 @@ TEST(ContinuedTunnelMeter, IsNoneWhereItEndsOnTheAxis) {
     const GuidanceCalculator guidance(vector, axis, true);
     EXPECT_TRUE(std::isnan(guidance.calculateOffsets(ENHPoint(0, 0, 0)).forward));
     EXPECT_EQ(guidance.absolutePointAtForwardValue(10 - origin), ENHPoint());
+    expectOffsets(guidance.calculateOffsets(ENHPoint(0, 80, 2.5)), 0, 0, 0, 0);
   }
 }
 

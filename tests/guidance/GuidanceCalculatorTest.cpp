@@ -158,11 +158,14 @@ TEST(GuidanceCalculator, AnswersNeutrallyWithoutInput) {
       Factory::createAsStraightInProfilePlaneWithVerticalAngle(AxisPoint(150, 0, 0), 1.0));
   EXPECT_EQ(GuidanceCalculator(VectorPtr(), axis, false).absolutePointAtForwardValue(1),
             ENHPoint());
+  const VectorPtr parallel(Factory::createAsAxisParallelFromAxisCoordinate(AxisPoint(150, 0, 0)));
   for (const bool perpendicular : {false, true}) {
-    EXPECT_EQ(GuidanceCalculator(vector, none, perpendicular).absolutePointAtForwardValue(1),
-              ENHPoint());
-    const GuidanceCalculator onNothing(vector, BlockPtr(), perpendicular);
-    expectOffsets(onNothing.calculateOffsets(ENHPoint(1, 2, 3)), 0, 0, 0, 0);
+    for (const VectorPtr& any : {vector, parallel}) {
+      const GuidanceCalculator onNothing(any, none, perpendicular);
+      EXPECT_EQ(onNothing.absolutePointAtForwardValue(1), ENHPoint());
+      const GuidanceCalculator onNoBlock(any, BlockPtr(), perpendicular);
+      expectOffsets(onNoBlock.calculateOffsets(ENHPoint(1, 2, 3)), 0, 0, 0, 0);
+    }
   }
   // Nothing to convert, nothing to crash on.
   const AxisPoint nowhere(150, std::nan(""), 1e300);

@@ -85,6 +85,7 @@ TEST(GeologicalOverProfile, LimitsThatAreNoNumbersAreNone) {
   calculator.setFilterExcludeLeftOf(nan);
   EXPECT_NEAR(calculator.comparisonArea(), 2 * quarter, 0.01);
   calculator.setFilterExcludeBetweenAngles(nan, 1.0, Point2D(0, 4));
+  calculator.setFilterExcludeBetweenAngles(0.0, nan, Point2D(0, 4));
   calculator.setFilterExcludeBetweenAngles(0.0, 1.0, Point2D(0, nan));
   EXPECT_NEAR(calculator.comparisonArea(), 2 * quarter, 0.01);
   calculator.setFilterExcludeAbove(nan);

@@ -25,6 +25,7 @@ TEST(MeasuredProfile, IsAClosedPolygon) {
   expectPoint(profile.getSegmentEndAt(1), Point2D(1, 1), 0);
   expectPoint(profile.getPointAt(2), Point2D(), 0);
   expectPoint(profile.getSegmentEndAt(2), Point2D(), 0);
+  expectPoint(profile.getSegmentEndAt(4294967295u), Point2D(), 0);
 }
 
 }  // namespace

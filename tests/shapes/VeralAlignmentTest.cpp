@@ -99,6 +99,7 @@ TEST(VeralAlignment, HasNoLengthBeyondAnUndefinedHeight) {
   EXPECT_DOUBLE_EQ(alignment.lengthAt(10.0), 10.0);
   EXPECT_TRUE(std::isnan(alignment.lengthAt(15.0)));
   EXPECT_TRUE(std::isnan(CVeralAlignment().lengthAt(0.0)));
+  EXPECT_TRUE(std::isnan(CVeralAlignment().stationingAtLength(-1.0)));
 }
 
 }  // namespace

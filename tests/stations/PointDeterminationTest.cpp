@@ -181,6 +181,7 @@ TEST(PointDetermination, ChanceIsThatOfTheFirstDetermination) {
   d.setToleranceTilt(30.0);
   addPoints(d, {{700000.0, 200000.0, 503.0}});
   EXPECT_TRUE(d.determineMeasuredPointsStrict());
+  d.addMeasurement(L"later", PolarPoint(1.0, 1.5, 20.0));
   EXPECT_EQ(copy.expectedChanceSolutions(), first);
   // One of two measurements in a choice of many more is less of a surprise, and so are wide
   // tolerances.

@@ -49,7 +49,9 @@ TEST(StationPlacement, PlacesWhatTheInstrumentSees) {
   }
   EXPECT_LT(sum.length(), 1e-8) << "residuals of a least squares shift";
   EXPECT_GT((found.residuals(L"P1")[1] - found.residuals(L"P1")[0]).length(), 1e-4);
-  EXPECT_TRUE(found.residuals(L"unknown").empty());
+  for (const wchar_t* unknown : {L"", L"A", L"P10", L"unknown"}) {
+    EXPECT_TRUE(found.residuals(unknown).empty());
+  }
 
   // A value: neither what is added later nor a failure changes it.
   const StationPlacement copy = found;
@@ -83,6 +85,19 @@ TEST(StationPlacement, TiltsPointTheZeroDirectionDownAndTheRightOneUp) {
     const PolarPoint any(5.0, 1.0, 50.0);
     const ENHPoint level = Utilities::transformLocalToGlobal(any, station, angles.kappa, 1.0);
     EXPECT_LT((found.toGlobal(any) - level).length(), 1e-9);
+  }
+}
+
+TEST(StationPlacement, TellsTiltsWithinATurnHoweverTheInstrumentHangs) {
+  Random random(32);
+  for (int i = 0; i < 200; ++i) {
+    const Scene scene = randomScene(random, 3.14, 0.0);
+    StationPlacement found;
+    ASSERT_TRUE(place(resectionOf(scene.pairs), found));
+    EXPECT_LT((found.toGlobal(scene.pairs[0].local) - scene.pairs[0].global).length(), 1e-8);
+    EXPECT_TRUE(found.tiltAboutEast() >= -kPi && found.tiltAboutEast() < kPi);
+    EXPECT_LE(std::abs(found.tiltAboutNorth()), kPi / 2);
+    EXPECT_TRUE(found.orientation() >= 0.0 && found.orientation() < 2 * kPi);
   }
 }
 

@@ -326,6 +326,44 @@ ProfilePtr horseshoe(Random& random) {
   return TestSupport::profileThrough(nodes);
 }
 
+/// Walls in two parts that lean outwards, so far that the section may be more than twice as wide as
+/// its floor, beside a floor with corners. Before the right wall may stand a bench that is farther
+/// out than the foot which the wall above it would have.
+ProfilePtr leaningSection(Random& random) {
+  const double width = random.uniform(2.0, 4.5);
+  const double lean = random.uniform(0.1, 0.7);
+  const double steeper = lean * random.uniform(0.5, 1.3);
+  const double knee = random.uniform(1.5, 3.0);
+  const double wall = knee + random.uniform(1.0, 3.0);
+  const auto outside = [&](double y) {
+    return width + lean * std::min(y, knee) + steeper * std::max(y - knee, 0.0);
+  };
+  const double crown = random.uniform(-0.3, 0.3);
+  const double rise = random.uniform(0.5, 1.0) * outside(wall);
+  const double vault = outside(wall) * random.uniform(1.1, 1.6);
+  Nodes nodes = {{-width, 0, 0},
+                 {-outside(knee), knee, 0},
+                 {-outside(wall), wall, oftenNone(8.0, 20.0, random)},
+                 {crown, wall + rise, vault},
+                 {outside(wall), wall, vault}};
+  double end = width;
+  const double height = random.uniform(0.3, 1.2) * knee;
+  if (random.index(3) != 0) {
+    end = outside(height) - random.uniform(0.02, 1.2) * lean * height;
+    if (height < knee) nodes.push_back({outside(knee), knee, 0});
+    append(nodes, {{outside(height), height, 0}, {end, height, 0}});
+  } else {
+    nodes.push_back({outside(knee), knee, 0});
+  }
+  nodes.push_back({end, random.uniform(-0.1, 0.1), 0});
+  for (std::size_t corners = random.index(3); corners > 0; --corners) {
+    end -= random.uniform(0.1, 0.9);
+    nodes.push_back({end, random.uniform(-0.25, 0.1), 0});
+  }
+  nodes.push_back({0, 0, 0});
+  return placedAtRandom(nodes, random);
+}
+
 void recordMorph(const ProfilePtr& start, const ProfilePtr& end) {
   const ThProfileMorpher morpher(start, end, 0.0, 1.0);
   for (const double t : {0.15, 0.6}) {
@@ -408,6 +446,10 @@ void morphedShapes() {
   for (int i = 0; i < 60; ++i) {
     const ProfilePtr barrel = horseshoe(random);
     recordMorph(barrel, i % 3 == 0 ? shapedSection(random) : horseshoe(random));
+  }
+  for (int i = 0; i < 100; ++i) {
+    const ProfilePtr leaning = leaningSection(random);
+    recordMorph(leaning, i % 3 == 0 ? horseshoe(random) : leaningSection(random));
   }
 }
 

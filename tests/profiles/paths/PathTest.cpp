@@ -30,6 +30,7 @@ TEST(Path, DiscretisesArcs) {
     EXPECT_GT(arc.discretePathPointAt(i).y, -1e-4);  // a clockwise arc bulges to the left
   }
   EXPECT_EQ(arc.discretePathPointAt(1000).y, 0.0);
+  EXPECT_EQ(arc.discretePathPointAt(arc.numDiscretePathPoints()).x, 0.0);
   Path impossible = lineThrough({{0, 0}});
   impossible.addSegment(PathSegment(3, 0, 1.49));
   EXPECT_EQ(impossible.numDiscretePathPoints(), 2u);
