@@ -157,6 +157,10 @@ TEST(AxisDefinition, AShaftHoldsOnePointAndTwoHeights) {
   EXPECT_EQ(down->getNumHoralSegments() + down->getNumVeralPoints(), 0u);
   EXPECT_EQ(down->getVeralPointAt(0), nullptr);
   EXPECT_TRUE(down->getVeralPolyline(1.0).points().empty());
+  down->resetHoral();
+  for (const bool isFirst : {true, false}) {
+    EXPECT_EQ(down->addHoralSegmentStraight(0, 7, 8, 0, 10), isFirst);
+  }
 
   const AxisPtr up(AxisDefinitionFactory::createShaftAxis(1000, 2000, 460, 500, 7));
   EXPECT_FALSE(up->isShaftAxisTopDown());

@@ -178,6 +178,25 @@ TEST(EllipseFit, RoundsRejectByTheMeanOfAllPoints) {
   }
 }
 
+TEST(EllipseFit, RoundsEndWithTheLastEllipseThatThereIs) {
+  std::vector<bool> used;
+  // Two points close together are rejected at once; five are enough for another round.
+  const Points seven = {{6, 8}, {7, 9}, {-3, -7}, {-9, -4}, {-6, 3}, {7, -1}, {-6, -7}};
+  const FittingResult ofFive =
+      FittingHelper::ellipseFitFitzgibbon(Points(seven.begin() + 2, seven.end()), used, 1);
+  expectEllipse(FittingHelper::ellipseFitFitzgibbon(seven, used, 10), ofFive, 1e-9);
+  EXPECT_EQ(used, std::vector<bool>({false, false, true, true, true, true, true}));
+  // Of two parallel lines there is none.
+  Points ladder = {{2, 3}};
+  for (int i = 0; i < 20; ++i) {
+    ladder.insert(ladder.end(), {Point2D(i, 0), Point2D(i, 1)});
+  }
+  const FittingResult ofAll = FittingHelper::ellipseFitFitzgibbon(ladder, used, 1);
+  EXPECT_GT(ofAll.semiAxisB, 1.0);
+  expectEllipse(FittingHelper::ellipseFitFitzgibbon(ladder, used, 10), ofAll, 0.0);
+  EXPECT_EQ(used, usedBut("0", used.size()));
+}
+
 /// The fourth point alone is on its side of the ellipse: its distance is three times the mean.
 TEST(EllipseFit, RoundingDoesNotRejectOneOfSixPoints) {
   for (const double shift : {0.0, 1.0, 1000.0, 2000.0, 3000.0}) {

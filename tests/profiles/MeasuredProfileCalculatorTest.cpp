@@ -192,6 +192,7 @@ TEST(MeasuredProfileCalculator, AnswersNeutrallyOnBadProfiles) {
               Point2D(kNoCoordinate, kNoCoordinate), 0);  // there is no normal
   const MeasuredProfileCalculator nothing(ProfilePtr(), scans[0]);
   EXPECT_EQ(nothing.referenceArea() + nothing.comparisonCircumference(), 0.0);
+  EXPECT_TRUE(nothing.comparisonCircumferenceLines(true).empty());
   const auto unknown = static_cast<FittingMethod::Method>(5);
   // No fit, but the mean, for less than three points.
   const MeasuredProfileCalculator two(ProfilePtr(), scans[3]);

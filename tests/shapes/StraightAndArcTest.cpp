@@ -18,7 +18,9 @@ TEST(StraightAndArc, OnArcsOnlyTheNearSideHasFeet) {
   EXPECT_EQ(arc.footOf(Point2D(100, 0)).length, 0.0);  // the centre
   EXPECT_EQ(arc.footOf(Point2D(100, 0)).lateral, 100.0);
   EXPECT_EQ(arc.footOf(Point2D(5, -1)).report, CFootReport::BeforeStart);
-  EXPECT_EQ(arc.footOf(Point2D(200, -60)).report, CFootReport::BeyondEnd);
+  const CCurveFoot beyond = arc.footOf(Point2D(200, -60));
+  EXPECT_EQ(beyond.report, CFootReport::BeyondEnd);
+  EXPECT_EQ(beyond.length, 150.0);
   // On the far side the gap between the ends is halved.
   const double opposite = 0.75 + kPi;
   const auto around = [](double turning) {

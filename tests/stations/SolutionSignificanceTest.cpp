@@ -19,6 +19,7 @@ TEST(SolutionSignificance, AsksForADistanceInScoreOrTheSamePlaces) {
   EXPECT_TRUE(isSignificant({best}));
   EXPECT_TRUE(isSignificant({best, {{1, 0}, 0.0141}}));
   EXPECT_FALSE(isSignificant({best, {{1, 0}, 0.0139}}));
+  EXPECT_FALSE(isSignificant({{{0, 1}, 0.0}, {{1, 0}, 0.01}}));
   EXPECT_TRUE(isSignificant({best, {{0, 2}, 0.013}}));
   EXPECT_FALSE(isSignificant({best, {{0, 3}, 0.013}})) << "1.1 mm apart";
   EXPECT_FALSE(isSignificant({best, {{0, 2}, 0.013}, {{1, 0}, 0.9}})) << "all others count";
