@@ -9,8 +9,8 @@ namespace Calculations {
 
 ResectionDiagnostics::ResectionDiagnostics(std::ostream& sink) : m_sink(sink) {
   // The classic locale writes a point for the decimal sign whatever the program has set, and
-  // seventeen digits give every double back.
-  if (!sink.good() || sink.rdbuf() == nullptr) return;
+  // seventeen digits give every double back. A stream without a buffer is not good.
+  if (!sink.good()) return;
   m_text.emplace();
   m_text->imbue(std::locale::classic());
   m_text->precision(std::numeric_limits<double>::max_digits10);

@@ -33,6 +33,8 @@ TEST(StationingIndex, FindsWhatASearchByHalvesFinds) {
     for (const double stationing : asked) {
       const auto expected = std::lower_bound(all.begin(), all.end(), stationing) - all.begin();
       EXPECT_EQ(index.firstNotLess(stationing), static_cast<std::size_t>(expected)) << stationing;
+      const std::size_t guess = random.index(all.size() + 2);
+      EXPECT_EQ(index.firstNotLess(stationing, guess), static_cast<std::size_t>(expected));
     }
   }
 }

