@@ -2,6 +2,7 @@
 #include <Calculations/StationPlacement.h>
 
 #include "stations/Setups.h"
+#include "testing/Numbers.h"
 
 #include <gtest/gtest.h>
 

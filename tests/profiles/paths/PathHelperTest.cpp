@@ -21,6 +21,7 @@ TEST(PathHelper, ConvertsUnitsByTruncation) {
   EXPECT_EQ(PathHelper::asClipperLibUnits(-0.00004), 0);
   EXPECT_EQ(PathHelper::asClipperLibUnits(-5.0), -49999);
   EXPECT_EQ(PathHelper::fromClipperLibUnits(-12345), -1.2345);
+  EXPECT_EQ((PathHelper::fromClipperLibPoint({-20000, 5000}) - Point2D(-2.0, 0.5)).length(), 0.0);
   EXPECT_EQ(PathHelper::fromClipperLibArea(1e8), 1.0);
   EXPECT_EQ(PathHelper::asClipperLibUnits(std::nan("")), 0);
   EXPECT_EQ(PathHelper::asClipperLibUnits(1e300), 1000000000000000);
