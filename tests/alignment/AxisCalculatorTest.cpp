@@ -426,8 +426,9 @@ TEST(AxisCalculator, ConvertsTunnelMeters) {
   expectPair(1000, 4825);
   axis->setStationingMappingValues(1020, 5000);
   // A limit that a caller has rounded is the limit.
-  ASSERT_TRUE(rising.tunnelmeterToStationing(5100 + 1e-10, result));
+  ASSERT_TRUE(rising.tunnelmeterToStationing(5100 + 9e-10, result));
   EXPECT_EQ(result, 1100.0);
+  EXPECT_FALSE(rising.tunnelmeterToStationing(5100 + 2e-9, result));
   axis->setStationingMappingValues(1020, 5e6);
   EXPECT_TRUE(rising.tunnelmeterToStationing(5000100 + 1e-9, result));
   EXPECT_FALSE(rising.tunnelmeterToStationing(5000100 + 1e-7, result));
