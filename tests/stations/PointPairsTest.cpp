@@ -8,7 +8,7 @@ namespace {
 using namespace Ruv::Calculations;
 
 TEST(PointPairs, KeepTheOrderOfIdsAndMeasuringAndTheirDigits) {
-  const ENHPoint a(5000000.25, 5000000.5, 500.125);
+  const ENHPoint a(5000000.25, 400000.5, 500.125);
   const ENHPoint b = a + ENHPoint(8, 16, 32);
   const PointPairs pairs =
       pairMeasurementsWithFixPoints({{L"b", {PolarPoint(0, 0, 1), PolarPoint(0, 0, 2)}},
