@@ -158,6 +158,8 @@ TEST(GuidanceCalculator, AnswersNeutrallyWithoutInput) {
       Factory::createAsStraightInProfilePlaneWithVerticalAngle(AxisPoint(150, 0, 0), 1.0));
   EXPECT_EQ(GuidanceCalculator(VectorPtr(), axis, false).absolutePointAtForwardValue(1),
             ENHPoint());
+  expectOffsets(GuidanceCalculator(VectorPtr(), axis, true).calculateOffsets({1, 2, 3}), 0, 0, 0,
+                0);
   const VectorPtr parallel(Factory::createAsAxisParallelFromAxisCoordinate(AxisPoint(150, 0, 0)));
   for (const bool perpendicular : {false, true}) {
     for (const VectorPtr& any : {vector, parallel}) {

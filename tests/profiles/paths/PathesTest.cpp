@@ -25,7 +25,7 @@ TEST(Pathes, CombineAreas) {
   nested.addPaths(nested);
   EXPECT_EQ(nested.numPathes(), 4u);
   EXPECT_EQ(nested.area(), 40.0);
-  EXPECT_EQ(nested.pathAt(9).numDiscretePathPoints(), 0u);
+  EXPECT_EQ(nested.pathAt(nested.numPathes()).numDiscretePathPoints(), 0u);
   EXPECT_NEAR(Path::linesWithin(a, b).linesLength(), 2.0, 1e-7);
   EXPECT_NEAR(b.borderWithinOtherPathes(Pathes(a)), 6.0, 1e-7);
   EXPECT_EQ(Path::within(Path(), a).numPathes(), 0u);
