@@ -19,9 +19,12 @@ TEST(FixPointSpace, IsThatOfThePartsInWhichPointsLie) {
     // Two heaps of 16 points, 4 m wide and 10 m long, 300 m apart.
     std::vector<ENHPoint> points = {ENHPoint(std::nan(""), 0, 0)};
     for (int i = 0; i < 32; ++i) {
-      const double across = i < 4 ? 4.0 * (i / 2) : random.uniform(0.0, 4.0);
-      const double along = i < 4 ? 10.0 * (i / 2) : random.uniform(0.0, 10.0);
-      const double up = i < 4 ? height * (i / 2) : random.uniform(0.0, height);
+      const auto within = [&](double extent) {
+        return i < 2 ? 0.0 : i < 4 ? extent : random.uniform(0.0, extent);
+      };
+      const double across = within(4.0);
+      const double along = within(10.0);
+      const double up = within(height);
       points.emplace_back(6e5 + across, 2e5 + along + i % 2 * 300.0, up);
     }
     points.push_back(points.back());
