@@ -13,14 +13,15 @@ namespace {
 using namespace Ruv::Calculations;
 
 TEST(ChainPlaces, AreWhereAnArcIsAtAHeightFirst) {
-  constexpr double kPi = 3.141592653589793;
+  constexpr double kHalfTurn = 3.141592653589793;
   TestSupport::Random random(44);
   for (int i = 0; i < 2000; ++i) {
     // Clockwise it may pass its crown; either way it may lead down before it leads up.
     const bool isClockwise = i % 2 == 0;
-    const double first = random.uniform(-1.0, 0.5) * (isClockwise ? kPi : -kPi);
+    const double first = random.uniform(-1.0, 0.5) * (isClockwise ? kHalfTurn : -kHalfTurn);
     const double part = random.uniform();
-    const double turning = part * (isClockwise ? kPi : -std::min(kPi, first + kPi / 2));
+    const double turning =
+        part * (isClockwise ? kHalfTurn : -std::min(kHalfTurn, first + kHalfTurn / 2));
     const double bearing = first + turning / 2;
     const TurningChord arc{{}, Point2D(std::sin(bearing), std::cos(bearing)) * 5.0, turning};
     const double y = arc.pointAt(random.uniform(0.0, 1.1)).y;
