@@ -49,9 +49,10 @@ if(CALCULATIONS_COVERAGE)
 endif()
 
 # For the folders of the library and of the programs: tests need not be counted.
+set(coverageList ${CMAKE_CURRENT_LIST_DIR}/coverage-list.txt)
 macro(count_what_tests_reach)
   if(CALCULATIONS_COVERAGE)
-    add_compile_options(-fprofile-instr-generate -fcoverage-mapping)
+    add_compile_options(-fprofile-instr-generate -fcoverage-mapping -fprofile-list=${coverageList})
   endif()
 endmacro()
 
