@@ -57,7 +57,9 @@ macro(count_what_tests_reach)
 endmacro()
 
 # Tests, command lines and reports are built more often than they run, and it is the library's speed
-# that they wait for.
+# that they wait for. With all that the sanitizers put in, they take longer to optimise than to run.
 add_library(CalculationsQuickBuildOptions INTERFACE)
-target_compile_options(CalculationsQuickBuildOptions INTERFACE $<$<CONFIG:Release>:-O1>)
+target_compile_options(CalculationsQuickBuildOptions INTERFACE
+  $<$<CONFIG:Release>:-O1>
+  $<$<OR:$<BOOL:${CALCULATIONS_SANITIZE}>,$<BOOL:${CALCULATIONS_SANITIZE_THREADS}>>:-O0>)
 target_link_libraries(CalculationsQuickBuildOptions INTERFACE CalculationsCompileOptions)
