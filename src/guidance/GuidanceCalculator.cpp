@@ -124,7 +124,7 @@ ENHPoint GuidanceCalculatorImpl::pointOnStraight(double forwardValue) const {
 
 namespace {
 
-boost::shared_ptr<const AxisDefinition> axisOf(
+boost::shared_ptr<const AxisDefinition> axisOfBlock(
     const boost::shared_ptr<const BlockAxisDefinition>& block) {
   return block ? block->asAxisDefinition() : boost::shared_ptr<const AxisDefinition>();
 }
@@ -139,7 +139,7 @@ GuidanceCalculator::GuidanceCalculator(
 GuidanceCalculator::GuidanceCalculator(
     const boost::shared_ptr<const GuidanceVectorDefinition>& vector,
     const boost::shared_ptr<const BlockAxisDefinition>& block, bool perpendicular)
-    : m_impl(new GuidanceCalculatorImpl(vector, axisOf(block), perpendicular)) {}
+    : m_impl(new GuidanceCalculatorImpl(vector, axisOfBlock(block), perpendicular)) {}
 
 GuidanceCalculator::~GuidanceCalculator() = default;
 
