@@ -12,15 +12,7 @@
 namespace Ruv {
 namespace Calculations {
 
-/// Points this close (clipping units of 0.1 mm) to their neighbours or to their neighbours' line
-/// are removed: just above sqrt(2), hence the diagonal neighbour too.
-constexpr double kCleaningDistanceUnits = 1.415;
-
-/// Leaves out of a ring what ClipperLib::CleanPolygon leaves out at that distance, and begins it
-/// where that does. That one takes nearly twice as long, for a fine section longer than clipping.
-void cleanRing(ClipperLib::Path& ring);
-
-// All of what follows fails as FailsafeClipper does.
+// All of them fail as FailsafeClipper does.
 
 /// These results are free of holes, and the same pieces in the same order wherever the outlines
 /// begin, in whatever order they come and whichever way they run.

@@ -10,6 +10,7 @@
 #include "profiles/paths/GridUnits.h"
 #include "profiles/paths/Offsetting.h"
 #include "profiles/paths/PathImpl.h"
+#include "profiles/paths/RingCleaning.h"
 #include "shapes/ChainSegment.h"
 #include "shapes/LineCrossing.h"
 

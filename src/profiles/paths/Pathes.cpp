@@ -16,6 +16,7 @@
 #include "profiles/paths/LineSimplification.h"
 #include "profiles/paths/Offsetting.h"
 #include "profiles/paths/PathImpl.h"
+#include "profiles/paths/RingCleaning.h"
 
 #include <cstddef>
 #include <utility>

@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: BSL-1.0
-#include "profiles/paths/Clipping.h"
 #include "testing/Paths.h"
-#include "testing/Random.h"
 
 #include <Calculations/PathHelper.h>
 #include <Calculations/Paths.h>
 
 #include <gtest/gtest.h>
-
-#include <cstddef>
 
 namespace {
 
@@ -26,27 +22,6 @@ TEST(Clipping, HasNoPiecesOfNegativeArea) {
   const Path b = PathHelper::pathFromClipperLibPath(
       {IntPoint(-13, -38), IntPoint(-25, 1095), IntPoint(16, -3796)});
   EXPECT_EQ(Path::within(a, b).area(), 0.0);
-}
-
-TEST(Clipping, CleansRingsAsTheClipperDoes) {
-  Random random(71);
-  for (int round = 0; round < 20000; ++round) {
-    // In a quarter of the rounds doubles do not hold the coordinates.
-    const ClipperLib::cInt origin = random.index(4) == 0 ? 9007199254740993 : 6000000000;
-    const std::size_t reach = random.index(2) == 0 ? 7 : 25;
-    const auto coordinate = [&] {
-      return origin + static_cast<ClipperLib::cInt>(random.index(reach));
-    };
-    ClipperLib::Path ring(random.index(15));
-    for (IntPoint& p : ring) {
-      p.X = coordinate();
-      p.Y = coordinate();
-    }
-    ClipperLib::Path expected = ring;
-    ClipperLib::CleanPolygon(expected, kCleaningDistanceUnits);
-    cleanRing(ring);
-    ASSERT_EQ(ring, expected) << round;
-  }
 }
 
 }  // namespace
