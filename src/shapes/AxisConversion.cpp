@@ -85,22 +85,10 @@ std::optional<double> forcedIntoRange(const CAxisGeometry& axis, double stationi
   return forced;
 }
 
-/// Plan and profile at one stationing.
-struct CAxisPlace {
-  CCurvePoint plan;
-  CHeightAndGrade profile;
-};
-
-/// How plan is asked for: with or without a heading.
-using PlanAt = std::optional<CCurvePoint> (CHoralAlignment::*)(double) const;
-
-std::optional<CAxisPlace> placeAt(const CAxisGeometry& axis, double stationing, PlanAt planAt) {
+/// Nothing outside the axis.
+std::optional<CHeightAndGrade> heightAndGradeAt(const CAxisGeometry& axis, double stationing) {
   if (!isInRange(axis, stationing)) return std::nullopt;
-  const auto profile = axis.veral.at(stationing);
-  if (!profile) return std::nullopt;
-  const auto plan = (axis.horal.*planAt)(stationing);
-  if (!plan) return std::nullopt;
-  return CAxisPlace{*plan, *profile};
+  return axis.veral.at(stationing);
 }
 
 /// A place beside the axis, by its components along the tangent in plan, to the right and upwards.
@@ -178,19 +166,23 @@ std::optional<AxisPoint> axisPointOf(const CAxisGeometry& axis, const ENHPoint& 
 
 std::optional<ENHPoint> axisToGrid(const CAxisGeometry& axis, const AxisPoint& point,
                                    const CConversionOptions& options) {
-  const auto place = placeAt(axis, point.stationing, &CHoralAlignment::placeAt);
-  if (!place) return std::nullopt;
+  const auto profile = heightAndGradeAt(axis, point.stationing);
+  if (!profile) return std::nullopt;
+  const auto plan = axis.horal.placeAt(point.stationing);
+  if (!plan) return std::nullopt;
   CSectionPoint section{point.offset, point.height};
   const double slope = transSlopeAt(axis, point.stationing, options);
   if (std::abs(slope) >= kNegligibleTransSlopePercent) section = rolled(section, slope);
-  return gridPointOf(section, place->plan, place->profile, options);
+  return gridPointOf(section, *plan, *profile, options);
 }
 
 std::optional<CAxisProperties> axisPropertiesAt(const CAxisGeometry& axis, double stationing) {
-  const auto place = placeAt(axis, stationing, &CHoralAlignment::pointAt);
-  if (!place) return std::nullopt;
-  return CAxisProperties{reportedAzimuth(place->plan.heading), axis.horal.radiusAt(stationing),
-                         place->profile.grade * kPercentBase, axis.transSlopes.at(stationing)};
+  const auto profile = heightAndGradeAt(axis, stationing);
+  if (!profile) return std::nullopt;
+  const auto plan = axis.horal.positionAt(stationing);
+  if (!plan) return std::nullopt;
+  return CAxisProperties{plan->azimuth, plan->radius, profile->grade * kPercentBase,
+                         axis.transSlopes.at(stationing)};
 }
 
 std::optional<AxisPoint> gridToAxis(const CAxisGeometry& axis, const ENHPoint& point,

@@ -28,7 +28,7 @@ constexpr double kFullTurnNoise = 1e-12;
 constexpr double kVicinityOfBoxes = 0.5;
 
 CBox boxOf(const CHoralSegment& segment) {
-  if (!segment.isEvaluable) return {};
+  if (!segment.isEvaluable()) return {};
   const CPlacedCurve& path = segment.path;
   const double length = path.curve.length() * path.scale;
   // A drift makes the curve longer by no more than itself.
@@ -117,21 +117,14 @@ const CHoralSegment* CHoralAlignment::segmentAt(double stationing) const {
   if (!(stationing >= m_startStationing)) return nullptr;
   auto found = m_segments.begin() + static_cast<std::ptrdiff_t>(m_ends.firstNotLess(stationing));
   if (found == m_segments.end()) return nullptr;
-  // Asks the curve, which the caller needs anyway, and not the segment: that saves a line of cache.
-  if (!found->path.curve.isDefined()) {
+  if (!found->isEvaluable()) {
     // An element of length 0 can only be met at the very start, where the next one begins too.
     found = std::find_if_not(found, m_segments.end(),
                              [](const CHoralSegment& segment) { return segment.isOfLengthZero(); });
-    if (found == m_segments.end() || !found->path.curve.isDefined()) return nullptr;
+    if (found == m_segments.end() || !found->isEvaluable()) return nullptr;
   }
   // It begins elsewhere when a caller has linked it to another element than the one before it.
   return stationing >= found->stationingStart ? &*found : nullptr;
-}
-
-std::optional<CCurvePoint> CHoralAlignment::pointAt(double stationing) const {
-  const CHoralSegment* segment = segmentAt(stationing);
-  if (segment == nullptr) return std::nullopt;
-  return segment->path.at(stationing - segment->stationingStart);
 }
 
 std::optional<CCurvePoint> CHoralAlignment::placeAt(double stationing) const {
@@ -140,17 +133,13 @@ std::optional<CCurvePoint> CHoralAlignment::placeAt(double stationing) const {
   return segment->path.placeAt(stationing - segment->stationingStart);
 }
 
-double CHoralAlignment::radiusAt(double stationing) const {
-  const CHoralSegment* segment = segmentAt(stationing);
-  if (segment == nullptr) return 0.0;
-  return segment->path.curve.radiusAt(stationing - segment->stationingStart);
-}
-
 std::optional<CAlignmentPosition> CHoralAlignment::positionAt(double stationing) const {
-  const auto point = pointAt(stationing);
-  if (!point) return std::nullopt;
-  return CAlignmentPosition{stationing, reportedAzimuth(point->heading), radiusAt(stationing),
-                            point->position};
+  const CHoralSegment* segment = segmentAt(stationing);
+  if (segment == nullptr) return std::nullopt;
+  const double length = stationing - segment->stationingStart;
+  const CCurvePoint point = segment->path.at(length);
+  return CAlignmentPosition{stationing, reportedAzimuth(point.heading),
+                            segment->path.curve.radiusAt(length), point.position};
 }
 
 std::optional<CAlignmentFoot> CHoralAlignment::project(const Point2D& p) const {
@@ -198,7 +187,7 @@ std::optional<CAlignmentFoot> CHoralAlignment::nearestFoot(const Point2D& p) con
   CNearestFoot<CAlignmentFoot> nearest;
   const auto look = [&](std::size_t index) {
     const CHoralSegment& segment = m_segments[index];
-    if (!segment.path.curve.isDefined()) return;
+    if (!segment.isEvaluable()) return;
     const auto order = static_cast<double>(index);
     const CCurveFoot foot = segment.path.footOf(p);
     if (foot.report == CFootReport::OnCurve) {
@@ -230,7 +219,7 @@ std::optional<CAlignmentFoot> CHoralAlignment::nearestCorner(const Point2D& p) c
   for (const CHoralSegment& segment : m_segments) {
     if (segment.isGap || segment.isOfLengthZero()) continue;
     const CFootReport now =
-        segment.isEvaluable ? segment.path.footOf(p).report : CFootReport::Unknown;
+        segment.isEvaluable() ? segment.path.footOf(p).report : CFootReport::Unknown;
     if (facesCorner(before, now)) {
       // The side is told by the mean direction, as neither segment has the point beside it.
       const Point2D ray = p - segment.start;

@@ -70,14 +70,11 @@ class CHoralAlignment {
   const std::vector<CHoralSegment>& segments() const { return m_segments; }
   const CBoxTree& boxes() const { return m_boxes; }
 
-  /// Evaluates the first segment whose end stationing is not less than the given one. Nothing
-  /// outside the alignment or when that segment is not evaluable. O(log n).
-  std::optional<CCurvePoint> pointAt(double stationing) const;
-  /// The same without a heading.
+  /// Evaluates, but for the heading, the first segment whose end stationing is not less than the
+  /// given one. Nothing outside the alignment or when that segment is not evaluable. O(log n).
   std::optional<CCurvePoint> placeAt(double stationing) const;
-  /// Signed radius at the same place; 0 where it is straight and where pointAt gives nothing.
-  double radiusAt(double stationing) const;
-  /// The same place with the azimuth and the radius that callers are told.
+  /// The same place with the azimuth and the signed radius that callers are told, 0 where it is
+  /// straight.
   std::optional<CAlignmentPosition> positionAt(double stationing) const;
 
   /// Nearest foot of a point, the first of equally near ones. A joint counts as a foot of the

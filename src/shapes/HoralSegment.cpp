@@ -114,10 +114,7 @@ CHoralSegment placedAlone(const CHoralSegmentData& data) {
   if (!hasShape(data, curve)) return segment;
   std::optional<CPlacedCurve> path = placedByAzimuth(data, curve);
   if (!path && !closesItself(curve)) path = placedByChord(data, curve);
-  if (path) {
-    segment.isEvaluable = true;
-    segment.path = *path;
-  }
+  if (path) segment.path = *path;
   return segment;
 }
 
@@ -125,8 +122,8 @@ CHoralSegment placedAlone(const CHoralSegmentData& data) {
 /// start of the segment after it.
 std::optional<double> bearingFromNeighbours(const CHoralSegment* before, const CHoralSegment* after,
                                             const CPlaneCurve& curve) {
-  if (before != nullptr && before->isEvaluable) return before->path.end().heading;
-  if (after != nullptr && after->isEvaluable) {
+  if (before != nullptr && before->isEvaluable()) return before->path.end().heading;
+  if (after != nullptr && after->isEvaluable()) {
     return after->path.startBearing - curve.end().heading;
   }
   return std::nullopt;
@@ -154,13 +151,12 @@ std::vector<CHoralSegment> placedSegments(const std::vector<CHoralSegmentData>& 
     segments.push_back(placedAlone(one));
   }
   for (std::size_t i = 0; i < data.size(); ++i) {
-    if (segments[i].isEvaluable) continue;
+    if (segments[i].isEvaluable()) continue;
     const CPlaneCurve curve = curveOf(data[i]);
     if (!hasShape(data[i], curve) || !closesItself(curve)) continue;
     const CHoralSegment* before = i > 0 ? &segments[i - 1] : nullptr;
     const CHoralSegment* after = i + 1 < segments.size() ? &segments[i + 1] : nullptr;
     if (const auto bearing = bearingFromNeighbours(before, after, curve)) {
-      segments[i].isEvaluable = true;
       segments[i].path = placedRigidly(curve, data[i].start, *bearing);
     }
   }

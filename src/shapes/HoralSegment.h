@@ -36,10 +36,11 @@ struct alignas(64) CHoralSegment {
   double stationingEnd = 0.0;
   Point2D start;
   Point2D end;
-  bool isGap = false;        ///< skipped by the projection
-  bool isEvaluable = false;  ///< only then is the path set and its curve defined
-  bool opensWedge = false;   ///< with the segment after it, see CSmoothWedge
+  bool isGap = false;       ///< skipped by the projection
+  bool opensWedge = false;  ///< with the segment after it, see CSmoothWedge
 
+  /// Whether there is a path.
+  bool isEvaluable() const { return path.curve.isDefined(); }
   /// Both ends are one joint of the alignment; never evaluable.
   bool isOfLengthZero() const { return stationingStart == stationingEnd; }
 };

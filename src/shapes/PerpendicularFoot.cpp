@@ -118,7 +118,7 @@ class CPerpendicularSearch {
   /// Searches the stretches of one segment in plan, as the pieces of the profile divide it.
   void searchSegment(std::size_t index) {
     const CHoralSegment& segment = m_axis.horal.segments()[index];
-    if (!segment.isEvaluable) return;
+    if (!segment.isEvaluable()) return;
     m_order = static_cast<double>(index);
     const double from = std::max(segment.stationingStart, m_axis.minimumStationing);
     const double to = std::min(segment.stationingEnd, m_axis.maximumStationing);
@@ -146,7 +146,7 @@ class CPerpendicularSearch {
     if (index == 0 || stationing <= m_axis.minimumStationing) return {};
     const CHoralSegment& segment = segments[index - 1];
     const std::size_t piece = m_axis.veral.pieceAt(stationing);
-    if (!segment.isEvaluable || piece == m_axis.veral.pieces().size()) return {};
+    if (!segment.isEvaluable() || piece == m_axis.veral.pieces().size()) return {};
     return {&segment, &m_axis.veral.pieces()[piece]};
   }
 

@@ -21,7 +21,8 @@ constexpr double kRoundingBreak = 1e-12;
 
 /// An element of length zero between them may leave a gap as wide as a printing error.
 bool touch(const CHoralSegment& before, const CHoralSegment& after) {
-  return before.isEvaluable && after.isEvaluable && before.stationingEnd == after.stationingStart &&
+  return before.isEvaluable() && after.isEvaluable() &&
+         before.stationingEnd == after.stationingStart &&
          (after.start - before.end).length() <= kPrintingError;
 }
 

@@ -63,7 +63,7 @@ CSoleSegment::CSoleSegment(const std::vector<CHoralSegment>& segments, const CBo
   double radius = kLargestRadius;
   // The nearer a neighbour, the better it is told by its joint; one far away, by its box.
   const auto joins = [&](const CHoralSegment& neighbour, const Point2D& end) {
-    if (!neighbour.isEvaluable) return false;
+    if (!neighbour.isEvaluable()) return false;
     const double reach = reachBeside(neighbour.path);
     const double apart = (place - end).length();
     if (!(2.0 * apart <= reach)) return false;

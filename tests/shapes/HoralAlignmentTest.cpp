@@ -57,7 +57,7 @@ std::vector<CHoralSegmentData> randomChain(Random& random) {
 /// Whether a point has its foot at the joint of two segments that continue each other but for a
 /// break that is no corner: beyond the end of the one and before the start of the other.
 bool isInSlit(const CHoralSegment& before, const CHoralSegment& after, const Point2D& p) {
-  if (!before.isEvaluable || !after.isEvaluable) return false;
+  if (!before.isEvaluable() || !after.isEvaluable()) return false;
   const CCurvePoint end = before.path.end();
   const CCurvePoint start = after.path.at(0.0);
   const double turning = std::abs(std::remainder(start.heading - end.heading, 2 * kPi));
@@ -82,7 +82,7 @@ std::optional<CAlignmentFoot> walk(const std::vector<CHoralSegment>& segments, c
   bool isAtJoint = false;
   for (std::size_t i = 0; i < segments.size(); ++i) {
     const CHoralSegment& segment = segments[i];
-    if (segment.isGap || !segment.isEvaluable) continue;
+    if (segment.isGap || !segment.isEvaluable()) continue;
     const CCurveFoot foot = segment.path.footOf(p);
     if (foot.report == CFootReport::OnCurve && std::abs(foot.lateral) < best) {
       best = std::abs(foot.lateral);
@@ -103,7 +103,7 @@ std::optional<CAlignmentFoot> walk(const std::vector<CHoralSegment>& segments, c
   for (const CHoralSegment& segment : segments) {
     if (segment.isGap) continue;
     const CFootReport now =
-        segment.isEvaluable ? segment.path.footOf(p).report : CFootReport::Unknown;
+        segment.isEvaluable() ? segment.path.footOf(p).report : CFootReport::Unknown;
     const double distance = (p - segment.start).length();
     // Beyond the one and before the other, or between the two.
     const bool isCorner = (previous == CFootReport::BeyondEnd && now == CFootReport::BeforeStart) ||
@@ -129,7 +129,7 @@ TEST(HoralAlignment, ProjectsLikeAPlainWalk) {
     for (int i = 0; i < 80; ++i) {
       const std::size_t index = random.index(chain.size());
       Point2D p = chain[index].end + randomPoint(random, random.index(4) == 0 ? 300.0 : 15.0);
-      if (segments[index].isEvaluable && random.index(3) == 0) {  // all but abeam of the joint
+      if (segments[index].isEvaluable() && random.index(3) == 0) {  // all but abeam of the joint
         const CCurvePoint end = segments[index].path.end();
         const Point2D aside(random.uniform(-15.0, 15.0), random.uniform(-0.001, 0.001));
         p = end.position + turnedTo(end.tangent, aside);

@@ -72,7 +72,7 @@ TEST(HoralSegment, SpreadsAPrintingErrorAndKeepsTheAzimuth) {
       const CPlacedCurve rigid = placedSegments(chain)[0].path;
       chain[0].end = chain[0].end + miss;
       const std::vector<CHoralSegment> segments = placedSegments(chain);
-      ASSERT_TRUE(segments[0].isEvaluable);
+      ASSERT_TRUE(segments[0].isEvaluable());
       const CPlacedCurve& path = segments[0].path;
       EXPECT_LT((path.at(0.0).position - chain[0].start).length(), 1e-12);
       EXPECT_LT((path.end().position - chain[0].end).length(), 3e-10);
