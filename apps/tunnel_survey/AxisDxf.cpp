@@ -22,18 +22,18 @@ using Ruv::Calculations::AxisCalculator;
 using Ruv::Calculations::AxisPoint;
 using Ruv::Calculations::ENHPoint;
 
-const char* const kStraights = "AXIS_STRAIGHTS";
-const char* const kArcs = "AXIS_ARCS";
-const char* const kClothoids = "AXIS_CLOTHOIDS";
-const char* const kSpaceCurve = "AXIS_IN_SPACE";
-const char* const kStationing = "STATIONING";
-const char* const kPoints = "POINTS";
-const char* const kPointNames = "POINT_NAMES";
-const char* const kSetOut = "SETTING_OUT";
-const char* const kGradeLine = "GRADE_LINE";
-const char* const kRoundings = "ROUNDINGS";
-const char* const kTangents = "TANGENTS";
-const char* const kGradePoints = "GRADE_POINTS";
+const char* const kStraightsLayer = "AXIS_STRAIGHTS";
+const char* const kArcsLayer = "AXIS_ARCS";
+const char* const kClothoidsLayer = "AXIS_CLOTHOIDS";
+const char* const kSpaceCurveLayer = "AXIS_IN_SPACE";
+const char* const kStationingLayer = "STATIONING";
+const char* const kPointsLayer = "POINTS";
+const char* const kPointNamesLayer = "POINT_NAMES";
+const char* const kSetOutLayer = "SETTING_OUT";
+const char* const kGradeLineLayer = "GRADE_LINE";
+const char* const kRoundingsLayer = "ROUNDINGS";
+const char* const kTangentsLayer = "TANGENTS";
+const char* const kGradePointsLayer = "GRADE_POINTS";
 
 constexpr double kQuarterTurn = 1.5707963267948966;
 /// Between points of a curve (m): chords of a radius of 200 m are then 0.2 mm beside it.
@@ -57,16 +57,16 @@ class PlanWriter {
       const std::vector<Point3> curve = curveOf(element);
       switch (element.kind) {
         case Exchange::ElementKind::Straight:
-          m_file.line(kStraights, onGround(curve.front()), onGround(curve.back()));
+          m_file.line(kStraightsLayer, onGround(curve.front()), onGround(curve.back()));
           break;
         case Exchange::ElementKind::Arc:
           writeArc(element);
           break;
         case Exchange::ElementKind::Clothoid:
-          writeOnGround(kClothoids, curve);
+          writeOnGround(kClothoidsLayer, curve);
           break;
       }
-      m_file.spacePolyline(kSpaceCurve, curve, false);
+      m_file.spacePolyline(kSpaceCurveLayer, curve, false);
     }
   }
 
@@ -79,9 +79,9 @@ class PlanWriter {
       if (!place) continue;
       const Point3 foot = pointAt(station, 0.0);
       const Point3 end = pointAt(station, -kTick);
-      m_file.line(kStationing, onGround(foot), onGround(end));
+      m_file.line(kStationingLayer, onGround(foot), onGround(end));
       const Point3 text = pointAt(station, -kTick - kGap);
-      m_file.text(kStationing, onGround(text), kStationText, m_stationing.text(station, 3),
+      m_file.text(kStationingLayer, onGround(text), kStationText, m_stationing.text(station, 3),
                   std::atan2(end.y - foot.y, end.x - foot.x));
     }
   }
@@ -120,7 +120,8 @@ class PlanWriter {
     const double from = bearing(element.from);
     const double to = bearing(element.to);
     const bool isToTheRight = radius > 0.0;
-    m_file.arc(kArcs, centre, std::abs(radius), isToTheRight ? to : from, isToTheRight ? from : to);
+    m_file.arc(kArcsLayer, centre, std::abs(radius), isToTheRight ? to : from,
+               isToTheRight ? from : to);
   }
 
   DxfFile& m_file;
@@ -147,34 +148,34 @@ std::vector<Point3> flat(const std::vector<Point>& line) {
 }  // namespace
 
 bool writePlanDxf(const std::string& path, const SurveyPicture& picture) {
-  DxfFile file(path, {{kStraights, DxfLayer::kInk},
-                      {kArcs, DxfLayer::kRed},
-                      {kClothoids, DxfLayer::kCyan},
-                      {kSpaceCurve, DxfLayer::kViolet},
-                      {kStationing, DxfLayer::kGrey},
-                      {kPoints, DxfLayer::kGreen},
-                      {kPointNames, DxfLayer::kGreen},
-                      {kSetOut, DxfLayer::kOrange}});
+  DxfFile file(path, {{kStraightsLayer, DxfLayer::kInk},
+                      {kArcsLayer, DxfLayer::kRed},
+                      {kClothoidsLayer, DxfLayer::kCyan},
+                      {kSpaceCurveLayer, DxfLayer::kViolet},
+                      {kStationingLayer, DxfLayer::kGrey},
+                      {kPointsLayer, DxfLayer::kGreen},
+                      {kPointNamesLayer, DxfLayer::kGreen},
+                      {kSetOutLayer, DxfLayer::kOrange}});
   PlanWriter writer(file, picture);
   writer.writeElements();
   writer.writeStationing(picture.stations);
   for (const Exchange::ConvertedPoint& point : picture.points) {
-    writeNamed(file, kPoints, kPointNames, inSpace(point.grid), point.id);
+    writeNamed(file, kPointsLayer, kPointNamesLayer, inSpace(point.grid), point.id);
   }
   for (const Exchange::ConvertedPoint& point : picture.setOut) {
-    writeNamed(file, kSetOut, kSetOut, inSpace(point.grid), point.id);
+    writeNamed(file, kSetOutLayer, kSetOutLayer, inSpace(point.grid), point.id);
   }
   return file.finish();
 }
 
 bool writeLongitudinalDxf(const std::string& path, const SurveyPicture& picture) {
-  DxfFile file(path, {{kGradeLine, DxfLayer::kInk},
-                      {kRoundings, DxfLayer::kCyan},
-                      {kTangents, DxfLayer::kGrey},
-                      {kGradePoints, DxfLayer::kInk},
-                      {kPoints, DxfLayer::kGreen},
-                      {kPointNames, DxfLayer::kGreen},
-                      {kSetOut, DxfLayer::kOrange}});
+  DxfFile file(path, {{kGradeLineLayer, DxfLayer::kInk},
+                      {kRoundingsLayer, DxfLayer::kCyan},
+                      {kTangentsLayer, DxfLayer::kGrey},
+                      {kGradePointsLayer, DxfLayer::kInk},
+                      {kPointsLayer, DxfLayer::kGreen},
+                      {kPointNamesLayer, DxfLayer::kGreen},
+                      {kSetOutLayer, DxfLayer::kOrange}});
   const GradeLine line(picture.axis);
   const Exchange::StationRange all = Exchange::rangeOf(*picture.axis);
   double from = all.from;  // of the straight after the last rounding
@@ -183,23 +184,25 @@ bool writeLongitudinalDxf(const std::string& path, const SurveyPicture& picture)
     tangents.push_back(point.at);
     const double start = std::clamp(point.from, from, all.to);
     const double end = std::clamp(point.to, start, all.to);
-    if (start > from) file.polyline(kGradeLine, flat({line.at(from), line.at(start)}), false);
-    if (end > start) file.polyline(kRoundings, flat(line.between({start, end}, kChord)), false);
+    if (start > from) file.polyline(kGradeLineLayer, flat({line.at(from), line.at(start)}), false);
+    if (end > start)
+      file.polyline(kRoundingsLayer, flat(line.between({start, end}, kChord)), false);
     from = end;
     const Point3 at{point.at.x, point.at.y, 0.0};
-    file.point(kGradePoints, at);
-    file.text(kGradePoints, at, kStationText,
+    file.point(kGradePointsLayer, at);
+    file.text(kGradePointsLayer, at, kStationText,
               picture.stationing.text(point.at.x, 3) + "  H " + Drawing::fixed(point.at.y, 3),
               kQuarterTurn);
   }
-  if (all.to > from) file.polyline(kGradeLine, flat({line.at(from), line.at(all.to)}), false);
-  file.polyline(kTangents, flat(tangents), false);
+  if (all.to > from) file.polyline(kGradeLineLayer, flat({line.at(from), line.at(all.to)}), false);
+  file.polyline(kTangentsLayer, flat(tangents), false);
   for (const Exchange::ConvertedPoint& point : picture.points) {
-    writeNamed(file, kPoints, kPointNames, {point.onAxis.stationing, point.grid.height, 0.0},
-               point.id);
+    writeNamed(file, kPointsLayer, kPointNamesLayer,
+               {point.onAxis.stationing, point.grid.height, 0.0}, point.id);
   }
   for (const Exchange::ConvertedPoint& point : picture.setOut) {
-    writeNamed(file, kSetOut, kSetOut, {point.onAxis.stationing, point.grid.height, 0.0}, point.id);
+    writeNamed(file, kSetOutLayer, kSetOutLayer, {point.onAxis.stationing, point.grid.height, 0.0},
+               point.id);
   }
   return file.finish();
 }

@@ -39,9 +39,9 @@ using Ruv::Calculations::Utilities;
 namespace Style = Drawing::Style;
 
 constexpr double kPanelWidth = 72.0;
-constexpr double kSideRoom = 15.0;  // for labels and dimensions around the profile
-constexpr double kFootRoom = 13.0;
-constexpr double kTopRoom = 11.0;
+constexpr double kPanelSideRoom = 15.0;  // for labels and dimensions around the profile
+constexpr double kPanelFootRoom = 13.0;
+constexpr double kPanelTopRoom = 11.0;
 
 const Colour kMeasured{0.70, 0.10, 0.12};
 const Colour kOver{0.98, 0.80, 0.55};
@@ -107,12 +107,6 @@ std::vector<Point2D> ellipsePoints(const FittingResult& fit, int count) {
   return points;
 }
 
-/// To be read across the lines below it.
-TextStyle onLines(TextStyle style) {
-  style.halo = true;
-  return style;
-}
-
 class CrossSectionDrawing {
  public:
   CrossSectionDrawing(Canvas& canvas, const SectionSurvey& survey, const SectionResult& result,
@@ -126,8 +120,8 @@ class CrossSectionDrawing {
         m_labels(frame.inset(1.0)) {}
 
   static WorldMapping mapping(const CrossSectionLayout& layout, const Box& frame) {
-    const Box room{frame.left + kSideRoom, frame.top + kTopRoom, frame.right - kSideRoom,
-                   frame.bottom - kFootRoom};
+    const Box room{frame.left + kPanelSideRoom, frame.top + kPanelTopRoom,
+                   frame.right - kPanelSideRoom, frame.bottom - kPanelFootRoom};
     const double perMetre = 1000.0 / layout.scale;
     return WorldMapping::diagram(layout.middle, room.centre(), perMetre, perMetre);
   }
@@ -226,9 +220,9 @@ class CrossSectionDrawing {
     for (const double derolment : derolments(step)) {
       if (derolment == 0.0) continue;  // the crown has its own mark
       const auto [at, inward] = inwardAt(derolment);
-      m_canvas.text(
-          at + inward * 4.6, signedFixed(derolment, step < 1.0 ? 1 : 0),
-          onLines(Style::text(Style::kSmallTextSize, Style::kGrey, Align::Middle, Align::Middle)));
+      m_canvas.text(at + inward * 4.6, signedFixed(derolment, step < 1.0 ? 1 : 0),
+                    Style::onLines(Style::text(Style::kSmallTextSize, Style::kGrey, Align::Middle,
+                                               Align::Middle)));
     }
   }
 
@@ -283,7 +277,7 @@ class CrossSectionDrawing {
     const Point high = toPage(m_survey.design.upperRight());
     const Point2D size = m_survey.design.upperRight() - m_survey.design.lowerLeft();
     const TextStyle style =
-        onLines(Style::text(Style::kTextSize, Style::kInk, Align::Middle, Align::Middle));
+        Style::onLines(Style::text(Style::kTextSize, Style::kInk, Align::Middle, Align::Middle));
     const double bottom = m_frame.bottom - 5.5;
     const double left = m_frame.left + 8.0;
     drawDimension(m_canvas, {high.x, bottom - 3.0}, {low.x, bottom - 3.0}, -3.0, fixed(size.x, 3),
@@ -318,7 +312,8 @@ class CrossSectionDrawing {
   /// On the far side of its leader.
   static TextStyle labelStyle(const Point& direction, const Colour& colour) {
     constexpr double kSteep = 0.4;
-    TextStyle style = onLines(Style::text(Style::kTextSize, colour, Align::Middle, Align::Middle));
+    TextStyle style =
+        Style::onLines(Style::text(Style::kTextSize, colour, Align::Middle, Align::Middle));
     style.bold = true;
     if (direction.x > kSteep) style.horizontal = Align::Start;
     if (direction.x < -kSteep) style.horizontal = Align::End;
@@ -343,7 +338,7 @@ class CrossSectionDrawing {
     const Align vertical = side == "above" ? Align::Start : Align::End;
     const double gap = side == "above" ? 1.2 : -1.2;
     const TextStyle style =
-        onLines(Style::text(Style::kSmallTextSize, Style::kGrey, Align::Middle, vertical));
+        Style::onLines(Style::text(Style::kSmallTextSize, Style::kGrey, Align::Middle, vertical));
     const double centre = toPage(m_survey.design.centroid()).x;
     m_canvas.text({centre, y + gap}, "not compared " + side + " " + signedFixed(height, 2), style);
   }
@@ -436,7 +431,7 @@ void drawPanel(Canvas& canvas, const Box& box, const SectionSurvey& survey,
   panel.value("outline between them", survey.rule.followDesign ? "along the design" : "straight");
 }
 
-std::vector<Drawing::LegendEntry> legend(const SectionSurvey& survey) {
+std::vector<Drawing::LegendEntry> crossSectionLegend(const SectionSurvey& survey) {
   const auto line = [](const Pen& pen) {
     return [pen](Canvas& canvas, const Box& box) {
       canvas.line({box.left, box.centre().y}, {box.right, box.centre().y}, pen);
@@ -523,8 +518,8 @@ bool isDrawable(const FittingResult& fit, const Exchange::DesignProfile& design)
 
 CrossSectionLayout crossSectionLayout(const SectionSurvey& survey) {
   const Box frame = frameBox(sheetA4());
-  const double width = frame.width() - 2.0 * kSideRoom;
-  const double height = frame.height() - kTopRoom - kFootRoom;
+  const double width = frame.width() - 2.0 * kPanelSideRoom;
+  const double height = frame.height() - kPanelTopRoom - kPanelFootRoom;
   const Box extent = extentOfProfiles(survey);
   const Point wish = extentOfFits(survey, extent).centre();
   const double scale =
@@ -546,7 +541,7 @@ Sheet crossSectionSheet(const SectionSurvey& survey, const SectionResult& result
                             {titleOf(survey, result),
                              {scaleLine(survey, layout.scale),
                               "Design: " + survey.designSource + ", measured: " + survey.source},
-                             legend(survey),
+                             crossSectionLegend(survey),
                              1000.0 / layout.scale});
   };
   return sheet;

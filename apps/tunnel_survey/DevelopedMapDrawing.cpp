@@ -35,10 +35,10 @@ using Drawing::TextStyle;
 using Drawing::WorldMapping;
 namespace Style = Drawing::Style;
 
-constexpr double kHeaderWidth = 24.0;
-constexpr double kTopRoom = 13.0;
-constexpr double kFootRoom = 32.0;  // stationings and the colour bar
-constexpr double kCellSize = 0.25;  // mm
+constexpr double kMapHeaderWidth = 24.0;
+constexpr double kMapTopRoom = 13.0;
+constexpr double kMapFootRoom = 32.0;  // stationings and the colour bar
+constexpr double kCellSize = 0.25;     // mm
 
 const Colour kUnmeasured{0.90, 0.91, 0.92};
 const Pen kJointPen{Style::kInk, 0.18, {1.6, 1.0}};
@@ -103,8 +103,8 @@ struct MapLayout {
 };
 
 MapLayout layoutOf(const SectionSurvey& survey, const DevelopedMap& map, const Box& area) {
-  const Box room{area.left + kHeaderWidth, area.top + kTopRoom, area.right - 4.0,
-                 area.bottom - kFootRoom};
+  const Box room{area.left + kMapHeaderWidth, area.top + kMapTopRoom, area.right - 4.0,
+                 area.bottom - kMapFootRoom};
   const double from = map.positions().front();
   const double to = map.positions().back();
   const double length = std::max(to - from, 1.0);
@@ -303,7 +303,7 @@ class DevelopedMapDrawing {
   LabelPlacer m_labels;
 };
 
-std::vector<Drawing::LegendEntry> legend(const SectionSurvey& survey) {
+std::vector<Drawing::LegendEntry> mapLegend(const SectionSurvey& survey) {
   const auto section = [](Canvas& canvas, const Box& box) {
     const Point at = box.centre();
     canvas.polygon({at + Point{0.0, 0.8}, at + Point{-0.7, -0.7}, at + Point{0.7, -0.7}},
@@ -340,7 +340,7 @@ Sheet developedMapSheet(const SectionSurvey& survey) {
                              {along + Drawing::scaleText(layout.derolmentScale) +
                                   " on A3; cut open along the bottom, seen from above",
                               "Design: " + survey.designSource + ", measured: " + survey.source},
-                             legend(survey),
+                             mapLegend(survey),
                              survey.hasStations() ? 1000.0 / layout.stationScale : 0.0});
   };
   return sheet;

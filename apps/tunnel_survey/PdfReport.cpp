@@ -142,8 +142,8 @@ Drawing::Picture titlePage(const Report& report) {
 class TableColumns {
  public:
   TableColumns(Canvas& canvas, const ResultTable& table) {
-    constexpr double kSmallestGap = 4.0;
-    constexpr double kWidestGap = 14.0;
+    constexpr double kSmallestColumnGap = 4.0;
+    constexpr double kWidestColumnGap = 14.0;
     std::vector<double> widths;
     double total = 0.0;
     for (std::size_t i = 0; i < table.headings.size(); ++i) {
@@ -157,9 +157,9 @@ class TableColumns {
     }
     const double gaps = std::max(1.0, static_cast<double>(widths.size()) - 1.0);
     const double shrunk =
-        std::min(1.0, (kContent.width() - kSmallestGap * gaps) / std::max(total, 1.0));
+        std::min(1.0, (kContent.width() - kSmallestColumnGap * gaps) / std::max(total, 1.0));
     m_size *= shrunk;
-    const double gap = std::min((kContent.width() - total * shrunk) / gaps, kWidestGap);
+    const double gap = std::min((kContent.width() - total * shrunk) / gaps, kWidestColumnGap);
     double end = kContent.left;
     for (const double width : widths) {
       end += width * shrunk;

@@ -36,12 +36,10 @@ using Ruv::Calculations::AxisPoint;
 using Ruv::Calculations::ENHPoint;
 namespace Style = Drawing::Style;
 
-constexpr int kMostStrips = 2;
 constexpr double kFrameMargin = 5.5;     // for the coordinates outside the frame
 constexpr double kContentMargin = 17.0;  // for labels between the axis and the frame
 constexpr double kAxisWidth = 0.75;
 constexpr double kBandWidth = 3.2;
-constexpr double kSampleDistance = 0.4;  // between points of a curve on the page
 constexpr double kSmallestLabelSpacing = 16.0;
 constexpr double kGridSpacing = 35.0;
 constexpr double kArrowSize = 13.0;
@@ -463,7 +461,7 @@ class PlanStripDrawing {
   std::size_t m_leftOut = 0;
 };
 
-std::vector<Drawing::LegendEntry> legend(const SurveyPicture& picture) {
+std::vector<Drawing::LegendEntry> planLegend(const SurveyPicture& picture) {
   const auto lineSample = [](const Drawing::Colour& colour, double width = kAxisWidth) {
     return [colour, width](Canvas& canvas, const Box& box) {
       canvas.line({box.left, box.centre().y}, {box.right, box.centre().y}, {colour, width, {}});
@@ -514,7 +512,7 @@ Sheet planSheet(const SurveyPicture& picture) {
         {"Plan of axis " + picture.name,
          {"Scale " + Drawing::scaleText(layout.scale) + " on A3; coordinates in m",
           "Source: " + picture.source},
-         legend(picture),
+         planLegend(picture),
          layout.millimetresPerMetre(),
          leftOut});
   };

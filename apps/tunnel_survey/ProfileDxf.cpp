@@ -23,19 +23,19 @@ using Ruv::Calculations::FittingResult;
 using Ruv::Calculations::Point2D;
 using Ruv::Calculations::Polygon;
 
-const char* const kDesign = "DESIGN";
-const char* const kMeasured = "MEASURED";
-const char* const kMeasuredPoints = "MEASURED_POINTS";
-const char* const kOver = "OVER_PROFILE";
-const char* const kUnder = "UNDER_PROFILE";
-const char* const kGeological = "GEOLOGICAL";
-const char* const kCircle = "BEST_FIT_CIRCLE";
-const char* const kEllipse = "BEST_FIT_ELLIPSE";
-const char* const kTexts = "TEXTS";
-const char* const kStartProfile = "START_PROFILE";
-const char* const kMorphed = "MORPHED_PROFILES";
-const char* const kEndProfile = "END_PROFILE";
-const char* const kEdges = "EDGES";
+const char* const kDesignLayer = "DESIGN";
+const char* const kMeasuredLayer = "MEASURED";
+const char* const kMeasuredPointsLayer = "MEASURED_POINTS";
+const char* const kOverLayer = "OVER_PROFILE";
+const char* const kUnderLayer = "UNDER_PROFILE";
+const char* const kGeologicalLayer = "GEOLOGICAL";
+const char* const kCircleLayer = "BEST_FIT_CIRCLE";
+const char* const kEllipseLayer = "BEST_FIT_ELLIPSE";
+const char* const kTextsLayer = "TEXTS";
+const char* const kStartProfileLayer = "START_PROFILE";
+const char* const kMorphedLayer = "MORPHED_PROFILES";
+const char* const kEndProfileLayer = "END_PROFILE";
+const char* const kEdgesLayer = "EDGES";
 
 constexpr double kTextHeight = 0.15;  // m
 
@@ -62,7 +62,7 @@ void writeArc(DxfFile& file, const Point2D& start, const Point2D& end, double ra
       (start + end) / 2.0 + right * (side * std::sqrt(size * size - half * half));
   const Point2D& from = radius > 0.0 ? end : start;
   const Point2D& to = radius > 0.0 ? start : end;
-  file.arc(kDesign, flat(centre), size, std::atan2(from.y - centre.y, from.x - centre.x),
+  file.arc(kDesignLayer, flat(centre), size, std::atan2(from.y - centre.y, from.x - centre.x),
            std::atan2(to.y - centre.y, to.x - centre.x));
 }
 
@@ -73,7 +73,7 @@ void writeDesign(DxfFile& file, const Exchange::DesignProfile& design) {
     const Point2D end = definition.getSegmentEndAt(i);
     const double radius = definition.getSegmentRadiusAt(i);
     if (radius == 0.0) {
-      file.line(kDesign, flat(start), flat(end));
+      file.line(kDesignLayer, flat(start), flat(end));
     } else {
       writeArc(file, start, end, radius);
     }
@@ -88,10 +88,11 @@ void writeAreas(DxfFile& file, const char* layer, const std::vector<Polygon>& ar
 
 void writeFits(DxfFile& file, const SectionSurvey& survey, const SectionResult& result) {
   const FittingResult& circle = result.circle;
-  if (isDrawable(circle, survey.design)) file.circle(kCircle, flat(circle.center), circle.radius);
+  if (isDrawable(circle, survey.design))
+    file.circle(kCircleLayer, flat(circle.center), circle.radius);
   const FittingResult& ellipse = result.ellipse;
   if (!isDrawable(ellipse, survey.design)) return;
-  file.ellipse(kEllipse, flat(ellipse.center), ellipse.semiAxisA, ellipse.semiAxisB,
+  file.ellipse(kEllipseLayer, flat(ellipse.center), ellipse.semiAxisA, ellipse.semiAxisB,
                ellipse.rotation);
 }
 
@@ -99,7 +100,7 @@ void writeExtreme(DxfFile& file, const std::optional<Extreme>& extreme, const ch
                   const std::string& kind) {
   if (!extreme) return;
   file.line(layer, flat(extreme->deviation.profilePoint), flat(extreme->point));
-  file.text(kTexts, flat(extreme->point), kTextHeight,
+  file.text(kTextsLayer, flat(extreme->point), kTextHeight,
             kind + Drawing::fixed(std::abs(extreme->deviation.distance), 3) + " m");
 }
 
@@ -129,47 +130,48 @@ class SpacePlacer {
 
 bool writeCrossSectionDxf(const std::string& path, const SectionSurvey& survey,
                           const SectionResult& result) {
-  DxfFile file(path, {{kDesign, DxfLayer::kInk},
-                      {kMeasured, DxfLayer::kRed},
-                      {kMeasuredPoints, DxfLayer::kRed},
-                      {kOver, DxfLayer::kOrange},
-                      {kUnder, DxfLayer::kBlue},
-                      {kGeological, DxfLayer::kOrange},
-                      {kCircle, DxfLayer::kGreen},
-                      {kEllipse, DxfLayer::kViolet},
-                      {kTexts, DxfLayer::kInk}});
+  DxfFile file(path, {{kDesignLayer, DxfLayer::kInk},
+                      {kMeasuredLayer, DxfLayer::kRed},
+                      {kMeasuredPointsLayer, DxfLayer::kRed},
+                      {kOverLayer, DxfLayer::kOrange},
+                      {kUnderLayer, DxfLayer::kBlue},
+                      {kGeologicalLayer, DxfLayer::kOrange},
+                      {kCircleLayer, DxfLayer::kGreen},
+                      {kEllipseLayer, DxfLayer::kViolet},
+                      {kTextsLayer, DxfLayer::kInk}});
   writeDesign(file, survey.design);
-  file.polyline(kMeasured, flat(result.outline), true);
+  file.polyline(kMeasuredLayer, flat(result.outline), true);
   for (const Point2D& point : result.section.points) {
-    file.point(kMeasuredPoints, flat(point));
+    file.point(kMeasuredPointsLayer, flat(point));
   }
-  writeAreas(file, kOver, result.over);
-  writeAreas(file, kUnder, result.under);
-  writeAreas(file, kGeological, result.geological);
+  writeAreas(file, kOverLayer, result.over);
+  writeAreas(file, kUnderLayer, result.under);
+  writeAreas(file, kGeologicalLayer, result.geological);
   writeFits(file, survey, result);
-  writeExtreme(file, result.largestOver, kOver, "over ");
-  writeExtreme(file, result.largestUnder, kUnder, "under ");
+  writeExtreme(file, result.largestOver, kOverLayer, "over ");
+  writeExtreme(file, result.largestUnder, kUnderLayer, "under ");
   const Point2D corner = survey.design.lowerLeft();
-  file.text(kTexts, {corner.x, corner.y - 1.0, 0.0}, 2.0 * kTextHeight, titleOf(survey, result));
+  file.text(kTextsLayer, {corner.x, corner.y - 1.0, 0.0}, 2.0 * kTextHeight,
+            titleOf(survey, result));
   return file.finish();
 }
 
 bool writeSectionsDxf(const std::string& path, const SectionSurvey& survey,
                       const AxisPointer& axis) {
-  DxfFile file(path, {{kDesign, DxfLayer::kInk},
-                      {kMeasured, DxfLayer::kRed},
-                      {kMeasuredPoints, DxfLayer::kRed},
-                      {kTexts, DxfLayer::kInk}});
+  DxfFile file(path, {{kDesignLayer, DxfLayer::kInk},
+                      {kMeasuredLayer, DxfLayer::kRed},
+                      {kMeasuredPointsLayer, DxfLayer::kRed},
+                      {kTextsLayer, DxfLayer::kInk}});
   const SpacePlacer placer(axis);
   for (std::size_t i = 0; i < survey.results.size(); ++i) {
     const SectionResult& result = survey.results[i];
     const double station = result.section.station.value_or(static_cast<double>(i));
-    file.spacePolyline(kDesign, placer.placed(station, survey.design.outline()), true);
-    file.spacePolyline(kMeasured, placer.placed(station, result.outline), true);
+    file.spacePolyline(kDesignLayer, placer.placed(station, survey.design.outline()), true);
+    file.spacePolyline(kMeasuredLayer, placer.placed(station, result.outline), true);
     for (const Point3& point : placer.placed(station, result.section.points)) {
-      file.point(kMeasuredPoints, point);
+      file.point(kMeasuredPointsLayer, point);
     }
-    file.text(kTexts, placer.placed(station, {survey.design.crown()}).front(), kTextHeight,
+    file.text(kTextsLayer, placer.placed(station, {survey.design.crown()}).front(), kTextHeight,
               titleOf(survey, result));
   }
   return file.finish();
@@ -177,18 +179,18 @@ bool writeSectionsDxf(const std::string& path, const SectionSurvey& survey,
 
 bool writeTransitionDxf(const std::string& path, const Transition& transition,
                         const AxisPointer& axis) {
-  DxfFile file(path, {{kStartProfile, DxfLayer::kBlue},
-                      {kMorphed, DxfLayer::kViolet},
-                      {kEndProfile, DxfLayer::kRed},
-                      {kEdges, DxfLayer::kInk},
-                      {kTexts, DxfLayer::kInk}});
+  DxfFile file(path, {{kStartProfileLayer, DxfLayer::kBlue},
+                      {kMorphedLayer, DxfLayer::kViolet},
+                      {kEndProfileLayer, DxfLayer::kRed},
+                      {kEdgesLayer, DxfLayer::kInk},
+                      {kTextsLayer, DxfLayer::kInk}});
   const SpacePlacer placer(axis);
   for (std::size_t i = 0; i < transition.sections.size(); ++i) {
     const TransitionSection& section = transition.sections[i];
     const bool isLast = i + 1 == transition.sections.size();
-    const char* layer = i == 0 ? kStartProfile : isLast ? kEndProfile : kMorphed;
+    const char* layer = i == 0 ? kStartProfileLayer : isLast ? kEndProfileLayer : kMorphedLayer;
     file.spacePolyline(layer, placer.placed(section.station, section.profile.outline()), true);
-    file.text(kTexts, placer.placed(section.station, {section.profile.crown()}).front(),
+    file.text(kTextsLayer, placer.placed(section.station, {section.profile.crown()}).front(),
               kTextHeight, transition.stationing.text(section.station, 3));
   }
   for (double TransitionEdges::*side : {&TransitionEdges::left, &TransitionEdges::right}) {
@@ -196,7 +198,7 @@ bool writeTransitionDxf(const std::string& path, const Transition& transition,
     for (const TransitionEdges& edges : transition.edges) {
       edge.push_back(placer.placed(edges.station, {{edges.*side, 0.0}}).front());
     }
-    file.spacePolyline(kEdges, edge, false);
+    file.spacePolyline(kEdgesLayer, edge, false);
   }
   return file.finish();
 }

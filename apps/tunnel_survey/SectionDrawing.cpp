@@ -30,17 +30,15 @@ using Drawing::TextStyle;
 using Drawing::WorldMapping;
 namespace Style = Drawing::Style;
 
-constexpr int kMostStrips = 2;
 constexpr double kHeaderWidth = 27.0;  // names of the bands and the height axis
 constexpr double kStationBandHeight = 6.0;
 constexpr double kHeightBandHeight = 6.0;
 constexpr double kCurvatureBandHeight = 21.0;
 constexpr double kStripGap = 5.0;
 constexpr double kLabelRoom = 17.0;  // above the heights, for the points of intersection
-constexpr double kFootRoom = 6.0;
-constexpr double kSideRoom = 5.0;
+constexpr double kDiagramFootRoom = 6.0;
+constexpr double kDiagramSideRoom = 5.0;
 constexpr double kGradeLineWidth = 0.75;
-constexpr double kSampleDistance = 0.4;
 constexpr double kSmallestStationSpacing = 16.0;
 constexpr double kSmallestHeightSpacing = 6.0;
 
@@ -92,8 +90,8 @@ std::optional<SectionStrip> stripInDiagram(const SurveyPicture& picture,
   }
   const double perMetre = 1000.0 / scale;
   const double perHeight = perMetre * exaggeration;
-  const Box room{diagram.left + kSideRoom, diagram.top + kLabelRoom, diagram.right - kSideRoom,
-                 diagram.bottom - kFootRoom};
+  const Box room{diagram.left + kDiagramSideRoom, diagram.top + kLabelRoom,
+                 diagram.right - kDiagramSideRoom, diagram.bottom - kDiagramFootRoom};
   const bool fits =
       range.length() * perMetre <= room.width() && (highest - lowest) * perHeight <= room.height();
   if (!fits) return std::nullopt;
@@ -445,7 +443,7 @@ class SectionStripDrawing {
   std::size_t m_leftOut = 0;
 };
 
-std::vector<Drawing::LegendEntry> legend(const SurveyPicture& picture) {
+std::vector<Drawing::LegendEntry> sectionLegend(const SurveyPicture& picture) {
   const auto lineSample = [](const Pen& pen) {
     return [pen](Canvas& canvas, const Box& box) {
       canvas.line({box.left, box.centre().y}, {box.right, box.centre().y}, pen);
@@ -498,7 +496,7 @@ Sheet sectionSheet(const SurveyPicture& picture, double exaggeration) {
                                   Drawing::scaleText(layout.scale / layout.exaggeration) +
                                   " on A3: exaggerated " + fixed(layout.exaggeration, 0) + " times",
                               "Source: " + picture.source},
-                             legend(picture),
+                             sectionLegend(picture),
                              layout.millimetresPerMetre(),
                              leftOut});
   };

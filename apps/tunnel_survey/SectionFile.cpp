@@ -18,7 +18,7 @@ namespace {
 using Drawing::fixed;
 using Ruv::Calculations::Point2D;
 
-constexpr double kFarthest = 1e6;         // of the coordinates: areas keep their digits
+constexpr double kFarthestPoint = 1e6;    // of the coordinates: areas keep their digits
 constexpr double kFarthestStation = 1e8;  // drawn to a usual scale; more than around the Earth
 
 enum Column : std::size_t { Ring, Section, Station, X, Y };
@@ -34,8 +34,8 @@ Exchange::Outcome<SectionRow> sectionRowOf(const Exchange::TableRow& row, Column
   const std::string& name = row.texts[nameColumn];
   if (name.empty()) return Result::failure({row.line, "the name of the section is missing"});
   const Point2D point(row.numbers[X], row.numbers[Y]);
-  if (!(point.length() <= kFarthest)) {
-    return Result::failure({row.line, "the point lies farther than " + fixed(kFarthest, 0) +
+  if (!(point.length() <= kFarthestPoint)) {
+    return Result::failure({row.line, "the point lies farther than " + fixed(kFarthestPoint, 0) +
                                           " m from the section's origin"});
   }
   const double station = row.numbers[Station];

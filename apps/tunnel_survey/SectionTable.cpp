@@ -28,22 +28,22 @@ std::string lowerCase(std::string word) {
 }
 
 /// A column: its heading, and what it says of a section.
-struct Column {
+struct SectionColumn {
   std::string heading;
   std::function<std::string(const SectionResult&)> cell;
 };
 
-using Columns = std::vector<Column>;
+using SectionColumns = std::vector<SectionColumn>;
 
-ResultTable tableOf(const SectionSurvey& survey, const Columns& columns) {
+ResultTable tableOf(const SectionSurvey& survey, const SectionColumns& columns) {
   ResultTable table;
-  for (const Column& column : columns) {
+  for (const SectionColumn& column : columns) {
     table.headings.push_back(column.heading);
   }
   for (const SectionResult& result : survey.results) {
     std::vector<std::string> row;
     row.reserve(columns.size());
-    for (const Column& column : columns) {
+    for (const SectionColumn& column : columns) {
       row.push_back(column.cell(result));
     }
     table.rows.push_back(std::move(row));
@@ -51,14 +51,14 @@ ResultTable tableOf(const SectionSurvey& survey, const Columns& columns) {
   return table;
 }
 
-void append(Columns& columns, const Columns& more) {
+void append(SectionColumns& columns, const SectionColumns& more) {
   columns.insert(columns.end(), more.begin(), more.end());
 }
 
 /// The columns that say which section it is.
-Columns nameColumns(const SectionSurvey& survey, int decimals) {
-  Columns columns = {{lowerCase(survey.noun) + "\n",
-                      [](const SectionResult& result) { return result.section.name; }}};
+SectionColumns nameColumns(const SectionSurvey& survey, int decimals) {
+  SectionColumns columns = {{lowerCase(survey.noun) + "\n",
+                             [](const SectionResult& result) { return result.section.name; }}};
   if (survey.hasStations()) {
     columns.push_back({"stationing\nm", [&survey, decimals](const SectionResult& result) {
                          return survey.stationing.metresText(*result.section.station, decimals);
@@ -67,17 +67,17 @@ Columns nameColumns(const SectionSurvey& survey, int decimals) {
   return columns;
 }
 
-Column areaColumn(const std::string& name, double SectionResult::*area, int decimals) {
+SectionColumn areaColumn(const std::string& name, double SectionResult::*area, int decimals) {
   return {name + "\nm\u00b2",
           [area, decimals](const SectionResult& result) { return fixed(result.*area, decimals); }};
 }
 
 /// @param suffix of the names, for a table whose headings stand alone
-Columns areaColumns(const SectionSurvey& survey, const std::string& suffix, int decimals) {
-  Columns columns = {areaColumn("design" + suffix, &SectionResult::designArea, decimals),
-                     areaColumn("measured" + suffix, &SectionResult::measuredArea, decimals),
-                     areaColumn("over" + suffix, &SectionResult::overArea, decimals),
-                     areaColumn("under" + suffix, &SectionResult::underArea, decimals)};
+SectionColumns areaColumns(const SectionSurvey& survey, const std::string& suffix, int decimals) {
+  SectionColumns columns = {areaColumn("design" + suffix, &SectionResult::designArea, decimals),
+                            areaColumn("measured" + suffix, &SectionResult::measuredArea, decimals),
+                            areaColumn("over" + suffix, &SectionResult::overArea, decimals),
+                            areaColumn("under" + suffix, &SectionResult::underArea, decimals)};
   if (survey.rule.geology) {
     columns.push_back(areaColumn("geological" + suffix, &SectionResult::geologicalArea, decimals));
   }
@@ -89,24 +89,24 @@ using MaybeExtreme = std::optional<Extreme> SectionResult::*;
 constexpr std::array<std::pair<const char*, MaybeExtreme>, 2> kExtremes = {
     {{"over", &SectionResult::largestOver}, {"under", &SectionResult::largestUnder}}};
 
-Column extremeColumn(const std::string& heading, MaybeExtreme extreme, int decimals,
-                     const std::function<double(const Extreme&)>& value) {
+SectionColumn extremeColumn(const std::string& heading, MaybeExtreme extreme, int decimals,
+                            const std::function<double(const Extreme&)>& value) {
   return {heading, [=](const SectionResult& result) {
             return result.*extreme ? signedFixed(value(*(result.*extreme)), decimals) : "-";
           }};
 }
 
-Column distanceColumn(const std::string& name, MaybeExtreme extreme, int decimals) {
+SectionColumn distanceColumn(const std::string& name, MaybeExtreme extreme, int decimals) {
   return extremeColumn("largest " + name + "\nm", extreme, decimals,
                        [](const Extreme& e) { return e.deviation.distance; });
 }
 
-Column derolmentColumn(const std::string& name, MaybeExtreme extreme, int decimals) {
+SectionColumn derolmentColumn(const std::string& name, MaybeExtreme extreme, int decimals) {
   return extremeColumn(name + "\nm", extreme, decimals,
                        [](const Extreme& e) { return e.deviation.derolment; });
 }
 
-Columns placeColumns(const std::string& name, MaybeExtreme extreme, int decimals) {
+SectionColumns placeColumns(const std::string& name, MaybeExtreme extreme, int decimals) {
   return {derolmentColumn(name + " at derolment", extreme, decimals),
           extremeColumn(name + " at x\nm", extreme, decimals,
                         [](const Extreme& e) { return e.point.x; }),
@@ -114,26 +114,27 @@ Columns placeColumns(const std::string& name, MaybeExtreme extreme, int decimals
                         [](const Extreme& e) { return e.point.y; })};
 }
 
-Column pointColumn() {
+SectionColumn pointColumn() {
   return {"points\n",
           [](const SectionResult& result) { return std::to_string(result.deviations.size()); }};
 }
 
 using Fit = FittingResult SectionResult::*;
 
-Columns centreColumns(const std::string& name, Fit fit, int decimals) {
+SectionColumns centreColumns(const std::string& name, Fit fit, int decimals) {
   return {{name + " x\nm",
            [=](const SectionResult& r) { return signedFixedOrDash((r.*fit).center.x, decimals); }},
           {name + " y\nm",
            [=](const SectionResult& r) { return signedFixedOrDash((r.*fit).center.y, decimals); }}};
 }
 
-Columns fitColumns(int decimals, int rotationDecimals) {
+SectionColumns fitColumns(int decimals, int rotationDecimals) {
   const auto length = [decimals](const std::string& name, Fit fit, double FittingResult::*size) {
-    return Column{name + "\nm",
-                  [=](const SectionResult& r) { return fixedOrDash((r.*fit).*size, decimals); }};
+    return SectionColumn{name + "\nm", [=](const SectionResult& r) {
+                           return fixedOrDash((r.*fit).*size, decimals);
+                         }};
   };
-  Columns columns = centreColumns("circle", &SectionResult::circle, decimals);
+  SectionColumns columns = centreColumns("circle", &SectionResult::circle, decimals);
   columns.push_back(length("circle radius", &SectionResult::circle, &FittingResult::radius));
   append(columns, centreColumns("ellipse", &SectionResult::ellipse, decimals));
   columns.push_back(length("ellipse a", &SectionResult::ellipse, &FittingResult::semiAxisA));
@@ -163,7 +164,7 @@ double distanceOf(const std::optional<Extreme>& extreme) {
 }  // namespace
 
 ResultTable areaTable(const SectionSurvey& survey) {
-  Columns columns = nameColumns(survey, 3);
+  SectionColumns columns = nameColumns(survey, 3);
   append(columns, areaColumns(survey, "", 3));
   for (const auto& [name, extreme] : kExtremes) {
     columns.push_back(distanceColumn(name, extreme, 3));
@@ -174,13 +175,13 @@ ResultTable areaTable(const SectionSurvey& survey) {
 }
 
 ResultTable fitTable(const SectionSurvey& survey) {
-  Columns columns = nameColumns(survey, 3);
+  SectionColumns columns = nameColumns(survey, 3);
   append(columns, fitColumns(3, 1));
   return tableOf(survey, columns);
 }
 
 ResultTable sectionTable(const SectionSurvey& survey) {
-  Columns columns = nameColumns(survey, 4);
+  SectionColumns columns = nameColumns(survey, 4);
   columns.push_back(pointColumn());
   append(columns, areaColumns(survey, " area", 4));
   for (const auto& [name, extreme] : kExtremes) {

@@ -20,6 +20,9 @@
 
 namespace TunnelSurvey {
 
+constexpr int kMostStrips = 2;
+constexpr double kSampleDistance = 0.4;  ///< between points of a curve on the page
+
 /// A horizontal element as far as the axis has heights.
 struct AxisElement {
   Exchange::ElementKind kind = Exchange::ElementKind::Straight;

@@ -37,7 +37,7 @@ constexpr int kColumns = 3;
 constexpr double kOverlayWidth = 150.0;  // of the column with all outlines and the plan
 constexpr double kOverlayShare = 0.41;   // of that column's height for the outlines
 constexpr double kHeadRoom = 12.0;       // for the headings of frames
-constexpr double kSideRoom = 6.0;
+constexpr double kFrameSideRoom = 6.0;
 
 constexpr Colour kStartColour{0.08, 0.30, 0.58};
 constexpr Colour kMiddleColour{0.45, 0.24, 0.60};
@@ -84,13 +84,13 @@ struct TransitionLayout {
 Box sectionRoom(const Box& frame) {
   constexpr double kDimensionRoom = 6.0;
   constexpr double kTextRoom = 19.0;
-  return {frame.left + kSideRoom + kDimensionRoom, frame.top + kHeadRoom, frame.right - kSideRoom,
-          frame.bottom - kTextRoom};
+  return {frame.left + kFrameSideRoom + kDimensionRoom, frame.top + kHeadRoom,
+          frame.right - kFrameSideRoom, frame.bottom - kTextRoom};
 }
 
 Box overlayRoom(const Box& frame) {
-  return {frame.left + kSideRoom, frame.top + kHeadRoom, frame.right - kSideRoom,
-          frame.bottom - kSideRoom};
+  return {frame.left + kFrameSideRoom, frame.top + kHeadRoom, frame.right - kFrameSideRoom,
+          frame.bottom - kFrameSideRoom};
 }
 
 double fittingScale(const Box& extent, const Box& room) {
@@ -126,11 +126,6 @@ WorldMapping centred(const Box& extent, const Box& room, double scale) {
 
 TextStyle bold(TextStyle style) {
   style.bold = true;
-  return style;
-}
-
-TextStyle onLines(TextStyle style) {
-  style.halo = true;
   return style;
 }
 
@@ -249,7 +244,7 @@ class TransitionDrawing {
     const Point lowest = mapping.toPage({low.x, low.y});
     const Point highest = mapping.toPage({high.x, high.y});
     const TextStyle style =
-        onLines(Style::text(Style::kTextSize, Style::kInk, Align::Middle, Align::End));
+        Style::onLines(Style::text(Style::kTextSize, Style::kInk, Align::Middle, Align::End));
     drawDimension(m_canvas, {highest.x, lowest.y}, lowest, -kAside, fixed(high.x - low.x, 3),
                   style);
     drawDimension(m_canvas, lowest, {lowest.x, highest.y}, -kAside, fixed(high.y - low.y, 3),
@@ -374,7 +369,7 @@ class TransitionDrawing {
   WorldMapping m_overlay;
 };
 
-std::vector<Drawing::LegendEntry> legend() {
+std::vector<Drawing::LegendEntry> transitionLegend() {
   const auto line = [](const Pen& pen) {
     return [pen](Canvas& canvas, const Box& box) {
       canvas.line({box.left, box.centre().y}, {box.right, box.centre().y}, pen);
@@ -414,7 +409,7 @@ Sheet transitionSheet(const Transition& transition) {
          {"Sections " + Drawing::scaleText(layout.sectionScale) +
               " on A3, looking forward; lengths in m",
           "Start profile: " + transition.startSource + ", end profile: " + transition.endSource},
-         legend(),
+         transitionLegend(),
          0.0});
   };
   return sheet;

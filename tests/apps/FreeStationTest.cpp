@@ -24,13 +24,13 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-constexpr double kPi = 3.141592653589793;
-constexpr double kGon = kPi / 200.0;
+constexpr double kFullTurn = 6.283185307179586;
+constexpr double kGon = kFullTurn / 400.0;
 
 /// Of a levelled instrument at (1000, 2000, 12) with its zero at azimuth 0.7.
 PolarPoint seen(const ENHPoint& point) {
   const ENHPoint d = point - ENHPoint(1000.0, 2000.0, 12.0);
-  return {std::remainder(std::atan2(d.east, d.north) - 0.7, 2.0 * kPi),
+  return {std::remainder(std::atan2(d.east, d.north) - 0.7, kFullTurn),
           std::acos(d.height / d.length()), d.length()};
 }
 
@@ -67,7 +67,7 @@ TEST(Readings, FacesAndRepetitionsGiveOnePoint) {
   EXPECT_TRUE(a.hasBothFaces);
   EXPECT_FALSE(points[1].hasBothFaces);
   // The faces count alike: 399.9990 and 0.0030; 90.0010 and 89.9970.
-  EXPECT_NEAR(std::remainder(a.polar.horizontalAngle - 0.001 * kGon, 2.0 * kPi), 0.0, 1e-12);
+  EXPECT_NEAR(std::remainder(a.polar.horizontalAngle - 0.001 * kGon, kFullTurn), 0.0, 1e-12);
   EXPECT_NEAR(a.spread.horizontal, 0.004 * kGon, 1e-12);
   // 1.5 m below what lies 10.001 m away under 89.999 gon.
   const double up = 10.001 * std::cos(89.999 * kGon) - 1.5;

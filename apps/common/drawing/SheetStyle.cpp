@@ -88,6 +88,11 @@ TextStyle text(double size, const Colour& colour, Align horizontal, Align vertic
   return style;
 }
 
+TextStyle onLines(TextStyle style) {
+  style.halo = true;
+  return style;
+}
+
 void surveyedPoint(Canvas& canvas, const Point& at) {
   canvas.circle(at, 0.65, {kSurveyed, 0.3, {}}, kWhite);
 }

@@ -38,6 +38,8 @@ constexpr double kTextSize = 2.9;
 constexpr double kSmallTextSize = 2.6;
 
 TextStyle text(double size, const Colour& colour, Align horizontal, Align vertical);
+/// To be read across the lines below it.
+TextStyle onLines(TextStyle style);
 void surveyedPoint(Canvas& canvas, const Point& at);
 void setOutPoint(Canvas& canvas, const Point& at);
 
