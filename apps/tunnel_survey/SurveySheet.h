@@ -20,7 +20,7 @@
 
 namespace TunnelSurvey {
 
-constexpr int kMostStrips = 2;
+constexpr int kMostStrips = 2;           ///< of an axis, one above the other on a sheet
 constexpr double kSampleDistance = 0.4;  ///< between points of a curve on the page
 
 /// A horizontal element as far as the axis has heights.
