@@ -208,8 +208,10 @@ class CPerpendicularSearch {
   CNearestFoot<CSpatialFoot> m_nearest;
 };
 
+/// An axis that ends at a stationing that is not a number has no places, and so no feet.
 bool isSearched(const CAxisGeometry& axis, const Calculations::ENHPoint& point) {
-  return axis.isComplete && std::isfinite(point.east + point.north + point.height);
+  return axis.isComplete && axis.minimumStationing <= axis.maximumStationing &&
+         std::isfinite(point.east + point.north + point.height);
 }
 
 }  // namespace

@@ -477,6 +477,10 @@ TEST(AxisCalculator, FailsOnIncompleteAxes) {
   axis->addHoralSegmentStraight(0, 0, 0, 0, 10);
   axis->addVeralPointKink(0, 0);
   expectNothingWorks(AxisCalculator(axis));
+  // One that ends nowhere has no range.
+  axis->addHoralSegmentStraight(10, 0, 10, 0, std::nan(""));
+  axis->addVeralPointKink(10, 0);
+  expectNothingWorks(AxisCalculator(axis));
   // Elements that are gone leave nothing behind in a calculator that has used them.
   for (void (AxisDefinition::*reset)() :
        {&AxisDefinition::resetHoral, &AxisDefinition::resetVeral}) {
