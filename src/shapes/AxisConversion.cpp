@@ -33,6 +33,9 @@ namespace {
 /// Grades and transverse slopes in percent are rises per this length.
 constexpr double kPercentBase = 100.0;
 
+/// Slopes from this on (percent) are plumb in doubles; their squares may overflow.
+constexpr double kPlumbSlopePercent = 1e150;
+
 /// A tunnel meter outside the axis by no more than this (m) and its own rounding is at its end.
 constexpr double kTunnelMeterTolerance = 1e-9;
 constexpr double kTunnelMeterUlps = 4.0;
@@ -46,6 +49,10 @@ struct CSectionPoint {
 /// Turns the section about the axis: from the frame in which the transverse slope is level to the
 /// horizontal one. A positive slope lowers the right side.
 CSectionPoint rolled(const CSectionPoint& p, double slopePercent) {
+  if (std::abs(slopePercent) >= kPlumbSlopePercent) {
+    const double sine = std::copysign(1.0, slopePercent);
+    return {p.up * sine, -p.right * sine};
+  }
   const double hypotenuse = std::sqrt(slopePercent * slopePercent + kPercentBase * kPercentBase);
   const double cosine = kPercentBase / hypotenuse;
   const double sine = slopePercent / hypotenuse;

@@ -58,6 +58,16 @@ TEST(AxisConversion, MeasuresAsItsOptionsSay) {
     EXPECT_NEAR(axis->offset, c.axis.offset, 1e-13);
     EXPECT_NEAR(axis->height, c.axis.height, 1e-13);
   }
+  // However steep a cross fall is, it turns the section by no more than a right angle.
+  CConversionOptions plumb;
+  plumb.transSlopeMode = CTransSlopeMode::Given;
+  for (const double slope : {1e100, 1e160, 1e300, HUGE_VAL}) {
+    plumb.givenTransSlope = -slope;
+    const auto grid = axisToGrid(container.geometry(), {40, 3, 4}, plumb);
+    ASSERT_TRUE(grid);
+    EXPECT_LT((*grid - ENHPoint(-4, 40, 33)).length(), 1e-13) << slope;
+    EXPECT_NEAR(gridToAxis(container.geometry(), *grid, plumb)->offset, 3.0, 1e-13);
+  }
 }
 
 }  // namespace
