@@ -28,6 +28,21 @@ namespace {
 /// to there headings match it evenly, because its dents are taken for level.
 constexpr Fading kNotRagged{0.1, 0.4};
 
+/// Detours are read apart from a ring whose other dents turn by no more than the first value, and
+/// not at all from the second on (rad): a walk with shallow dents is matched as if it had none.
+constexpr Fading kDentedBase{0.4, 0.7};
+
+/// On a ring detours count as far as they are sure: in full from the first value on, and not at all
+/// up to the second. What is less sure is better matched as a part of the ring.
+constexpr Fading kSureOnRing{0.9, 0.6};
+
+/// On a ring a bench counts in full when it turns back by the first value, and not at all up to the
+/// second (rad): it could be a chamfer with a shallow dent as well.
+constexpr Fading kBenchOnRing{0.4, 0.1};
+/// Nor does it when the floor beside it is kinked (slope against the straight between the feet), so
+/// that what goes on under the bench is another floor.
+constexpr Fading kKinkUnderBench{0.06, 0.1};
+
 /// Parts of the way between which ragged outlines are looked at for crossings. Of seven pairs in
 /// 200 that crossed themselves, five did so between the quarters only.
 constexpr int kPartsOfRaggedWay = 24;
@@ -61,6 +76,15 @@ std::optional<TurningChords> between(const TurningChords& a, const TurningChords
   return meanOf(match->outlines, weight);
 }
 
+/// How much a bench is one; of ditches and niches the outline says it.
+double surenessOnRing(const Detour& detour, const TurningChords& floor) {
+  const bool isLeft = detour.site == DetourSite::LeftFoot;
+  if (!isLeft && detour.site != DetourSite::RightFoot) return 1.0;
+  const double slope = slopeOf({floor.front().start, floor.back().end, 0.0});
+  const double kink = std::abs(slopeOf(isLeft ? floor.back() : floor.front()) - slope);
+  return kBenchOnRing(detour.turningBack) * kKinkUnderBench(kink);
+}
+
 bool areFinite(const std::vector<NodePairs>& polylines) {
   return std::all_of(polylines.begin(), polylines.end(),
                      [](const NodePairs& nodes) { return areFinite(nodes); });
@@ -86,7 +110,7 @@ void ProfileMorphEngine::clearResults() {
   m_outlines = MatchedOutlines();
   m_hasFloors = false;
   m_firmness = 1.0;
-  m_rings.reset();
+  m_simpler.reset();
   m_rays.reset();
   m_raggedness = 0.0;
   m_lists = MorphLists();
@@ -99,7 +123,7 @@ int ProfileMorphEngine::prepare(double fromStationing, double toStationing,
   Outcome outcome = takeSettings(fromStationing, toStationing, divisions);
   if (outcome == Outcome::GoOn) outcome = loadOutlines(start, end);
   if (outcome == Outcome::GoOn) outcome = takeSteps();
-  outcome = prepareRings(start, end, outcome);
+  outcome = prepareSimpler(start, end, outcome);
   m_hasFailed = outcome == Outcome::Failed;
   m_isPrepared = !m_hasFailed;
   if (m_hasFailed) return 1;
@@ -107,21 +131,25 @@ int ProfileMorphEngine::prepare(double fromStationing, double toStationing,
   return 0;
 }
 
-/// A way by parts that fails or crosses itself counts for nothing, whatever the floors are.
-ProfileMorphEngine::Outcome ProfileMorphEngine::prepareRings(
+/// A way that fails or crosses itself counts for nothing, whatever has been read.
+ProfileMorphEngine::Outcome ProfileMorphEngine::prepareSimpler(
     const std::vector<ProfileSegment>& start, const std::vector<ProfileSegment>& end,
-    Outcome byParts) {
+    Outcome asRead) {
   // Without floors and detours both have been read as rings already.
-  if (!m_hasFloors && m_lists.detours.empty()) return byParts;
-  if (byParts == Outcome::Failed || !isWaySimple(m_outlines)) m_firmness = 0.0;
-  if (m_firmness == 1.0) return byParts;
-  auto rings = engineForRings();
-  if (rings->prepare(m_fromStationing, m_toStationing, start, end, m_divisions) == 0) {
-    m_rings = std::move(rings);
+  if (!m_hasFloors && !hasDetours()) return asRead;
+  if (asRead == Outcome::Failed || !isWaySimple(m_outlines)) m_firmness = 0.0;
+  if (m_firmness == 1.0) return asRead;
+  auto simpler = engineFor(m_hasFloors && hasDetours() ? Reading::Detours : Reading::Rings);
+  if (simpler->prepare(m_fromStationing, m_toStationing, start, end, m_divisions) == 0) {
+    m_simpler = std::move(simpler);
     return Outcome::Completed;
   }
-  if (byParts == Outcome::Failed) m_message = rings->m_message;
-  return byParts;
+  if (asRead == Outcome::Failed) m_message = simpler->m_message;
+  return asRead;
+}
+
+bool ProfileMorphEngine::hasDetours() const {
+  return !m_start.read.detours.empty() || !m_end.read.detours.empty();
 }
 
 /// The steps that follow on loading, in the order of the contract. A step that has nothing to do
@@ -171,36 +199,39 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::prepareStores() {
   std::int64_t endCounter = m_firstNumber;
   m_start.store.numberElements(startCounter);
   m_end.store.numberElements(endCounter);
-  m_start.read = {m_start.store.elements(), {}, {}, 0.0};
-  m_end.read = {m_end.store.elements(), {}, {}, 0.0};
+  m_start.read = {m_start.store.elements()};
+  m_end.read = {m_end.store.elements()};
   if (has(MorphFlags::kBottom)) readBottoms();
   return Outcome::GoOn;
 }
 
 /// Both outlines need a floor for floors to be matched. With one that has none, the other is read
-/// as a ring, too, and keeps at most its niches and ditches apart.
+/// as a ring, too, and keeps at most its detours apart.
 void ProfileMorphEngine::readBottoms() {
   for (Outline* outline : {&m_start, &m_end}) {
     const TurningChords& elements = outline->store.elements();
-    if (m_readsParts) outline->read = readOutline(elements, true);
-    // That of a cave is dented and has no floor.
-    outline->raggedness = (1.0 - outline->read.firmness) * (1.0 - kNotRagged(dentsOf(elements)));
+    if (m_reading != Reading::Rings) outline->read = readOutline(elements);
+    outline->raggedness = 1.0 - kNotRagged(dentsOf(elements));
   }
-  if (!m_readsParts) return;
-  m_hasFloors = m_start.read.hasFloor() && m_end.read.hasFloor();
+  if (m_reading == Reading::Rings) return;
   m_firmness = m_start.read.firmness * m_end.read.firmness;
-  if (m_hasFloors) return;
-  readNichesOnly();
+  m_hasFloors = m_firmness > 0.0 && m_reading == Reading::Parts;
+  if (!m_hasFloors) weighDetours();
 }
 
-/// A bench needs a foot in both outlines, a ditch or a niche a base that is known in both.
-void ProfileMorphEngine::readNichesOnly() {
-  for (auto [own, other] : {std::pair(&m_start, &m_end), std::pair(&m_end, &m_start)}) {
-    if (!own->read.hasFloor()) continue;
-    const TurningChords& elements = own->store.elements();
-    own->read = isNearlyConvex(other->store.elements()) ? readOutline(elements, false)
-                                                        : OutlineReading{elements, {}, {}, 0.0};
+/// Detours need a base without dents in both outlines.
+void ProfileMorphEngine::weighDetours() {
+  m_firmness = hasDetours() ? 1.0 : 0.0;
+  for (const Outline* outline : {&m_start, &m_end}) {
+    if (m_firmness == 0.0) break;
+    if (!outline->read.detours.empty()) m_firmness *= kSureOnRing(outline->read.sureness);
+    for (const Detour& detour : outline->read.detours)
+      m_firmness *= surenessOnRing(detour, outline->read.floor);
+    m_firmness *= kDentedBase(dentsOf(outline->read.ring()));
   }
+  if (m_firmness > 0.0) return;
+  for (Outline* outline : {&m_start, &m_end})
+    outline->read = {outline->store.elements()};
 }
 
 /// The base analysis or, in its place, the analysis of the whole bottom.
@@ -256,7 +287,8 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::findBaseSegments() {
   m_placement.startBase = asRead(*start, m_placement.startTurned);
   m_placement.endBase = asRead(*end, m_placement.endTurned);
   m_lists.detours =
-      matchDetours(m_start.read, m_end.read, m_placement.endBase - m_placement.startBase);
+      matchDetours(m_start.read, m_end.read, m_placement.endBase - m_placement.startBase,
+                   m_hasFloors ? DetourBase::Floors : DetourBase::Rings);
   return Outcome::GoOn;
 }
 
@@ -331,7 +363,7 @@ ProfileMorphEngine::Outcome ProfileMorphEngine::generateBottom() {
 
 ProfileMorphEngine::Outcome ProfileMorphEngine::assembleSegments() {
   m_lists.segments = ringOf(m_lists.sides);
-  if (has(MorphFlags::kSegmentsMatch) && !m_hasFloors && m_lists.detours.empty()) pairByRays();
+  if (has(MorphFlags::kSegmentsMatch) && !m_hasFloors && !hasDetours()) pairByRays();
   return Outcome::GoOn;
 }
 
@@ -429,21 +461,25 @@ std::optional<OutlineNodes> ProfileMorphEngine::evaluate(double atStationing) {
     m_message = u"Missing data.";
     return std::nullopt;
   }
-  if (!m_rings) return evaluateOwn(t);
-  const OutlineNodes asRings = m_rings->evaluateOwn(t);
-  if (m_firmness == 0.0) return asRings;
-  return evaluateBetween(asRings, evaluateOwn(t));
+  return evaluateAt(t);
+}
+
+OutlineNodes ProfileMorphEngine::evaluateAt(double t) const {
+  if (!m_simpler) return evaluateOwn(t);
+  const OutlineNodes simpler = m_simpler->evaluateAt(t);
+  if (m_firmness == 0.0) return simpler;
+  return evaluateBetween(simpler, evaluateOwn(t));
 }
 
 /// The outline between two ones at the same place of the way, which differ by how they were matched
 /// only, is found by morphing from one to the other, as rings and without a roll.
-OutlineNodes ProfileMorphEngine::evaluateBetween(const OutlineNodes& asRings,
-                                                 const OutlineNodes& byParts) const {
-  const auto engine = engineForRings();
+OutlineNodes ProfileMorphEngine::evaluateBetween(const OutlineNodes& simpler,
+                                                 const OutlineNodes& asRead) const {
+  const auto engine = engineFor(Reading::Rings);
   engine->m_mostDivisionsTurned = 0;
   const int status =
-      engine->prepare(0.0, 1.0, segmentsOf(asRings), segmentsOf(byParts), m_divisions);
-  return status == 0 ? engine->evaluateOwn(m_firmness) : byParts;
+      engine->prepare(0.0, 1.0, segmentsOf(simpler), segmentsOf(asRead), m_divisions);
+  return status == 0 ? engine->evaluateOwn(m_firmness) : asRead;
 }
 
 OutlineNodes ProfileMorphEngine::evaluateOwn(double t) const {
@@ -452,11 +488,11 @@ OutlineNodes ProfileMorphEngine::evaluateOwn(double t) const {
   return nodesFrom(outline, m_start.store.wasAnticlockwise());
 }
 
-/// An engine with the same settings that reads every outline as a ring.
-std::unique_ptr<ProfileMorphEngine> ProfileMorphEngine::engineForRings() const {
+/// An engine with the same settings.
+std::unique_ptr<ProfileMorphEngine> ProfileMorphEngine::engineFor(Reading reading) const {
   auto engine = std::make_unique<ProfileMorphEngine>();
   engine->configure(m_flags, m_mostDivisionsTurned, m_firstNumber);
-  engine->m_readsParts = false;
+  engine->m_reading = reading;
   return engine;
 }
 

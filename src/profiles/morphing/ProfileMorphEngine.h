@@ -44,10 +44,10 @@ constexpr int kHalfCirclesAllowed = 16;
 /// its place where it has become small, and a text where it has become rare.
 ///
 /// How much a floor is one is a matter of degree. Where it is in doubt, the way by parts and the
-/// way as rings are both prepared, and the outline between them is told; likewise between the
-/// match of rings by headings and that by rays from a point inside, which is the way for caves.
-/// Where the way by parts would cross itself, the one as rings is taken, and where that would, the
-/// one by rays.
+/// way as rings are both prepared, and the outline between them is told; likewise between rings
+/// with and without detours, and between the match of rings by headings and that by rays from a
+/// point inside, which is the way for caves. Where the way by parts would cross itself, the one as
+/// rings is taken, and where that would, the one by rays.
 ///
 /// Failure: prepare() reports it and messageText() says why; nothing throws.
 /// Lifecycle: configure, prepare, evaluate any number of times, reset before preparing again.
@@ -80,6 +80,12 @@ class ProfileMorphEngine {
 
  private:
   enum class Outcome { GoOn, Completed, Failed };
+  /// From the one that knows most of outlines to the one that can always be had.
+  enum class Reading {
+    Parts,    ///< floors, walls with crown, detours
+    Detours,  ///< rings without a floor of their own, and detours from them
+    Rings
+  };
   using Step = Outcome (ProfileMorphEngine::*)();
 
   void clearResults();
@@ -103,19 +109,21 @@ class ProfileMorphEngine {
   Outcome generateSegments();
   Outcome generateTestResult();
 
-  /// By parts or, when that is in doubt or fails, also as rings.
-  Outcome prepareRings(const std::vector<ProfileSegment>& start,
-                       const std::vector<ProfileSegment>& end, Outcome byParts);
+  /// As read or, when that is in doubt or fails, also by a simpler reading.
+  Outcome prepareSimpler(const std::vector<ProfileSegment>& start,
+                         const std::vector<ProfileSegment>& end, Outcome asRead);
   Outcome requireLines(MorphStatus statusOfFailure);
   Outcome completeIfAlike();
   PlumbLines plumbLinesOf(const TurningChords& ring) const;
   std::optional<Point2D> standOnBase(OutlineReading& read, OutlineSides& sides);
   void readBottoms();
-  void readNichesOnly();
-  std::unique_ptr<ProfileMorphEngine> engineForRings() const;
+  void weighDetours();
+  bool hasDetours() const;
+  std::unique_ptr<ProfileMorphEngine> engineFor(Reading reading) const;
   void pairByRays();
+  OutlineNodes evaluateAt(double t) const;
   OutlineNodes evaluateOwn(double t) const;
-  OutlineNodes evaluateBetween(const OutlineNodes& asRings, const OutlineNodes& byParts) const;
+  OutlineNodes evaluateBetween(const OutlineNodes& simpler, const OutlineNodes& asRead) const;
   void matchFloor();
   bool has(int flag) const { return (m_flags & flag) != 0; }
   Outcome fail(MorphStatus status, bool isEnd = false);
@@ -144,11 +152,11 @@ class ProfileMorphEngine {
   MorphPlacement m_placement;
   MatchedOutlines m_outlines;
   bool m_hasFloors = false;
-  bool m_readsParts = true;
-  double m_firmness = 1.0;                      // of both floors
-  std::unique_ptr<ProfileMorphEngine> m_rings;  // where the floors are less than firm
-  std::optional<MatchedOutlines> m_rays;        // where outlines are between convex and ragged
-  double m_raggedness = 0.0;                    // the weight of the rays
+  Reading m_reading = Reading::Parts;
+  double m_firmness = 1.0;                        // of what is read
+  std::unique_ptr<ProfileMorphEngine> m_simpler;  // where that is less than firm
+  std::optional<MatchedOutlines> m_rays;          // where outlines are between convex and ragged
+  double m_raggedness = 0.0;                      // the weight of the rays
   MorphLists m_lists;
 };
 

@@ -302,11 +302,13 @@ TEST(ThProfileMorpher, IsContinuousInItsInputs) {
       floor(0, 0), [&](double slope) { return floor(slope, -0.025); }, -0.08, 0.08, 400);
   const ConstProfilePtr plain = horseshoe(5, 3);
   const Variant ditch = [](double d) { return horseshoeWithFloor(5, 3, 0.1, 0, -0.1, d); };
-  expectContinuous(plain, ditch, 0.0, 1.5, 300);
   const Variant niche = [](double d) { return horseshoeWithNiche(5, 3, d); };
-  expectContinuous(plain, niche, 1e-6, 2.0, 300);
   const Variant benches = [](double h) { return horseshoeWithBenches(5, 3, 1.2, h); };
-  expectContinuous(plain, benches, 1e-6, 2.9999, 300);
+  for (const auto& start : {plain, ConstProfilePtr(circleProfile(4.5, 0, 3))}) {
+    expectContinuous(start, ditch, 1e-6, 1.5, 300);
+    expectContinuous(start, niche, 1e-6, 2.0, 300);
+    expectContinuous(start, benches, 1e-6, start == plain ? 2.9999 : 1.5, 300);
+  }
   const Variant wider = [](double w) { return horseshoeWithBenches(5, 3, w, 0.8); };
   expectContinuous(horseshoeWithBenches(5, 3, 1.2, 0.6), wider, 0.01, 2.4, 120);
   const ConstProfilePtr full = ditch(0.6);

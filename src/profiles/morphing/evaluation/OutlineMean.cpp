@@ -28,9 +28,6 @@ namespace Calculations {
 
 namespace {
 
-/// Where a bottom becomes a wall: halfway between leftwards and upwards.
-constexpr double kWallHeading = 1.75 * kPi;
-
 /// Arcs of floors turn by no more than this (rad).
 constexpr double kMostTurning = 0.99 * kPi;
 
@@ -59,18 +56,27 @@ TurningChord meanOf(const MatchedPiece& piece, double t) {
   return found;
 }
 
+bool isLower(const TurningChord& a, const TurningChord& b) { return a.start.y < b.start.y; }
+
+/// The piece that begins at the lowest node.
+TurningChords::iterator lowestOf(TurningChords& ring) {
+  return std::min_element(ring.begin(), ring.end(), isLower);
+}
+
 /// The base of a mean outline, on which places are looked for.
 class MeanBase {
  public:
-  MeanBase(const MatchedPieces& pieces, double t) {
-    for (const MatchedPiece& piece : pieces) {
+  MeanBase(const MatchedOutlines& outlines, double t) {
+    for (const MatchedPiece& piece : outlines.ring) {
       if (!piece.isFloor) ++m_floorFirst;
       ring.push_back(meanOf(piece, t));
     }
-    m_numUpper = m_floorFirst;
-    m_numFloor = ring.size() - m_floorFirst;
-    m_hasFloor = m_numFloor > 0;
-    if (!m_hasFloor) takeBottomForFloor();
+    m_floorEnd = ring.size();
+    m_leftEnd = m_floorFirst;
+    m_rightEnd = m_floorFirst;
+    if (m_floorFirst < m_floorEnd) return;
+    std::rotate(ring.begin(), lowestOf(ring), ring.end());
+    if (!outlines.detours.empty()) takeBottomForFloor();
   }
 
   TurningChords ring;
@@ -79,69 +85,62 @@ class MeanBase {
   /// leads from right to left, so the first piece that ends farther left holds it.
   ChainPlace onFloor(double x) const {
     std::size_t index = m_floorFirst;
-    while (index + 1 < m_floorFirst + m_numFloor && ring[index % ring.size()].end.x > x)
+    while (index + 1 < m_floorEnd && ring[index].end.x > x)
       ++index;
-    index %= ring.size();
     return {index, fractionLeftwards(ring[index], x)};
   }
 
   /// The lowest place of the left wall that is as high as asked for. The crown is the end of either
   /// wall.
   ChainPlace onLeftWall(double y) const {
-    for (std::size_t i = 0; i < m_numUpper; ++i) {
-      const double foot = m_hasFloor ? 0.0 : fractionOfFlat(ring[i]);
-      if (foot == 1.0 || !comesUpTo(ring[i], y)) continue;
-      return {i, std::max(foot, fractionUpwards(ring[i], y))};
+    for (std::size_t i = m_leftFirst; i < m_leftEnd; ++i) {
+      if (leadsUpTo(ring[i], y)) return {i, fractionUpwards(ring[i], y)};
     }
-    return {m_numUpper - 1, 1.0};
+    return {m_leftEnd - 1, 1.0};
   }
 
   /// Likewise on the right, where the ring leads down: so it is walked backwards and mirrored.
   ChainPlace onRightWall(double y) const {
-    for (std::size_t i = m_numUpper; i-- > 0;) {
+    for (std::size_t i = m_rightEnd; i-- > 0;) {
       const TurningChord piece = ring[i].reversed().mirrored();
-      const double foot = m_hasFloor ? 0.0 : fractionOfFlat(piece);
-      if (foot == 1.0 || !comesUpTo(piece, y)) continue;
-      return {i, 1.0 - std::max(foot, fractionUpwards(piece, y))};
+      if (leadsUpTo(piece, y)) return {i, 1.0 - fractionUpwards(piece, y)};
     }
     return {0, 0.0};
   }
 
-  double leftEnd() const { return ring[(m_floorFirst + m_numFloor - 1) % ring.size()].end.x; }
-  double rightEnd() const { return ring[m_floorFirst % ring.size()].start.x; }
-  double leftFootHeight() const { return ring.front().start.y; }
-  double rightFootHeight() const { return ring[m_numUpper - 1].end.y; }
+  double leftEnd() const { return ring[m_floorEnd - 1].end.x; }
+  double rightEnd() const { return ring[m_floorFirst].start.x; }
 
  private:
-  /// How much of a piece on the left is bottom and not wall. Headings grow on the way up, from
-  /// leftwards over the one of the wall to upwards, and within an arc in proportion to its length.
-  static double fractionOfFlat(const TurningChord& piece) {
-    const double start = turningBetween(kWallHeading, piece.headingAtStart());
-    const double end = start + piece.turning;
-    if (end <= 0.0) return 1.0;
-    return start < 0.0 ? -start / piece.turning : 0.0;
+  /// A level straight leads to a wall and is none: what is as high begins at its far end.
+  static bool leadsUpTo(const TurningChord& piece, double y) {
+    const bool isLevel = !piece.isArc() && std::abs(piece.chord().y) < kSamePoint;
+    return !isLevel && comesUpTo(piece, y);
   }
 
-  /// Without a floor of its own all that lies between the outermost points counts as one, and the
-  /// ring begins at its lowest node.
+  /// Without a floor of its own all that lies between the outermost points counts as one, and walls
+  /// lead up from the lowest. The ring begins at its highest node, where no detour is.
   void takeBottomForFloor() {
-    const auto isLower = [](const TurningChord& a, const TurningChord& b) {
-      return a.start.y < b.start.y;
-    };
-    std::rotate(ring.begin(), std::min_element(ring.begin(), ring.end(), isLower), ring.end());
     const auto isLeft = [](const TurningChord& a, const TurningChord& b) {
       return a.start.x < b.start.x;
     };
-    const auto [left, right] = std::minmax_element(ring.begin(), ring.end(), isLeft);
-    m_floorFirst = static_cast<std::size_t>(right - ring.begin());
-    const auto end = static_cast<std::size_t>(left - ring.begin());
-    m_numFloor = (end + ring.size() - m_floorFirst) % ring.size();
+    const auto indexOf = [this](TurningChords::const_iterator piece) {
+      return static_cast<std::size_t>(piece - ring.cbegin());
+    };
+    std::rotate(ring.begin(), std::max_element(ring.begin(), ring.end(), isLower), ring.end());
+    m_rightEnd = m_leftFirst = indexOf(lowestOf(ring));
+    m_leftEnd = ring.size();
+    m_floorFirst = indexOf(std::max_element(ring.cbegin(), ring.cend(), isLeft));
+    m_floorEnd = indexOf(std::min_element(ring.cbegin(), ring.cend(), isLeft));
+    if (m_floorEnd <= m_floorFirst) m_floorEnd = ring.size();
   }
 
-  bool m_hasFloor = false;
-  std::size_t m_numUpper = 0;
+  // The left wall leads up, the right one down to its end.
+  std::size_t m_leftFirst = 0;
+  std::size_t m_leftEnd = 0;
+  std::size_t m_rightEnd = 0;
   std::size_t m_floorFirst = 0;
-  std::size_t m_numFloor = 0;
+  std::size_t m_floorEnd = 0;
 };
 
 /// A detour on a mean base. Its nodes stand on the base where their places are now, offset by the
@@ -191,19 +190,23 @@ class MeanDetour {
     return base.onLeftWall(topOn(base));
   }
 
-  /// The height at which a bench meets the wall.
+  /// The height at which a bench meets the wall: above the place of its last node on the floor.
   double topOn(const MeanBase& base) const {
-    if (site() == DetourSite::RightFoot) {
-      return base.rightFootHeight() + m_detour->offsetOf(0, m_t).y;
-    }
-    return base.leftFootHeight() + m_detour->offsetOf(m_places.size() - 1, m_t).y;
+    const std::size_t wallEnd = site() == DetourSite::RightFoot ? 0 : m_places.size() - 1;
+    return pointAt(base.ring, placeOn(base, m_places[wallEnd])).y +
+           m_detour->offsetOf(wallEnd, m_t).y;
   }
 
-  void appendTo(TurningChords& chain, const MeanBase& base) const {
+  /// Instead of what lies between two places of the base. A bench beyond the foot of a wall that
+  /// leans inwards stands beside the base, and is joined to it by straights.
+  void appendTo(TurningChords& chain, const MeanBase& base, const ChainPlace& from,
+                const ChainPlace& to) const {
     const std::vector<Point2D> nodes = nodesOn(base);
+    chain.push_back({pointAt(base.ring, from), nodes.front(), 0.0});
     for (std::size_t i = 0; i + 1 < nodes.size(); ++i) {
       appendPiece(chain, base, i, nodes[i], nodes[i + 1]);
     }
+    chain.push_back({nodes.back(), pointAt(base.ring, to), 0.0});
   }
 
  private:
@@ -308,7 +311,7 @@ struct Replacement {
 
 /// The mean ring with the detours in the place of what they replace.
 TurningChords ringAt(const MatchedOutlines& outlines, double t) {
-  const MeanBase base(outlines.ring, t);
+  const MeanBase base(outlines, t);
   if (outlines.detours.empty()) return base.ring;
   std::vector<Replacement> replacements;
   for (const MeanDetour& detour : detoursAt(outlines, base, t)) {
@@ -326,7 +329,7 @@ TurningChords ringAt(const MatchedOutlines& outlines, double t) {
   if (replacements.back().to < replacements.back().from) reached = replacements.back().to;
   for (const Replacement& replacement : replacements) {
     if (reached < replacement.from) appendPart(ring, base.ring, reached, replacement.from);
-    replacement.detour.appendTo(ring, base);
+    replacement.detour.appendTo(ring, base, replacement.from, replacement.to);
     reached = replacement.to;
   }
   if (!(replacements.back().to < replacements.back().from)) {
@@ -340,7 +343,7 @@ bool isSame(const Point2D& a, const Point2D& b) { return (a - b).length() < kZer
 /// Where the first node is on the way. It may be inside of a detour, hence no place of the base.
 Point2D positionOf(const FirstNode& first, const MatchedOutlines& outlines, double t) {
   if (first.of == FirstNode::Of::Base) return meanOf(outlines.ring[first.index], t).start;
-  const MeanBase base(outlines.ring, t);
+  const MeanBase base(outlines, t);
   return detoursAt(outlines, base, t)[first.index].nodesOn(base)[first.node];
 }
 
@@ -356,7 +359,7 @@ void beginAt(TurningChords& ring, const Point2D& place) {
 
 FirstNode firstNodeAt(const MatchedOutlines& outlines, const Point2D& place) {
   if (outlines.ring.empty()) return {};
-  const MeanBase base(outlines.ring, 0.0);
+  const MeanBase base(outlines, 0.0);
   const std::vector<MeanDetour> detours = detoursAt(outlines, base, 0.0);
   for (std::size_t i = 0; i < detours.size(); ++i) {
     const std::vector<Point2D> nodes = detours[i].nodesOn(base);

@@ -28,33 +28,55 @@ double weightOf(double size, double larger) {
   return part < 1.0 ? part * part : 1.0;
 }
 
+/// Detours stand on the bottom of a ring and not where it bends over into walls or crown: not
+/// within this part of its width or height from its edges.
+constexpr double kEdgeOfRing = 0.15;
+
+double clampedBetween(double place, double low, double high) {
+  const double margin = kEdgeOfRing * (high - low);
+  return std::clamp(place, low + margin, high - margin);
+}
+
 /// An outline with its feet, or its mirror image.
 struct Side {
   TurningChords upper;
   TurningChords floor;
   double leftFoot = 0.0;
   double rightFoot = 0.0;
-  double footHeight = 0.0;  ///< of the left one
-
-  bool hasFloor() const { return !floor.empty(); }
+  Point2D low;  ///< of the box around the ring
+  Point2D high;
 
   explicit Side(const OutlineReading& reading) : upper(reading.upper), floor(reading.floor) {
     findFeet();
+    findBox();
   }
   Side mirroredSide() const {
     Side side = *this;
     side.upper = mirrored(upper);
     side.floor = mirrored(floor);
+    side.low = Point2D(-high.x, low.y);
+    side.high = Point2D(-low.x, high.y);
     side.findFeet();
     return side;
   }
+
+  double placeOnBottom(double x) const { return clampedBetween(x, low.x, high.x); }
+  double placeOnWall(double y) const { return clampedBetween(y, low.y, high.y); }
 
  private:
   void findFeet() {
     if (floor.empty()) return;
     leftFoot = floor.back().end.x;
     rightFoot = floor.front().start.x;
-    footHeight = floor.back().end.y;
+  }
+  void findBox() {
+    low = high = upper.front().start;
+    for (const TurningChords* chain : {&upper, &floor}) {
+      for (const Point2D& p : sampled(*chain, kCrownSampling)) {
+        low = Point2D(std::min(low.x, p.x), std::min(low.y, p.y));
+        high = Point2D(std::max(high.x, p.x), std::max(high.y, p.y));
+      }
+    }
   }
 };
 
@@ -91,25 +113,30 @@ TurningChords partBetween(const TurningChords& chain, const ChainPlace& from,
 /// Every node of a detour is the sum of a place on the base and an offset from there. The place is
 /// the node's own distance or height as far as that lies within the mouth: a ditch with plumb sides
 /// has offsets that are plumb, a niche with level ones level ones. A bench ends on the wall, and
-/// its last offset is its height above the foot.
-PlacedDetour placed(const Detour& detour, const Side& side) {
+/// its last offset is its height above the foot. On a ring, which has no foot for it, a bench
+/// stands on the place of its front.
+PlacedDetour placed(const Detour& detour, const Side& side, DetourBase on) {
   PlacedDetour found{detour.site, detour.pieces, {}, {}, {}, 0.0, 0.0};
   const std::vector<Point2D> nodes = nodesOf(detour.pieces);
   const bool isOnWall = detour.site == DetourSite::LeftWall;
+  const bool isOnFront = detour.site == DetourSite::LeftFoot && on == DetourBase::Rings;
   const TurningChords& base = isOnWall ? side.upper : side.floor;
   std::vector<ChainPlace> feet;
   for (const Point2D& node : nodes) {
     const double low = isOnWall ? std::min(nodes.front().y, nodes.back().y) : side.leftFoot;
     const double high = isOnWall ? std::max(nodes.front().y, nodes.back().y) : side.rightFoot;
-    const double place = std::clamp(isOnWall ? node.y : node.x, low, high);
+    const double own = isOnWall ? node.y : isOnFront ? nodes.front().x : node.x;
+    const double place = std::clamp(own, low, high);
     feet.push_back(isOnWall ? placeUpwards(base, place) : placeLeftwards(base, place));
     found.places.push_back(place);
     found.offsets.push_back(node - pointAt(base, feet.back()));
   }
   if (detour.site == DetourSite::LeftFoot) {
-    feet.back() = {base.size() - 1, 1.0};
-    found.places.back() = side.leftFoot;
-    found.offsets.back() = Point2D(0.0, nodes.back().y - side.footHeight);
+    if (!isOnFront) {
+      feet.back() = {base.size() - 1, 1.0};
+      found.places.back() = side.leftFoot;
+    }
+    found.offsets.back() = Point2D(0.0, nodes.back().y - pointAt(base, feet.back()).y);
   }
   for (std::size_t i = 1; i < feet.size(); ++i) {
     found.bases.push_back(partBetween(base, feet[i - 1], feet[i]));
@@ -120,14 +147,6 @@ PlacedDetour placed(const Detour& detour, const Side& side) {
 }
 
 /// Where a place of one outline is on the other: where it is, or as far from the same foot.
-double onOther(const PlacedDetour& detour, double place, const Side& own, const Side& other,
-               const Point2D& shift) {
-  if (detour.site == DetourSite::LeftWall) return place + shift.y;
-  if (!other.hasFloor()) return place + shift.x;
-  if (detour.low <= own.leftFoot + kSamePoint) return place - own.leftFoot + other.leftFoot;
-  if (detour.high >= own.rightFoot - kSamePoint) return place - own.rightFoot + other.rightFoot;
-  return place + shift.x;
-}
 
 /// Length that two mouths have in common, negative when they are apart. There is one bench at a
 /// foot, so two benches always belong together.
@@ -171,14 +190,30 @@ struct BothSides {
   Side start;
   Side end;
   Point2D shift;  ///< from the base of the start to that of the end
+  DetourBase base;
 
   BothSides mirroredSides() const {
-    return {start.mirroredSide(), end.mirroredSide(), Point2D(-shift.x, shift.y)};
+    return {start.mirroredSide(), end.mirroredSide(), Point2D(-shift.x, shift.y), base};
   }
+  BothSides exchanged() const { return {end, start, shift * -1.0, base}; }
 };
 
+/// Where a place of the start is on the end: where it is, or as far from the same foot.
+double onOther(const PlacedDetour& detour, double place, const BothSides& sides, bool isAlone) {
+  const auto& [own, other, shift, base] = sides;
+  const bool isOnWall = detour.site == DetourSite::LeftWall;
+  const double same = place - (isOnWall ? shift.y : shift.x);
+  if (base == DetourBase::Rings && isAlone) {
+    return isOnWall ? other.placeOnWall(same) : other.placeOnBottom(same);
+  }
+  if (base == DetourBase::Rings || isOnWall) return same;
+  if (detour.low <= own.leftFoot + kSamePoint) return place - own.leftFoot + other.leftFoot;
+  if (detour.high >= own.rightFoot - kSamePoint) return place - own.rightFoot + other.rightFoot;
+  return same;
+}
+
 /// Gives two detours nodes at the same fractions of their lengths.
-void divideAlike(PlacedDetour& a, const Side& sideOfA, PlacedDetour& b, const Side& sideOfB) {
+void divideAlike(PlacedDetour& a, PlacedDetour& b, const BothSides& sides) {
   if (a.pieces.size() == b.pieces.size()) return;
   const std::vector<double> fractionsOfA = fractionsOf(a.pieces);
   const std::vector<double> fractionsOfB = fractionsOf(b.pieces);
@@ -186,12 +221,12 @@ void divideAlike(PlacedDetour& a, const Side& sideOfA, PlacedDetour& b, const Si
   all.insert(all.end(), fractionsOfB.begin(), fractionsOfB.end());
   std::sort(all.begin(), all.end());
   all.erase(std::unique(all.begin(), all.end()), all.end());
-  a = placed({a.site, cutAt(a.pieces, fractionsOfA, all)}, sideOfA);
-  b = placed({b.site, cutAt(b.pieces, fractionsOfB, all)}, sideOfB);
+  a = placed({a.site, cutAt(a.pieces, fractionsOfA, all)}, sides.start, sides.base);
+  b = placed({b.site, cutAt(b.pieces, fractionsOfB, all)}, sides.end, sides.base);
 }
 
 /// The nodes of a detour of the start, with the places that they have on both bases.
-DetourShape startShapeOf(const PlacedDetour& detour, const BothSides& sides) {
+DetourShape startShapeOf(const PlacedDetour& detour, const BothSides& sides, bool isAlone) {
   DetourShape shape;
   for (std::size_t i = 0; i < detour.pieces.size(); ++i) {
     shape.pieces.push_back({{detour.pieces[i]}, detour.bases[i]});
@@ -199,7 +234,7 @@ DetourShape startShapeOf(const PlacedDetour& detour, const BothSides& sides) {
   }
   for (std::size_t i = 0; i < detour.places.size(); ++i) {
     const double place = detour.places[i];
-    const double other = onOther(detour, place, sides.start, sides.end, sides.shift * -1.0);
+    const double other = onOther(detour, place, sides, isAlone);
     shape.nodes.push_back({{place, other}, detour.offsets[i]});
     shape.size = std::max(shape.size, detour.offsets[i].length());
   }
@@ -207,9 +242,9 @@ DetourShape startShapeOf(const PlacedDetour& detour, const BothSides& sides) {
 }
 
 /// The same for a detour of the end.
-DetourShape endShapeOf(const PlacedDetour& detour, const BothSides& sides) {
+DetourShape endShapeOf(const PlacedDetour& detour, const BothSides& sides, bool isAlone) {
   // Seen from the end the end is the start.
-  DetourShape shape = startShapeOf(detour, {sides.end, sides.start, sides.shift * -1.0});
+  DetourShape shape = startShapeOf(detour, sides.exchanged(), isAlone);
   for (DetourNode& node : shape.nodes)
     std::swap(node.place.atStart, node.place.atEnd);
   return shape;
@@ -251,16 +286,17 @@ void mirrorBack(MatchedDetour& detour) {
 using PlacedDetours = std::vector<PlacedDetour>;
 
 /// Right ones come mirrored, so that all that follows knows left feet and left walls only.
-PlacedDetours placedOf(const OutlineReading& reading, const Side& side, bool isRight) {
+PlacedDetours placedOf(const OutlineReading& reading, const Side& side, bool isRight,
+                       DetourBase base) {
   PlacedDetours detours;
   for (const Detour& detour : reading.detours) {
     const bool isFoot = detour.site == DetourSite::RightFoot;
     if ((isFoot || detour.site == DetourSite::RightWall) != isRight) continue;
     if (!isRight) {
-      detours.push_back(placed(detour, side));
+      detours.push_back(placed(detour, side, base));
     } else {
       const DetourSite site = isFoot ? DetourSite::LeftFoot : DetourSite::LeftWall;
-      detours.push_back(placed({site, mirrored(detour.pieces)}, side));
+      detours.push_back(placed({site, mirrored(detour.pieces)}, side, base));
     }
   }
   return detours;
@@ -321,17 +357,18 @@ std::vector<MatchedDetour> matchPlaced(PlacedDetours starts, PlacedDetours ends,
   for (const DetourPair& pair : pairsOf(starts, ends, sides.shift)) {
     if (!pair.end) {
       const PlacedDetour& start = starts[*pair.start];
-      const DetourShape shape = startShapeOf(start, sides);
+      const DetourShape shape = startShapeOf(start, sides, true);
       matched.push_back({start.site, shape, flattened(shape)});
     } else if (!pair.start) {
       const PlacedDetour& end = ends[*pair.end];
-      const DetourShape shape = endShapeOf(end, sides);
+      const DetourShape shape = endShapeOf(end, sides, true);
       matched.push_back({end.site, flattened(shape), shape});
     } else {
       PlacedDetour& start = starts[*pair.start];
       PlacedDetour& end = ends[*pair.end];
-      divideAlike(start, sides.start, end, sides.end);
-      matched.push_back({start.site, startShapeOf(start, sides), endShapeOf(end, sides)});
+      divideAlike(start, end, sides);
+      matched.push_back(
+          {start.site, startShapeOf(start, sides, false), endShapeOf(end, sides, false)});
     }
   }
   return matched;
@@ -388,14 +425,14 @@ Point2D MatchedDetour::bulgeOf(std::size_t piece, double fraction, double t) con
 /// The left side and the floor as they are, the right side mirrored: then all that is said of
 /// places holds for both sides, and a mirrored pair is matched as the mirror image.
 std::vector<MatchedDetour> matchDetours(const OutlineReading& start, const OutlineReading& end,
-                                        const Point2D& shift) {
+                                        const Point2D& shift, DetourBase base) {
   if (start.detours.empty() && end.detours.empty()) return {};
-  const BothSides left{Side(start), Side(end), shift};
-  std::vector<MatchedDetour> matched =
-      matchPlaced(placedOf(start, left.start, false), placedOf(end, left.end, false), left);
+  const BothSides left{Side(start), Side(end), shift, base};
+  std::vector<MatchedDetour> matched = matchPlaced(placedOf(start, left.start, false, base),
+                                                   placedOf(end, left.end, false, base), left);
   const BothSides right = left.mirroredSides();
-  for (MatchedDetour& detour :
-       matchPlaced(placedOf(start, right.start, true), placedOf(end, right.end, true), right)) {
+  for (MatchedDetour& detour : matchPlaced(placedOf(start, right.start, true, base),
+                                           placedOf(end, right.end, true, base), right)) {
     mirrorBack(detour);
     matched.push_back(detour);
   }

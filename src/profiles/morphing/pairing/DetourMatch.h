@@ -59,8 +59,13 @@ struct MatchedDetour {
   std::size_t numNodes() const { return start.nodes.size(); }
 };
 
+/// What detours are placed on between two outlines: on their floors, which are matched for
+/// themselves, or on the bottoms of two rings of which one has no floor.
+enum class DetourBase { Floors, Rings };
+
+/// @param shift from the base of the start to that of the end
 std::vector<MatchedDetour> matchDetours(const OutlineReading& start, const OutlineReading& end,
-                                        const Point2D& shift);
+                                        const Point2D& shift, DetourBase base);
 
 }  // namespace Calculations
 }  // namespace Ruv

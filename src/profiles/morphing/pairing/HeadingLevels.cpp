@@ -17,7 +17,7 @@ namespace {
 
 /// Headings this close (rad) are one level. Profiles rounded to millimetres repeat a heading to
 /// this order; a finer comparison would leave arcs of a few millimetres in between.
-constexpr double kSameHeading = 1e-3;
+constexpr double kSameHeading = 4e-4;
 
 /// A walk of more unit steps than this is refused. A surveyed outline of 1000 points has some
 /// hundred thousand.

@@ -6,6 +6,8 @@
 
 #include "profiles/morphing/pairing/SideWalk.h"
 
+#include "profiles/morphing/reading/FloorReading.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -15,9 +17,9 @@ namespace Calculations {
 
 namespace {
 
-/// A kink (rad) this small beside an arc is the rounding of printed radii and centres; the joint is
-/// meant to be tangent.
-constexpr double kSmoothKink = 0.01;
+/// A kink (rad) up to the first value beside an arc is the rounding of printed radii and centres,
+/// and the joint is meant to be tangent; from the second value on the kink is meant.
+constexpr Fading kSmoothKink{0.004, 0.012};
 
 /// The sum of all turnings misses the crown heading by rounding only, or by full turns.
 constexpr double kClosingTolerance = 1e-6;
@@ -34,8 +36,9 @@ struct Headings {
 
 /// Lets both sides of a joint have one heading: that of the straight, between arcs the mean.
 void smoothJoint(Headings& before, Headings& after) {
-  const double kink = turningBetween(before.end, after.start);
-  if (!(before.isArc || after.isArc) || !(std::abs(kink) < kSmoothKink)) return;
+  if (!before.isArc && !after.isArc) return;
+  double kink = turningBetween(before.end, after.start);
+  kink *= kSmoothKink(std::abs(kink));
   const double share = before.isArc && after.isArc ? 0.5 : before.isArc ? 1.0 : 0.0;
   before.end += share * kink;
   after.start -= (1.0 - share) * kink;

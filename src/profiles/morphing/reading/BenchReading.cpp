@@ -121,8 +121,9 @@ std::optional<Detour> cutFootDetour(TurningChords& upper, const TurningChord& la
   // A bench turns back from its front, the wall from its top, or a ditch from the floor.
   TurningChords bench = part(upper, 0, count + 1);
   bench.insert(bench.begin(), lastOfFloor);
-  if (!(turningBackOf(bench) > 0.0)) return std::nullopt;
-  Detour detour{DetourSite::LeftFoot, part(upper, 0, count)};
+  const double turningBack = turningBackOf(bench);
+  if (!(turningBack > 0.0)) return std::nullopt;
+  Detour detour{DetourSite::LeftFoot, part(upper, 0, count), turningBack};
   upper = part(upper, count, upper.size());
   const double height = floor.heightOf(upper.front().start);
   if (height > kSamePoint) {

@@ -23,6 +23,7 @@ enum class DetourSite {
 struct Detour {
   DetourSite site = DetourSite::Floor;
   TurningChords pieces;
+  double turningBack = 0.0;  ///< of a bench with what it is between (rad, anticlockwise)
 };
 
 }  // namespace Calculations

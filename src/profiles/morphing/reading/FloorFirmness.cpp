@@ -52,45 +52,59 @@ double firmnessOfFoot(const TurningChords& upper, const TurningChord& lastFloor,
          kTangentFoot(opening(lastFloor.headingAtEnd())) * kChamferedFoot(kHalfPi - chamfer);
 }
 
-/// How much walls and crown are those of a tunnel.
+/// From the left foot to the right one.
+Point2D runOf(const TurningChords& floor) { return floor.front().start - floor.back().end; }
+
+/// How much a floor is one between the walls of a tunnel.
 double firmnessOfWalls(const OutlineReading& reading, const FloorLine& line, double width) {
   double least = line.through.x - width;
   double most = line.through.x;
   double deepest = 0.0;
-  double other = 0.0;
   for (const TurningChord& piece : reading.upper) {
     least = std::min(least, piece.end.x);
     most = std::max(most, piece.end.x);
     deepest = std::max(deepest, -line.heightOf(piece.end));
+  }
+  return kNarrowFloor((most - least) / width) * kHighFloor(deepest / width);
+}
+
+}  // namespace
+
+/// What departs from an outline is read against its floor, wherever that leads to.
+double surenessOf(const OutlineReading& reading, const LeftHalf& left, const LeftHalf& right) {
+  const TurningChords& floor = reading.floor;
+  const Point2D run = runOf(floor);
+  if (!(run.x > 0.0)) return 0.0;
+  const double slope = run.y / run.x;
+  double sureness = kFallingFloor(std::abs(slope));
+  for (const TurningChord& piece : floor)
+    sureness *= kCurvedFloor(std::abs(piece.turning));
+  if (left.isLastJoined) sureness *= kRisingFloor(slope - slopeOf(floor.back()));
+  if (right.isLastJoined) sureness *= kRisingFloor(slopeOf(floor.front()) - slope);
+  double other = 0.0;
+  for (const TurningChord& piece : reading.upper) {
     if (isLedge(piece)) other = std::max(other, -piece.chord().x);
   }
   double outside = 0.0;
   for (const Detour& detour : reading.detours)
     outside += lengthOf(detour.pieces);
-  const double inside = lengthOf(reading.upper) + lengthOf(reading.floor);
-  return kNarrowFloor((most - least) / width) * kHighFloor(deepest / width) *
-         kOtherFloor(other / width) * kRaggedWalls(turningBackOf(reading.upper)) *
+  const double inside = lengthOf(reading.upper) + lengthOf(floor);
+  return sureness * kOtherFloor(other / run.x) * kRaggedWalls(turningBackOf(reading.upper)) *
          kManyDetours(outside / inside);
 }
-
-}  // namespace
 
 /// A product: whatever speaks against the floor in full makes it none, and doubts add up.
 double firmnessOf(const OutlineReading& reading, const LeftHalf& left, const LeftHalf& right) {
   const TurningChords& floor = reading.floor;
   const Point2D foot = floor.front().start;
-  const Point2D run = foot - floor.back().end;
+  const Point2D run = runOf(floor);
   const double width = run.x;
   if (!(width > 0.0)) return 0.0;
   const FloorLine line{foot, run.y / width};
-  double firmness = kFallingFloor(std::abs(line.slope));
-  for (const TurningChord& piece : floor)
-    firmness *= kCurvedFloor(std::abs(piece.turning));
+  double firmness = surenessOf(reading, left, right);
   for (std::size_t i = 0; i + 1 < floor.size(); ++i) {
     firmness *= kBulgingFloor(std::abs(line.heightOf(floor[i].end)) / width);
   }
-  if (left.isLastJoined) firmness *= kRisingFloor(line.slope - slopeOf(floor.back()));
-  if (right.isLastJoined) firmness *= kRisingFloor(slopeOf(floor.front()) - line.slope);
   const double reach = kFootReach * width;
   return firmness * firmnessOfWalls(reading, line, width) *
          firmnessOfFoot(reading.upper, floor.back(), reach) *

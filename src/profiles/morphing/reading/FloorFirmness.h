@@ -11,9 +11,12 @@
 namespace Ruv {
 namespace Calculations {
 
-/// How much the floor of an outline is one, from 0 to 1. It never jumps: outlines that are nearly
-/// alike are read nearly alike.
+/// How sure it is, from 0 to 1, what of an outline departs from its base. It never jumps: outlines
+/// that are nearly alike are read nearly alike.
 /// @param left,right halves of the floor as read
+double surenessOf(const OutlineReading& reading, const LeftHalf& left, const LeftHalf& right);
+
+/// How much the floor of an outline is one from wall to wall, no more than that. Likewise.
 double firmnessOf(const OutlineReading& reading, const LeftHalf& left, const LeftHalf& right);
 
 }  // namespace Calculations

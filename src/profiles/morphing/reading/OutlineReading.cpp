@@ -27,7 +27,7 @@ constexpr double kFullDent = 0.003;
 constexpr double kFoundAgain = 1e-6;
 
 Detour mirrored(const Detour& detour) {
-  Detour other{detour.site, mirrored(detour.pieces)};
+  Detour other{detour.site, mirrored(detour.pieces), detour.turningBack};
   switch (detour.site) {
     case DetourSite::Floor:
       break;
@@ -71,7 +71,7 @@ bool areFoundAgain(const OutlineReading& reading) {
 }
 
 OutlineReading mirrored(const OutlineReading& reading) {
-  OutlineReading other{mirrored(reading.upper), mirrored(reading.floor), {}, reading.firmness};
+  OutlineReading other{mirrored(reading.upper), mirrored(reading.floor)};
   for (const Detour& detour : reading.detours)
     other.detours.push_back(mirrored(detour));
   return other;
@@ -137,8 +137,8 @@ bool isNearlyConvex(const TurningChords& ring) {
 
 /// What is not floor are walls and crown, from which niches are cut first and benches at the feet
 /// last. Left and right are read alike, so a mirrored outline is read as the mirror image.
-OutlineReading readOutline(const TurningChords& elements, bool cutsFeet) {
-  OutlineReading none{elements, {}, {}, 0.0};
+OutlineReading readOutline(const TurningChords& elements) {
+  const OutlineReading none{elements};
   auto found = readWidestFloor(elements);
   if (!found) return none;
   auto& [ring, ringFromRight, left, right, width] = *found;
@@ -157,10 +157,10 @@ OutlineReading readOutline(const TurningChords& elements, bool cutsFeet) {
     detours.push_back(*detour);
     endAt(reading.floor, upper.front().start);
   };
-  if (cutsFeet) cutFoot(left.detours);
+  cutFoot(left.detours);
   upper = mirrored(upper);
   reading.floor = mirrored(reading.floor);
-  if (cutsFeet) cutFoot(right.detours);
+  cutFoot(right.detours);
   reading.upper = mirrored(upper);
   reading.floor = merged(mirrored(reading.floor));
 
@@ -170,7 +170,8 @@ OutlineReading readOutline(const TurningChords& elements, bool cutsFeet) {
   }
   if (!areFoundAgain(reading) || !areFoundAgain(mirrored(reading))) return none;
   reading.firmness = firmnessOf(reading, left, right);
-  return reading.firmness > 0.0 ? reading : none;
+  reading.sureness = surenessOf(reading, left, right);
+  return reading.sureness > 0.0 ? reading : none;
 }
 
 }  // namespace Calculations

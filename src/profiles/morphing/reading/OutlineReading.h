@@ -17,9 +17,10 @@ namespace Calculations {
 /// foot to the left one.
 struct OutlineReading {
   TurningChords upper;  ///< the whole ring when there is no floor
-  TurningChords floor;
-  std::vector<Detour> detours;
+  TurningChords floor = {};
+  std::vector<Detour> detours = {};
   double firmness = 0.0;  ///< of the floor: 1 for a real one, 0 for none
+  double sureness = 0.0;  ///< of the detours, likewise; no less than the firmness
 
   bool hasFloor() const { return !floor.empty(); }
   /// The base as a ring.
@@ -31,8 +32,7 @@ struct OutlineReading {
 };
 
 /// Reads an outline that stands on a floor. One that does not is all upper chain.
-/// @param cutsFeet whether benches are detours
-OutlineReading readOutline(const TurningChords& elements, bool cutsFeet);
+OutlineReading readOutline(const TurningChords& elements);
 
 /// How far (rad) an outline turns anticlockwise, all in all, short pieces counting for less: a
 /// convex one nowhere.
