@@ -9,7 +9,11 @@ import subprocess
 from collections import defaultdict
 from pathlib import Path
 
-TEST_PROGRAMS = ("calculationsTests", "sharedUseTests")
+TEST_PROGRAMS = ("calculationsTests", "sharedUseTests", "faultTests")
+# It replaces the allocation functions, by which the address sanitizer knows what may be read.
+NOT_SANITIZED = "faultTests"
+# Much faster than the compiler's own choice, the first that there is.
+_LINKERS = ("mold", "lld", "gold")
 # What is wrong with a pointer the address sanitizer tells in less time.
 _SANITIZERS = ["-fsanitize=address,undefined,float-cast-overflow",
                "-fno-sanitize=alignment,null,object-size,vptr", "-fno-sanitize-recover=all"]
@@ -36,6 +40,7 @@ class BuildTree:
         self._read_dependencies()
         self._links = {program: self._link_of(program) for program in TEST_PROGRAMS}
         self._keep_objects()
+        self._linker = [f"-fuse-ld={name}" for name in _LINKERS if shutil.which(f"ld.{name}")][:1]
 
     @staticmethod
     def _run(*command, cwd):
@@ -113,6 +118,7 @@ class BuildTree:
         objects = {**self._kept, **replaced}
         words = [str(objects.get(word, word)) for word in self._links[program]]
         words[words.index("-o") + 1] = str(output)
+        words[1:1] = self._linker
         if sanitized:
             # Of functions in several objects the first one counts: the checked ones.
             words[1:1] = [*_SANITIZERS, *map(str, replaced.values())]

@@ -11,6 +11,8 @@ from dataclasses import dataclass, field
 from enum import Enum
 from itertools import accumulate
 
+from build_tree import NOT_SANITIZED
+
 # Seconds of the clock: others may use the machine as well.
 _AT_MOST = 600
 # Seconds of the processor.
@@ -112,7 +114,8 @@ class Trial:
         faulty, faultless = self._programs("sanitized", True), self._programs("faultless", True)
         if not faulty.compile(library, self._changed) or not faulty.compile(tests, self._changed):
             return False
-        likeliest = _likeliest(result.tests, self._reach.seconds, _SANITIZED_SECONDS)
+        tests = [test for test in result.tests if test[0] != NOT_SANITIZED]
+        likeliest = _likeliest(tests, self._reach.seconds, _SANITIZED_SECONDS)
         caught = self._ask_tests(faulty, likeliest)
         if caught.verdict != Verdict.CAUGHT or not faultless.compile(library + tests):
             return False
