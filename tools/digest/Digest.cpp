@@ -23,17 +23,12 @@ double largest(const Ruv::Calculations::ENHPoint& point) {
 double rounded(double value, double perUnit) { return std::round(value * perUnit) / perUnit; }
 
 std::vector<Scene> scenes() {
-  return {{"angles", angles},
-          {"axes", axes},
-          {"profiles", profiles},
-          {"outlines", outlines},
-          {"morphing", morphing},
-          {"fits", fits},
-          {"stations", stations},
-          {"fitsOfFewPoints", fitsOfFewPoints},
-          {"enteredAxes", enteredAxes},
-          {"morphedShapes", morphedShapes},
-          {"tiltedStations", tiltedStations}};
+  return {{"angles", angles},           {"axes", axes},
+          {"profiles", profiles},       {"outlines", outlines},
+          {"morphing", morphing},       {"fits", fits},
+          {"stations", stations},       {"fitsOfFewPoints", fitsOfFewPoints},
+          {"enteredAxes", enteredAxes}, {"morphedShapes", morphedShapes},
+          {"morphedFeet", morphedFeet}, {"tiltedStations", tiltedStations}};
 }
 
 }  // namespace Digest

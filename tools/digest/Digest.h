@@ -35,6 +35,7 @@ void profiles();
 void outlines();
 void morphing();
 void morphedShapes();
+void morphedFeet();
 void fits();
 void fitsOfFewPoints();
 void stations();

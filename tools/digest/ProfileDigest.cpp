@@ -364,15 +364,88 @@ ProfilePtr leaningSection(Random& random) {
   return placedAtRandom(nodes, random);
 }
 
-void recordMorph(const ProfilePtr& start, const ProfilePtr& end) {
+/// A right side from the springing down: a wall in two parts, straight or bent either way, and a
+/// foot that is a corner, a chamfer, a fillet, a gutter or a bench, between what is surely a wall
+/// or a floor and what is hardly one.
+/// @return nodes with the radius of what leads down to them
+Nodes sideDownwards(double width, double wall, Random& random) {
+  const double bend = oftenNone(4.0, 30.0, random) * random.sign();
+  Nodes side = {{width + random.uniform(-0.7, 0.9), wall, 0},
+                {width + random.uniform(-0.4, 0.4), wall * random.uniform(0.3, 0.7), bend}};
+  const double height = random.uniform(-0.15, 0.15);
+  const double in = random.uniform(0.1, 1.2);
+  const double size = random.uniform(0.05, 1.0);
+  switch (random.index(5)) {
+    case 0:
+      side.push_back({width, height, bend});
+      break;
+    case 1:
+    case 2:
+      append(side, {{width, size, bend},
+                    {width - in, height, random.sign() * oftenNone(1.0, 4.0, random)}});
+      break;
+    case 3: {
+      const double sole = width - in * random.uniform(0.2, 0.8);
+      append(side, {{width, -size, 0}, {sole, -size * random.uniform(0.6, 1.3), 0}});
+      side.push_back({width - in, height, 0});
+      break;
+    }
+    default:
+      append(side, {{width, size, 0}, {width - in, size + random.uniform(-0.2, 0.2), bend}});
+      side.push_back({width - in + random.uniform(-0.3, 0.3), height, 0});
+  }
+  return side;
+}
+
+/// Any two feet below a vault, with a floor in parts, bent, or with a ditch between them.
+ProfilePtr footedSection(Random& random) {
+  const double width = random.uniform(2.5, 5.0);
+  const double wall = random.uniform(2.0, 5.0);
+  const Nodes right = sideDownwards(width, wall, random);
+  const Nodes left = sideDownwards(width, wall + random.uniform(-0.3, 0.3), random);
+  Nodes nodes;
+  for (std::size_t i = left.size(); i-- > 0;) {
+    nodes.push_back({-left[i].x, left[i].y, i + 1 < left.size() ? left[i + 1].radius : 0.0});
+  }
+  const double vault = width * random.uniform(1.2, 1.8);
+  nodes.push_back({random.uniform(-0.4, 0.4), wall + random.uniform(0.4, 1.1) * width, vault});
+  append(nodes, right);
+  nodes[left.size() + 1].radius = vault;
+  const double from = right.back().x;
+  const double length = from + left.back().x;
+  double place = from;
+  for (std::size_t corners = random.index(4); corners > 0; --corners) {
+    place -= length * random.uniform(0.05, 0.3);
+    nodes.push_back(
+        {place, random.uniform(-0.07, 0.07) * length, oftenNone(0.6, 9.0, random) * length});
+  }
+  nodes.push_back({0, 0, oftenNone(0.6, 4.0, random) * length});
+  return placedAtRandom(nodes, random);
+}
+
+/// Seen from the origin as a whole, with any number of corners, and as rough as a cave or hardly.
+ProfilePtr roughSection(Random& random) {
+  const std::size_t count = 5 + random.index(14);
+  const double nearest = random.uniform(2.0, 5.0);
+  Nodes nodes;
+  for (std::size_t i = count; i > 0; --i) {
+    const Point2D p = onUnitCircle(double(i) / double(count) - 0.01) * random.uniform(nearest, 5.5);
+    nodes.push_back({p.x, p.y, oftenNone(3.0, 20.0, random) * random.sign()});
+  }
+  nodes.push_back(nodes.front());
+  return TestSupport::profileThrough(nodes);
+}
+
+void recordMorph(const ProfilePtr& start, const ProfilePtr& end,
+                 const std::string& group = "morphed-shapes") {
   const ThProfileMorpher morpher(start, end, 0.0, 1.0);
   for (const double t : {0.15, 0.6}) {
     const auto profile = morpher.getMorphedProfile(t);
-    record("morphed-shapes", 1.0, {double(profile != nullptr)});
+    record(group, 1.0, {double(profile != nullptr)});
     for (unsigned k = 0; profile && k < profile->getNumSegments(); ++k) {
       const Point2D from = profile->getSegmentStartAt(k);
       const Point2D to = profile->getSegmentEndAt(k);
-      record("morphed-shapes", {from, to});
+      record(group, {from, to});
       // The radius itself of flat and of short arcs is not well determined.
       const double radius = profile->getSegmentRadiusAt(k);
       const double chord = (to - from).length();
@@ -450,6 +523,17 @@ void morphedShapes() {
   for (int i = 0; i < 100; ++i) {
     const ProfilePtr leaning = leaningSection(random);
     recordMorph(leaning, i % 3 == 0 ? horseshoe(random) : leaningSection(random));
+  }
+}
+
+void morphedFeet() {
+  Random random(36);
+  for (int i = 0; i < 120; ++i) {
+    const ProfilePtr start = footedSection(random);
+    recordMorph(start, footedSection(random), "morphed-feet");
+    recordMorph(start, i % 2 == 0 ? leaningSection(random) : horseshoe(random), "morphed-feet");
+    const ProfilePtr rough = roughSection(random);
+    recordMorph(rough, i % 4 == 0 ? start : roughSection(random), "morphed-feet");
   }
 }
 
