@@ -75,9 +75,9 @@ AxisPtr lanes() {
 AxisPtr hook() {
   AxisPtr axis = newAxis();
   ChainBuilder chain(axis, 0.0, 600000.0, 200000.0, 1.0);
-  chain.arc(30.0, 105.0).straight(70.0).arc(30.0, 105.0);
+  chain.arc(30.0, 165.0).straight(70.0).arc(30.0, 165.0);
   axis->addVeralPointKink(0.0, 10.0);
-  axis->addVeralPointKink(280.0, 12.0);
+  axis->addVeralPointKink(chain.stationing(), 12.0);
   return axis;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSL-1.0
 #include "profiles/morphing/pairing/RollSearch.h"
 
+#include "profiles/morphing/reading/ChainParts.h"
 #include "shapes/PlaneGeometry.h"
 #include "testing/Numbers.h"
 #include "testing/Random.h"
@@ -156,6 +157,20 @@ TEST(RollSearch, MakesTheSquaresOfTheDistancesLeast) {
     const auto least = PlainFit(start, end).least({-roll, 0.0, 0.3, -0.2});
     EXPECT_NEAR(std::abs(roll), std::abs(least[0]), 1e-4);
     EXPECT_GT(std::abs(roll), 0.02) << "a pair that tells nothing";
+  }
+}
+
+/// Whatever of an open chain is near beyond its first or behind its last piece.
+TEST(RollSearch, TurnsBackInTheMirror) {
+  Random random(7);
+  for (int i = 0; i < 40; ++i) {
+    TurningChords start = cavern();
+    TurningChords end = placed(disturbed(start, 0.3, random), 0.1 * random.sign(), 1.1, {0.3, 0.4});
+    start.resize(2 + random.index(4));
+    end.resize(2 + random.index(4));
+    const double roll = rollBetween({start, true}, {end, true}, 1.0);
+    const double other = rollBetween({mirrored(start), true}, {mirrored(end), true}, 1.0);
+    EXPECT_NEAR(other, -roll, 1e-9);
   }
 }
 
