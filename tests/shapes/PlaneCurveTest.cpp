@@ -57,6 +57,9 @@ TEST_P(PlaneCurve, FollowsItsLinearCurvature) {
   const CurveCase& c = GetParam();
   const CPlaneCurve curve = CPlaneCurve::clothoid(c.radiusStart, c.radiusEnd, c.length);
   ASSERT_TRUE(curve.isDefined());
+  constexpr double kScale = 1e-3;
+  const CPlaneCurve model =
+      CPlaneCurve::clothoid(kScale * c.radiusStart, kScale * c.radiusEnd, kScale * c.length);
   const double k0 = reciprocal(c.radiusStart);
   const double k1 = reciprocal(c.radiusEnd);
   for (int i = 0; i <= 16; ++i) {
@@ -64,6 +67,7 @@ TEST_P(PlaneCurve, FollowsItsLinearCurvature) {
     SCOPED_TRACE(l);
     const CCurvePoint point = curve.at(l);
     EXPECT_LT((point.position - referencePoint(k0, k1, c.length, l)).length(), 1e-11);
+    EXPECT_LT((model.at(kScale * l).position - point.position * kScale).length(), 1e-13);
     EXPECT_NEAR(point.heading, k0 * l + (k1 - k0) * l * l / (2 * c.length), 1e-13);
     EXPECT_NEAR(point.tangent.x, std::sin(point.heading), 1e-13);
     EXPECT_NEAR(point.tangent.y, std::cos(point.heading), 1e-13);

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -69,11 +70,12 @@ TEST(ClothoidCurve, EvaluatesMagnitudesInItsOwnFrame) {
 TEST(ClothoidCurve, FlagsZeroProductsAndGrowingTerms) {
   const Ruv::CClothoidCurve curve;
   double out = -1.0;
-  EXPECT_FALSE(curve.curvature(50, 0, 100, out));
-  EXPECT_EQ(out, 0.0);
   EXPECT_FALSE(curve.curvature(50, -std::numeric_limits<double>::min(), 1, out));
-  EXPECT_TRUE(curve.tangentAngle(50, 0, 100, out) && out == 0.0);
-  EXPECT_TRUE(curve.localX(50, 0, 100, out) && out == 0.0);
+  for (const auto& [radius, length] : {std::pair(0.0, 100.0), {300.0, 0.0}}) {
+    EXPECT_FALSE(curve.curvature(50, radius, length, out) || out != 0.0);
+    EXPECT_TRUE(curve.tangentAngle(50, radius, length, out) && out == 0.0);
+    EXPECT_TRUE(curve.localX(50, radius, length, out) && out == 0.0);
+  }
   // Tangent angle 5: the last terms shrink, so the sum passes for converged. At 60 it does not.
   EXPECT_TRUE(curve.localX(1000, 1000, 100, out));
   EXPECT_FALSE(curve.localX(3500, 1000, 100, out));

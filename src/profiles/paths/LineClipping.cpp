@@ -29,12 +29,12 @@ static_assert((static_cast<double>(kShear) + 1.0) * kMostUnits <
                   static_cast<double>(ClipperLib::hiRange),
               "sheared coordinates must stay within the range of the clipper");
 
-/// Points that repeat the first one make no edge.
+/// Points that repeat the first one make no edge. Among the others there is at least one.
 template <class Iterator>
 bool beginsLevel(Iterator begin, Iterator end) {
   const auto next =
       std::find_if(begin, end, [&](const ClipperLib::IntPoint& p) { return p != *begin; });
-  return next != end && next->Y == begin->Y;
+  return next->Y == begin->Y;
 }
 
 bool hasLevelEnd(const ClipperLib::Path* line) {

@@ -32,7 +32,7 @@ TEST(Path, DiscretisesArcs) {
   EXPECT_EQ(arc.discretePathPointAt(1000).y, 0.0);
   EXPECT_EQ(arc.discretePathPointAt(arc.numDiscretePathPoints()).x, 0.0);
   Path impossible = lineThrough({{0, 0}});
-  impossible.addSegment(PathSegment(3, 0, 1.49));
+  impossible.addSegment(PathSegment(3, 0, 1.4999));  // two steps of the grid too long
   EXPECT_EQ(impossible.numDiscretePathPoints(), 2u);
   impossible.addSegment(PathSegment(0, 0, 1.49997));  // within the grid: a half circle
   EXPECT_EQ(impossible.numDiscretePathPoints(), 103u);
