@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: BSL-1.0
 #include "profiles/morphing/reading/ChainPlaces.h"
 
+#include "profiles/morphing/reading/ChainParts.h"
 #include "testing/Random.h"
 
 #include <gtest/gtest.h>
@@ -12,8 +13,9 @@ namespace {
 
 using namespace Ruv::Calculations;
 
+constexpr double kHalfTurn = 3.141592653589793;
+
 TEST(ChainPlaces, AreWhereAnArcIsAtAHeightFirst) {
-  constexpr double kHalfTurn = 3.141592653589793;
   TestSupport::Random random(44);
   for (int i = 0; i < 2000; ++i) {
     // Clockwise it may pass its crown; either way it may lead down before it leads up.
@@ -37,6 +39,16 @@ TEST(ChainPlaces, AreWhereAnArcIsAtAHeightFirst) {
     EXPECT_TRUE(comesUpTo(arc, top - 1e-9));
     EXPECT_FALSE(comesUpTo(arc, top + 1e-3));
     EXPECT_EQ(placeUpwards({arc}, top + 1e-3).fraction, 1.0);
+  }
+}
+
+TEST(ChainPlaces, AreBridgedByHalfACircleAtMost) {
+  for (const double turning : {1.2, -1.2}) {
+    const TurningChord arc{{0, 0}, {0, 2}, turning};
+    const double diameter = 2.0 * std::abs(arc.radius());
+    const Ruv::Calculations::Point2D beyond(0, 2.5 + diameter);
+    EXPECT_NEAR(continuedTo(beyond, arc).turning, std::copysign(kHalfTurn, turning), 1e-12);
+    EXPECT_NEAR(continuedTo({0, 4}, arc).turning, turning, 1e-12);
   }
 }
 
