@@ -99,4 +99,12 @@ TEST(CurveChain, EndsOfAnOpenChainHaveTheSidesOfTheirOwnSegments) {
   }
 }
 
+TEST(CurveChain, HairpinHasTheSidesOfTheWayBack) {
+  const CCurveChain chain({{{0, 0}, 0, 0}, {{5, 0}, 5, 0}, {{2, 0}, 8, 0}, {{2, 3}, 11, 0}});
+  for (const double side : {0.5, -0.5}) {
+    const bool isOutside = chain.project({3, side})->outside > 0.0;  // of the way there
+    EXPECT_EQ(chain.project({6, side})->outside > 0.0, !isOutside) << side;
+  }
+}
+
 }  // namespace
