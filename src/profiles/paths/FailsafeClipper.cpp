@@ -298,8 +298,9 @@ void FailsafeClipper::order(ClipperLib::IntersectList& nodes) {
   if (!std::is_sorted(nodes.begin(), nodes.end(), isAbove)) {
     std::stable_sort(nodes.begin(), nodes.end(), isAbove);
   }
+  // The first of two edges is before the second until they change sides, once in all.
   const auto areNeighbours = [](const ClipperLib::IntersectNode* node) {
-    return node->Edge1->NextInSEL == node->Edge2 || node->Edge1->PrevInSEL == node->Edge2;
+    return node->Edge1->NextInSEL == node->Edge2;
   };
   for (auto node = nodes.begin(); node != nodes.end(); ++node) {
     const auto next = std::find_if(node, nodes.end(), areNeighbours);
