@@ -148,7 +148,6 @@ std::vector<Point2D> ThProfileCalculatorImpl::vertices() const {
 /// before.
 std::vector<double> ThProfileCalculatorImpl::sortedRawDerolmentsOfVertices() const {
   std::vector<double> derolments;
-  if (!hasSegments()) return derolments;
   const std::vector<CChainNode>& nodes = m_chain.nodes();
   const std::vector<bool> repeats = repeatsEarlierNode(nodes);
   derolments.reserve(nodes.size());

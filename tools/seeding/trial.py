@@ -114,8 +114,8 @@ class Trial:
         faulty, faultless = self._programs("sanitized", True), self._programs("faultless", True)
         if not faulty.compile(library, self._changed) or not faulty.compile(tests, self._changed):
             return False
-        tests = [test for test in result.tests if test[0] != NOT_SANITIZED]
-        likeliest = _likeliest(tests, self._reach.seconds, _SANITIZED_SECONDS)
+        asked = [test for test in result.tests if test[0] != NOT_SANITIZED]
+        likeliest = _likeliest(asked, self._reach.seconds, _SANITIZED_SECONDS)
         caught = self._ask_tests(faulty, likeliest)
         if caught.verdict != Verdict.CAUGHT or not faultless.compile(library + tests):
             return False

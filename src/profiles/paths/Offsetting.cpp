@@ -55,7 +55,7 @@ constexpr double kCoarsestArc = 1e-4;  // in relation to the offset
 
 double arcToleranceOf(ClipperLib::cInt distance) {
   const double offset = std::abs(static_cast<double>(distance));
-  const double coarseness = std::max(1.0, offset / kLargestFineOffsetUnits);
+  const double coarseness = offset / kLargestFineOffsetUnits;
   return std::max(kArcToleranceUnits,
                   std::min(kArcToleranceUnits * coarseness * coarseness, kCoarsestArc * offset));
 }
