@@ -466,7 +466,7 @@ std::optional<OutlineNodes> ProfileMorphEngine::evaluate(double atStationing) {
 
 OutlineNodes ProfileMorphEngine::evaluateAt(double t) const {
   if (!m_simpler) return evaluateOwn(t);
-  const OutlineNodes simpler = m_simpler->evaluateAt(t);
+  OutlineNodes simpler = m_simpler->evaluateAt(t);
   if (m_firmness == 0.0) return simpler;
   return evaluateBetween(simpler, evaluateOwn(t));
 }

@@ -190,7 +190,7 @@ struct BothSides {
   Side start;
   Side end;
   Point2D shift;  ///< from the base of the start to that of the end
-  DetourBase base;
+  DetourBase base = DetourBase::Floors;
 
   BothSides mirroredSides() const {
     return {start.mirroredSide(), end.mirroredSide(), Point2D(-shift.x, shift.y), base};

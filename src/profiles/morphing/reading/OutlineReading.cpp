@@ -138,7 +138,7 @@ bool isNearlyConvex(const TurningChords& ring) {
 /// What is not floor are walls and crown, from which niches are cut first and benches at the feet
 /// last. Left and right are read alike, so a mirrored outline is read as the mirror image.
 OutlineReading readOutline(const TurningChords& elements) {
-  const OutlineReading none{elements};
+  OutlineReading none{elements};
   auto found = readWidestFloor(elements);
   if (!found) return none;
   auto& [ring, ringFromRight, left, right, width] = *found;
