@@ -268,6 +268,7 @@ void separate(std::vector<MeanDetour*>& detours) {
 /// another one.
 std::vector<MeanDetour> detoursAt(const MatchedOutlines& outlines, const MeanBase& base, double t) {
   std::vector<MeanDetour> detours;
+  if (outlines.detours.empty()) return detours;  // then a ring has no floor either
   for (const MatchedDetour& matched : outlines.detours)
     detours.emplace_back(matched, t);
   const auto at = [&](DetourSite site) {
