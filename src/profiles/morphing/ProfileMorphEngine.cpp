@@ -13,6 +13,7 @@
 #include "profiles/morphing/pairing/FloorMatch.h"
 #include "profiles/morphing/pairing/RollSearch.h"
 #include "profiles/morphing/reading/BaseSegment.h"
+#include "profiles/morphing/reading/FloorFirmness.h"
 #include "profiles/morphing/reading/FloorReading.h"
 #include "profiles/morphing/reading/SegmentMerging.h"
 
@@ -27,21 +28,6 @@ namespace {
 /// An outline is ragged from the first value on, and in full from the second (rad of all dents). Up
 /// to there headings match it evenly, because its dents are taken for level.
 constexpr Fading kNotRagged{0.1, 0.4};
-
-/// Detours are read apart from a ring whose other dents turn by no more than the first value, and
-/// not at all from the second on (rad): a walk with shallow dents is matched as if it had none.
-constexpr Fading kDentedBase{0.4, 0.7};
-
-/// On a ring detours count as far as they are sure: in full from the first value on, and not at all
-/// up to the second. What is less sure is better matched as a part of the ring.
-constexpr Fading kSureOnRing{0.9, 0.6};
-
-/// On a ring a bench counts in full when it turns back by the first value, and not at all up to the
-/// second (rad): it could be a chamfer with a shallow dent as well.
-constexpr Fading kBenchOnRing{0.4, 0.1};
-/// Nor does it when the floor beside it is kinked (slope against the straight between the feet), so
-/// that what goes on under the bench is another floor.
-constexpr Fading kKinkUnderBench{0.06, 0.1};
 
 /// Parts of the way between which ragged outlines are looked at for crossings. Of seven pairs in
 /// 200 that crossed themselves, five did so between the quarters only.
@@ -76,15 +62,6 @@ std::optional<TurningChords> between(const TurningChords& a, const TurningChords
   return meanOf(match->outlines, weight);
 }
 
-/// How much a bench is one; of ditches and niches the outline says it.
-double surenessOnRing(const Detour& detour, const TurningChords& floor) {
-  const bool isLeft = detour.site == DetourSite::LeftFoot;
-  if (!isLeft && detour.site != DetourSite::RightFoot) return 1.0;
-  const double slope = slopeOf({floor.front().start, floor.back().end, 0.0});
-  const double kink = std::abs(slopeOf(isLeft ? floor.back() : floor.front()) - slope);
-  return kBenchOnRing(detour.turningBack) * kKinkUnderBench(kink);
-}
-
 bool areFinite(const std::vector<NodePairs>& polylines) {
   return std::all_of(polylines.begin(), polylines.end(),
                      [](const NodePairs& nodes) { return areFinite(nodes); });
@@ -106,6 +83,8 @@ void ProfileMorphEngine::reset() {
 
 void ProfileMorphEngine::clearResults() {
   m_isPrepared = false;
+  m_start.read = {};
+  m_end.read = {};
   m_placement = MorphPlacement();
   m_outlines = MatchedOutlines();
   m_hasFloors = false;
@@ -219,16 +198,9 @@ void ProfileMorphEngine::readBottoms() {
   if (!m_hasFloors) weighDetours();
 }
 
-/// Detours need a base without dents in both outlines.
+/// Detours count as far as both outlines have a base for them.
 void ProfileMorphEngine::weighDetours() {
-  m_firmness = hasDetours() ? 1.0 : 0.0;
-  for (const Outline* outline : {&m_start, &m_end}) {
-    if (m_firmness == 0.0) break;
-    if (!outline->read.detours.empty()) m_firmness *= kSureOnRing(outline->read.sureness);
-    for (const Detour& detour : outline->read.detours)
-      m_firmness *= surenessOnRing(detour, outline->read.floor);
-    m_firmness *= kDentedBase(dentsOf(outline->read.ring()));
-  }
+  m_firmness = hasDetours() ? surenessOnRing(m_start.read) * surenessOnRing(m_end.read) : 0.0;
   if (m_firmness > 0.0) return;
   for (Outline* outline : {&m_start, &m_end})
     outline->read = {outline->store.elements()};

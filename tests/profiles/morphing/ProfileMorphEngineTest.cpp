@@ -85,7 +85,7 @@ TEST(ProfileMorphEngine, IsResetBetweenPreparations) {
   EXPECT_FALSE(engine.evaluate(0));
   EXPECT_EQ(narrow(engine.messageText()), "Missing data.");
 
-  const Segments start = segmentsOf(*horseshoe(5, 2));
+  const Segments start = segmentsOf(*horseshoeWithBenches(5, 2, 0.8, 0.6));
   const Segments end = segmentsOf(*rectangle(5, 6));
   EXPECT_EQ(engine.prepare(0, 8, start, end, 0), 0);
   EXPECT_EQ(narrow(engine.messageText()), "Profiles morphed.");

@@ -42,6 +42,21 @@ constexpr Fading kManyDetours{0.6, 1.0};
 /// How far (part of the floor's width) a wall is looked at to see how it rises.
 constexpr double kFootReach = 0.15;
 
+/// Detours are read apart from a ring whose other dents turn by no more than the first value, and
+/// not at all from the second on (rad): a walk with shallow dents is matched as if it had none.
+constexpr Fading kDentedBase{0.4, 0.7};
+
+/// On a ring detours count as far as they are sure: in full from the first value on, and not at all
+/// up to the second. What is less sure is better matched as a part of the ring.
+constexpr Fading kSureOnRing{0.9, 0.6};
+
+/// On a ring a bench counts in full when it turns back by the first value, and not at all up to the
+/// second (rad): it could be a chamfer with a shallow dent as well.
+constexpr Fading kBenchOnRing{0.4, 0.1};
+/// Nor does it when the floor beside it is kinked (slope against the straight between the feet), so
+/// that what goes on under the bench is another floor.
+constexpr Fading kKinkUnderBench{0.06, 0.1};
+
 /// How much the left foot of a floor is a corner with a wall.
 double firmnessOfFoot(const TurningChords& upper, const TurningChord& lastFloor, double reach) {
   const double rise = bearingOf(pointAlong(upper, reach) - upper.front().start);
@@ -50,6 +65,15 @@ double firmnessOfFoot(const TurningChords& upper, const TurningChord& lastFloor,
       turningBetween(bearingOf(lastFloor.chord()), bearingOf(upper.front().chord()));
   return kOpenFoot(opening(bearingOf(lastFloor.chord()))) *
          kTangentFoot(opening(lastFloor.headingAtEnd())) * kChamferedFoot(kHalfPi - chamfer);
+}
+
+/// How much a detour is a bench on a ring; of ditches and niches the outline says it.
+double surenessOfBench(const Detour& detour, const TurningChords& floor) {
+  const bool isLeft = detour.site == DetourSite::LeftFoot;
+  if (!isLeft && detour.site != DetourSite::RightFoot) return 1.0;
+  const double slope = slopeOf({floor.front().start, floor.back().end, 0.0});
+  const double kink = std::abs(slopeOf(isLeft ? floor.back() : floor.front()) - slope);
+  return kBenchOnRing(detour.turningBack) * kKinkUnderBench(kink);
 }
 
 /// From the left foot to the right one.
@@ -93,15 +117,25 @@ double surenessOf(const OutlineReading& reading, const LeftHalf& left, const Lef
          kManyDetours(outside / inside);
 }
 
+/// A base without dents is needed even where nothing departs from it, to set detours of the other
+/// outline on.
+double surenessOnRing(const OutlineReading& reading) {
+  double sureness = kDentedBase(dentsOf(reading.ring()));
+  if (!reading.detours.empty()) sureness *= kSureOnRing(reading.sureness);
+  for (const Detour& detour : reading.detours)
+    sureness *= surenessOfBench(detour, reading.floor);
+  return sureness;
+}
+
 /// A product: whatever speaks against the floor in full makes it none, and doubts add up.
-double firmnessOf(const OutlineReading& reading, const LeftHalf& left, const LeftHalf& right) {
+double firmnessOf(const OutlineReading& reading) {
   const TurningChords& floor = reading.floor;
   const Point2D foot = floor.front().start;
   const Point2D run = runOf(floor);
   const double width = run.x;
   if (!(width > 0.0)) return 0.0;
   const FloorLine line{foot, run.y / width};
-  double firmness = surenessOf(reading, left, right);
+  double firmness = reading.sureness;
   for (std::size_t i = 0; i + 1 < floor.size(); ++i) {
     firmness *= kBulgingFloor(std::abs(line.heightOf(floor[i].end)) / width);
   }

@@ -16,8 +16,13 @@ namespace Calculations {
 /// @param left,right halves of the floor as read
 double surenessOf(const OutlineReading& reading, const LeftHalf& left, const LeftHalf& right);
 
-/// How much the floor of an outline is one from wall to wall, no more than that. Likewise.
-double firmnessOf(const OutlineReading& reading, const LeftHalf& left, const LeftHalf& right);
+/// How much the floor of an outline is one from wall to wall, no more than the sureness that stands
+/// in the reading. Likewise.
+double firmnessOf(const OutlineReading& reading);
+
+/// How far detours count on an outline that is taken for a ring, from 0 to 1: its own, and those of
+/// another outline. Likewise.
+double surenessOnRing(const OutlineReading& reading);
 
 }  // namespace Calculations
 }  // namespace Ruv

@@ -169,8 +169,8 @@ OutlineReading readOutline(const TurningChords& elements) {
     reading.detours.push_back(mirrored(detour));
   }
   if (!areFoundAgain(reading) || !areFoundAgain(mirrored(reading))) return none;
-  reading.firmness = firmnessOf(reading, left, right);
   reading.sureness = surenessOf(reading, left, right);
+  reading.firmness = firmnessOf(reading);
   return reading.sureness > 0.0 ? reading : none;
 }
 
